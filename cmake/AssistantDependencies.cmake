@@ -1,0 +1,47 @@
+# Finds what the build needs, and names the Debian package of whatever is missing.
+
+# Like find_package(Qt5 ... REQUIRED) for one component, with an error that a packager can act on.
+macro(assistant_require_qt component package)
+    find_package(Qt5${component} 5.11 QUIET)
+    if(NOT Qt5${component}_FOUND)
+        message(FATAL_ERROR
+            "Qt 5.11 or later, component ${component}, was not found. Debian package: ${package}")
+    endif()
+endmacro()
+
+assistant_require_qt(Core qtbase5-dev)
+assistant_require_qt(Gui qtbase5-dev)
+assistant_require_qt(Widgets qtbase5-dev)
+assistant_require_qt(DBus qtbase5-dev)
+assistant_require_qt(Multimedia qtmultimedia5-dev)
+assistant_require_qt(LinguistTools qttools5-dev)
+if(BUILD_TESTING)
+    assistant_require_qt(Test qtbase5-dev)
+endif()
+
+# Like pkg_check_modules(... IMPORTED_TARGET), with an error that a packager can act on.
+macro(assistant_require_pkgconfig prefix module package)
+    find_package(PkgConfig QUIET)
+    if(NOT PkgConfig_FOUND)
+        message(FATAL_ERROR "pkg-config was not found. Debian package: pkg-config")
+    endif()
+    pkg_check_modules(${prefix} QUIET IMPORTED_TARGET ${module})
+    if(NOT ${prefix}_FOUND)
+        message(FATAL_ERROR "${module} was not found. Debian package: ${package}")
+    endif()
+endmacro()
+
+# The desktop's own development files, where they are installed.
+set(ZDE_PLATFORM_BUNDLED TRUE)
+if(NOT ZDE_PLATFORM STREQUAL "bundled")
+    find_package(zcc QUIET)
+    find_package(ztk QUIET)
+    find_package(zframeworkdbus QUIET)
+    if(zcc_FOUND AND ztk_FOUND AND zframeworkdbus_FOUND)
+        set(ZDE_PLATFORM_BUNDLED FALSE)
+    elseif(ZDE_PLATFORM STREQUAL "system")
+        message(FATAL_ERROR
+            "ZDE_PLATFORM=system, but the desktop's development files (zcc, ztk, zframeworkdbus) "
+            "are not all installed. Use ZDE_PLATFORM=bundled to build against platform/.")
+    endif()
+endif()

@@ -1,0 +1,61 @@
+# The module: every source of plugin/, proxy/, pages/ and voice/, compiled once.
+#
+# assistantcontrol is an OBJECT library, not a static one: the resource bundles register themselves
+# from static initialisers that a linker would drop from an archive.
+
+set(module_headers
+    pages/assistantsettingwidget.h
+    pages/texttranslatesettingwidget.h
+    pages/voiceiatsettingwidget.h
+    pages/voicettssettingwidget.h
+    plugin/tavrenaiassitantcontrolplugin.h
+    plugin/assistzlistview.h
+    plugin/thirdlistwidget.h
+    proxy/assistantstateproxy.h)
+set(module_sources
+    pages/assistantsettingwidget.cpp
+    pages/texttranslatesettingwidget.cpp
+    pages/voiceiatsettingwidget.cpp
+    pages/voicettssettingwidget.cpp
+    plugin/assistzlistview.cpp
+    plugin/searchentries.cpp
+    plugin/tavrenaiassitantcontrolplugin.cpp
+    plugin/thirdlistwidget.cpp
+    proxy/assistantstateproxy.cpp)
+
+# Proxies, generated from the contracts. Only the dock icon's class name does not follow its interface.
+set_source_files_properties(contracts/com.corvane.aiassistant.dock.xml
+    PROPERTIES CLASSNAME AssistantDockServiceInterface)
+qt5_add_dbus_interface(module_generated
+    contracts/com.corvane.aiassistant.dock.xml assistantdockserviceinterface)
+foreach(interface session aqc iat)
+    qt5_add_dbus_interface(module_generated
+        contracts/com.corvane.aiservice.${interface}.xml comcorvaneaiservice${interface}interface)
+endforeach()
+
+# Every file of both bundles is stored zlib-compressed, the small ones too: Qt before 5.13 reads
+# nothing else.
+qt5_add_resources(module_generated plugin/voice.qrc plugin/translation.qrc
+    OPTIONS --compress-algo zlib --threshold 0 --compress 9)
+
+add_library(assistantcontrol OBJECT ${module_headers} ${module_sources} ${module_generated})
+assistant_configure_target(assistantcontrol)
+target_include_directories(assistantcontrol
+    PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
+target_link_libraries(assistantcontrol
+    PUBLIC Qt5::Widgets Qt5::DBus Qt5::Multimedia zcc ztk zframeworkdbus)
+
+add_library(assistant-control-plugin MODULE)
+assistant_configure_target(assistant-control-plugin)
+target_link_libraries(assistant-control-plugin PRIVATE assistantcontrol)
+target_sources(assistant-control-plugin PRIVATE $<TARGET_OBJECTS:assistantcontrol>)
+set_target_properties(assistant-control-plugin PROPERTIES LINKER_LANGUAGE CXX AUTOMOC OFF)
+target_link_options(assistant-control-plugin PRIVATE
+    "-Wl,--version-script=${PROJECT_SOURCE_DIR}/plugin/exports.map")
+set_target_properties(assistant-control-plugin PROPERTIES
+    LINK_DEPENDS "${PROJECT_SOURCE_DIR}/plugin/exports.map")
+
+install(TARGETS assistant-control-plugin
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/zde-control-center/modules" COMPONENT module)
+
+include(AssistantTranslations)

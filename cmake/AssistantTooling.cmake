@@ -1,0 +1,27 @@
+# Developer targets: format, format-check, lint. The tools are those of Debian 12 (LLVM 14).
+
+file(GLOB_RECURSE assistant_format_sources CONFIGURE_DEPENDS
+    RELATIVE "${PROJECT_SOURCE_DIR}"
+    plugin/*.h plugin/*.cpp proxy/*.h proxy/*.cpp pages/*.h pages/*.cpp voice/*.h voice/*.cpp
+    platform/*.h platform/*.cpp sandbox/*.h sandbox/*.cpp tests/*.h tests/*.cpp
+    bench/*.h bench/*.cpp tools/*.h tools/*.cpp)
+
+find_program(CLANG_FORMAT NAMES clang-format-14 clang-format)
+find_program(RUN_CLANG_TIDY NAMES run-clang-tidy-14 run-clang-tidy)
+
+if(CLANG_FORMAT)
+    add_custom_target(format
+        COMMAND "${CLANG_FORMAT}" -i ${assistant_format_sources}
+        WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
+    add_custom_target(format-check
+        COMMAND "${CLANG_FORMAT}" --dry-run --Werror ${assistant_format_sources}
+        WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
+endif()
+
+if(RUN_CLANG_TIDY)
+    set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+    add_custom_target(lint
+        COMMAND "${RUN_CLANG_TIDY}" -quiet -p "${PROJECT_BINARY_DIR}"
+                "${PROJECT_SOURCE_DIR}/(plugin|proxy|pages|voice|platform)/.*"
+        WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
+endif()

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "zcc/widgets/settingsitem.h"
+#include "zcc/zccglobal.h"
+
+#include <QFrame>
+
+class QVBoxLayout;
+
+namespace zcc {
+namespace widgets {
+
+/** A vertical group of settings rows. */
+class ZCC_EXPORT SettingsGroup : public QFrame
+{
+    Q_OBJECT
+
+public:
+    enum BackgroundStyle {
+        ItemBackground,  ///< Each row draws its own background.
+        GroupBackground, ///< One background behind all rows.
+    };
+
+    explicit SettingsGroup(QFrame *parent = nullptr, BackgroundStyle style = ItemBackground);
+
+    /** Distance between rows, in pixels. */
+    void setSpacing(int spacing);
+
+    /**
+     * Appends @p item and becomes its parent. An item that the group already holds moves to the end;
+     * null is ignored.
+     */
+    void appendItem(SettingsItem *item);
+
+    /**
+     * Takes @p item out of the group without deleting it: it is hidden and keeps the group as parent.
+     * An item that the group does not hold is ignored.
+     */
+    void removeItem(SettingsItem *item);
+
+    /** Number of rows. */
+    int itemCount() const;
+
+    /** The row at @p index, or null when there is none. */
+    SettingsItem *item(int index) const;
+
+    /** The layout that holds the rows, for its margins. */
+    QVBoxLayout *itemLayout() const;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    BackgroundStyle m_style;
+    QVBoxLayout *m_layout;
+};
+
+} // namespace widgets
+} // namespace zcc

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "zcc/zccglobal.h"
+
+#include <QLabel>
+
+namespace zcc {
+namespace widgets {
+
+/** A secondary text: it is drawn in its palette's Text role, so that the owner can colour it. */
+class ZCC_EXPORT TipsLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit TipsLabel(const QString &text = QString(), QWidget *parent = nullptr);
+};
+
+} // namespace widgets
+} // namespace zcc

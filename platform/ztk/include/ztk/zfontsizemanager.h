@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ztk/ztkglobal.h"
+
+#include <QFont>
+
+namespace Ztk {
+namespace Widget {
+
+/** The size steps of the desktop's texts; they follow the application font's size. */
+class ZTK_EXPORT ZFontSizeManager
+{
+public:
+    /** From the largest to the smallest; T6 is the size of the application font. */
+    enum SizeType { T1, T2, T3, T4, T5, T6, T7, T8, T9, T10 };
+
+    static ZFontSizeManager *instance();
+
+    /** @p base in the size of step @p type; family, weight and the rest stay as they are. */
+    QFont get(SizeType type, const QFont &base = QFont()) const;
+
+    /** Pixel size of step @p type with the present application font. */
+    int fontPixelSize(SizeType type) const;
+
+private:
+    ZFontSizeManager() = default;
+};
+
+} // namespace Widget
+} // namespace Ztk
