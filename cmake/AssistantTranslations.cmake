@@ -22,11 +22,12 @@ add_custom_target(translations ALL DEPENDS ${qm_files})
 install(FILES ${qm_files}
     DESTINATION /usr/share/TavrenAIAssistant/translations COMPONENT translations)
 
-# Refreshes the TS files from the sources.
+# Refreshes the TS files from the sources. Without line numbers in them, a catalogue changes only when a
+# text does.
 set(ts_files)
 foreach(language ${ASSISTANT_LANGUAGES})
     list(APPEND ts_files "translations/assistant-control-plugin_${language}.ts")
 endforeach()
 add_custom_target(update-translations
-    COMMAND Qt5::lupdate -locations relative -no-obsolete plugin pages -ts ${ts_files}
+    COMMAND Qt5::lupdate -locations none -no-obsolete plugin proxy pages voice -ts ${ts_files}
     WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)

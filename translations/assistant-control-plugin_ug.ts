@@ -1,0 +1,236 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ug" sourcelanguage="en">
+<context>
+    <name>AssistantSettingWidget</name>
+    <message>
+        <source>Hello, Alani. What&apos;s the weather like in Beijing?</source>
+        <translation>ياخشىمۇسىز، ئالانى. بېيجىڭنىڭ ھاۋاسى قانداق؟</translation>
+    </message>
+    <message>
+        <source>Say &quot;Hello, Alani&quot; to wake up AI Assistant</source>
+        <translation>«ياخشىمۇسىز، ئالانى» دېسىڭىز ئەقلىي ياردەمچى ئويغىنىدۇ</translation>
+    </message>
+    <message>
+        <source>AI Assistant boosts your productivity by executing voice commands, such as checking the weather, creating events, etc.</source>
+        <translation>ئەقلىي ياردەمچى ھاۋارايىنى سۈرۈشتۈرۈش، كۈنتەرتىپ قۇرۇش قاتارلىق ئاۋازلىق بۇيرۇقلارنى ئىجرا قىلىپ، خىزمەت ئۈنۈمىڭىزنى ئۆستۈرىدۇ.</translation>
+    </message>
+    <message>
+        <source>Voice Wakeup</source>
+        <translation>ئاۋاز بىلەن ئويغىتىش</translation>
+    </message>
+    <message>
+        <source>OneShot</source>
+        <translation>ئويغىتىش سۆزى بىلەن بۇيرۇقنى بىراقلا ئېيتىش</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>تىل</translation>
+    </message>
+    <message>
+        <source>中文-普通话</source>
+        <translation>خەنزۇچە-ئورتاق تىل</translation>
+    </message>
+    <message>
+        <source>Show in the Dock</source>
+        <translation>ۋەزىپە بالدىقىدا كۆرسىتىش</translation>
+    </message>
+    <message>
+        <source>Voice Test</source>
+        <translation>ئاۋاز سىنىقى</translation>
+    </message>
+    <message>
+        <source>Click here to test</source>
+        <translation>سىناش ئۈچۈن بۇ يەرنى چېكىڭ</translation>
+    </message>
+    <message>
+        <source>Network unavailable</source>
+        <translation>تورنى ئىشلەتكىلى بولمايدۇ</translation>
+    </message>
+    <message>
+        <source>Service exception</source>
+        <translation>مۇلازىمەتتە بىنورماللىق كۆرۈلدى</translation>
+    </message>
+    <message>
+        <source>Click here to test again</source>
+        <translation>قايتا سىناش ئۈچۈن بۇ يەرنى چېكىڭ</translation>
+    </message>
+    <message>
+        <source>It sounds good</source>
+        <translation>ئاۋازىڭىز ياخشى ئاڭلاندى</translation>
+    </message>
+    <message>
+        <source>Turn down the input volume and try again</source>
+        <translation>كىرگۈزۈش ئاۋاز مىقدارىنى تۆۋەنلىتىپ قايتا سىناڭ</translation>
+    </message>
+    <message>
+        <source>Turn up the input volume and try again</source>
+        <translation>كىرگۈزۈش ئاۋاز مىقدارىنى يۇقىرىلىتىپ قايتا سىناڭ</translation>
+    </message>
+    <message>
+        <source>Too many noises</source>
+        <translation>شاۋقۇن بەك كۆپ</translation>
+    </message>
+    <message>
+        <source>No sound recorded</source>
+        <translation>ھېچقانداق ئاۋاز خاتىرىلەنمىدى</translation>
+    </message>
+</context>
+<context>
+    <name>KeyLabel</name>
+    <message>
+        <source>None</source>
+        <translation>يوق</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutItem</name>
+    <message>
+        <source>Enter a new shortcut</source>
+        <translation>يېڭى تېزلەتمە كۇنۇپكىنى كىرگۈزۈڭ</translation>
+    </message>
+</context>
+<context>
+    <name>TavrenAIAssitantControlPlugin</name>
+    <message>
+        <source>Assistive Tools</source>
+        <translation>ياردەمچى قوراللار</translation>
+    </message>
+    <message>
+        <source>Desktop AI Assistant</source>
+        <translation>ئۈستەليۈزى ئەقلىي ياردەمچىسى</translation>
+    </message>
+    <message>
+        <source>Text to Speech</source>
+        <translation>تېكىستنى ئاۋازغا ئايلاندۇرۇش</translation>
+    </message>
+    <message>
+        <source>Speech to Text</source>
+        <translation>ئاۋازنى تېكىستكە ئايلاندۇرۇش</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>تەرجىمە</translation>
+    </message>
+    <message>
+        <source>Voice Wakeup</source>
+        <translation>ئاۋاز بىلەن ئويغىتىش</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>تىل</translation>
+    </message>
+    <message>
+        <source>Show in the Dock</source>
+        <translation>ۋەزىپە بالدىقىدا كۆرسىتىش</translation>
+    </message>
+    <message>
+        <source>Voice Test</source>
+        <translation>ئاۋاز سىنىقى</translation>
+    </message>
+    <message>
+        <source>Show Speech Widget</source>
+        <translation>ئاۋاز لەيلىمە كۆزنىكىنى كۆرسىتىش</translation>
+    </message>
+    <message>
+        <source>Voice Gender</source>
+        <translation>ئاۋاز تۈرى</translation>
+    </message>
+</context>
+<context>
+    <name>TextTranslateSettingWidget</name>
+    <message>
+        <source>Press the shortcuts (%1) or click &quot;Translation&quot; in the context menu to translate the selected text.</source>
+        <translation>تېزلەتمە كۇنۇپكا (‎%1‎) نى بېسىڭ ياكى ئوڭ كۇنۇپكا تىزىملىكىدىكى «تەرجىمە» نى چېكىڭ، تاللانغان تېكىست تەرجىمە قىلىنىدۇ.</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>تەرجىمە</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>تىل</translation>
+    </message>
+    <message>
+        <source>CN-EN</source>
+        <translation>خەنزۇچىدىن ئىنگلىزچىغا</translation>
+    </message>
+    <message>
+        <source>EN-CN</source>
+        <translation>ئىنگلىزچىدىن خەنزۇچىغا</translation>
+    </message>
+</context>
+<context>
+    <name>ThirdListWidget</name>
+    <message>
+        <source>Desktop AI Assistant</source>
+        <translation>ئۈستەليۈزى ئەقلىي ياردەمچىسى</translation>
+    </message>
+    <message>
+        <source>Speech to Text</source>
+        <translation>ئاۋازنى تېكىستكە ئايلاندۇرۇش</translation>
+    </message>
+    <message>
+        <source>Text to Speech</source>
+        <translation>تېكىستنى ئاۋازغا ئايلاندۇرۇش</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>تەرجىمە</translation>
+    </message>
+</context>
+<context>
+    <name>VoiceIatSettingWidget</name>
+    <message>
+        <source>Press the shortcuts (%1) or click &quot;Speech to Text&quot; in the context menu to convert your speech to text.</source>
+        <translation>تېزلەتمە كۇنۇپكا (‎%1‎) نى بېسىڭ ياكى ئوڭ كۇنۇپكا تىزىملىكىدىكى «ئاۋازنى تېكىستكە ئايلاندۇرۇش» نى چېكىڭ، سۆزلىرىڭىز تېكىستكە ئايلاندۇرۇلىدۇ.</translation>
+    </message>
+    <message>
+        <source>Speech to Text</source>
+        <translation>ئاۋازنى تېكىستكە ئايلاندۇرۇش</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>تىل</translation>
+    </message>
+    <message>
+        <source>中文-普通话</source>
+        <translation>خەنزۇچە-ئورتاق تىل</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>ئىنگلىزچە</translation>
+    </message>
+</context>
+<context>
+    <name>VoiceTTSSettingWidget</name>
+    <message>
+        <source>Press the shortcuts (%1) or click &quot;Text to Speech&quot; in the context menu to read the selected text out.</source>
+        <translation>تېزلەتمە كۇنۇپكا (‎%1‎) نى بېسىڭ ياكى ئوڭ كۇنۇپكا تىزىملىكىدىكى «تېكىستنى ئاۋازغا ئايلاندۇرۇش» نى چېكىڭ، تاللانغان تېكىست ئوقۇپ بېرىلىدۇ.</translation>
+    </message>
+    <message>
+        <source>Text to Speech</source>
+        <translation>تېكىستنى ئاۋازغا ئايلاندۇرۇش</translation>
+    </message>
+    <message>
+        <source>Show Speech Widget</source>
+        <translation>ئاۋاز لەيلىمە كۆزنىكىنى كۆرسىتىش</translation>
+    </message>
+    <message>
+        <source>Voice Gender</source>
+        <translation>ئاۋاز تۈرى</translation>
+    </message>
+    <message>
+        <source>Female</source>
+        <translation>ئايال ئاۋازى</translation>
+    </message>
+    <message>
+        <source>Male</source>
+        <translation>ئەر ئاۋازى</translation>
+    </message>
+    <message>
+        <source>Children</source>
+        <translation>بالا ئاۋازى</translation>
+    </message>
+</context>
+</TS>

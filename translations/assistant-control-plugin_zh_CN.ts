@@ -1,0 +1,236 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>AssistantSettingWidget</name>
+    <message>
+        <source>Hello, Alani. What&apos;s the weather like in Beijing?</source>
+        <translation>你好，阿岚，北京天气怎么样？</translation>
+    </message>
+    <message>
+        <source>Say &quot;Hello, Alani&quot; to wake up AI Assistant</source>
+        <translation>说“你好，阿岚”即可唤醒智能助手</translation>
+    </message>
+    <message>
+        <source>AI Assistant boosts your productivity by executing voice commands, such as checking the weather, creating events, etc.</source>
+        <translation>智能助手可以执行您的语音指令，例如查询天气、创建日程等，让您的工作更高效。</translation>
+    </message>
+    <message>
+        <source>Voice Wakeup</source>
+        <translation>语音唤醒</translation>
+    </message>
+    <message>
+        <source>OneShot</source>
+        <translation>一次说完唤醒词和指令</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>中文-普通话</source>
+        <translation>中文-普通话</translation>
+    </message>
+    <message>
+        <source>Show in the Dock</source>
+        <translation>在任务栏中显示</translation>
+    </message>
+    <message>
+        <source>Voice Test</source>
+        <translation>语音测试</translation>
+    </message>
+    <message>
+        <source>Click here to test</source>
+        <translation>点击此处开始测试</translation>
+    </message>
+    <message>
+        <source>Network unavailable</source>
+        <translation>网络不可用</translation>
+    </message>
+    <message>
+        <source>Service exception</source>
+        <translation>服务异常</translation>
+    </message>
+    <message>
+        <source>Click here to test again</source>
+        <translation>点击此处重新测试</translation>
+    </message>
+    <message>
+        <source>It sounds good</source>
+        <translation>声音效果很好</translation>
+    </message>
+    <message>
+        <source>Turn down the input volume and try again</source>
+        <translation>请调低输入音量后重试</translation>
+    </message>
+    <message>
+        <source>Turn up the input volume and try again</source>
+        <translation>请调高输入音量后重试</translation>
+    </message>
+    <message>
+        <source>Too many noises</source>
+        <translation>噪音过大</translation>
+    </message>
+    <message>
+        <source>No sound recorded</source>
+        <translation>未录到声音</translation>
+    </message>
+</context>
+<context>
+    <name>KeyLabel</name>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutItem</name>
+    <message>
+        <source>Enter a new shortcut</source>
+        <translation>请输入新快捷键</translation>
+    </message>
+</context>
+<context>
+    <name>TavrenAIAssitantControlPlugin</name>
+    <message>
+        <source>Assistive Tools</source>
+        <translation>辅助工具</translation>
+    </message>
+    <message>
+        <source>Desktop AI Assistant</source>
+        <translation>桌面智能助手</translation>
+    </message>
+    <message>
+        <source>Text to Speech</source>
+        <translation>文字转语音</translation>
+    </message>
+    <message>
+        <source>Speech to Text</source>
+        <translation>语音转文字</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>翻译</translation>
+    </message>
+    <message>
+        <source>Voice Wakeup</source>
+        <translation>语音唤醒</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Show in the Dock</source>
+        <translation>在任务栏中显示</translation>
+    </message>
+    <message>
+        <source>Voice Test</source>
+        <translation>语音测试</translation>
+    </message>
+    <message>
+        <source>Show Speech Widget</source>
+        <translation>显示语音悬浮窗</translation>
+    </message>
+    <message>
+        <source>Voice Gender</source>
+        <translation>语音音色</translation>
+    </message>
+</context>
+<context>
+    <name>TextTranslateSettingWidget</name>
+    <message>
+        <source>Press the shortcuts (%1) or click &quot;Translation&quot; in the context menu to translate the selected text.</source>
+        <translation>按快捷键（%1）或点击右键菜单中的“翻译”，即可翻译选中的文字。</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>翻译</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>CN-EN</source>
+        <translation>中译英</translation>
+    </message>
+    <message>
+        <source>EN-CN</source>
+        <translation>英译中</translation>
+    </message>
+</context>
+<context>
+    <name>ThirdListWidget</name>
+    <message>
+        <source>Desktop AI Assistant</source>
+        <translation>桌面智能助手</translation>
+    </message>
+    <message>
+        <source>Speech to Text</source>
+        <translation>语音转文字</translation>
+    </message>
+    <message>
+        <source>Text to Speech</source>
+        <translation>文字转语音</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>翻译</translation>
+    </message>
+</context>
+<context>
+    <name>VoiceIatSettingWidget</name>
+    <message>
+        <source>Press the shortcuts (%1) or click &quot;Speech to Text&quot; in the context menu to convert your speech to text.</source>
+        <translation>按快捷键（%1）或点击右键菜单中的“语音转文字”，即可将您说的话转换为文字。</translation>
+    </message>
+    <message>
+        <source>Speech to Text</source>
+        <translation>语音转文字</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>中文-普通话</source>
+        <translation>中文-普通话</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>英语</translation>
+    </message>
+</context>
+<context>
+    <name>VoiceTTSSettingWidget</name>
+    <message>
+        <source>Press the shortcuts (%1) or click &quot;Text to Speech&quot; in the context menu to read the selected text out.</source>
+        <translation>按快捷键（%1）或点击右键菜单中的“文字转语音”，即可朗读选中的文字。</translation>
+    </message>
+    <message>
+        <source>Text to Speech</source>
+        <translation>文字转语音</translation>
+    </message>
+    <message>
+        <source>Show Speech Widget</source>
+        <translation>显示语音悬浮窗</translation>
+    </message>
+    <message>
+        <source>Voice Gender</source>
+        <translation>语音音色</translation>
+    </message>
+    <message>
+        <source>Female</source>
+        <translation>女声</translation>
+    </message>
+    <message>
+        <source>Male</source>
+        <translation>男声</translation>
+    </message>
+    <message>
+        <source>Children</source>
+        <translation>童声</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,236 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_TW" sourcelanguage="en">
+<context>
+    <name>AssistantSettingWidget</name>
+    <message>
+        <source>Hello, Alani. What&apos;s the weather like in Beijing?</source>
+        <translation>你好，阿嵐，北京的天氣怎麼樣？</translation>
+    </message>
+    <message>
+        <source>Say &quot;Hello, Alani&quot; to wake up AI Assistant</source>
+        <translation>說「你好，阿嵐」來喚醒智慧助理</translation>
+    </message>
+    <message>
+        <source>AI Assistant boosts your productivity by executing voice commands, such as checking the weather, creating events, etc.</source>
+        <translation>智慧助理會執行您的語音指令，例如查詢天氣、建立行事曆活動等，幫您提升工作效率。</translation>
+    </message>
+    <message>
+        <source>Voice Wakeup</source>
+        <translation>語音喚醒</translation>
+    </message>
+    <message>
+        <source>OneShot</source>
+        <translation>一次說完喚醒詞和指令</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>語言</translation>
+    </message>
+    <message>
+        <source>中文-普通话</source>
+        <translation>中文-國語</translation>
+    </message>
+    <message>
+        <source>Show in the Dock</source>
+        <translation>在工作列中顯示</translation>
+    </message>
+    <message>
+        <source>Voice Test</source>
+        <translation>語音測試</translation>
+    </message>
+    <message>
+        <source>Click here to test</source>
+        <translation>按一下這裡開始測試</translation>
+    </message>
+    <message>
+        <source>Network unavailable</source>
+        <translation>網路無法使用</translation>
+    </message>
+    <message>
+        <source>Service exception</source>
+        <translation>服務發生異常</translation>
+    </message>
+    <message>
+        <source>Click here to test again</source>
+        <translation>按一下這裡重新測試</translation>
+    </message>
+    <message>
+        <source>It sounds good</source>
+        <translation>聲音聽起來很清楚</translation>
+    </message>
+    <message>
+        <source>Turn down the input volume and try again</source>
+        <translation>請降低輸入音量後再試一次</translation>
+    </message>
+    <message>
+        <source>Turn up the input volume and try again</source>
+        <translation>請提高輸入音量後再試一次</translation>
+    </message>
+    <message>
+        <source>Too many noises</source>
+        <translation>雜音太多</translation>
+    </message>
+    <message>
+        <source>No sound recorded</source>
+        <translation>沒有錄到聲音</translation>
+    </message>
+</context>
+<context>
+    <name>KeyLabel</name>
+    <message>
+        <source>None</source>
+        <translation>無</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutItem</name>
+    <message>
+        <source>Enter a new shortcut</source>
+        <translation>請輸入新的快速鍵</translation>
+    </message>
+</context>
+<context>
+    <name>TavrenAIAssitantControlPlugin</name>
+    <message>
+        <source>Assistive Tools</source>
+        <translation>輔助工具</translation>
+    </message>
+    <message>
+        <source>Desktop AI Assistant</source>
+        <translation>桌面智慧助理</translation>
+    </message>
+    <message>
+        <source>Text to Speech</source>
+        <translation>文字轉語音</translation>
+    </message>
+    <message>
+        <source>Speech to Text</source>
+        <translation>語音轉文字</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>翻譯</translation>
+    </message>
+    <message>
+        <source>Voice Wakeup</source>
+        <translation>語音喚醒</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>語言</translation>
+    </message>
+    <message>
+        <source>Show in the Dock</source>
+        <translation>在工作列中顯示</translation>
+    </message>
+    <message>
+        <source>Voice Test</source>
+        <translation>語音測試</translation>
+    </message>
+    <message>
+        <source>Show Speech Widget</source>
+        <translation>顯示語音浮動視窗</translation>
+    </message>
+    <message>
+        <source>Voice Gender</source>
+        <translation>語音類型</translation>
+    </message>
+</context>
+<context>
+    <name>TextTranslateSettingWidget</name>
+    <message>
+        <source>Press the shortcuts (%1) or click &quot;Translation&quot; in the context menu to translate the selected text.</source>
+        <translation>按快速鍵（%1）或按一下右鍵選單中的「翻譯」，即可翻譯選取的文字。</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>翻譯</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>語言</translation>
+    </message>
+    <message>
+        <source>CN-EN</source>
+        <translation>中翻英</translation>
+    </message>
+    <message>
+        <source>EN-CN</source>
+        <translation>英翻中</translation>
+    </message>
+</context>
+<context>
+    <name>ThirdListWidget</name>
+    <message>
+        <source>Desktop AI Assistant</source>
+        <translation>桌面智慧助理</translation>
+    </message>
+    <message>
+        <source>Speech to Text</source>
+        <translation>語音轉文字</translation>
+    </message>
+    <message>
+        <source>Text to Speech</source>
+        <translation>文字轉語音</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>翻譯</translation>
+    </message>
+</context>
+<context>
+    <name>VoiceIatSettingWidget</name>
+    <message>
+        <source>Press the shortcuts (%1) or click &quot;Speech to Text&quot; in the context menu to convert your speech to text.</source>
+        <translation>按快速鍵（%1）或按一下右鍵選單中的「語音轉文字」，即可將您說的話轉換成文字。</translation>
+    </message>
+    <message>
+        <source>Speech to Text</source>
+        <translation>語音轉文字</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>語言</translation>
+    </message>
+    <message>
+        <source>中文-普通话</source>
+        <translation>中文-國語</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>英語</translation>
+    </message>
+</context>
+<context>
+    <name>VoiceTTSSettingWidget</name>
+    <message>
+        <source>Press the shortcuts (%1) or click &quot;Text to Speech&quot; in the context menu to read the selected text out.</source>
+        <translation>按快速鍵（%1）或按一下右鍵選單中的「文字轉語音」，即可朗讀選取的文字。</translation>
+    </message>
+    <message>
+        <source>Text to Speech</source>
+        <translation>文字轉語音</translation>
+    </message>
+    <message>
+        <source>Show Speech Widget</source>
+        <translation>顯示語音浮動視窗</translation>
+    </message>
+    <message>
+        <source>Voice Gender</source>
+        <translation>語音類型</translation>
+    </message>
+    <message>
+        <source>Female</source>
+        <translation>女聲</translation>
+    </message>
+    <message>
+        <source>Male</source>
+        <translation>男聲</translation>
+    </message>
+    <message>
+        <source>Children</source>
+        <translation>童聲</translation>
+    </message>
+</context>
+</TS>
