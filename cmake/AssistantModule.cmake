@@ -5,23 +5,32 @@
 
 set(module_headers
     pages/assistantsettingwidget.h
+    pages/pagelayout.h
     pages/texttranslatesettingwidget.h
     pages/voiceiatsettingwidget.h
     pages/voicettssettingwidget.h
     plugin/tavrenaiassitantcontrolplugin.h
     plugin/assistzlistview.h
     plugin/thirdlistwidget.h
-    proxy/assistantstateproxy.h)
+    proxy/assistantstateproxy.h
+    proxy/buscalls.h
+    proxy/dynamicinterface.h
+    proxy/servicenames.h)
 set(module_sources
     pages/assistantsettingwidget.cpp
+    pages/pagelayout.cpp
     pages/texttranslatesettingwidget.cpp
     pages/voiceiatsettingwidget.cpp
+    pages/voicetestpanel.cpp
     pages/voicettssettingwidget.cpp
     plugin/assistzlistview.cpp
     plugin/searchentries.cpp
     plugin/tavrenaiassitantcontrolplugin.cpp
     plugin/thirdlistwidget.cpp
-    proxy/assistantstateproxy.cpp)
+    proxy/assistantstateproxy.cpp
+    proxy/buscalls.cpp
+    proxy/servicenames.cpp
+    proxy/shortcutlookup.cpp)
 
 # Proxies, generated from the contracts. Only the dock icon's class name does not follow its interface.
 set_source_files_properties(contracts/com.corvane.aiassistant.dock.xml

@@ -1,0 +1,204 @@
+#include "pages/assistantsettingwidget.h"
+
+#include "assistantdockserviceinterface.h"
+#include "pages/pagelayout.h"
+#include "proxy/assistantstateproxy.h"
+#include "proxy/servicenames.h"
+
+#include <zcc/widgets/settingsgroup.h>
+#include <zcc/widgets/settingsitem.h>
+#include <zcc/widgets/switchwidget.h>
+#include <zcc/widgets/tipslabel.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDebug>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSettings>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+using zcc::widgets::SettingsItem;
+using zcc::widgets::SwitchWidget;
+using zcc::widgets::TipsLabel;
+using Ztk::Widget::ZFontSizeManager;
+
+namespace {
+
+/** Moves a tip to the tips' left edge. Its top and right margins change places, as they always did.
+ */
+void arrangeTipMargins(QLabel *tip)
+{
+    const QMargins old = tip->contentsMargins();
+    tip->setContentsMargins(PageLayout::tipLeftMargin, old.right(), old.top(), old.bottom());
+}
+
+} // namespace
+
+AssistantSettingWidget::AssistantSettingWidget(QWidget *parent)
+    : QWidget(parent)
+    , m_oneShotTip(tr("Hello, Alani. What's the weather like in Beijing?"))
+    , m_wakeupTip(tr("Say \"Hello, Alani\" to wake up AI Assistant"))
+{
+    qDebug() << "AssistantSettingWidget";
+
+    m_mainLayout = PageLayout::addMainLayout(this);
+    addDescription();
+    addWakeupGroup();
+    addSettingsGroup();
+    m_mainLayout->addStretch();
+}
+
+AssistantSettingWidget::~AssistantSettingWidget()
+{
+    qDebug() << "~AssistantSettingWidget";
+    delete m_dockInterface;
+    m_dockInterface = nullptr;
+    aqcClean(VoiceTestInit);
+}
+
+void AssistantSettingWidget::addDescription()
+{
+    m_descriptionLabel = PageLayout::newTip(this,
+                                            tr("AI Assistant boosts your productivity by executing "
+                                               "voice commands, such as checking the "
+                                               "weather, creating events, etc."),
+                                            PageLayout::tipColor(*this));
+    arrangeTipMargins(m_descriptionLabel);
+    m_mainLayout->addWidget(m_descriptionLabel);
+    m_mainLayout->addSpacing(10);
+}
+
+void AssistantSettingWidget::addWakeupGroup()
+{
+    m_wakeupGroup = PageLayout::addGroup(m_mainLayout, 1);
+    auto *wakeupItem = new SettingsItem;
+    wakeupItem->addBackground();
+    m_wakeupGroup->appendItem(wakeupItem);
+    auto *wakeupLayout = new QVBoxLayout(wakeupItem);
+    wakeupLayout->setContentsMargins(0, 0, 0, 0);
+    wakeupLayout->setSpacing(0);
+
+    // The wake-up service's own store; it alone writes there.
+    const QSettings store(QStringLiteral("corvane"), QStringLiteral("TavrenVoiceWakeuper"));
+    const bool wakeupOn = store.value(QStringLiteral("base/enable"), false).toBool();
+    const bool oneShotOn =
+        wakeupOn && store.value(QStringLiteral("base/enableOneshot"), false).toBool();
+
+    m_voiceWakeupSwitch = new SwitchWidget(tr("Voice Wakeup"));
+    PageLayout::setFontStep(m_voiceWakeupSwitch, ZFontSizeManager::T6);
+    m_voiceWakeupSwitch->setChecked(wakeupOn);
+    connect(m_voiceWakeupSwitch, &SwitchWidget::checkedChanged, this,
+            &AssistantSettingWidget::slotVoiceWakeupSetting);
+    wakeupLayout->addWidget(m_voiceWakeupSwitch);
+    wakeupLayout->addSpacing(0);
+
+    auto *oneShotItem = new SettingsItem;
+    auto *oneShotLayout = new QVBoxLayout(oneShotItem);
+    oneShotLayout->setContentsMargins(5, 5, 5, 5);
+    m_oneShotCheckBox = new QCheckBox(tr("OneShot"));
+    PageLayout::setFontStep(m_oneShotCheckBox, ZFontSizeManager::T6);
+    m_oneShotCheckBox->setEnabled(wakeupOn);
+    m_oneShotCheckBox->setChecked(oneShotOn);
+    m_wakeupTipsLabel = PageLayout::newTip(this, oneShotOn ? m_oneShotTip : m_wakeupTip,
+                                           PageLayout::tipColor(*this));
+    m_wakeupTipsLabel->setVisible(wakeupOn);
+    oneShotLayout->addWidget(m_oneShotCheckBox);
+    wakeupLayout->addWidget(oneShotItem);
+    connect(m_oneShotCheckBox, &QCheckBox::stateChanged, this,
+            &AssistantSettingWidget::slotOneShotMode);
+
+    arrangeTipMargins(m_wakeupTipsLabel);
+    m_mainLayout->addWidget(m_wakeupTipsLabel);
+    m_mainLayout->addSpacing(10);
+}
+
+void AssistantSettingWidget::addSettingsGroup()
+{
+    m_settingsGroup = PageLayout::addGroup(m_mainLayout, 10);
+
+    // One entry, and the voice wake-up knows no other language.
+    const PageLayout::ComboBoxRow language =
+        PageLayout::addComboBoxRow(m_settingsGroup, tr("Language"));
+    m_languageItem = language.item;
+    PageLayout::setFontStep(language.label, ZFontSizeManager::T6);
+    language.comboBox->addItem(tr("中文-普通话"));
+    connect(language.comboBox, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &AssistantSettingWidget::slotlanguageTypeChange);
+
+    m_dockInterface = new AssistantDockServiceInterface(
+        ServiceNames::dockService(), ServiceNames::dockPath(), QDBusConnection::sessionBus(), this);
+    m_dockSwitch = new SwitchWidget(tr("Show in the Dock"));
+    PageLayout::setFontStep(m_dockSwitch, ZFontSizeManager::T6);
+    m_settingsGroup->appendItem(m_dockSwitch);
+    m_dockSwitch->setChecked(dockIconShown());
+    connect(m_dockInterface, &AssistantDockServiceInterface::dockHideChange, this,
+            &AssistantSettingWidget::slotdockHideChange);
+    connect(m_dockSwitch, &SwitchWidget::checkedChanged, this,
+            &AssistantSettingWidget::slotPluginShowSet);
+
+    refreshVoiceTestUI(VoiceTestInit);
+}
+
+bool AssistantSettingWidget::dockIconShown() const
+{
+    QDBusPendingReply<bool> hidden = m_dockInterface->getDockHideStatus();
+    hidden.waitForFinished();
+    // An error's first argument is its text, which would read as true; without an answer the icon
+    // counts as shown.
+    return hidden.isError() || !hidden.value();
+}
+
+void AssistantSettingWidget::slotVoiceWakeupSetting(bool on)
+{
+    // Events are processed while the call waits: the frame may destroy this page, or the user may
+    // flip the switch again. Waits end last-in first-out, so an older request must not have the
+    // last word.
+    const QPointer<AssistantSettingWidget> self(this);
+    const unsigned request = ++m_wakeupRequests;
+    AssistantStateProxy::setVoiceWakeupState(on);
+    if (!self || request != m_wakeupRequests)
+        return;
+
+    m_oneShotCheckBox->setEnabled(on);
+    if (!on)
+        m_oneShotCheckBox->setChecked(false);
+    m_wakeupTipsLabel->setVisible(on);
+    update();
+}
+
+void AssistantSettingWidget::slotVoiceSourceTypeChange(int type)
+{
+    qDebug() << "slotVoiceSourceTypeChange"
+             << "|" << type;
+    AssistantStateProxy::setAssistantSpeaker(type);
+}
+
+void AssistantSettingWidget::slotlanguageTypeChange(int index)
+{
+    qDebug() << "slotlanguageTypeChange"
+             << "|" << index;
+}
+
+void AssistantSettingWidget::slotPluginShowSet(bool show)
+{
+    qDebug() << "slotPluginShowSet"
+             << "|" << (show ? "true" : "false");
+    m_dockInterface->setDockHideStatus(!show);
+}
+
+void AssistantSettingWidget::slotdockHideChange(bool hide)
+{
+    qDebug() << "slotdockHideChange"
+             << "|" << (hide ? "true" : "false");
+    // The service already knows: nothing is sent back.
+    const QSignalBlocker blocker(m_dockSwitch);
+    m_dockSwitch->setChecked(!hide);
+}
+
+void AssistantSettingWidget::slotOneShotMode(int state)
+{
+    AssistantStateProxy::setOneShotMode(state);
+    m_wakeupTipsLabel->setText(state != 0 ? m_oneShotTip : m_wakeupTip);
+}

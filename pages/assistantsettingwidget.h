@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+class AssistantDockServiceInterface;
+class QCheckBox;
+class QLabel;
+class QVBoxLayout;
+
+namespace Ztk {
+namespace Widget {
+class ZCommandLinkButton;
+} // namespace Widget
+} // namespace Ztk
+
+namespace zcc {
+namespace widgets {
+class SettingsGroup;
+class SettingsItem;
+class SwitchWidget;
+class TipsLabel;
+} // namespace widgets
+} // namespace zcc
+
+/**
+ * The page "Desktop AI Assistant": voice wake-up, one-shot mode, language, dock icon and voice
+ * test.
+ *
+ * Reads the services' state once, when it is built, follows the dock icon's changes, and sends
+ * every change of the user at once. Made without a parent; the frame owns it.
+ */
+class AssistantSettingWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /** The states of the voice test panel. */
+    enum VoiceTestUIType {
+        VoiceTestInit, ///< Title and the link that starts a test.
+        VoiceTesting,  ///< Recognised words, the phrase to say, the wave.
+        VoiceTestEnd,  ///< Recognised words, the verdict, the link that starts another test.
+    };
+
+    explicit AssistantSettingWidget(QWidget *parent = nullptr);
+    ~AssistantSettingWidget() override;
+
+    void init() {}
+
+public Q_SLOTS:
+    void slotVoiceWakeupSetting(bool on);
+    void slotVoiceSourceTypeChange(int type);
+    void slotlanguageTypeChange(int index);
+    void slotPluginShowSet(bool show);
+    void slotdockHideChange(bool hide);
+    void slotOneShotMode(int state);
+
+private:
+    void addDescription();
+    void addWakeupGroup();
+    void addSettingsGroup();
+    bool dockIconShown() const;
+
+    // Voice test panel
+    void refreshVoiceTestUI(VoiceTestUIType state);
+    void aqcClean(VoiceTestUIType next);
+    void voiceTestInit();
+
+    QVBoxLayout *m_mainLayout;
+    zcc::widgets::TipsLabel *m_descriptionLabel;
+    zcc::widgets::SettingsGroup *m_wakeupGroup;
+    zcc::widgets::SwitchWidget *m_voiceWakeupSwitch;
+    zcc::widgets::TipsLabel *m_wakeupTipsLabel;
+    zcc::widgets::SettingsGroup *m_settingsGroup;
+    zcc::widgets::SettingsItem *m_languageItem;
+    zcc::widgets::SwitchWidget *m_dockSwitch;
+    AssistantDockServiceInterface *m_dockInterface;
+    QCheckBox *m_oneShotCheckBox;
+    const QString m_oneShotTip; // shown while one-shot mode is on
+    const QString m_wakeupTip;  // shown while it is off
+    unsigned m_wakeupRequests = 0;
+
+    QPointer<QVBoxLayout> m_voiceTestLayout;
+    QPointer<Ztk::Widget::ZCommandLinkButton> m_testButton;
+    QPointer<zcc::widgets::SettingsItem> m_voiceTestItem;
+    QPointer<QLabel> m_voiceTestTitle;
+};

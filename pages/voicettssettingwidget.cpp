@@ -1,0 +1,75 @@
+#include "pages/voicettssettingwidget.h"
+
+#include "pages/pagelayout.h"
+#include "proxy/assistantstateproxy.h"
+
+#include <zcc/widgets/settingsgroup.h>
+#include <zcc/widgets/switchwidget.h>
+
+#include <QComboBox>
+#include <QDebug>
+#include <QVBoxLayout>
+
+using zcc::widgets::SwitchWidget;
+
+VoiceTTSSettingWidget::VoiceTTSSettingWidget(QWidget *parent)
+    : QWidget(parent)
+{
+    qDebug() << "VoiceTTSSettingWidget";
+
+    const QColor hintColor = PageLayout::tipColor(*this);
+    QVBoxLayout *layout = PageLayout::addMainLayout(this);
+
+    const QString shortcut = AssistantStateProxy::getShortCut(QStringLiteral("text-to-speech"), 0);
+    PageLayout::addHint(
+        layout,
+        tr("Press the shortcuts (%1) or click \"Text to Speech\" in the context menu "
+           "to read the selected text out.")
+            .arg(shortcut),
+        hintColor);
+
+    auto *group = PageLayout::addGroup(layout, 10);
+
+    m_switch = new SwitchWidget(tr("Text to Speech"));
+    group->appendItem(m_switch);
+    if (AssistantStateProxy::queryVoiceTTSState())
+        m_switch->setChecked(true);
+    connect(m_switch, &SwitchWidget::checkedChanged, this,
+            &VoiceTTSSettingWidget::slotVoiceTTSSetting);
+
+    m_windowSwitch = new SwitchWidget(tr("Show Speech Widget"));
+    group->appendItem(m_windowSwitch);
+    if (AssistantStateProxy::queryVoiceTTSWindowState())
+        m_windowSwitch->setChecked(true);
+    connect(m_windowSwitch, &SwitchWidget::checkedChanged, this,
+            &VoiceTTSSettingWidget::slotVoiceTTSWindowSetting);
+
+    m_voiceComboBox = PageLayout::addComboBoxRow(group, tr("Voice Gender")).comboBox;
+    m_voiceComboBox->addItem(tr("Female"));
+    m_voiceComboBox->addItem(tr("Male"));
+    m_voiceComboBox->addItem(tr("Children"));
+    m_voiceComboBox->setCurrentIndex(AssistantStateProxy::getVoiceTTSSpeaker());
+
+    layout->addStretch();
+    connect(m_voiceComboBox, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &VoiceTTSSettingWidget::slotVoiceSourceTypeChange);
+}
+
+void VoiceTTSSettingWidget::slotVoiceTTSSetting(bool checked)
+{
+    qDebug() << "slotVoiceTTSSetting"
+             << "|" << (checked ? "true" : "false");
+    AssistantStateProxy::setVoiceTTSState(checked);
+}
+
+void VoiceTTSSettingWidget::slotVoiceTTSWindowSetting(bool checked)
+{
+    AssistantStateProxy::setVoiceTTSWindowState(checked);
+}
+
+void VoiceTTSSettingWidget::slotVoiceSourceTypeChange(int index)
+{
+    qDebug() << "slotVoiceSourceTypeChange"
+             << "|" << index;
+    AssistantStateProxy::setVoiceTTSSpeaker(index);
+}

@@ -1,0 +1,85 @@
+#include "plugin/thirdlistwidget.h"
+
+#include "plugin/assistzlistview.h"
+
+#include <ztk/zstandarditem.h>
+
+#include <QDebug>
+#include <QStandardItemModel>
+#include <QVBoxLayout>
+
+ThirdListWidget::ThirdListWidget(QWidget *parent)
+    : QWidget(parent)
+{
+    init();
+}
+
+ThirdListWidget::~ThirdListWidget()
+{
+    qDebug() << "~ThirdListWidget";
+}
+
+void ThirdListWidget::init()
+{
+    setObjectName(QStringLiteral("voice"));
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(10, 10, 10, 10);
+    m_listView = new AssistZListView(this);
+    layout->addWidget(m_listView);
+    setLayout(layout);
+
+    if (!m_model)
+        m_model = new QStandardItemModel(m_listView);
+
+    const QList<QPair<QString, QString>> rows = {
+        {QStringLiteral("zcc_nav_assistant_nor"), tr("Desktop AI Assistant")},
+        {QStringLiteral("zcc_nav_dictate_nor"), tr("Speech to Text")},
+        {QStringLiteral("zcc_nav_read_nor"), tr("Text to Speech")},
+        {QStringLiteral("zcc_nav_translate_nor"), tr("Translation")},
+    };
+    for (const auto &row : rows) {
+        auto *item = new Ztk::Widget::ZStandardItem(QIcon::fromTheme(row.first), row.second);
+        item->setData(QVariant::fromValue(QMargins(10, 8, 10, 8)),
+                      Ztk::Widget::ZListView::MarginsRole);
+        m_model->appendRow(item);
+    }
+
+    m_listView->setAccessibleName(tr("Assistive Tools"));
+    m_listView->setFrameShape(QFrame::NoFrame);
+    m_listView->setModel(m_model);
+    m_listView->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_listView->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    m_listView->setCurrentIndex(m_model->index(0, 0));
+    m_listView->setIconSize(QSize(32, 32));
+    m_listView->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+
+    connect(m_listView, &QListView::clicked, this, &ThirdListWidget::onItemClieck);
+    // Activation by keyboard counts as a click.
+    connect(m_listView, &QListView::activated, m_listView, &QListView::clicked);
+}
+
+void ThirdListWidget::onItemClieck(const QModelIndex &index)
+{
+    switch (index.row()) {
+    case 1:
+        Q_EMIT signalShowVoiceIat();
+        break;
+    case 2:
+        Q_EMIT signalShowVoiceTTS();
+        break;
+    case 3:
+        Q_EMIT signalShowTranslate();
+        break;
+    default:
+        Q_EMIT signalShowAIAssistant();
+        break;
+    }
+}
+
+void ThirdListWidget::updateListViewIndex(int row)
+{
+    const QModelIndex index = m_model->index(row, 0);
+    m_listView->setCurrentIndex(index);
+    onItemClieck(index);
+}

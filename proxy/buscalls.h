@@ -1,0 +1,44 @@
+#pragma once
+
+#include "proxy/servicenames.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QVariantList>
+
+/**
+ * The modes in which services are called, one function each. The mode is part of the contract with
+ * a service, so no caller composes a message of its own. No time-outs are set: the bus's own apply.
+ */
+namespace BusCalls {
+
+/**
+ * Sends a call on the session bus and waits for its reply while GUI events are processed. Whatever
+ * called this may be gone when it returns.
+ */
+QDBusMessage callProcessingEvents(const ServiceNames::Endpoint &endpoint, const QString &method,
+                                  const QVariantList &arguments = {});
+
+/** Sends a call on @p bus and waits for its reply; nothing else happens meanwhile. */
+QDBusMessage callBlocking(const QDBusConnection &bus, const ServiceNames::Endpoint &endpoint,
+                          const QString &method);
+
+/**
+ * Sends a call on the session bus and returns at once; the service is told that no reply is
+ * expected. What comes back is an error message only if the call could not be sent.
+ */
+QDBusMessage sendNoReply(const ServiceNames::Endpoint &endpoint, const QString &method,
+                         const QVariantList &arguments = {});
+
+/**
+ * The value of a reply, or @p fallback when there is none: an error, a reply of another type, or a
+ * wait that ended without a reply.
+ */
+template <typename T>
+T valueOr(const QDBusReply<T> &reply, const T &fallback)
+{
+    return reply.isValid() ? reply.value() : fallback;
+}
+
+} // namespace BusCalls

@@ -1,0 +1,31 @@
+#include "proxy/assistantstateproxy.h"
+
+#include "proxy/buscalls.h"
+#include "proxy/dynamicinterface.h"
+#include "proxy/servicenames.h"
+
+#include <QDebug>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+QString AssistantStateProxy::getShortCut(QString id, int type)
+{
+    DynamicInterface daemon(ServiceNames::keybinding(), QDBusConnection::sessionBus());
+    const QDBusReply<QString> reply =
+        daemon.call(QDBus::BlockWithGui, QStringLiteral("GetShortcut"), id, type);
+
+    const QJsonObject shortcut =
+        QJsonDocument::fromJson(BusCalls::valueOr<QString>(reply, QString()).toUtf8()).object();
+    const QString key = QStringLiteral("Accels");
+    if (!shortcut.contains(key)) {
+        qCritical() << "Key Accels not found in JSON.";
+        return QString();
+    }
+
+    QString accelerator = shortcut.value(key).toArray().at(0).toString();
+    accelerator.remove(QLatin1Char('<'));
+    accelerator.replace(QLatin1Char('>'), QLatin1Char('+'));
+    accelerator.replace(QLatin1String("Control"), QLatin1String("Ctrl"));
+    return accelerator;
+}
