@@ -15,7 +15,16 @@ set(module_headers
     proxy/assistantstateproxy.h
     proxy/buscalls.h
     proxy/dynamicinterface.h
-    proxy/servicenames.h)
+    proxy/servicenames.h
+    voice/aiservice.h
+    voice/aiservicesession.h
+    voice/aqcwrapper.h
+    voice/audioinfo.h
+    voice/audiorecorder.h
+    voice/iatwapper.h
+    voice/processwide.h
+    voice/voiceanimationwidget.h
+    voice/wavelevel.h)
 set(module_sources
     pages/assistantsettingwidget.cpp
     pages/pagelayout.cpp
@@ -30,7 +39,14 @@ set(module_sources
     proxy/assistantstateproxy.cpp
     proxy/buscalls.cpp
     proxy/servicenames.cpp
-    proxy/shortcutlookup.cpp)
+    proxy/shortcutlookup.cpp
+    voice/aiservicesession.cpp
+    voice/aqcwrapper.cpp
+    voice/audioinfo.cpp
+    voice/audiorecorder.cpp
+    voice/iatwapper.cpp
+    voice/voiceanimationwidget.cpp
+    voice/wavelevel.cpp)
 
 # Proxies, generated from the contracts. Only the dock icon's class name does not follow its interface.
 set_source_files_properties(contracts/com.corvane.aiassistant.dock.xml

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QAudioDeviceInfo>
+#include <QAudioFormat>
+#include <QByteArray>
+#include <QDBusObjectPath>
+#include <QMutex>
+#include <QObject>
+#include <QScopedPointer>
+#include <QTimer>
+
+#include <zframeworkdbus/audio.h>
+
+#include "voice/audioinfo.h"
+
+class QAudioInput;
+template <typename T>
+class ProcessWide;
+
+/**
+ * Records the desktop's default microphone: mono 16-bit signed little-endian PCM at 16 kHz, 32000
+ * bytes a second, as the device delivers it.
+ *
+ * One per process, on the GUI thread. The device is open only between start() and the end of the
+ * recording; every recording opens it anew. It ends by stop(), when the desktop's default source
+ * changes, or when no device is left that can record.
+ *
+ * Clients keep a QPointer to the instance: it may be deleted with deleteLater(), and getInstance()
+ * then builds another.
+ */
+class AudioRecorder : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** The instance; built on first use. */
+    static AudioRecorder *getInstance();
+
+    ~AudioRecorder() override;
+
+    /**
+     * Begins a recording from the default microphone, or from another one where that cannot deliver
+     * the format. Always true, also without a usable device: the recording then stays silent.
+     */
+    bool start();
+    /** Ends the recording. Safe to call from slots of this class's signals. */
+    void stop();
+    bool isRecording();
+
+public Q_SLOTS:
+    /**
+     * Makes sure that the current device can deliver the format, and takes the last one listed that
+     * can where it cannot. Without any the recording ends and the result is false.
+     */
+    bool checkDevice();
+    /** Ends the recording: the desktop records from the source @p path from now on. */
+    void DefaultSourceChanged(const QDBusObjectPath &path);
+
+Q_SIGNALS:
+    // The first two are emitted while the mutex is held: connect directly, from the same thread.
+    void recordStarted();
+    void recordStoped(); // spelt so in the interface
+    /** One captured block. */
+    void audioRecorded(QByteArray data);
+    /** The peak of that block, 0.0 to 1.0 of full scale. */
+    void levelUpdated(double level);
+
+private:
+    friend class ProcessWide<AudioRecorder>;
+    AudioRecorder();
+
+    // Recursive: start() holds it while checkDevice() and stop() take it again.
+    QMutex m_mutex; // guards the two flags and the input
+    QScopedPointer<AudioInfo> m_audioInfo;
+    QAudioDeviceInfo m_device;
+    QAudioFormat m_format;
+    QScopedPointer<QAudioInput> m_audioInput; // null while not recording
+    QTimer m_checkTimer;
+    bool m_deviceValid = false; // the latest result of checkDevice()
+    QByteArray m_buffer;        // stays empty: every block is handed on at once
+    bool m_recording = false;
+    QScopedPointer<__Audio> m_audioDaemon;
+};

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QPointer>
+
+/**
+ * Keeps the one object of class T that a process has.
+ *
+ * The object is built on first use, and again after somebody's deleteLater() has taken it: one
+ * object at a time, never a dangling pointer. What is left goes with the application object, while
+ * the services that T uses (sound server, bus, event loop) still live; or when the module is
+ * unloaded.
+ *
+ * T is a QObject with a constructor that ProcessWide<T> may call without arguments.
+ */
+template <typename T>
+class ProcessWide
+{
+public:
+    ProcessWide(const ProcessWide &) = delete;
+    ProcessWide &operator=(const ProcessWide &) = delete;
+
+    /** The object; built here when there is none. Callable from any thread. */
+    static T *instance()
+    {
+        ProcessWide &owner = self();
+        const QMutexLocker locker(&owner.m_mutex);
+        if (!owner.m_object) {
+            owner.m_object = new T;
+            // Once on the list at most, however often the object is built.
+            qRemovePostRoutine(&ProcessWide::dispose);
+            qAddPostRoutine(&ProcessWide::dispose);
+        }
+        return owner.m_object;
+    }
+
+    /** Deletes the object at once, if there is one. */
+    static void dispose() { delete self().m_object; }
+
+private:
+    ProcessWide() = default;
+
+    // Unloading the module must leave no pointer to its code with the application.
+    ~ProcessWide()
+    {
+        qRemovePostRoutine(&ProcessWide::dispose);
+        delete m_object;
+    }
+
+    static ProcessWide &self()
+    {
+        static ProcessWide owner;
+        return owner;
+    }
+
+    QMutex m_mutex;
+    QPointer<T> m_object;
+};
