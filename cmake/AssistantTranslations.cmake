@@ -2,6 +2,7 @@
 # asks for.
 
 set(ASSISTANT_LANGUAGES zh_CN bo ug zh_HK en_US zh_TW en)
+set(ASSISTANT_TEXT_SOURCES plugin proxy pages voice) # the folders with texts for the user
 set(ASSISTANT_QM_DIR "${PROJECT_BINARY_DIR}/translations")
 
 # The plugin never asks for en_US: every English locale takes the file of "en".
@@ -29,5 +30,6 @@ foreach(language ${ASSISTANT_LANGUAGES})
     list(APPEND ts_files "translations/assistant-control-plugin_${language}.ts")
 endforeach()
 add_custom_target(update-translations
-    COMMAND Qt5::lupdate -locations none -no-obsolete plugin proxy pages voice -ts ${ts_files}
+    COMMAND Qt5::lupdate -locations none -no-obsolete ${ASSISTANT_TEXT_SOURCES} -I .
+            -ts ${ts_files}
     WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)

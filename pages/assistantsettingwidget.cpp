@@ -38,7 +38,9 @@ void arrangeTipMargins(QLabel *tip)
 
 AssistantSettingWidget::AssistantSettingWidget(QWidget *parent)
     : QWidget(parent)
+    //: What to say while the wake-up word and a command go in one sentence.
     , m_oneShotTip(tr("Hello, Alani. What's the weather like in Beijing?"))
+    //: The quoted words are what the user says aloud.
     , m_wakeupTip(tr("Say \"Hello, Alani\" to wake up AI Assistant"))
 {
     qDebug() << "AssistantSettingWidget";
@@ -97,6 +99,7 @@ void AssistantSettingWidget::addWakeupGroup()
     auto *oneShotItem = new SettingsItem;
     auto *oneShotLayout = new QVBoxLayout(oneShotItem);
     oneShotLayout->setContentsMargins(5, 5, 5, 5);
+    //: Check box: say the wake-up word and the command in one sentence, without a pause.
     m_oneShotCheckBox = new QCheckBox(tr("OneShot"));
     PageLayout::setFontStep(m_oneShotCheckBox, ZFontSizeManager::T6);
     m_oneShotCheckBox->setEnabled(wakeupOn);
@@ -123,12 +126,14 @@ void AssistantSettingWidget::addSettingsGroup()
         PageLayout::addComboBoxRow(m_settingsGroup, tr("Language"));
     m_languageItem = language.item;
     PageLayout::setFontStep(language.label, ZFontSizeManager::T6);
+    //: Name of a spoken language: Mandarin Chinese.
     language.comboBox->addItem(tr("中文-普通话"));
     connect(language.comboBox, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &AssistantSettingWidget::slotlanguageTypeChange);
 
     m_dockInterface = new AssistantDockServiceInterface(
         ServiceNames::dockService(), ServiceNames::dockPath(), QDBusConnection::sessionBus(), this);
+    //: Switch: the assistant's icon in the desktop's dock (taskbar).
     m_dockSwitch = new SwitchWidget(tr("Show in the Dock"));
     PageLayout::setFontStep(m_dockSwitch, ZFontSizeManager::T6);
     m_settingsGroup->appendItem(m_dockSwitch);

@@ -23,6 +23,7 @@ TextTranslateSettingWidget::TextTranslateSettingWidget(QWidget *parent)
     const QString shortcut = AssistantStateProxy::getShortCut(QStringLiteral("translation"), 0);
     PageLayout::addHint(
         layout,
+        //: %1 is a key combination such as Ctrl+Alt+T; the quoted text is this page's title.
         tr("Press the shortcuts (%1) or click \"Translation\" in the context menu to "
            "translate the selected text.")
             .arg(shortcut),
@@ -37,7 +38,9 @@ TextTranslateSettingWidget::TextTranslateSettingWidget(QWidget *parent)
             &TextTranslateSettingWidget::slotVoiceSetting);
 
     m_directionComboBox = PageLayout::addComboBoxRow(group, tr("Language")).comboBox;
+    //: Direction of translation: from Chinese into English.
     m_directionComboBox->addItem(tr("CN-EN"));
+    //: Direction of translation: from English into Chinese.
     m_directionComboBox->addItem(tr("EN-CN"));
     const QString direction = AssistantStateProxy::getAssistantTransLang();
     m_directionComboBox->setCurrentIndex(direction == QLatin1String("cn|en") ? 0 : 1);

@@ -23,6 +23,7 @@ VoiceIatSettingWidget::VoiceIatSettingWidget(QWidget *parent)
     const QString shortcut = AssistantStateProxy::getShortCut(QStringLiteral("speech-to-text"), 0);
     PageLayout::addHint(
         layout,
+        //: %1 is a key combination such as Ctrl+Alt+T; the quoted text is this page's title.
         tr("Press the shortcuts (%1) or click \"Speech to Text\" in the context menu "
            "to convert your speech to text.")
             .arg(shortcut),
@@ -40,7 +41,9 @@ VoiceIatSettingWidget::VoiceIatSettingWidget(QWidget *parent)
             &VoiceIatSettingWidget::slotVoiceSetting);
 
     m_languageComboBox = PageLayout::addComboBoxRow(group, tr("Language")).comboBox;
+    //: Name of a spoken language: Mandarin Chinese.
     m_languageComboBox->addItem(tr("中文-普通话"));
+    //: Name of a spoken language.
     m_languageComboBox->addItem(tr("English"));
     const QString language = AssistantStateProxy::getVoiceIatLanguage();
     m_languageComboBox->setCurrentIndex(language == QLatin1String("zh_cn") ? 0 : 1);

@@ -23,6 +23,7 @@ VoiceTTSSettingWidget::VoiceTTSSettingWidget(QWidget *parent)
     const QString shortcut = AssistantStateProxy::getShortCut(QStringLiteral("text-to-speech"), 0);
     PageLayout::addHint(
         layout,
+        //: %1 is a key combination such as Ctrl+Alt+T; the quoted text is this page's title.
         tr("Press the shortcuts (%1) or click \"Text to Speech\" in the context menu "
            "to read the selected text out.")
             .arg(shortcut),
@@ -37,6 +38,7 @@ VoiceTTSSettingWidget::VoiceTTSSettingWidget(QWidget *parent)
     connect(m_switch, &SwitchWidget::checkedChanged, this,
             &VoiceTTSSettingWidget::slotVoiceTTSSetting);
 
+    //: Switch: the small floating window that is there while text is read aloud.
     m_windowSwitch = new SwitchWidget(tr("Show Speech Widget"));
     group->appendItem(m_windowSwitch);
     if (AssistantStateProxy::queryVoiceTTSWindowState())
@@ -44,9 +46,13 @@ VoiceTTSSettingWidget::VoiceTTSSettingWidget(QWidget *parent)
     connect(m_windowSwitch, &SwitchWidget::checkedChanged, this,
             &VoiceTTSSettingWidget::slotVoiceTTSWindowSetting);
 
+    //: Title of a list of voices: woman, man, child.
     m_voiceComboBox = PageLayout::addComboBoxRow(group, tr("Voice Gender")).comboBox;
+    //: A woman's voice.
     m_voiceComboBox->addItem(tr("Female"));
+    //: A man's voice.
     m_voiceComboBox->addItem(tr("Male"));
+    //: A child's voice.
     m_voiceComboBox->addItem(tr("Children"));
     m_voiceComboBox->setCurrentIndex(AssistantStateProxy::getVoiceTTSSpeaker());
 

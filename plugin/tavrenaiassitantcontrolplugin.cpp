@@ -77,6 +77,7 @@ QString TavrenAIAssitantControlPlugin::name() const
 
 QString TavrenAIAssitantControlPlugin::displayName() const
 {
+    //: The module's name in the control center's navigation.
     return tr("Assistive Tools");
 }
 

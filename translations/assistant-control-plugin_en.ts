@@ -5,10 +5,12 @@
     <name>AssistantSettingWidget</name>
     <message>
         <source>Hello, Alani. What&apos;s the weather like in Beijing?</source>
+        <extracomment>What to say while the wake-up word and a command go in one sentence.</extracomment>
         <translation>Hello, Alani. What&apos;s the weather like in Beijing?</translation>
     </message>
     <message>
         <source>Say &quot;Hello, Alani&quot; to wake up AI Assistant</source>
+        <extracomment>The quoted words are what the user says aloud.</extracomment>
         <translation>Say &quot;Hello, Alani&quot; to wake up AI Assistant</translation>
     </message>
     <message>
@@ -21,6 +23,7 @@
     </message>
     <message>
         <source>OneShot</source>
+        <extracomment>Check box: say the wake-up word and the command in one sentence, without a pause.</extracomment>
         <translation>OneShot</translation>
     </message>
     <message>
@@ -29,10 +32,12 @@
     </message>
     <message>
         <source>中文-普通话</source>
+        <extracomment>Name of a spoken language: Mandarin Chinese.</extracomment>
         <translation>中文-普通话</translation>
     </message>
     <message>
         <source>Show in the Dock</source>
+        <extracomment>Switch: the assistant&apos;s icon in the desktop&apos;s dock (taskbar).</extracomment>
         <translation>Show in the Dock</translation>
     </message>
     <message>
@@ -45,10 +50,12 @@
     </message>
     <message>
         <source>Network unavailable</source>
+        <extracomment>Verdict of the voice test: there is no network, so it cannot run.</extracomment>
         <translation>Network unavailable</translation>
     </message>
     <message>
         <source>Service exception</source>
+        <extracomment>Verdict of the voice test: the AI service could not start it.</extracomment>
         <translation>Service exception</translation>
     </message>
     <message>
@@ -57,6 +64,7 @@
     </message>
     <message>
         <source>It sounds good</source>
+        <extracomment>Verdict of the voice test: the recording is fine.</extracomment>
         <translation>It sounds good</translation>
     </message>
     <message>
@@ -69,6 +77,7 @@
     </message>
     <message>
         <source>Too many noises</source>
+        <extracomment>Verdict of the voice test: the surroundings are too loud.</extracomment>
         <translation>Too many noises</translation>
     </message>
     <message>
@@ -80,6 +89,7 @@
     <name>KeyLabel</name>
     <message>
         <source>None</source>
+        <extracomment>On a key cap: no key is set.</extracomment>
         <translation>None</translation>
     </message>
 </context>
@@ -93,20 +103,16 @@
 <context>
     <name>TavrenAIAssitantControlPlugin</name>
     <message>
-        <source>Assistive Tools</source>
-        <translation>Assistive Tools</translation>
-    </message>
-    <message>
         <source>Desktop AI Assistant</source>
         <translation>Desktop AI Assistant</translation>
     </message>
     <message>
-        <source>Text to Speech</source>
-        <translation>Text to Speech</translation>
-    </message>
-    <message>
         <source>Speech to Text</source>
         <translation>Speech to Text</translation>
+    </message>
+    <message>
+        <source>Text to Speech</source>
+        <translation>Text to Speech</translation>
     </message>
     <message>
         <source>Translation</source>
@@ -136,11 +142,17 @@
         <source>Voice Gender</source>
         <translation>Voice Gender</translation>
     </message>
+    <message>
+        <source>Assistive Tools</source>
+        <extracomment>The module&apos;s name in the control center&apos;s navigation.</extracomment>
+        <translation>Assistive Tools</translation>
+    </message>
 </context>
 <context>
     <name>TextTranslateSettingWidget</name>
     <message>
         <source>Press the shortcuts (%1) or click &quot;Translation&quot; in the context menu to translate the selected text.</source>
+        <extracomment>%1 is a key combination such as Ctrl+Alt+T; the quoted text is this page&apos;s title.</extracomment>
         <translation>Press the shortcuts (%1) or click &quot;Translation&quot; in the context menu to translate the selected text.</translation>
     </message>
     <message>
@@ -153,10 +165,12 @@
     </message>
     <message>
         <source>CN-EN</source>
+        <extracomment>Direction of translation: from Chinese into English.</extracomment>
         <translation>CN-EN</translation>
     </message>
     <message>
         <source>EN-CN</source>
+        <extracomment>Direction of translation: from English into Chinese.</extracomment>
         <translation>EN-CN</translation>
     </message>
 </context>
@@ -178,11 +192,16 @@
         <source>Translation</source>
         <translation>Translation</translation>
     </message>
+    <message>
+        <source>Assistive Tools</source>
+        <translation>Assistive Tools</translation>
+    </message>
 </context>
 <context>
     <name>VoiceIatSettingWidget</name>
     <message>
         <source>Press the shortcuts (%1) or click &quot;Speech to Text&quot; in the context menu to convert your speech to text.</source>
+        <extracomment>%1 is a key combination such as Ctrl+Alt+T; the quoted text is this page&apos;s title.</extracomment>
         <translation>Press the shortcuts (%1) or click &quot;Speech to Text&quot; in the context menu to convert your speech to text.</translation>
     </message>
     <message>
@@ -195,10 +214,12 @@
     </message>
     <message>
         <source>中文-普通话</source>
+        <extracomment>Name of a spoken language: Mandarin Chinese.</extracomment>
         <translation>中文-普通话</translation>
     </message>
     <message>
         <source>English</source>
+        <extracomment>Name of a spoken language.</extracomment>
         <translation>English</translation>
     </message>
 </context>
@@ -206,6 +227,7 @@
     <name>VoiceTTSSettingWidget</name>
     <message>
         <source>Press the shortcuts (%1) or click &quot;Text to Speech&quot; in the context menu to read the selected text out.</source>
+        <extracomment>%1 is a key combination such as Ctrl+Alt+T; the quoted text is this page&apos;s title.</extracomment>
         <translation>Press the shortcuts (%1) or click &quot;Text to Speech&quot; in the context menu to read the selected text out.</translation>
     </message>
     <message>
@@ -214,22 +236,27 @@
     </message>
     <message>
         <source>Show Speech Widget</source>
+        <extracomment>Switch: the small floating window that is there while text is read aloud.</extracomment>
         <translation>Show Speech Widget</translation>
     </message>
     <message>
         <source>Voice Gender</source>
+        <extracomment>Title of a list of voices: woman, man, child.</extracomment>
         <translation>Voice Gender</translation>
     </message>
     <message>
         <source>Female</source>
+        <extracomment>A woman&apos;s voice.</extracomment>
         <translation>Female</translation>
     </message>
     <message>
         <source>Male</source>
+        <extracomment>A man&apos;s voice.</extracomment>
         <translation>Male</translation>
     </message>
     <message>
         <source>Children</source>
+        <extracomment>A child&apos;s voice.</extracomment>
         <translation>Children</translation>
     </message>
 </context>

@@ -5,10 +5,12 @@
     <name>AssistantSettingWidget</name>
     <message>
         <source>Hello, Alani. What&apos;s the weather like in Beijing?</source>
+        <extracomment>What to say while the wake-up word and a command go in one sentence.</extracomment>
         <translation>你好，阿岚，北京天气怎么样？</translation>
     </message>
     <message>
         <source>Say &quot;Hello, Alani&quot; to wake up AI Assistant</source>
+        <extracomment>The quoted words are what the user says aloud.</extracomment>
         <translation>说“你好，阿岚”即可唤醒智能助手</translation>
     </message>
     <message>
@@ -21,6 +23,7 @@
     </message>
     <message>
         <source>OneShot</source>
+        <extracomment>Check box: say the wake-up word and the command in one sentence, without a pause.</extracomment>
         <translation>一次说完唤醒词和指令</translation>
     </message>
     <message>
@@ -29,10 +32,12 @@
     </message>
     <message>
         <source>中文-普通话</source>
+        <extracomment>Name of a spoken language: Mandarin Chinese.</extracomment>
         <translation>中文-普通话</translation>
     </message>
     <message>
         <source>Show in the Dock</source>
+        <extracomment>Switch: the assistant&apos;s icon in the desktop&apos;s dock (taskbar).</extracomment>
         <translation>在任务栏中显示</translation>
     </message>
     <message>
@@ -45,10 +50,12 @@
     </message>
     <message>
         <source>Network unavailable</source>
+        <extracomment>Verdict of the voice test: there is no network, so it cannot run.</extracomment>
         <translation>网络不可用</translation>
     </message>
     <message>
         <source>Service exception</source>
+        <extracomment>Verdict of the voice test: the AI service could not start it.</extracomment>
         <translation>服务异常</translation>
     </message>
     <message>
@@ -57,6 +64,7 @@
     </message>
     <message>
         <source>It sounds good</source>
+        <extracomment>Verdict of the voice test: the recording is fine.</extracomment>
         <translation>声音效果很好</translation>
     </message>
     <message>
@@ -69,6 +77,7 @@
     </message>
     <message>
         <source>Too many noises</source>
+        <extracomment>Verdict of the voice test: the surroundings are too loud.</extracomment>
         <translation>噪音过大</translation>
     </message>
     <message>
@@ -80,6 +89,7 @@
     <name>KeyLabel</name>
     <message>
         <source>None</source>
+        <extracomment>On a key cap: no key is set.</extracomment>
         <translation>无</translation>
     </message>
 </context>
@@ -93,20 +103,16 @@
 <context>
     <name>TavrenAIAssitantControlPlugin</name>
     <message>
-        <source>Assistive Tools</source>
-        <translation>辅助工具</translation>
-    </message>
-    <message>
         <source>Desktop AI Assistant</source>
         <translation>桌面智能助手</translation>
     </message>
     <message>
-        <source>Text to Speech</source>
-        <translation>文字转语音</translation>
-    </message>
-    <message>
         <source>Speech to Text</source>
         <translation>语音转文字</translation>
+    </message>
+    <message>
+        <source>Text to Speech</source>
+        <translation>文字转语音</translation>
     </message>
     <message>
         <source>Translation</source>
@@ -134,13 +140,19 @@
     </message>
     <message>
         <source>Voice Gender</source>
-        <translation>语音音色</translation>
+        <translation>发音人</translation>
+    </message>
+    <message>
+        <source>Assistive Tools</source>
+        <extracomment>The module&apos;s name in the control center&apos;s navigation.</extracomment>
+        <translation>辅助工具</translation>
     </message>
 </context>
 <context>
     <name>TextTranslateSettingWidget</name>
     <message>
         <source>Press the shortcuts (%1) or click &quot;Translation&quot; in the context menu to translate the selected text.</source>
+        <extracomment>%1 is a key combination such as Ctrl+Alt+T; the quoted text is this page&apos;s title.</extracomment>
         <translation>按快捷键（%1）或点击右键菜单中的“翻译”，即可翻译选中的文字。</translation>
     </message>
     <message>
@@ -153,10 +165,12 @@
     </message>
     <message>
         <source>CN-EN</source>
+        <extracomment>Direction of translation: from Chinese into English.</extracomment>
         <translation>中译英</translation>
     </message>
     <message>
         <source>EN-CN</source>
+        <extracomment>Direction of translation: from English into Chinese.</extracomment>
         <translation>英译中</translation>
     </message>
 </context>
@@ -178,11 +192,16 @@
         <source>Translation</source>
         <translation>翻译</translation>
     </message>
+    <message>
+        <source>Assistive Tools</source>
+        <translation>辅助工具</translation>
+    </message>
 </context>
 <context>
     <name>VoiceIatSettingWidget</name>
     <message>
         <source>Press the shortcuts (%1) or click &quot;Speech to Text&quot; in the context menu to convert your speech to text.</source>
+        <extracomment>%1 is a key combination such as Ctrl+Alt+T; the quoted text is this page&apos;s title.</extracomment>
         <translation>按快捷键（%1）或点击右键菜单中的“语音转文字”，即可将您说的话转换为文字。</translation>
     </message>
     <message>
@@ -195,10 +214,12 @@
     </message>
     <message>
         <source>中文-普通话</source>
+        <extracomment>Name of a spoken language: Mandarin Chinese.</extracomment>
         <translation>中文-普通话</translation>
     </message>
     <message>
         <source>English</source>
+        <extracomment>Name of a spoken language.</extracomment>
         <translation>英语</translation>
     </message>
 </context>
@@ -206,6 +227,7 @@
     <name>VoiceTTSSettingWidget</name>
     <message>
         <source>Press the shortcuts (%1) or click &quot;Text to Speech&quot; in the context menu to read the selected text out.</source>
+        <extracomment>%1 is a key combination such as Ctrl+Alt+T; the quoted text is this page&apos;s title.</extracomment>
         <translation>按快捷键（%1）或点击右键菜单中的“文字转语音”，即可朗读选中的文字。</translation>
     </message>
     <message>
@@ -214,22 +236,27 @@
     </message>
     <message>
         <source>Show Speech Widget</source>
+        <extracomment>Switch: the small floating window that is there while text is read aloud.</extracomment>
         <translation>显示语音悬浮窗</translation>
     </message>
     <message>
         <source>Voice Gender</source>
-        <translation>语音音色</translation>
+        <extracomment>Title of a list of voices: woman, man, child.</extracomment>
+        <translation>发音人</translation>
     </message>
     <message>
         <source>Female</source>
+        <extracomment>A woman&apos;s voice.</extracomment>
         <translation>女声</translation>
     </message>
     <message>
         <source>Male</source>
+        <extracomment>A man&apos;s voice.</extracomment>
         <translation>男声</translation>
     </message>
     <message>
         <source>Children</source>
+        <extracomment>A child&apos;s voice.</extracomment>
         <translation>童声</translation>
     </message>
 </context>
