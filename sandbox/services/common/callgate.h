@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusVirtualObject>
+
+namespace sandbox {
+
+class CallLog;
+class ReplyDesk;
+
+/**
+ * Publishes an object at a path and sees every call to it first, whatever its member and argument
+ * types: writes it to the log and lets the reply desk decide how it is answered. The work itself is
+ * done by the object's generated adaptors. It belongs to the object.
+ */
+class CallGate : public QDBusVirtualObject
+{
+    Q_OBJECT
+
+public:
+    CallGate(QObject *object, const QString &path, const QDBusConnection &connection, CallLog *log,
+             ReplyDesk *desk);
+    ~CallGate() override;
+
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
+    QString introspect(const QString &path) const override;
+
+private:
+    QObject *m_object;
+    QString m_path;
+    QDBusConnection m_connection;
+    CallLog *m_log;
+    ReplyDesk *m_desk;
+};
+
+} // namespace sandbox

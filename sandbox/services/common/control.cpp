@@ -1,0 +1,145 @@
+#include "sandbox/services/common/control.h"
+
+#include "controladaptor.h"
+#include "sandbox/services/common/calllog.h"
+#include "sandbox/services/common/replydesk.h"
+#include "sandbox/services/common/statestore.h"
+
+#include <QCoreApplication>
+#include <QDBusArgument>
+#include <QDBusConnectionInterface>
+
+#include <csignal>
+
+namespace sandbox {
+
+namespace {
+
+// Values of compound types come unread from the bus; the only one that a state holds is a list of
+// strings.
+QVariant plainValue(const QDBusVariant &value)
+{
+    const QVariant variant = value.variant();
+    if (variant.userType() == qMetaTypeId<QDBusArgument>() &&
+        variant.value<QDBusArgument>().currentSignature() == QLatin1String("as")) {
+        return qdbus_cast<QStringList>(variant);
+    }
+    return variant;
+}
+
+} // namespace
+
+Control::Control(const QString &busName, const QDBusConnection &connection, StateStore *state,
+                 CallLog *log, ReplyDesk *desk, QObject *parent)
+    : QObject(parent)
+    , m_busName(busName)
+    , m_connection(connection)
+    , m_state(state)
+    , m_log(log)
+    , m_desk(desk)
+{
+    new ControlAdaptor(this);
+    connect(log, &CallLog::appended, this, &Control::CallReceived);
+}
+
+void Control::publish()
+{
+    m_connection.registerObject(QStringLiteral("/sandbox/control"), this,
+                                QDBusConnection::ExportAdaptors);
+}
+
+QStringList Control::Keys() const
+{
+    return m_state->keys();
+}
+
+QDBusVariant Control::Value(const QString &key)
+{
+    if (!m_state->contains(key)) {
+        refuse(QStringLiteral("there is no key \"%1\"").arg(key));
+        return QDBusVariant(QString());
+    }
+    return QDBusVariant(m_state->value(key));
+}
+
+void Control::SetValue(const QString &key, const QDBusVariant &value)
+{
+    if (!m_state->contains(key)) {
+        refuse(QStringLiteral("there is no key \"%1\"").arg(key));
+    } else if (!m_state->set(key, plainValue(value))) {
+        refuse(QStringLiteral("\"%1\" holds a value of another type").arg(key));
+    }
+}
+
+void Control::Script(const QString &member, const QString &behaviour, const QDBusVariant &argument)
+{
+    QString error;
+    const Behaviour parsed = Behaviour::parse(behaviour, argument.variant(), &error);
+    if (error.isEmpty()) {
+        m_desk->script(member, parsed);
+    } else {
+        refuse(error);
+    }
+}
+
+int Control::Release(const QString &member)
+{
+    return m_desk->release(member);
+}
+
+void Control::Reset()
+{
+    m_desk->reset();
+    m_log->clear();
+}
+
+QStringList Control::Calls() const
+{
+    return m_log->lines();
+}
+
+void Control::LeaveBus()
+{
+    if (!m_connection.unregisterService(m_busName)) {
+        refuse(QStringLiteral("%1 is not owned").arg(m_busName));
+    }
+}
+
+void Control::JoinBus()
+{
+    if (!m_connection.registerService(m_busName)) {
+        refuse(QStringLiteral("%1 cannot be owned").arg(m_busName));
+    }
+}
+
+void Control::Hang()
+{
+    answerNow();
+    std::raise(SIGSTOP);
+}
+
+void Control::Crash()
+{
+    answerNow();
+    std::raise(SIGKILL);
+}
+
+uint Control::ProcessId() const
+{
+    return uint(QCoreApplication::applicationPid());
+}
+
+void Control::refuse(const QString &reason)
+{
+    sendErrorReply(QStringLiteral("com.corvane.sandbox.Error.Refused"), reason);
+}
+
+// Sends the empty reply and waits until the bus has it: a round trip comes back behind it.
+void Control::answerNow()
+{
+    setDelayedReply(true);
+    m_connection.send(message().createReply());
+    m_connection.interface()->isServiceRegistered(m_busName);
+}
+
+} // namespace sandbox

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusVariant>
+#include <QObject>
+#include <QStringList>
+
+namespace sandbox {
+
+class CallLog;
+class ReplyDesk;
+class StateStore;
+
+/**
+ * The control interface of a service: what com.corvane.sandbox.Control.xml describes, behind the
+ * adaptor generated from it.
+ */
+class Control : public QObject, protected QDBusContext
+{
+    Q_OBJECT
+
+public:
+    /** Steers the service called @p busName; the three helpers are its own and outlive this. */
+    Control(const QString &busName, const QDBusConnection &connection, StateStore *state,
+            CallLog *log, ReplyDesk *desk, QObject *parent);
+
+    /** Makes it reachable at its path. */
+    void publish();
+
+public Q_SLOTS:
+    QStringList Keys() const;
+    QDBusVariant Value(const QString &key);
+    void SetValue(const QString &key, const QDBusVariant &value);
+    void Script(const QString &member, const QString &behaviour, const QDBusVariant &argument);
+    int Release(const QString &member);
+    void Reset();
+    QStringList Calls() const;
+    void LeaveBus();
+    void JoinBus();
+    void Hang();
+    void Crash();
+    uint ProcessId() const;
+
+Q_SIGNALS:
+    void CallReceived(const QString &member);
+
+private:
+    void refuse(const QString &reason);
+    void answerNow();
+
+    QString m_busName;
+    QDBusConnection m_connection;
+    StateStore *m_state;
+    CallLog *m_log;
+    ReplyDesk *m_desk;
+};
+
+} // namespace sandbox

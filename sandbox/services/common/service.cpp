@@ -1,0 +1,120 @@
+#include "sandbox/services/common/service.h"
+
+#include "sandbox/services/common/callgate.h"
+#include "sandbox/services/common/calllog.h"
+#include "sandbox/services/common/control.h"
+#include "sandbox/services/common/replydesk.h"
+#include "sandbox/services/common/statestore.h"
+#include "sandbox/services/common/terminationsignals.h"
+
+#include <QCoreApplication>
+#include <QDBusError>
+#include <QStandardPaths>
+#include <QTextStream>
+
+namespace sandbox {
+
+namespace {
+
+QString shownValue(const QVariant &value)
+{
+    return value.userType() == QMetaType::QStringList
+               ? value.toStringList().join(QStringLiteral(", "))
+               : value.toString();
+}
+
+} // namespace
+
+Service::Service(const ServiceIdentity &identity, const QList<QCommandLineOption> &options)
+    : m_identity(identity)
+{
+    // Before QtDBus starts its thread, which inherits the signal mask.
+    m_signals = new TerminationSignals(this);
+    connect(m_signals, &TerminationSignals::received, QCoreApplication::instance(),
+            &QCoreApplication::quit);
+
+    QCoreApplication::setApplicationName(QStringLiteral("sandbox-") + identity.name);
+    QCoreApplication::setApplicationVersion(QStringLiteral(SANDBOX_VERSION));
+    const QString defaultFile =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+        QStringLiteral("/corvane-sandbox/%1.json").arg(identity.name);
+    m_arguments.setApplicationDescription(identity.purpose);
+    m_arguments.addHelpOption();
+    m_arguments.addVersionOption();
+    m_arguments.addOption({QStringLiteral("state"), QStringLiteral("Keep the state in FILE."),
+                           QStringLiteral("FILE"), defaultFile});
+    m_arguments.addOptions(options);
+    m_arguments.process(*QCoreApplication::instance());
+
+    m_state = new StateStore(m_arguments.value(QStringLiteral("state")), this);
+    connect(m_state, &StateStore::changed, this, [this](QString key, const QVariant &value) {
+        key.replace(QLatin1Char('.'), QLatin1Char(' '));
+        say(key + QStringLiteral(" -> ") + shownValue(value));
+    });
+    m_log = new CallLog(this);
+    m_desk = new ReplyDesk(connection(), this);
+    m_control = new Control(m_identity.busName, connection(), m_state, m_log, m_desk, this);
+}
+
+Service::~Service() = default;
+
+const QCommandLineParser &Service::arguments() const
+{
+    return m_arguments;
+}
+
+StateStore *Service::state()
+{
+    return m_state;
+}
+
+void Service::publish(const QString &path, QObject *object)
+{
+    new CallGate(object, path, connection(), m_log, m_desk);
+}
+
+void Service::say(const QString &text) const
+{
+    QTextStream(stderr) << m_identity.name << ": " << text << '\n';
+}
+
+int Service::run()
+{
+    QDBusConnection bus = connection();
+    if (!bus.isConnected()) {
+        say(QStringLiteral("the %1 bus cannot be reached: %2")
+                .arg(m_identity.bus == QDBusConnection::SystemBus ? QStringLiteral("system")
+                                                                  : QStringLiteral("session"),
+                     bus.lastError().message()));
+        return BusUnreachable;
+    }
+    bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                SLOT(busGone()));
+
+    const QString controlName = QStringLiteral("com.corvane.sandbox.") + m_identity.name;
+    const QStringList names{controlName, m_identity.busName};
+    m_control->publish();
+    for (const QString &name : names) {
+        if (!bus.registerService(name)) {
+            say(QStringLiteral("%1 cannot be owned; another process owns it").arg(name));
+            return NameTaken;
+        }
+    }
+    QTextStream(stdout) << "ready " << m_identity.busName << '\n';
+    return QCoreApplication::exec();
+}
+
+void Service::busGone()
+{
+    say(QStringLiteral("the bus has gone away"));
+    QCoreApplication::quit();
+}
+
+QDBusConnection Service::connection() const
+{
+    return m_identity.bus == QDBusConnection::SystemBus ? QDBusConnection::systemBus()
+                                                        : QDBusConnection::sessionBus();
+}
+
+} // namespace sandbox

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QCommandLineOption>
+#include <QCommandLineParser>
+#include <QDBusConnection>
+#include <QObject>
+
+namespace sandbox {
+
+class CallLog;
+class Control;
+class ReplyDesk;
+class StateStore;
+class TerminationSignals;
+
+/** What a service is called and where it is found. */
+struct ServiceIdentity
+{
+    QString name;                 ///< Short name: "dock" for the program sandbox-dock.
+    QString busName;              ///< The well-known name that clients call.
+    QDBusConnection::BusType bus; ///< SessionBus or SystemBus.
+    QString purpose;              ///< One sentence for --help.
+};
+
+/**
+ * One service process: arguments, bus connection, state, control interface, start and end.
+ *
+ * A service's main() builds a QCoreApplication, a Service, and its objects; declares the keys of
+ * its state; publishes the objects; and returns run(). An object is a plain QObject with one slot
+ * per method of its contract and, if the contract has signals, the same signals; it creates its
+ * generated adaptor in its constructor (`new DockIconAdaptor(this)`) and never talks to the bus
+ * itself.
+ *
+ * Every service has the options --state FILE, --version and --help, prints one line beginning with
+ * "ready" on standard output when its names are owned, one line per change of its state on standard
+ * error, and ends on SIGTERM, SIGINT, or when the bus goes away.
+ */
+class Service : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum ExitCode {
+        Ended = 0,
+        BusUnreachable = 3,
+        NameTaken = 4, ///< Another process, perhaps the real service, owns the bus name.
+    };
+
+    /** Reads the arguments of the process, to which @p options are added; ends it on --help etc. */
+    explicit Service(const ServiceIdentity &identity,
+                     const QList<QCommandLineOption> &options = {});
+    ~Service() override;
+
+    /** The arguments, for the service's own options. */
+    const QCommandLineParser &arguments() const;
+
+    /** The state, kept in the file of --state or in XDG_DATA_HOME/corvane-sandbox/NAME.json. */
+    StateStore *state();
+
+    /**
+     * Offers @p object, with the adaptors it has now, at @p path. Calls to it are logged and can be
+     * scripted. It is withdrawn when it is deleted.
+     */
+    void publish(const QString &path, QObject *object);
+
+    /** Writes "NAME: TEXT" to standard error. */
+    void say(const QString &text) const;
+
+    /** Takes the bus name, serves until the end, and returns an ExitCode. */
+    int run();
+
+private Q_SLOTS:
+    void busGone();
+
+private:
+    QDBusConnection connection() const;
+
+    ServiceIdentity m_identity;
+    QCommandLineParser m_arguments;
+    StateStore *m_state = nullptr;
+    CallLog *m_log = nullptr;
+    ReplyDesk *m_desk = nullptr;
+    Control *m_control = nullptr;
+    TerminationSignals *m_signals = nullptr;
+};
+
+} // namespace sandbox
