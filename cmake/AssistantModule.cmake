@@ -5,9 +5,11 @@
 
 set(module_headers
     pages/assistantsettingwidget.h
+    pages/leftvoicetests.h
     pages/pagelayout.h
     pages/texttranslatesettingwidget.h
     pages/voiceiatsettingwidget.h
+    pages/voicetestverdict.h
     pages/voicettssettingwidget.h
     plugin/tavrenaiassitantcontrolplugin.h
     plugin/assistzlistview.h
@@ -27,10 +29,12 @@ set(module_headers
     voice/wavelevel.h)
 set(module_sources
     pages/assistantsettingwidget.cpp
+    pages/leftvoicetests.cpp
     pages/pagelayout.cpp
     pages/texttranslatesettingwidget.cpp
     pages/voiceiatsettingwidget.cpp
     pages/voicetestpanel.cpp
+    pages/voicetestverdict.cpp
     pages/voicettssettingwidget.cpp
     plugin/assistzlistview.cpp
     plugin/searchentries.cpp

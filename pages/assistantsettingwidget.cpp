@@ -1,9 +1,12 @@
 #include "pages/assistantsettingwidget.h"
 
 #include "assistantdockserviceinterface.h"
+#include "pages/leftvoicetests.h"
 #include "pages/pagelayout.h"
 #include "proxy/assistantstateproxy.h"
 #include "proxy/servicenames.h"
+#include "voice/aqcwrapper.h"
+#include "voice/voiceanimationwidget.h"
 
 #include <zcc/widgets/settingsgroup.h>
 #include <zcc/widgets/settingsitem.h>
@@ -42,6 +45,7 @@ AssistantSettingWidget::AssistantSettingWidget(QWidget *parent)
     , m_oneShotTip(tr("Hello, Alani. What's the weather like in Beijing?"))
     //: The quoted words are what the user says aloud.
     , m_wakeupTip(tr("Say \"Hello, Alani\" to wake up AI Assistant"))
+    , m_aqcWrapper(LeftVoiceTests::newVoiceTest())
 {
     qDebug() << "AssistantSettingWidget";
 

@@ -4,10 +4,13 @@
 #include <QString>
 #include <QWidget>
 
+class AqcWrapper;
 class AssistantDockServiceInterface;
 class QCheckBox;
 class QLabel;
+class QMargins;
 class QVBoxLayout;
+class VoiceAnimationWidget;
 
 namespace Ztk {
 namespace Widget {
@@ -55,6 +58,8 @@ public Q_SLOTS:
     void slotPluginShowSet(bool show);
     void slotdockHideChange(bool hide);
     void slotOneShotMode(int state);
+    void slotAqcResult(const QString &result);
+    void slotIatResult(QString text, int type, bool last);
 
 private:
     void addDescription();
@@ -66,6 +71,13 @@ private:
     void refreshVoiceTestUI(VoiceTestUIType state);
     void aqcClean(VoiceTestUIType next);
     void voiceTestInit();
+    void voiceTesting();
+    void voiceTestEnd();
+    void beginVoiceTestPanel(const QMargins &margins);
+    void addPrompt(const QString &text);
+    void addTestButton(const QString &text, Qt::Alignment alignment);
+    void startVoiceTest();
+    void announce(QLabel *label);
 
     QVBoxLayout *m_mainLayout;
     zcc::widgets::TipsLabel *m_descriptionLabel;
@@ -81,8 +93,14 @@ private:
     const QString m_wakeupTip;  // shown while it is off
     unsigned m_wakeupRequests = 0;
 
+    // Voice test panel: null while the widget does not exist
+    QPointer<QLabel> m_promptLabel; // the phrase to say, then the verdict
     QPointer<QVBoxLayout> m_voiceTestLayout;
+    QPointer<VoiceAnimationWidget> m_animationWidget;
     QPointer<Ztk::Widget::ZCommandLinkButton> m_testButton;
     QPointer<zcc::widgets::SettingsItem> m_voiceTestItem;
     QPointer<QLabel> m_voiceTestTitle;
+    QPointer<AqcWrapper> m_aqcWrapper; // outlives the page
+    QString m_verdict;
+    QPointer<QLabel> m_recognisedLabel;
 };

@@ -1,47 +1,115 @@
 #include "pages/assistantsettingwidget.h"
 
 #include "pages/pagelayout.h"
+#include "pages/voicetestverdict.h"
+#include "proxy/assistantstateproxy.h"
+#include "voice/aqcwrapper.h"
+#include "voice/voiceanimationwidget.h"
 
 #include <zcc/widgets/settingsgroup.h>
 #include <zcc/widgets/settingsitem.h>
 #include <ztk/zcommandlinkbutton.h>
+#include <ztk/zguiapplicationhelper.h>
 
+#include <QAccessible>
+#include <QDebug>
 #include <QLabel>
 #include <QVBoxLayout>
 
 // The voice test panel: the last row of the page, rebuilt on every change of state.
+//
+// A change of state is mostly asked for by a widget of the old panel, so nothing is deleted at
+// once.
 
 using zcc::widgets::SettingsItem;
+using Ztk::Gui::ZGuiApplicationHelper;
 using Ztk::Widget::ZCommandLinkButton;
 using Ztk::Widget::ZFontSizeManager;
 
 namespace {
 
 constexpr int panelMinimumHeight = 120; // px
+constexpr int testMinimumWidth = 340;   // px, of the wave and the recognised words
+constexpr int waveMinimumHeight = 42;   // px
+
+QColor panelTipColor()
+{
+    return PageLayout::tipColor(ZGuiApplicationHelper::instance()->themeType() ==
+                                ZGuiApplicationHelper::LightType);
+}
+
+/** Takes a widget out of the panel; it goes when events are next processed. */
+template <typename Widget>
+void release(QVBoxLayout *layout, QPointer<Widget> &widget)
+{
+    if (layout)
+        layout->removeWidget(widget);
+    widget->deleteLater();
+    widget.clear();
+}
 
 } // namespace
 
 void AssistantSettingWidget::refreshVoiceTestUI(VoiceTestUIType state)
 {
+    const bool panelHadFocus = (m_testButton && m_testButton->hasFocus()) ||
+                               (m_animationWidget && m_animationWidget->hasFocus());
+
     aqcClean(state);
-    voiceTestInit();
+    switch (state) {
+    case VoiceTestInit:
+        voiceTestInit();
+        break;
+    case VoiceTesting:
+        voiceTesting();
+        break;
+    case VoiceTestEnd:
+        voiceTestEnd();
+        break;
+    }
     m_settingsGroup->appendItem(m_voiceTestItem);
+
+    if (panelHadFocus) {
+        if (m_testButton)
+            m_testButton->setFocus();
+        else if (m_animationWidget)
+            m_animationWidget->setFocus();
+    }
+    if (state == VoiceTestEnd)
+        announce(m_promptLabel);
 }
 
 void AssistantSettingWidget::aqcClean(VoiceTestUIType next)
 {
-    if (m_voiceTestTitle) {
-        m_voiceTestLayout->removeWidget(m_voiceTestTitle);
-        if (next != VoiceTestEnd) {
-            m_voiceTestTitle->deleteLater();
-            m_voiceTestTitle.clear();
+    if (m_promptLabel)
+        release(m_voiceTestLayout, m_promptLabel);
+
+    // Title and recognised words of a test stay in the finished panel, whose item adopts them.
+    for (QPointer<QLabel> *label : {&m_voiceTestTitle, &m_recognisedLabel}) {
+        if (!*label)
+            continue;
+        if (next != VoiceTestEnd)
+            release(m_voiceTestLayout, *label);
+        else if (m_voiceTestLayout)
+            m_voiceTestLayout->removeWidget(*label);
+    }
+
+    if (m_animationWidget) {
+        m_animationWidget->stopPaint();
+        if (m_aqcWrapper) {
+            m_aqcWrapper->stop();
+            // Recognised words stay connected: they only ever replace the text.
+            disconnect(m_aqcWrapper, &AqcWrapper::signalUpdateAudioLevel, m_animationWidget,
+                       &VoiceAnimationWidget::updateMaxLevel);
+            disconnect(m_aqcWrapper, &AqcWrapper::signalAqcResult, this,
+                       &AssistantSettingWidget::slotAqcResult);
         }
+        release(m_voiceTestLayout, m_animationWidget);
     }
-    if (m_testButton) {
-        m_voiceTestLayout->removeWidget(m_testButton);
-        m_testButton->deleteLater();
-        m_testButton.clear();
-    }
+
+    if (m_testButton)
+        release(m_voiceTestLayout, m_testButton);
+
     if (m_voiceTestItem) {
         m_settingsGroup->removeItem(m_voiceTestItem);
         m_voiceTestItem->deleteLater();
@@ -55,13 +123,86 @@ void AssistantSettingWidget::aqcClean(VoiceTestUIType next)
 
 void AssistantSettingWidget::voiceTestInit()
 {
+    beginVoiceTestPanel(QMargins(10, 10, 10, 10));
+    m_voiceTestLayout->setAlignment(Qt::AlignTop);
+    m_voiceTestLayout->addSpacing(10);
+
+    addTestButton(tr("Click here to test"), Qt::AlignCenter);
+    m_voiceTestItem->setLayout(m_voiceTestLayout);
+}
+
+void AssistantSettingWidget::voiceTesting()
+{
+    beginVoiceTestPanel(QMargins(10, 10, 0, 0));
+
+    if (!m_recognisedLabel)
+        m_recognisedLabel = new QLabel(this);
+    m_recognisedLabel->setMinimumWidth(testMinimumWidth);
+    m_recognisedLabel->setMaximumWidth(m_voiceTestItem->maximumWidth());
+    m_recognisedLabel->setTextFormat(Qt::PlainText);
+    m_recognisedLabel->setWordWrap(true);
+    m_recognisedLabel->setAlignment(Qt::AlignCenter);
+    PageLayout::setFontStep(m_recognisedLabel, ZFontSizeManager::T8);
+    PageLayout::setTextColor(m_recognisedLabel, panelTipColor());
+    m_voiceTestLayout->addWidget(m_recognisedLabel, 0, Qt::AlignHCenter | Qt::AlignTop);
+
+    // The phrase is said in the recogniser's language, whatever the interface's.
+    addPrompt(QStringLiteral("现在请说\"阿岚，帮我预约明天早上10点的视频会议\""));
+
+    qDebug() << "animationwidget start";
+    m_animationWidget = new VoiceAnimationWidget(m_voiceTestItem);
+    connect(m_animationWidget, &VoiceAnimationWidget::signalStopPaint, this,
+            [this] { refreshVoiceTestUI(VoiceTestInit); });
+    m_animationWidget->setMinimumWidth(testMinimumWidth);
+    m_animationWidget->setMaximumWidth(m_voiceTestItem->maximumWidth());
+    m_animationWidget->setMinimumHeight(waveMinimumHeight);
+    m_animationWidget->setAccessibleName(tr("Microphone level"));
+    m_animationWidget->setAccessibleDescription(tr("Press Space or Escape to cancel the test"));
+    m_voiceTestLayout->addWidget(m_animationWidget, 0, Qt::AlignBottom);
+    m_animationWidget->startPaint();
+
+    if (m_aqcWrapper && m_aqcWrapper->start() == 0) {
+        connect(m_aqcWrapper, &AqcWrapper::signalAqcResult, this,
+                &AssistantSettingWidget::slotAqcResult);
+        connect(m_aqcWrapper, &AqcWrapper::signalUpdateAudioLevel, m_animationWidget,
+                &VoiceAnimationWidget::updateMaxLevel);
+        connect(m_aqcWrapper, &AqcWrapper::signaleIatResult, this,
+                &AssistantSettingWidget::slotIatResult);
+    } else {
+        m_verdict = tr("Service exception");
+        refreshVoiceTestUI(VoiceTestEnd);
+    }
+
+    // After a failed start these are the finished panel's: it keeps its layout and gains a stretch.
+    m_voiceTestItem->setLayout(m_voiceTestLayout);
+    m_voiceTestLayout->addStretch();
+}
+
+void AssistantSettingWidget::voiceTestEnd()
+{
+    qInfo() << "voiceTestEnd";
+    beginVoiceTestPanel(QMargins(10, 10, 10, 10));
+
+    if (m_recognisedLabel)
+        m_voiceTestLayout->addWidget(m_recognisedLabel, 0, Qt::AlignHCenter | Qt::AlignTop);
+
+    addPrompt(m_verdict);
+    m_promptLabel->setMargin(0);
+    m_voiceTestLayout->addSpacing(0);
+
+    addTestButton(tr("Click here to test again"), Qt::AlignHCenter | Qt::AlignTop);
+    m_voiceTestItem->setLayout(m_voiceTestLayout);
+}
+
+void AssistantSettingWidget::beginVoiceTestPanel(const QMargins &margins)
+{
     if (!m_voiceTestItem)
         m_voiceTestItem = new SettingsItem;
     m_voiceTestItem->setMinimumHeight(panelMinimumHeight);
     m_voiceTestItem->addBackground();
 
     m_voiceTestLayout = new QVBoxLayout;
-    m_voiceTestLayout->setContentsMargins(10, 10, 10, 10);
+    m_voiceTestLayout->setContentsMargins(margins);
     m_voiceTestLayout->setSpacing(0);
 
     if (!m_voiceTestTitle)
@@ -70,13 +211,82 @@ void AssistantSettingWidget::voiceTestInit()
     m_voiceTestTitle->setAlignment(Qt::AlignLeft | Qt::AlignHCenter);
     m_voiceTestTitle->setMargin(0);
     m_voiceTestLayout->addWidget(m_voiceTestTitle, 0, Qt::AlignLeft);
-    m_voiceTestLayout->setAlignment(Qt::AlignTop);
-    m_voiceTestLayout->addSpacing(10);
+}
 
+void AssistantSettingWidget::addPrompt(const QString &text)
+{
+    if (!m_promptLabel)
+        m_promptLabel = new QLabel(this);
+    m_promptLabel->setTextFormat(Qt::PlainText);
+    m_promptLabel->setText(text);
+    m_promptLabel->setAlignment(Qt::AlignCenter);
+    m_promptLabel->setWordWrap(true);
+    m_promptLabel->adjustSize();
+    m_voiceTestLayout->addWidget(m_promptLabel);
+    PageLayout::setFontStep(m_promptLabel, ZFontSizeManager::T8);
+    PageLayout::setTextColor(m_promptLabel, panelTipColor());
+}
+
+void AssistantSettingWidget::addTestButton(const QString &text, Qt::Alignment alignment)
+{
     if (!m_testButton)
-        m_testButton = new ZCommandLinkButton(tr("Click here to test"), this);
+        m_testButton = new ZCommandLinkButton(text, this);
     PageLayout::setFontStep(m_testButton, ZFontSizeManager::T6);
-    m_voiceTestLayout->addWidget(m_testButton, 0, Qt::AlignHCenter | Qt::AlignVCenter);
+    connect(m_testButton, &ZCommandLinkButton::clicked, this,
+            &AssistantSettingWidget::startVoiceTest);
+    m_voiceTestLayout->addWidget(m_testButton, 0, alignment);
+}
 
-    m_voiceTestItem->setLayout(m_voiceTestLayout);
+void AssistantSettingWidget::startVoiceTest()
+{
+    if (AssistantStateProxy::checkNetworkState()) {
+        refreshVoiceTestUI(VoiceTesting);
+    } else {
+        m_verdict = tr("Network unavailable");
+        refreshVoiceTestUI(VoiceTestEnd);
+    }
+}
+
+void AssistantSettingWidget::slotAqcResult(const QString &result)
+{
+    qDebug() << "slotAqcResult"
+             << "result:" << result;
+
+    const QString words = m_recognisedLabel ? m_recognisedLabel->text() : QString();
+    switch (voiceTestVerdict(result, words)) {
+    case VoiceTestVerdict::None:
+        m_verdict.clear();
+        break;
+    case VoiceTestVerdict::Good:
+        m_verdict = tr("It sounds good");
+        break;
+    case VoiceTestVerdict::TooLoud:
+        m_verdict = tr("Turn down the input volume and try again");
+        break;
+    case VoiceTestVerdict::TooQuiet:
+        m_verdict = tr("Turn up the input volume and try again");
+        break;
+    case VoiceTestVerdict::TooNoisy:
+        m_verdict = tr("Too many noises");
+        break;
+    case VoiceTestVerdict::NoSound:
+        m_verdict = tr("No sound recorded");
+        break;
+    }
+    refreshVoiceTestUI(VoiceTestEnd);
+}
+
+void AssistantSettingWidget::slotIatResult(QString text, int, bool)
+{
+    if (!m_recognisedLabel)
+        return;
+    m_recognisedLabel->clear();
+    m_recognisedLabel->setText(text);
+    announce(m_recognisedLabel);
+}
+
+void AssistantSettingWidget::announce(QLabel *label)
+{
+    QAccessibleEvent alert(label, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
