@@ -1,0 +1,205 @@
+#include "sandbox/controlcenter/controlcenterwindow.h"
+
+#include "sandbox/controlcenter/breadcrumb.h"
+#include "sandbox/controlcenter/frame.h"
+#include "sandbox/controlcenter/hostpage.h"
+#include "sandbox/controlcenter/moduleview.h"
+#include "sandbox/controlcenter/navigationcolumn.h"
+#include "sandbox/controlcenter/pagecontrols.h"
+#include "sandbox/controlcenter/search.h"
+#include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/searchpopup.h"
+#include "sandbox/controlcenter/sidebar.h"
+#include "sandbox/controlcenter/themebutton.h"
+
+#include <ztk/zguiapplicationhelper.h>
+
+#include <QHBoxLayout>
+#include <QShortcut>
+#include <QStackedWidget>
+
+using Ztk::Gui::ZGuiApplicationHelper;
+
+namespace controlcenter {
+namespace {
+
+constexpr QSize usualSize(1100, 720);
+constexpr QSize leastSize(760, 480);
+constexpr int sideBarWidth = 240; // px
+constexpr int headerHeight = 60;  // px
+
+/** Internal name of the one sample entry beside the module's. */
+const QLatin1String keyboardEntry("keyboard");
+
+} // namespace
+
+ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
+    : m_module(module)
+    , m_searchField(new SearchField(this))
+    , m_navigation(new NavigationColumn(this))
+    , m_breadcrumb(new Breadcrumb(this))
+    , m_themeButton(new ThemeButton(this))
+    , m_stack(new QStackedWidget(this))
+    , m_moduleView(new ModuleView)
+    , m_hostPage(new HostPage)
+    , m_frame(new Frame(&m_registry, m_moduleView, this))
+{
+    setWindowTitle(tr("Control Center"));
+    setMinimumSize(leastSize);
+    resize(usualSize);
+
+    m_stack->addWidget(m_moduleView);
+    m_stack->addWidget(m_hostPage);
+
+    auto *content = new QVBoxLayout;
+    content->setSpacing(0);
+    content->addWidget(buildHeader());
+    content->addWidget(m_stack, 1);
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(buildSideBar());
+    layout->addLayout(content, 1);
+
+    m_frame->prepare(m_module);
+    m_navigation->addEntry(keyboardEntry, tr("Keyboard"), QIcon::fromTheme("zcc_nav_keyboard"));
+    m_navigation->addEntry(m_module->name(), m_module->displayName(), m_module->icon(),
+                           m_module->follow());
+
+    auto *search = new Search(&m_registry, m_searchField, new SearchPopup(this), this);
+    connect(search, &Search::chosen, this, &ControlCenterWindow::openSearchEntry);
+    connect(m_navigation, &NavigationColumn::entryOpened, this, &ControlCenterWindow::openEntry);
+    connect(m_frame, &Frame::pageShown, this, [this](const QString &title) {
+        m_breadcrumb->setPath(m_module->displayName(), title);
+    });
+    connect(m_themeButton, &QAbstractButton::toggled, this, [](bool dark) {
+        ZGuiApplicationHelper::instance()->setThemeType(dark ? ZGuiApplicationHelper::DarkType
+                                                             : ZGuiApplicationHelper::LightType);
+    });
+    connect(ZGuiApplicationHelper::instance(), &ZGuiApplicationHelper::themeTypeChanged, this,
+            &ControlCenterWindow::showTheme);
+    showTheme();
+    addShortcuts();
+}
+
+ControlCenterWindow::~ControlCenterWindow()
+{
+    m_frame->leave();
+}
+
+void ControlCenterWindow::openModule()
+{
+    m_navigation->setCurrentEntry(m_module->name());
+}
+
+void ControlCenterWindow::openPage(const QString &name)
+{
+    openModule();
+    m_frame->openPage(m_module, name);
+}
+
+QStringList ControlCenterWindow::pageNames() const
+{
+    return m_registry.pages();
+}
+
+QString ControlCenterWindow::pageTitle(const QString &name) const
+{
+    return m_registry.translatedPage(name);
+}
+
+QString ControlCenterWindow::currentTitle() const
+{
+    return m_breadcrumb->page();
+}
+
+QWidget *ControlCenterWindow::currentPage() const
+{
+    return m_moduleView->page();
+}
+
+QWidget *ControlCenterWindow::moduleList() const
+{
+    return m_moduleView->list();
+}
+
+SearchField *ControlCenterWindow::searchField() const
+{
+    return m_searchField;
+}
+
+void ControlCenterWindow::closeEvent(QCloseEvent *event)
+{
+    m_frame->leave();
+    QWidget::closeEvent(event);
+}
+
+QWidget *ControlCenterWindow::buildSideBar()
+{
+    auto *sideBar = new SideBar(this);
+    sideBar->setFixedWidth(sideBarWidth);
+    auto *layout = new QVBoxLayout(sideBar);
+    layout->setContentsMargins(12, 12, 12, 12);
+    layout->setSpacing(12);
+    layout->addWidget(m_searchField);
+    layout->addWidget(m_navigation, 1);
+    return sideBar;
+}
+
+QWidget *ControlCenterWindow::buildHeader()
+{
+    auto *header = new QWidget(this);
+    header->setFixedHeight(headerHeight);
+    auto *layout = new QHBoxLayout(header);
+    layout->setContentsMargins(20, 0, 12, 0);
+    layout->addWidget(m_breadcrumb, 1);
+    layout->addWidget(m_themeButton);
+    return header;
+}
+
+void ControlCenterWindow::addShortcuts()
+{
+    for (const QKeySequence &keys : {QKeySequence(QKeySequence::Find), QKeySequence(Qt::Key_F6)}) {
+        auto *shortcut = new QShortcut(keys, this);
+        connect(shortcut, &QShortcut::activated, this, [this] {
+            m_searchField->setFocus(Qt::ShortcutFocusReason);
+            m_searchField->selectAll();
+        });
+    }
+}
+
+void ControlCenterWindow::openEntry(const QString &name)
+{
+    if (name == m_module->name()) {
+        m_stack->setCurrentWidget(m_moduleView);
+        m_breadcrumb->setPath(m_module->displayName(), QString());
+        m_frame->open(m_module);
+        return;
+    }
+    m_frame->leave();
+    m_stack->setCurrentWidget(m_hostPage);
+    m_breadcrumb->setPath(m_navigation->entryText(name), QString());
+}
+
+void ControlCenterWindow::openSearchEntry(const SearchEntry &entry)
+{
+    openPage(m_registry.pageName(entry.page));
+    QWidget *page = currentPage();
+    if (!page)
+        return;
+    QWidget *control = findControl(page, entry.item);
+    if (!control)
+        return;
+    control->setFocus(Qt::TabFocusReason);
+    m_moduleView->ensureVisible(control);
+}
+
+void ControlCenterWindow::showTheme()
+{
+    const bool dark =
+        ZGuiApplicationHelper::instance()->themeType() == ZGuiApplicationHelper::DarkType;
+    m_themeButton->setChecked(dark);
+}
+
+} // namespace controlcenter

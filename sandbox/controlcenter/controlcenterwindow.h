@@ -1,0 +1,82 @@
+#pragma once
+
+#include "sandbox/controlcenter/moduleregistry.h"
+
+#include <zcc/moduleinterface.h>
+
+#include <QWidget>
+
+class QStackedWidget;
+
+namespace controlcenter {
+
+class Breadcrumb;
+class Frame;
+class HostPage;
+class ModuleView;
+class NavigationColumn;
+class SearchField;
+class SideBar;
+class ThemeButton;
+
+/**
+ * The control center: main navigation and search on the leading side, the open entry beside them.
+ *
+ * It owns everything it shows, the module's widgets included, but not the module.
+ */
+class ControlCenterWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /** Prepares @p module, which outlives the window, and shows its entry. Opens nothing yet. */
+    explicit ControlCenterWindow(zccV20::ModuleInterface *module);
+    ~ControlCenterWindow() override;
+
+    /** Opens the module's entry at its first page. */
+    void openModule();
+
+    /** Opens the page @p name (untranslated) of the module. */
+    void openPage(const QString &name);
+
+    /** Untranslated names of the module's pages, in the order in which it registered them. */
+    QStringList pageNames() const;
+
+    /** Translated name of page @p name. */
+    QString pageTitle(const QString &name) const;
+
+    /** Name of the page that is shown, as the heading says it. */
+    QString currentTitle() const;
+
+    /** The page that is shown, or null; the window owns it. */
+    QWidget *currentPage() const;
+
+    /** The module's list beside the page, or null; the window owns it. */
+    QWidget *moduleList() const;
+
+    SearchField *searchField() const;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    QWidget *buildSideBar();
+    QWidget *buildHeader();
+    void addShortcuts();
+    void openEntry(const QString &name);
+    void openSearchEntry(const SearchEntry &entry);
+    void showTheme();
+
+    zccV20::ModuleInterface *m_module;
+    ModuleRegistry m_registry;
+    SearchField *m_searchField;
+    NavigationColumn *m_navigation;
+    Breadcrumb *m_breadcrumb;
+    ThemeButton *m_themeButton;
+    QStackedWidget *m_stack;
+    ModuleView *m_moduleView;
+    HostPage *m_hostPage;
+    Frame *m_frame;
+};
+
+} // namespace controlcenter

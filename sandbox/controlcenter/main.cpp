@@ -1,0 +1,62 @@
+#include "sandbox/controlcenter/appearance.h"
+#include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/moduleloader.h"
+#include "sandbox/controlcenter/options.h"
+#include "sandbox/controlcenter/tour/fulltour.h"
+#include "sandbox/controlcenter/tour/tour.h"
+
+#include <QApplication>
+#include <QTextStream>
+
+using namespace controlcenter;
+
+namespace {
+
+/** Exit codes; 0 is success. */
+enum ExitCode {
+    TourFailed = 1,
+    WrongUsage = 2,
+    NoModule = 3,
+};
+
+int complain(const QString &text, ExitCode code)
+{
+    QTextStream(stderr) << "control-center: " << text << '\n';
+    return code;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const Options options = parseOptions(arguments);
+    if (!options.error.isEmpty())
+        return complain(options.error, WrongUsage);
+
+    prepareEnvironment(options);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("control-center"));
+    if (options.help) {
+        QTextStream(stdout) << helpText();
+        return 0;
+    }
+    dressApplication(options);
+
+    const LoadedModule loaded = loadModule(options.plugin);
+    if (!loaded.module)
+        return complain(loaded.error, NoModule);
+
+    ControlCenterWindow window(loaded.module);
+    window.show();
+    if (options.page.isEmpty())
+        window.openModule();
+    else
+        window.openPage(options.page);
+
+    if (!options.tour.isEmpty())
+        return Tour(&window, options.tour).run(fullTour(&window)) ? 0 : TourFailed;
+    return QApplication::exec();
+}

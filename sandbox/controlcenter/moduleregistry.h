@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+namespace controlcenter {
+
+/** One thing that the search can find: a page, or one setting of a page. */
+struct SearchEntry
+{
+    QString module; ///< translated name of the module
+    QString page;   ///< translated name of the page
+    QString item;   ///< translated name of the setting; empty for the page itself
+};
+
+/**
+ * The names that a module registers at start-up: translations of its page names, and what the
+ * search finds. Plain data; the order of registration is kept.
+ */
+class ModuleRegistry
+{
+public:
+    void addPage(const QString &name, const QString &translated);
+
+    /** Entries that are registered as absent are not kept: nothing could open them. */
+    void addSearchEntry(const SearchEntry &entry, bool present);
+
+    /** The untranslated name of the page shown as @p translated; @p translated itself if unknown.
+     */
+    QString pageName(const QString &translated) const;
+
+    /** The translated name of page @p name; @p name itself if unknown. */
+    QString translatedPage(const QString &name) const;
+
+    /** Untranslated page names, in the order of registration. */
+    QStringList pages() const;
+
+    QVector<SearchEntry> searchEntries() const;
+
+private:
+    struct Page
+    {
+        QString name;
+        QString translated;
+    };
+
+    QVector<Page> m_pages;
+    QVector<SearchEntry> m_entries;
+};
+
+} // namespace controlcenter

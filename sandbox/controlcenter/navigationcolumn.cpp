@@ -1,0 +1,70 @@
+#include "sandbox/controlcenter/navigationcolumn.h"
+
+#include <ztk/zstandarditem.h>
+
+#include <QMargins>
+#include <QStandardItemModel>
+
+Q_DECLARE_METATYPE(QMargins)
+
+namespace controlcenter {
+namespace {
+
+constexpr int nameRole = Ztk::Widget::ZListView::MarginsRole + 1;
+constexpr int iconSide = 24; // px
+
+} // namespace
+
+NavigationColumn::NavigationColumn(QWidget *parent)
+    : Ztk::Widget::ZListView(parent)
+    , m_model(new QStandardItemModel(this))
+{
+    setModel(m_model);
+    setFrameShape(QFrame::NoFrame);
+    setEditTriggers(NoEditTriggers);
+    setIconSize({iconSide, iconSide});
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setAccessibleName(tr("Settings"));
+    setTabKeyNavigation(false);
+}
+
+void NavigationColumn::addEntry(const QString &name, const QString &text, const QIcon &icon,
+                                const QString &follow)
+{
+    auto *item = new Ztk::Widget::ZStandardItem(icon, text);
+    item->setData(name, nameRole);
+    item->setData(QVariant::fromValue(QMargins(10, 8, 10, 8)), MarginsRole);
+    const int before = rowOf(follow);
+    m_model->insertRow(before < 0 ? m_model->rowCount() : before + 1, item);
+}
+
+void NavigationColumn::setCurrentEntry(const QString &name)
+{
+    setCurrentIndex(m_model->index(rowOf(name), 0));
+}
+
+QString NavigationColumn::currentEntry() const
+{
+    return currentIndex().data(nameRole).toString();
+}
+
+QString NavigationColumn::entryText(const QString &name) const
+{
+    return m_model->index(rowOf(name), 0).data(Qt::DisplayRole).toString();
+}
+
+void NavigationColumn::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    Ztk::Widget::ZListView::currentChanged(current, previous);
+    if (current.isValid())
+        Q_EMIT entryOpened(current.data(nameRole).toString());
+}
+
+int NavigationColumn::rowOf(const QString &name) const
+{
+    const QModelIndexList found =
+        m_model->match(m_model->index(0, 0), nameRole, name, 1, Qt::MatchExactly);
+    return found.isEmpty() ? -1 : found.first().row();
+}
+
+} // namespace controlcenter

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <ztk/zlistview.h>
+
+#include <QIcon>
+
+class QStandardItemModel;
+
+namespace controlcenter {
+
+/** The main navigation: one row per entry; the row that becomes current is opened. */
+class NavigationColumn : public Ztk::Widget::ZListView
+{
+    Q_OBJECT
+
+public:
+    explicit NavigationColumn(QWidget *parent = nullptr);
+
+    /**
+     * Adds an entry with the internal name @p name. It stands behind the entry @p follow, or last
+     * when there is none of that name.
+     */
+    void addEntry(const QString &name, const QString &text, const QIcon &icon,
+                  const QString &follow = QString());
+
+    /** Makes the entry current, which emits entryOpened() when it was not. */
+    void setCurrentEntry(const QString &name);
+
+    QString currentEntry() const;
+    QString entryText(const QString &name) const;
+
+Q_SIGNALS:
+    void entryOpened(const QString &name);
+
+protected:
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+
+private:
+    int rowOf(const QString &name) const;
+
+    QStandardItemModel *m_model;
+};
+
+} // namespace controlcenter

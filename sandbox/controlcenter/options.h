@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace controlcenter {
+
+/** What the command line asks for. */
+struct Options
+{
+    QString plugin;   ///< path of the module's file
+    QString page;     ///< untranslated page to open first; empty: the module's first
+    QString locale;   ///< such as "zh_CN"; empty: the environment's
+    QString tour;     ///< folder for the tour's pictures; empty: no tour
+    double scale = 1; ///< picture pixels per window pixel
+    bool dark = false;
+    QString error; ///< why the command line cannot be followed; empty when it can
+    bool help = false;
+};
+
+/** Reads @p arguments, the program's name first. Needs no application object. */
+Options parseOptions(const QStringList &arguments);
+
+/** The text of --help. Needs an application object. */
+QString helpText();
+
+} // namespace controlcenter

@@ -1,0 +1,75 @@
+#include "sandbox/controlcenter/pagecontrols.h"
+
+#include <QAccessible>
+
+#include <algorithm>
+
+namespace controlcenter {
+namespace {
+
+bool isControlRole(QAccessible::Role role)
+{
+    switch (role) {
+    case QAccessible::Button:
+    case QAccessible::ButtonMenu:
+    case QAccessible::CheckBox:
+    case QAccessible::ComboBox:
+    case QAccessible::EditableText:
+    case QAccessible::Link:
+    case QAccessible::List:
+    case QAccessible::RadioButton:
+    case QAccessible::Slider:
+    case QAccessible::SpinBox:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool isControl(QWidget *widget)
+{
+    const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(widget);
+    return accessible && isControlRole(accessible->role());
+}
+
+/** A combo box shows its list and its line edit as children; the user operates the box. */
+bool isPartOfControl(const QWidget *widget, const QWidget *page)
+{
+    for (QWidget *above = widget->parentWidget(); above && above != page;
+         above = above->parentWidget()) {
+        if (isControl(above))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+QVector<QWidget *> controlsOf(QWidget *page)
+{
+    QVector<QWidget *> controls;
+    for (QWidget *widget = page->nextInFocusChain(); widget != page;
+         widget = widget->nextInFocusChain()) {
+        if (page->isAncestorOf(widget) && widget->isVisibleTo(page) && widget->isEnabled() &&
+            isControl(widget) && !isPartOfControl(widget, page))
+            controls.append(widget);
+    }
+    return controls;
+}
+
+QString accessibleNameOf(QWidget *widget)
+{
+    const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(widget);
+    return accessible ? accessible->text(QAccessible::Name) : QString();
+}
+
+QWidget *findControl(QWidget *page, const QString &name)
+{
+    const QVector<QWidget *> controls = controlsOf(page);
+    const auto found = std::find_if(controls.cbegin(), controls.cend(), [&](QWidget *control) {
+        return accessibleNameOf(control) == name;
+    });
+    return found == controls.cend() ? nullptr : *found;
+}
+
+} // namespace controlcenter

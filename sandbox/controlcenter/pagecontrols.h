@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QVector>
+#include <QWidget>
+
+namespace controlcenter {
+
+/**
+ * The controls inside @p page that the user can operate now, as assistive technologies see them:
+ * check boxes, buttons, lists, fields and links that are visible and enabled. In tab order.
+ */
+QVector<QWidget *> controlsOf(QWidget *page);
+
+/** The name under which assistive technologies know @p widget. */
+QString accessibleNameOf(QWidget *widget);
+
+/** The first control of @p page with the accessible name @p name, or null. */
+QWidget *findControl(QWidget *page, const QString &name);
+
+} // namespace controlcenter

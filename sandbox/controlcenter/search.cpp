@@ -1,0 +1,65 @@
+#include "sandbox/controlcenter/search.h"
+
+#include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/searchpopup.h"
+#include "sandbox/controlcenter/searchquery.h"
+
+#include <QAccessible>
+
+namespace controlcenter {
+namespace {
+
+constexpr int gap = 6; // px between field and results
+
+} // namespace
+
+Search::Search(const ModuleRegistry *registry, SearchField *field, SearchPopup *popup,
+               QObject *parent)
+    : QObject(parent)
+    , m_registry(registry)
+    , m_field(field)
+    , m_popup(popup)
+{
+    connect(m_field, &QLineEdit::textChanged, this, &Search::showResults);
+    connect(m_field, &SearchField::left, m_popup, &QWidget::hide);
+    connect(m_field, &SearchField::accepted, m_popup, &SearchPopup::acceptSelection);
+    connect(m_field, &SearchField::moved, this, [this](int rows) {
+        if (!m_popup->isVisible()) {
+            showResults(m_field->text());
+            return;
+        }
+        m_popup->moveSelection(rows);
+        announce();
+    });
+    connect(m_popup, &SearchPopup::chosen, this, &Search::choose);
+}
+
+void Search::showResults(const QString &text)
+{
+    if (text.trimmed().isEmpty()) {
+        m_popup->hide();
+        return;
+    }
+    m_popup->showResults(findEntries(m_registry->searchEntries(), text));
+    const QRect field(m_field->mapTo(m_field->window(), QPoint()), m_field->size());
+    const bool mirrored = m_field->layoutDirection() == Qt::RightToLeft;
+    m_popup->move(mirrored ? field.right() + 1 - m_popup->width() : field.left(),
+                  field.bottom() + 1 + gap);
+    announce();
+}
+
+void Search::choose(const SearchEntry &entry)
+{
+    const SearchEntry chosenEntry = entry; // clearing the field empties the results it stands in
+    m_field->clear();
+    Q_EMIT chosen(chosenEntry);
+}
+
+void Search::announce()
+{
+    m_field->setAccessibleDescription(m_popup->description());
+    QAccessibleEvent event(m_field, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace controlcenter

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "sandbox/controlcenter/moduleregistry.h"
+
+#include <QObject>
+
+namespace controlcenter {
+
+class SearchField;
+class SearchPopup;
+
+/** Joins the search field and its results: filters while the user types, and opens what is chosen.
+ */
+class Search : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** All three outlive the search. The popup opens below @p field. */
+    Search(const ModuleRegistry *registry, SearchField *field, SearchPopup *popup,
+           QObject *parent = nullptr);
+
+Q_SIGNALS:
+    void chosen(const SearchEntry &entry);
+
+private:
+    void showResults(const QString &text);
+    void choose(const SearchEntry &entry);
+    void announce();
+
+    const ModuleRegistry *m_registry;
+    SearchField *m_field;
+    SearchPopup *m_popup;
+};
+
+} // namespace controlcenter

@@ -1,0 +1,113 @@
+#include "sandbox/controlcenter/searchpopup.h"
+
+#include "sandbox/controlcenter/palettemix.h"
+#include "sandbox/controlcenter/searchresultdelegate.h"
+
+#include <QGraphicsDropShadowEffect>
+#include <QLabel>
+#include <QListView>
+#include <QPainter>
+#include <QStandardItemModel>
+#include <QVBoxLayout>
+
+namespace controlcenter {
+namespace {
+
+constexpr int popupWidth = 380; // px
+constexpr int visibleRows = 8;
+constexpr int border = 6;    // px between card and rows
+constexpr qreal radius = 10; // px
+
+} // namespace
+
+SearchPopup::SearchPopup(QWidget *window)
+    : QFrame(window)
+    , m_model(new QStandardItemModel(this))
+    , m_list(new QListView(this))
+    , m_empty(new QLabel(tr("Nothing found"), this))
+{
+    m_list->setModel(m_model);
+    m_list->setItemDelegate(new SearchResultDelegate(m_list));
+    m_list->setFrameShape(QFrame::NoFrame);
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->setFocusPolicy(Qt::NoFocus);
+    m_list->setMouseTracking(true);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->viewport()->setAutoFillBackground(false);
+    m_list->setAccessibleName(tr("Search results"));
+    connect(m_list, &QListView::clicked, this, &SearchPopup::acceptSelection);
+
+    m_empty->setAlignment(Qt::AlignCenter);
+    m_empty->setMinimumHeight(64);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(border, border, border, border);
+    layout->addWidget(m_list);
+    layout->addWidget(m_empty);
+
+    auto *shadow = new QGraphicsDropShadowEffect(this);
+    shadow->setBlurRadius(28);
+    shadow->setOffset(0, 6);
+    shadow->setColor(QColor(0, 0, 0, 80));
+    setGraphicsEffect(shadow);
+    hide();
+}
+
+void SearchPopup::showResults(const QVector<SearchEntry> &entries)
+{
+    m_entries = entries;
+    m_model->clear();
+    for (const SearchEntry &entry : entries) {
+        auto *row = new QStandardItem(entry.item.isEmpty() ? entry.page : entry.item);
+        const QString where =
+            entry.item.isEmpty() ? entry.module : tr("%1 › %2").arg(entry.module, entry.page);
+        row->setData(where, SearchResultDelegate::WhereRole);
+        row->setData(tr("%1, %2").arg(row->text(), where), Qt::AccessibleTextRole);
+        m_model->appendRow(row);
+    }
+    m_list->setVisible(!entries.isEmpty());
+    m_empty->setVisible(entries.isEmpty());
+    m_list->setCurrentIndex(m_model->index(0, 0));
+    resize(sizeHint());
+    raise();
+    show();
+}
+
+void SearchPopup::moveSelection(int rows)
+{
+    const int row = qBound(0, m_list->currentIndex().row() + rows, m_model->rowCount() - 1);
+    m_list->setCurrentIndex(m_model->index(row, 0));
+}
+
+void SearchPopup::acceptSelection()
+{
+    const int row = m_list->currentIndex().row();
+    if (row >= 0 && row < m_entries.size())
+        Q_EMIT chosen(m_entries.at(row));
+}
+
+QString SearchPopup::description() const
+{
+    if (m_entries.isEmpty())
+        return m_empty->text();
+    return m_list->currentIndex().data(Qt::AccessibleTextRole).toString();
+}
+
+QSize SearchPopup::sizeHint() const
+{
+    if (m_entries.isEmpty())
+        return {popupWidth, m_empty->minimumHeight() + 2 * border};
+    const int rows = qMin(visibleRows, m_model->rowCount());
+    return {popupWidth, rows * m_list->sizeHintForRow(0) + 2 * border};
+}
+
+void SearchPopup::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(separatorColor(palette()));
+    painter.setBrush(palette().color(QPalette::Base));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+}
+
+} // namespace controlcenter

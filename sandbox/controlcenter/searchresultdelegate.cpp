@@ -1,0 +1,70 @@
+#include "sandbox/controlcenter/searchresultdelegate.h"
+
+#include "sandbox/controlcenter/palettemix.h"
+
+#include <ztk/zfontsizemanager.h>
+
+#include <QPainter>
+
+using Ztk::Widget::ZFontSizeManager;
+
+namespace controlcenter {
+namespace {
+
+constexpr int paddingX = 12; // px
+constexpr int paddingY = 6;  // px
+constexpr qreal radius = 7;  // px
+
+QFont whereFont(const QFont &base)
+{
+    return ZFontSizeManager::instance()->get(ZFontSizeManager::T8, base);
+}
+
+} // namespace
+
+void SearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                                 const QModelIndex &index) const
+{
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    const QPalette &palette = option.palette;
+    const bool selected = option.state & QStyle::State_Selected;
+
+    QColor name = palette.color(QPalette::Text);
+    QColor where = mix(palette.color(QPalette::Base), name, 0.62);
+    if (selected) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(palette.color(QPalette::Highlight));
+        painter->drawRoundedRect(option.rect, radius, radius);
+        name = palette.color(QPalette::HighlightedText);
+        where = mix(palette.color(QPalette::Highlight), name, 0.85);
+    } else if (option.state & QStyle::State_MouseOver) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(mix(palette.color(QPalette::Base), name, 0.06));
+        painter->drawRoundedRect(option.rect, radius, radius);
+    }
+
+    const QRect room = option.rect.adjusted(paddingX, paddingY, -paddingX, -paddingY);
+    painter->setLayoutDirection(option.direction);
+    painter->setFont(option.font);
+    painter->setPen(name);
+    const int alignment = QStyle::visualAlignment(option.direction, Qt::AlignLeading);
+    painter->drawText(room, alignment | Qt::AlignTop,
+                      option.fontMetrics.elidedText(index.data(Qt::DisplayRole).toString(),
+                                                    Qt::ElideRight, room.width()));
+    const QFont small = whereFont(option.font);
+    painter->setFont(small);
+    painter->setPen(where);
+    painter->drawText(room, alignment | Qt::AlignBottom,
+                      QFontMetrics(small).elidedText(index.data(WhereRole).toString(),
+                                                     Qt::ElideRight, room.width()));
+    painter->restore();
+}
+
+QSize SearchResultDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
+{
+    const int lines = option.fontMetrics.height() + QFontMetrics(whereFont(option.font)).height();
+    return {0, lines + 2 + 2 * paddingY};
+}
+
+} // namespace controlcenter

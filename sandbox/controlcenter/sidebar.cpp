@@ -1,0 +1,22 @@
+#include "sandbox/controlcenter/sidebar.h"
+
+#include "sandbox/controlcenter/palettemix.h"
+
+#include <QPainter>
+
+namespace controlcenter {
+
+SideBar::SideBar(QWidget *parent)
+    : QWidget(parent)
+{
+}
+
+void SideBar::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), sideBarColor(palette()));
+    const int edge = layoutDirection() == Qt::RightToLeft ? 0 : width() - 1;
+    painter.fillRect(edge, 0, 1, height(), separatorColor(palette()));
+}
+
+} // namespace controlcenter

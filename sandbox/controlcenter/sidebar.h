@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QWidget>
+
+namespace controlcenter {
+
+/** The window's leading column, a shade away from the page. Lay its contents out yourself. */
+class SideBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SideBar(QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};
+
+} // namespace controlcenter

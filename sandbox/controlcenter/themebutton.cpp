@@ -1,0 +1,87 @@
+#include "sandbox/controlcenter/themebutton.h"
+
+#include "sandbox/controlcenter/palettemix.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QtMath>
+
+namespace controlcenter {
+namespace {
+
+constexpr int side = 36;        // px, a comfortable target
+constexpr qreal radius = 8;     // px
+constexpr qreal penWidth = 1.7; // px
+
+void drawSun(QPainter &painter)
+{
+    constexpr int rays = 8;
+    painter.drawEllipse(QPointF(), 4, 4);
+    for (int ray = 0; ray < rays; ++ray) {
+        const qreal angle = ray * 2 * M_PI / rays;
+        const QPointF direction(qCos(angle), qSin(angle));
+        painter.drawLine(direction * 6.8, direction * 8.8);
+    }
+}
+
+void drawMoon(QPainter &painter)
+{
+    QPainterPath disc;
+    disc.addEllipse(QPointF(), 7.5, 7.5);
+    QPainterPath shadow;
+    shadow.addEllipse(QPointF(4.2, -3.4), 6.6, 6.6);
+    painter.drawPath(disc.subtracted(shadow));
+}
+
+} // namespace
+
+ThemeButton::ThemeButton(QWidget *parent)
+    : QAbstractButton(parent)
+{
+    setCheckable(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Dark theme"));
+    setToolTip(tr("Light or dark theme"));
+    setFixedSize(sizeHint());
+}
+
+QSize ThemeButton::sizeHint() const
+{
+    return {side, side};
+}
+
+void ThemeButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+
+    const QColor text = palette().color(QPalette::WindowText);
+    if (underMouse() || isDown()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(mix(palette().color(QPalette::Window), text, isDown() ? 0.16 : 0.08));
+        painter.drawRoundedRect(rect(), radius, radius);
+    }
+    if (hasFocus()) {
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), radius, radius);
+    }
+
+    painter.translate(QRectF(rect()).center());
+    painter.setPen(QPen(text, penWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    if (isChecked())
+        drawMoon(painter);
+    else
+        drawSun(painter);
+}
+
+bool ThemeButton::event(QEvent *event)
+{
+    if (event->type() == QEvent::Enter || event->type() == QEvent::Leave)
+        update();
+    return QAbstractButton::event(event);
+}
+
+} // namespace controlcenter

@@ -1,0 +1,101 @@
+#include "sandbox/controlcenter/tour/keyboardsteps.h"
+
+#include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/pagecontrols.h"
+#include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/tour/tourdriver.h"
+
+#include <QApplication>
+
+#include <algorithm>
+
+namespace controlcenter {
+namespace {
+
+/** More stops than any page has; a round that takes longer does not come round. */
+constexpr int mostStops = 60;
+
+QString describe(QWidget *widget)
+{
+    const QString name = accessibleNameOf(widget);
+    return name.isEmpty() ? QString::fromLatin1(widget->metaObject()->className()) : name;
+}
+
+/** The window's picture inside @p widget and a little around it, where a focus frame may stand. */
+QImage around(const QImage &window, const QWidget *widget)
+{
+    constexpr int frame = 4; // px
+    const QRect area(widget->mapTo(widget->window(), QPoint()), widget->size());
+    const qreal scale = window.devicePixelRatio();
+    const QRect wide = area.adjusted(-frame, -frame, frame, frame);
+    return window.copy(QRect(wide.topLeft() * scale, wide.size() * scale));
+}
+
+/** Presses @p key until the search field has the focus again, collecting the stops on the way. */
+QString goRound(TourDriver &driver, int key, Qt::KeyboardModifiers modifiers,
+                QVector<QWidget *> *stops)
+{
+    SearchField *start = driver.window()->searchField();
+    start->setFocus(Qt::ShortcutFocusReason);
+    for (int stop = 0; stop < mostStops; ++stop) {
+        const QImage before = driver.grab();
+        driver.press(key, modifiers);
+        QWidget *focus = QApplication::focusWidget();
+        if (!focus)
+            return QStringLiteral("the focus is lost after %1 stops").arg(stop);
+        if (focus == start)
+            return QString();
+        if (stops->contains(focus))
+            return QStringLiteral("the focus does not come round, it is back at \"%1\"")
+                .arg(describe(focus));
+        if (around(before, focus) == around(driver.grab(), focus))
+            return QStringLiteral("the focus on \"%1\" cannot be seen").arg(describe(focus));
+        stops->append(focus);
+    }
+    return QStringLiteral("the focus does not come round");
+}
+
+QString walk(TourDriver &driver, const QString &page)
+{
+    QString problem = driver.openPage(page);
+    if (!problem.isEmpty())
+        return problem;
+    QVector<QWidget *> there;
+    problem = goRound(driver, Qt::Key_Tab, Qt::NoModifier, &there);
+    if (!problem.isEmpty())
+        return problem;
+    const QVector<QWidget *> controls = controlsOf(driver.window()->currentPage());
+    if (controls.isEmpty())
+        return QStringLiteral("the page has no controls");
+    for (QWidget *control : controls) {
+        if (!there.contains(control))
+            return QStringLiteral("Tab does not lead to \"%1\"").arg(describe(control));
+        if (accessibleNameOf(control).isEmpty())
+            return QStringLiteral("a %1 has no name").arg(describe(control));
+    }
+
+    QVector<QWidget *> back;
+    problem = goRound(driver, Qt::Key_Backtab, Qt::ShiftModifier, &back);
+    if (!problem.isEmpty())
+        return QStringLiteral("backwards: ") + problem;
+    std::reverse(back.begin(), back.end());
+    return back == there ? QString() : QStringLiteral("Shift+Tab does not go the same way back");
+}
+
+TourStep walkStep(const QString &page)
+{
+    return {QStringLiteral("reach every control of '%1' by keyboard").arg(page),
+            [page](TourDriver &driver) { return walk(driver, page); }, QString()};
+}
+
+} // namespace
+
+TourSteps keyboardSteps(const ControlCenterWindow *window)
+{
+    TourSteps steps;
+    for (const QString &page : window->pageNames())
+        steps.append(walkStep(page));
+    return steps;
+}
+
+} // namespace controlcenter

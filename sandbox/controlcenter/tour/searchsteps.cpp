@@ -1,0 +1,65 @@
+#include "sandbox/controlcenter/tour/searchsteps.h"
+
+#include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/tour/tourdriver.h"
+
+namespace controlcenter {
+namespace {
+
+TourStep typeStep(const QString &text)
+{
+    return {QStringLiteral("search for '%1'").arg(text),
+            [text](TourDriver &driver) {
+                driver.setDark(false);
+                driver.press(Qt::Key_F, Qt::ControlModifier);
+                SearchField *field = driver.window()->searchField();
+                if (!field->hasFocus())
+                    return QStringLiteral("Ctrl+F does not lead to the search field");
+                driver.type(text);
+                if (!field->accessibleDescription().contains(text, Qt::CaseInsensitive))
+                    return QStringLiteral("the first result is \"%1\"")
+                        .arg(field->accessibleDescription());
+                return QString();
+            },
+            QStringLiteral("search")};
+}
+
+TourStep acceptStep(const QString &title)
+{
+    return {QStringLiteral("open the result '%1' with Enter").arg(title),
+            [title](TourDriver &driver) {
+                driver.press(Qt::Key_Return);
+                if (driver.window()->currentTitle() != title)
+                    return QStringLiteral("the heading says \"%1\"")
+                        .arg(driver.window()->currentTitle());
+                if (!driver.window()->searchField()->text().isEmpty())
+                    return QStringLiteral("the search field still has its text");
+                return QString();
+            },
+            QStringLiteral("search-opened")};
+}
+
+TourStep escapeStep(const QString &text)
+{
+    return {QStringLiteral("clear the search with Escape"),
+            [text](TourDriver &driver) {
+                driver.press(Qt::Key_F, Qt::ControlModifier);
+                driver.type(text);
+                driver.press(Qt::Key_Escape);
+                return driver.window()->searchField()->text().isEmpty()
+                           ? QString()
+                           : QStringLiteral("the text is still there");
+            },
+            QString()};
+}
+
+} // namespace
+
+TourSteps searchSteps(const ControlCenterWindow *window)
+{
+    const QString title = window->pageTitle(QStringLiteral("Translation"));
+    return {typeStep(title), acceptStep(title), escapeStep(title)};
+}
+
+} // namespace controlcenter

@@ -1,0 +1,107 @@
+#include "sandbox/controlcenter/tour/tourdriver.h"
+
+#include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/pagecontrols.h"
+#include "sandbox/controlcenter/searchfield.h"
+
+#include <ztk/zguiapplicationhelper.h>
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+using Ztk::Gui::ZGuiApplicationHelper;
+
+namespace controlcenter {
+namespace {
+
+/** More stops than any page has; a round trip of Tab that takes longer does not come round. */
+constexpr int mostTabStops = 60;
+
+} // namespace
+
+TourDriver::TourDriver(ControlCenterWindow *window)
+    : m_window(window)
+{
+}
+
+ControlCenterWindow *TourDriver::window() const
+{
+    return m_window;
+}
+
+void TourDriver::press(int key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(m_window->windowHandle(), static_cast<Qt::Key>(key), modifiers);
+    settle();
+}
+
+void TourDriver::type(const QString &text)
+{
+    for (const QChar character : text) {
+        // Text of any script arrives as an input method commits it, not as a key of a keyboard.
+        QInputMethodEvent event;
+        event.setCommitString(character);
+        if (QWidget *focus = QApplication::focusWidget())
+            QApplication::sendEvent(focus, &event);
+    }
+    settle();
+}
+
+bool TourDriver::waitFor(const std::function<bool()> &condition, int milliseconds)
+{
+    bool late = false;
+    QTimer::singleShot(milliseconds, m_window, [&late] { late = true; });
+    while (!condition() && !late)
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return condition();
+}
+
+void TourDriver::settle()
+{
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QApplication::processEvents();
+}
+
+QImage TourDriver::grab()
+{
+    settle();
+    return m_window->grab().toImage();
+}
+
+QString TourDriver::openPage(const QString &name)
+{
+    const QString title = m_window->pageTitle(name);
+    m_window->openPage(name);
+    settle();
+    if (m_window->currentTitle() != title)
+        return QStringLiteral("the heading says \"%1\", not \"%2\"")
+            .arg(m_window->currentTitle(), title);
+    if (!m_window->currentPage())
+        return QStringLiteral("no page is shown");
+    return QString();
+}
+
+void TourDriver::setDark(bool dark)
+{
+    ZGuiApplicationHelper::instance()->setThemeType(dark ? ZGuiApplicationHelper::DarkType
+                                                         : ZGuiApplicationHelper::LightType);
+    settle();
+}
+
+QWidget *TourDriver::control(const QString &name) const
+{
+    QWidget *page = m_window->currentPage();
+    return page ? findControl(page, name) : nullptr;
+}
+
+bool TourDriver::tabTo(QWidget *target)
+{
+    m_window->searchField()->setFocus(Qt::ShortcutFocusReason);
+    for (int stop = 0; stop < mostTabStops && !target->hasFocus(); ++stop)
+        press(Qt::Key_Tab);
+    return target->hasFocus();
+}
+
+} // namespace controlcenter

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+namespace controlcenter {
+
+class ControlCenterWindow;
+
+/**
+ * The hand and the eye of the tour: presses real keys in the window and looks at the result.
+ *
+ * It never calls into the module. Controls are found by the name that a screen reader says.
+ */
+class TourDriver
+{
+public:
+    /** @p window is shown and outlives the driver. */
+    explicit TourDriver(ControlCenterWindow *window);
+
+    ControlCenterWindow *window() const;
+
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void type(const QString &text);
+
+    /**
+     * Processes events until @p condition holds, looking again after each of them. False when it
+     * does not hold within @p milliseconds.
+     */
+    bool waitFor(const std::function<bool()> &condition, int milliseconds = 5000);
+
+    /** Processes what is pending, deletions included, so that the window is as the user sees it. */
+    void settle();
+
+    /** The window's picture. */
+    QImage grab();
+
+    /** Opens page @p name (untranslated) and waits until the heading shows it. */
+    QString openPage(const QString &name);
+
+    void setDark(bool dark);
+
+    /** The shown page's control called @p name, or null. */
+    QWidget *control(const QString &name) const;
+
+    /** Presses Tab from the search field until @p target has the focus. False when it never gets
+     * it. */
+    bool tabTo(QWidget *target);
+
+private:
+    ControlCenterWindow *m_window;
+};
+
+} // namespace controlcenter
