@@ -1,0 +1,46 @@
+# Debian packages by purpose, and their installation. Sourced by the entry points in scripts/.
+
+packages_build="
+    cmake g++ ninja-build pkg-config python3
+    qtbase5-dev qtbase5-dev-tools qtmultimedia5-dev qttools5-dev qttools5-dev-tools
+    libdbus-1-dev libpocketsphinx-dev libsphinxbase-dev"
+
+# What the sandbox runs on: buses, sound, speech, recognition, SVG icons, and fonts for all languages.
+packages_run="
+    dbus libqt5multimedia5-plugins libqt5svg5
+    pulseaudio pulseaudio-utils espeak-ng sox pocketsphinx-en-us
+    fonts-noto-core fonts-noto-cjk"
+
+packages_test="
+    binutils iproute2 network-manager procps
+    at-spi2-core python3-pyatspi openbox xauth xdotool xvfb
+    clang-format"
+
+# Installs what is missing of the packages in the named lists ("build", "run", "test").
+install_packages() {
+    local wanted="" list package missing=()
+    for list in "$@"; do
+        list="packages_$list"
+        wanted+=" ${!list}"
+    done
+    for package in $wanted; do
+        [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
+            missing+=("$package")
+    done
+    ((${#missing[@]})) || return 0
+
+    local as_root=()
+    if ((EUID != 0)); then
+        if ! command -v sudo >/dev/null; then
+            echo "Missing packages: ${missing[*]}" >&2
+            echo "Install them as root, or install sudo: apt-get install ${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "Installing ${missing[*]}"
+    # An old package list names files that are gone; a fresh machine has none at all.
+    "${as_root[@]}" apt-get -qq update
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get -qq install -y --no-install-recommends "${missing[@]}" >/dev/null
+}
