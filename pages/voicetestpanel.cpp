@@ -156,6 +156,7 @@ void AssistantSettingWidget::voiceTesting()
     m_animationWidget->setMinimumWidth(testMinimumWidth);
     m_animationWidget->setMaximumWidth(m_voiceTestItem->maximumWidth());
     m_animationWidget->setMinimumHeight(waveMinimumHeight);
+    //: Read out for the moving wave, which shows how loud the microphone hears the user.
     m_animationWidget->setAccessibleName(tr("Microphone level"));
     m_animationWidget->setAccessibleDescription(tr("Press Space or Escape to cancel the test"));
     m_voiceTestLayout->addWidget(m_animationWidget, 0, Qt::AlignBottom);
@@ -169,6 +170,7 @@ void AssistantSettingWidget::voiceTesting()
         connect(m_aqcWrapper, &AqcWrapper::signaleIatResult, this,
                 &AssistantSettingWidget::slotIatResult);
     } else {
+        //: Result of the voice test: the AI service could not start it.
         m_verdict = tr("Service exception");
         refreshVoiceTestUI(VoiceTestEnd);
     }
@@ -206,6 +208,7 @@ void AssistantSettingWidget::beginVoiceTestPanel(const QMargins &margins)
     m_voiceTestLayout->setSpacing(0);
 
     if (!m_voiceTestTitle)
+        //: Title of the microphone test.
         m_voiceTestTitle = new QLabel(tr("Voice Test"), this);
     PageLayout::setFontStep(m_voiceTestTitle, ZFontSizeManager::T6);
     m_voiceTestTitle->setAlignment(Qt::AlignLeft | Qt::AlignHCenter);
@@ -242,6 +245,7 @@ void AssistantSettingWidget::startVoiceTest()
     if (AssistantStateProxy::checkNetworkState()) {
         refreshVoiceTestUI(VoiceTesting);
     } else {
+        //: Result of the voice test: it needs the network.
         m_verdict = tr("Network unavailable");
         refreshVoiceTestUI(VoiceTestEnd);
     }
@@ -258,6 +262,7 @@ void AssistantSettingWidget::slotAqcResult(const QString &result)
         m_verdict.clear();
         break;
     case VoiceTestVerdict::Good:
+        //: Result of the voice test: the recording is clear.
         m_verdict = tr("It sounds good");
         break;
     case VoiceTestVerdict::TooLoud:
@@ -267,6 +272,7 @@ void AssistantSettingWidget::slotAqcResult(const QString &result)
         m_verdict = tr("Turn up the input volume and try again");
         break;
     case VoiceTestVerdict::TooNoisy:
+        //: Result of the voice test: it is too noisy around the user.
         m_verdict = tr("Too many noises");
         break;
     case VoiceTestVerdict::NoSound:

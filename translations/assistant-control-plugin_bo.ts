@@ -41,21 +41,21 @@
         <translation>ལས་འགན་སྡེ་ཚན་དུ་མངོན་པ</translation>
     </message>
     <message>
-        <source>Voice Test</source>
-        <translation>སྐད་སྒྲ་ཚོད་ལྟ</translation>
-    </message>
-    <message>
         <source>Click here to test</source>
         <translation>འདིར་མནན་ནས་ཚོད་ལྟ་བྱོས།</translation>
     </message>
     <message>
-        <source>Network unavailable</source>
-        <extracomment>Verdict of the voice test: there is no network, so it cannot run.</extracomment>
-        <translation>དྲ་རྒྱ་སྤྱོད་མི་རུང་།</translation>
+        <source>Microphone level</source>
+        <extracomment>Read out for the moving wave, which shows how loud the microphone hears the user.</extracomment>
+        <translation>མའེ་ཁེ་ཧྥེང་གི་སྒྲ་ཤུགས</translation>
+    </message>
+    <message>
+        <source>Press Space or Escape to cancel the test</source>
+        <translation>སྟོང་མཐེབ་བམ་Escམཐེབ་མནན་ནས་ཚོད་ལྟ་མེད་པར་བྱོས།</translation>
     </message>
     <message>
         <source>Service exception</source>
-        <extracomment>Verdict of the voice test: the AI service could not start it.</extracomment>
+        <extracomment>Result of the voice test: the AI service could not start it.</extracomment>
         <translation>ཞབས་ཞུ་རྒྱུན་ལྡན་མིན་པ།</translation>
     </message>
     <message>
@@ -63,8 +63,18 @@
         <translation>འདིར་མནན་ནས་ཡང་བསྐྱར་ཚོད་ལྟ་བྱོས།</translation>
     </message>
     <message>
+        <source>Voice Test</source>
+        <extracomment>Title of the microphone test.</extracomment>
+        <translation>སྐད་སྒྲ་ཚོད་ལྟ</translation>
+    </message>
+    <message>
+        <source>Network unavailable</source>
+        <extracomment>Result of the voice test: it needs the network.</extracomment>
+        <translation>དྲ་རྒྱ་སྤྱོད་མི་རུང་།</translation>
+    </message>
+    <message>
         <source>It sounds good</source>
-        <extracomment>Verdict of the voice test: the recording is fine.</extracomment>
+        <extracomment>Result of the voice test: the recording is clear.</extracomment>
         <translation>སྐད་སྒྲ་གསལ་པོ་འདུག</translation>
     </message>
     <message>
@@ -77,7 +87,7 @@
     </message>
     <message>
         <source>Too many noises</source>
-        <extracomment>Verdict of the voice test: the surroundings are too loud.</extracomment>
+        <extracomment>Result of the voice test: it is too noisy around the user.</extracomment>
         <translation>འུར་སྒྲ་ཆེ་དྲགས་པ།</translation>
     </message>
     <message>

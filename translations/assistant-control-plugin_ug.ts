@@ -41,21 +41,21 @@
         <translation>ۋەزىپە بالدىقىدا كۆرسىتىش</translation>
     </message>
     <message>
-        <source>Voice Test</source>
-        <translation>ئاۋاز سىنىقى</translation>
-    </message>
-    <message>
         <source>Click here to test</source>
         <translation>سىناش ئۈچۈن بۇ يەرنى چېكىڭ</translation>
     </message>
     <message>
-        <source>Network unavailable</source>
-        <extracomment>Verdict of the voice test: there is no network, so it cannot run.</extracomment>
-        <translation>تورنى ئىشلەتكىلى بولمايدۇ</translation>
+        <source>Microphone level</source>
+        <extracomment>Read out for the moving wave, which shows how loud the microphone hears the user.</extracomment>
+        <translation>مىكروفون ئاۋازىنىڭ كۈچلۈكلۈكى</translation>
+    </message>
+    <message>
+        <source>Press Space or Escape to cancel the test</source>
+        <translation>سىناقنى بىكار قىلىش ئۈچۈن بوشلۇق ياكى Esc كۇنۇپكىسىنى بېسىڭ</translation>
     </message>
     <message>
         <source>Service exception</source>
-        <extracomment>Verdict of the voice test: the AI service could not start it.</extracomment>
+        <extracomment>Result of the voice test: the AI service could not start it.</extracomment>
         <translation>مۇلازىمەتتە بىنورماللىق كۆرۈلدى</translation>
     </message>
     <message>
@@ -63,8 +63,18 @@
         <translation>قايتا سىناش ئۈچۈن بۇ يەرنى چېكىڭ</translation>
     </message>
     <message>
+        <source>Voice Test</source>
+        <extracomment>Title of the microphone test.</extracomment>
+        <translation>ئاۋاز سىنىقى</translation>
+    </message>
+    <message>
+        <source>Network unavailable</source>
+        <extracomment>Result of the voice test: it needs the network.</extracomment>
+        <translation>تورنى ئىشلەتكىلى بولمايدۇ</translation>
+    </message>
+    <message>
         <source>It sounds good</source>
-        <extracomment>Verdict of the voice test: the recording is fine.</extracomment>
+        <extracomment>Result of the voice test: the recording is clear.</extracomment>
         <translation>ئاۋازىڭىز ياخشى ئاڭلاندى</translation>
     </message>
     <message>
@@ -77,7 +87,7 @@
     </message>
     <message>
         <source>Too many noises</source>
-        <extracomment>Verdict of the voice test: the surroundings are too loud.</extracomment>
+        <extracomment>Result of the voice test: it is too noisy around the user.</extracomment>
         <translation>شاۋقۇن بەك كۆپ</translation>
     </message>
     <message>

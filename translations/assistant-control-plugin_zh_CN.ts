@@ -41,21 +41,21 @@
         <translation>在任务栏中显示</translation>
     </message>
     <message>
-        <source>Voice Test</source>
-        <translation>语音测试</translation>
-    </message>
-    <message>
         <source>Click here to test</source>
         <translation>点击此处开始测试</translation>
     </message>
     <message>
-        <source>Network unavailable</source>
-        <extracomment>Verdict of the voice test: there is no network, so it cannot run.</extracomment>
-        <translation>网络不可用</translation>
+        <source>Microphone level</source>
+        <extracomment>Read out for the moving wave, which shows how loud the microphone hears the user.</extracomment>
+        <translation>麦克风音量</translation>
+    </message>
+    <message>
+        <source>Press Space or Escape to cancel the test</source>
+        <translation>按空格键或 Esc 键取消测试</translation>
     </message>
     <message>
         <source>Service exception</source>
-        <extracomment>Verdict of the voice test: the AI service could not start it.</extracomment>
+        <extracomment>Result of the voice test: the AI service could not start it.</extracomment>
         <translation>服务异常</translation>
     </message>
     <message>
@@ -63,8 +63,18 @@
         <translation>点击此处重新测试</translation>
     </message>
     <message>
+        <source>Voice Test</source>
+        <extracomment>Title of the microphone test.</extracomment>
+        <translation>语音测试</translation>
+    </message>
+    <message>
+        <source>Network unavailable</source>
+        <extracomment>Result of the voice test: it needs the network.</extracomment>
+        <translation>网络不可用</translation>
+    </message>
+    <message>
         <source>It sounds good</source>
-        <extracomment>Verdict of the voice test: the recording is fine.</extracomment>
+        <extracomment>Result of the voice test: the recording is clear.</extracomment>
         <translation>声音效果很好</translation>
     </message>
     <message>
@@ -77,7 +87,7 @@
     </message>
     <message>
         <source>Too many noises</source>
-        <extracomment>Verdict of the voice test: the surroundings are too loud.</extracomment>
+        <extracomment>Result of the voice test: it is too noisy around the user.</extracomment>
         <translation>噪音过大</translation>
     </message>
     <message>

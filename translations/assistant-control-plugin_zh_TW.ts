@@ -41,21 +41,21 @@
         <translation>在工作列中顯示</translation>
     </message>
     <message>
-        <source>Voice Test</source>
-        <translation>語音測試</translation>
-    </message>
-    <message>
         <source>Click here to test</source>
         <translation>按一下這裡開始測試</translation>
     </message>
     <message>
-        <source>Network unavailable</source>
-        <extracomment>Verdict of the voice test: there is no network, so it cannot run.</extracomment>
-        <translation>網路無法使用</translation>
+        <source>Microphone level</source>
+        <extracomment>Read out for the moving wave, which shows how loud the microphone hears the user.</extracomment>
+        <translation>麥克風音量</translation>
+    </message>
+    <message>
+        <source>Press Space or Escape to cancel the test</source>
+        <translation>按空白鍵或 Esc 鍵即可取消測試</translation>
     </message>
     <message>
         <source>Service exception</source>
-        <extracomment>Verdict of the voice test: the AI service could not start it.</extracomment>
+        <extracomment>Result of the voice test: the AI service could not start it.</extracomment>
         <translation>服務發生異常</translation>
     </message>
     <message>
@@ -63,8 +63,18 @@
         <translation>按一下這裡重新測試</translation>
     </message>
     <message>
+        <source>Voice Test</source>
+        <extracomment>Title of the microphone test.</extracomment>
+        <translation>語音測試</translation>
+    </message>
+    <message>
+        <source>Network unavailable</source>
+        <extracomment>Result of the voice test: it needs the network.</extracomment>
+        <translation>網路無法使用</translation>
+    </message>
+    <message>
         <source>It sounds good</source>
-        <extracomment>Verdict of the voice test: the recording is fine.</extracomment>
+        <extracomment>Result of the voice test: the recording is clear.</extracomment>
         <translation>聲音聽起來很清楚</translation>
     </message>
     <message>
@@ -77,7 +87,7 @@
     </message>
     <message>
         <source>Too many noises</source>
-        <extracomment>Verdict of the voice test: the surroundings are too loud.</extracomment>
+        <extracomment>Result of the voice test: it is too noisy around the user.</extracomment>
         <translation>雜音太多</translation>
     </message>
     <message>

@@ -1,0 +1,240 @@
+#include "translationsreader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QIcon>
+#include <QImage>
+#include <QRegularExpression>
+#include <QResource>
+#include <QXmlStreamReader>
+#include <QtTest>
+
+// The two bundles compiled into the module: their paths, their order, how they are stored, and that
+// the drawings keep to what every SVG renderer of Qt draws.
+
+namespace {
+
+const QString iconFolder = QStringLiteral(":/icons/tavren/builtin/actions");
+const QString catalogueFolder = QStringLiteral(":/translation");
+
+QStringList iconFiles()
+{
+    return {QStringLiteral("zcc_nav_dictate_nor_32px.svg"),
+            QStringLiteral("zcc_nav_assistant_nor_32px.svg"),
+            QStringLiteral("zcc_nav_translate_nor_32px.svg"),
+            QStringLiteral("zcc_nav_read_nor_32px.svg"),
+            QStringLiteral("zcc_nav_voice_42px.svg"),
+            QStringLiteral("zcc_nav_voice_84px.svg")};
+}
+
+QStringList catalogueFiles()
+{
+    QStringList files;
+    for (const QString &language : catalogueLanguages())
+        files.append(catalogueFileName(language));
+    return files;
+}
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+struct BundleEntry
+{
+    QString resource; // ":/..."
+    QString file;     // relative to the .qrc file
+};
+
+QVector<BundleEntry> bundleEntries(const QString &qrc)
+{
+    QVector<BundleEntry> entries;
+    QXmlStreamReader xml(contents(QStringLiteral(SOURCE_ROOT "/plugin/") + qrc));
+    QString prefix;
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        if (xml.name() == QLatin1String("qresource"))
+            prefix = xml.attributes().value(QLatin1String("prefix")).toString();
+        if (xml.name() == QLatin1String("file")) {
+            const QString alias = xml.attributes().value(QLatin1String("alias")).toString();
+            entries.append(
+                {QLatin1Char(':') + prefix + QLatin1Char('/') + alias, xml.readElementText()});
+        }
+    }
+    return entries;
+}
+
+QStringList resources(const QString &folder, const QStringList &files)
+{
+    QStringList paths;
+    for (const QString &file : files)
+        paths.append(folder + QLatin1Char('/') + file);
+    return paths;
+}
+
+int designSize(const QString &file)
+{
+    static const QRegularExpression suffix(QStringLiteral("_(\\d+)px\\.svg$"));
+    return suffix.match(file).captured(1).toInt();
+}
+
+} // namespace
+
+class TranslationsBundles : public QObject
+{
+    Q_OBJECT
+private slots:
+    void holdsExactlyItsFilesInOrder_data();
+    void holdsExactlyItsFilesInOrder();
+    void storesEveryFileWithZlib_data();
+    void storesEveryFileWithZlib();
+    void catalogueIsReadable_data();
+    void catalogueIsReadable();
+    void drawingHasTheSizeOfItsName_data() { addIcons(); }
+    void drawingHasTheSizeOfItsName();
+    void drawingUsesOnlyPlainShapesInOneColour_data() { addIcons(); }
+    void drawingUsesOnlyPlainShapesInOneColour();
+    void drawingFillsItsGridWithoutTouchingTheEdge_data() { addIcons(); }
+    void drawingFillsItsGridWithoutTouchingTheEdge();
+
+private:
+    void addIcons();
+};
+
+void TranslationsBundles::holdsExactlyItsFilesInOrder_data()
+{
+    QTest::addColumn<QString>("qrc");
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QStringList>("files");
+    QTest::newRow("voice") << "voice.qrc" << iconFolder << iconFiles();
+    QTest::newRow("translation") << "translation.qrc" << catalogueFolder << catalogueFiles();
+}
+
+void TranslationsBundles::holdsExactlyItsFilesInOrder()
+{
+    QFETCH(QString, qrc);
+    QFETCH(QString, folder);
+    QFETCH(QStringList, files);
+    QStringList listed;
+    for (const BundleEntry &entry : bundleEntries(qrc))
+        listed.append(entry.resource);
+    QCOMPARE(listed, resources(folder, files));
+
+    files.sort();
+    QCOMPARE(QDir(folder).entryList(QDir::NoFilter, QDir::Name), files);
+}
+
+void TranslationsBundles::storesEveryFileWithZlib_data()
+{
+    QTest::addColumn<QString>("resource");
+    QTest::addColumn<QString>("file");
+    for (const auto *qrc : {"voice.qrc", "translation.qrc"})
+        for (const BundleEntry &entry : bundleEntries(QLatin1String(qrc)))
+            QTest::newRow(qPrintable(entry.resource)) << entry.resource << entry.file;
+}
+
+void TranslationsBundles::storesEveryFileWithZlib()
+{
+    QFETCH(QString, resource);
+    QFETCH(QString, file);
+    const QByteArray original = contents(QStringLiteral(SOURCE_ROOT "/plugin/") + file);
+    QVERIFY2(!original.isEmpty(), qPrintable(file));
+
+    const QResource stored(resource);
+    QVERIFY(stored.isValid());
+    // Qt's own packing of zlib data; with another algorithm, or none, this yields nothing.
+    QCOMPARE(qUncompress(stored.data(), int(stored.size())), original);
+#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
+    QCOMPARE(stored.compressionAlgorithm(), QResource::ZlibCompression);
+#endif
+    QCOMPARE(contents(resource), original);
+}
+
+void TranslationsBundles::catalogueIsReadable_data()
+{
+    QTest::addColumn<QString>("language");
+    for (const QString &language : catalogueLanguages())
+        QTest::newRow(qPrintable(language)) << language;
+}
+
+void TranslationsBundles::catalogueIsReadable()
+{
+    QFETCH(QString, language);
+    const Catalogue catalogue =
+        Catalogue::fromFile(catalogueFolder + QLatin1Char('/') + catalogueFileName(language));
+    QVERIFY2(catalogue.error.isEmpty(), qPrintable(catalogue.error));
+    QCOMPARE(catalogue.version, QStringLiteral("2.1"));
+    QCOMPARE(catalogue.language, language);
+    QCOMPARE(catalogue.contexts.value(0), QStringLiteral("AssistantSettingWidget"));
+    QVERIFY(!catalogue
+                 .translation(QStringLiteral("TavrenAIAssitantControlPlugin"),
+                              QStringLiteral("Voice Wakeup"))
+                 .isEmpty());
+}
+
+void TranslationsBundles::addIcons()
+{
+    QTest::addColumn<QString>("file");
+    for (const QString &file : iconFiles())
+        QTest::newRow(qPrintable(file)) << file;
+}
+
+void TranslationsBundles::drawingHasTheSizeOfItsName()
+{
+    QFETCH(QString, file);
+    const QString size = QString::number(designSize(file));
+    QXmlStreamReader xml(contents(iconFolder + QLatin1Char('/') + file));
+    QVERIFY(xml.readNextStartElement());
+    QCOMPARE(xml.name().toString(), QStringLiteral("svg"));
+    QCOMPARE(xml.attributes().value(QLatin1String("width")).toString(), size);
+    QCOMPARE(xml.attributes().value(QLatin1String("height")).toString(), size);
+    QCOMPARE(xml.attributes().value(QLatin1String("viewBox")).toString(),
+             QStringLiteral("0 0 %1 %1").arg(size));
+}
+
+// The toolkit gives the drawings the theme's text colour, so they have just one of their own.
+void TranslationsBundles::drawingUsesOnlyPlainShapesInOneColour()
+{
+    QFETCH(QString, file);
+    static const QStringList elements{QStringLiteral("svg"), QStringLiteral("g"),
+                                      QStringLiteral("path"), QStringLiteral("rect")};
+    static const QStringList colours{QStringLiteral("none"), QStringLiteral("#000000")};
+    QXmlStreamReader xml(contents(iconFolder + QLatin1Char('/') + file));
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        QVERIFY2(elements.contains(xml.name().toString()), qPrintable(xml.name().toString()));
+        QVERIFY(!xml.attributes().hasAttribute(QLatin1String("style")));
+        for (const auto *paint : {"fill", "stroke"}) {
+            const auto value = xml.attributes().value(QLatin1String(paint)).toString();
+            QVERIFY2(value.isEmpty() || colours.contains(value), qPrintable(value));
+        }
+    }
+    QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));
+}
+
+void TranslationsBundles::drawingFillsItsGridWithoutTouchingTheEdge()
+{
+    QFETCH(QString, file);
+    const int size = designSize(file);
+    const QIcon icon(iconFolder + QLatin1Char('/') + file);
+    for (const int scale : {1, 2}) {
+        const int pixels = size * scale;
+        const QImage image = icon.pixmap(pixels, pixels).toImage();
+        QCOMPARE(image.size(), QSize(pixels, pixels));
+        QRect ink;
+        for (int y = 0; y < pixels; ++y)
+            for (int x = 0; x < pixels; ++x)
+                if (qAlpha(image.pixel(x, y)) != 0)
+                    ink |= QRect(x, y, 1, 1);
+        const int margin = scale; // at least one pixel of the grid stays free all around
+        QVERIFY(image.rect().adjusted(margin, margin, -margin, -margin).contains(ink));
+        QVERIFY(ink.width() > pixels * 3 / 4);
+        QVERIFY(ink.height() > pixels * 3 / 4);
+    }
+}
+
+QTEST_MAIN(TranslationsBundles)
+#include "translationsbundles.moc"
