@@ -261,11 +261,11 @@ void TranslationsCatalogues::everyOtherLanguageIsTranslated_data()
             QTest::newRow(qPrintable(language)) << language;
 }
 
-// No English word is left over. Digits, placeholders and the letters of "AI" may stay.
+// No English word is left over. Short ones like "AI" may stay, and what is printed on a key.
 void TranslationsCatalogues::everyOtherLanguageIsTranslated()
 {
     VERIFY_NONE(faulty([](const CatalogueMessage &message) {
-        static const QRegularExpression word(QStringLiteral("[A-Za-z]{3,}"));
+        static const QRegularExpression word(QStringLiteral("(?!Esc)[A-Za-z]{3,}"));
         return word.match(message.translation).hasMatch();
     }));
 }
