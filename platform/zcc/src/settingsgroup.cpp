@@ -1,39 +1,114 @@
 #include "zcc/widgets/settingsgroup.h"
 
+#include <ztk/zpainting.h>
+
+#include <QPainter>
 #include <QVBoxLayout>
 
 namespace zcc {
 namespace widgets {
 
+using Ztk::Widget::ZPainting;
+
+namespace {
+constexpr int largestJoiningSpacing = 1; ///< Rows this close are drawn as one block.
+constexpr int defaultSpacing = 10;
+} // namespace
+
 SettingsGroup::SettingsGroup(QFrame *parent, BackgroundStyle style)
-    : QFrame(parent), m_style(style), m_layout(new QVBoxLayout(this))
+    : QFrame(parent)
+    , m_style(style)
+    , m_layout(new QVBoxLayout(this))
 {
+    setFrameShape(QFrame::NoFrame);
+    // Rows keep their natural height; what is left over belongs to the page.
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(style == GroupBackground ? largestJoiningSpacing : defaultSpacing);
 }
-void SettingsGroup::setSpacing(int spacing) { m_layout->setSpacing(spacing); }
+
+void SettingsGroup::setSpacing(int spacing)
+{
+    m_layout->setSpacing(spacing);
+    update();
+}
+
 void SettingsGroup::appendItem(SettingsItem *item)
 {
     if (!item)
         return;
     m_layout->removeWidget(item);
+    if (m_style == ItemBackground)
+        item->addBackground();
     m_layout->addWidget(item);
+    item->show();
+    updateRows();
 }
+
 void SettingsGroup::removeItem(SettingsItem *item)
 {
     if (!item || m_layout->indexOf(item) < 0)
         return;
     m_layout->removeWidget(item);
     item->hide();
+    updateRows();
 }
-int SettingsGroup::itemCount() const { return m_layout->count(); }
+
+int SettingsGroup::itemCount() const
+{
+    return m_layout->count();
+}
+
 SettingsItem *SettingsGroup::item(int index) const
 {
-    QLayoutItem *i = m_layout->itemAt(index);
-    return i ? qobject_cast<SettingsItem *>(i->widget()) : nullptr;
+    QLayoutItem *entry = m_layout->itemAt(index);
+    return entry ? qobject_cast<SettingsItem *>(entry->widget()) : nullptr;
 }
-QVBoxLayout *SettingsGroup::itemLayout() const { return m_layout; }
+
+QVBoxLayout *SettingsGroup::itemLayout() const
+{
+    return m_layout;
+}
+
+bool SettingsGroup::joinsNeighbour(const SettingsItem *item, int step) const
+{
+    if (m_layout->spacing() > largestJoiningSpacing)
+        return false;
+    const int own = m_layout->indexOf(const_cast<SettingsItem *>(item));
+    for (int i = own + step; own >= 0 && i >= 0 && i < itemCount(); i += step) {
+        const SettingsItem *neighbour = this->item(i);
+        if (neighbour && !neighbour->isHidden())
+            return true;
+    }
+    return false;
+}
+
+/** A row that comes or goes changes which corners its neighbours round. */
+void SettingsGroup::updateRows()
+{
+    for (int i = 0; i < itemCount(); ++i) {
+        if (SettingsItem *row = item(i))
+            row->update();
+    }
+    update();
+}
+
 void SettingsGroup::paintEvent(QPaintEvent *event)
 {
-    Q_UNUSED(m_style)
+    if (m_style == GroupBackground) {
+        QPainter painter(this);
+        ZPainting::fillRounded(&painter, rect(), ZPainting::CardRadius,
+                               palette().color(QPalette::Active, QPalette::Base));
+        const qreal line = ZPainting::hairline(&painter);
+        for (int i = 1; i < itemCount(); ++i) {
+            const SettingsItem *row = item(i);
+            if (!row || row->isHidden() || !joinsNeighbour(row, -1))
+                continue;
+            const QRectF separator(rowPadding, row->y() - line, width() - 2 * rowPadding, line);
+            painter.fillRect(ZPainting::snapped(&painter, separator),
+                             palette().color(QPalette::Mid));
+        }
+    }
     QFrame::paintEvent(event);
 }
 

@@ -2,20 +2,30 @@
 
 #include <QAbstractButton>
 
+class QVariantAnimation;
+
 namespace zcc {
 namespace widgets {
 
-/** The switch of a SwitchWidget. */
+/** The switch of a SwitchWidget: a track with a knob that slides to the trailing side when on. */
 class SwitchButton : public QAbstractButton
 {
     Q_OBJECT
 
 public:
     explicit SwitchButton(QWidget *parent = nullptr);
+
     QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void slideTo(bool checked);
+
+    QVariantAnimation *m_slide; ///< Moves the knob; the checked state does not wait for it.
+    qreal m_position = 0;       ///< Of the knob: 0.0 off, 1.0 on.
 };
 
 } // namespace widgets

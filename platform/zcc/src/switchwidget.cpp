@@ -1,34 +1,101 @@
 #include "zcc/widgets/switchwidget.h"
-#include "zcc/widgets/tipslabel.h"
 
 #include "switchbutton.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMouseEvent>
 
 namespace zcc {
 namespace widgets {
 
-SwitchButton::SwitchButton(QWidget *parent) : QAbstractButton(parent) { setCheckable(true); }
-QSize SwitchButton::sizeHint() const { return QSize(50, 24); }
-void SwitchButton::paintEvent(QPaintEvent *) {}
+namespace {
+constexpr int minimumRowHeight = 48;
+constexpr int verticalPadding = 6;
+// The switch keeps room for its focus ring around itself; its track ends at the row's padding.
+constexpr int switchRingSpace = 4;
+} // namespace
 
 SwitchWidget::SwitchWidget(const QString &title, QWidget *parent)
-    : SettingsItem(parent), m_title(new QLabel(title)), m_button(new SwitchButton)
+    : SettingsItem(parent)
+    , m_title(new QLabel(this))
+    , m_button(new SwitchButton(this))
 {
+    m_title->setObjectName(QStringLiteral("switchTitle"));
+    m_title->setTextFormat(Qt::PlainText);
+    m_title->setWordWrap(true);
+    m_button->setObjectName(QStringLiteral("switchButton"));
+    setFocusProxy(m_button);
+    setMinimumHeight(minimumRowHeight);
+
     auto *layout = new QHBoxLayout(this);
+    layout->setSpacing(rowPadding);
     layout->addWidget(m_title, 1);
     layout->addWidget(m_button);
+    alignSwitch();
+    setTitle(title);
+
     connect(m_button, &QAbstractButton::toggled, this, &SwitchWidget::checkedChanged);
 }
-bool SwitchWidget::checked() const { return m_button->isChecked(); }
-QString SwitchWidget::title() const { return m_title->text(); }
-void SwitchWidget::setChecked(bool checked) { m_button->setChecked(checked); }
-void SwitchWidget::setTitle(const QString &title) { m_title->setText(title); }
 
-TipsLabel::TipsLabel(const QString &text, QWidget *parent) : QLabel(text, parent)
+bool SwitchWidget::checked() const
 {
-    setForegroundRole(QPalette::Text);
+    return m_button->isChecked();
+}
+
+QString SwitchWidget::title() const
+{
+    return m_title->text();
+}
+
+void SwitchWidget::setChecked(bool checked)
+{
+    m_button->setChecked(checked);
+}
+
+void SwitchWidget::setTitle(const QString &title)
+{
+    m_title->setText(title);
+    m_button->setAccessibleName(title);
+}
+
+void SwitchWidget::mousePressEvent(QMouseEvent *event)
+{
+    m_pressed = event->button() == Qt::LeftButton;
+    if (!m_pressed) {
+        SettingsItem::mousePressEvent(event);
+        return;
+    }
+    m_button->setFocus(Qt::MouseFocusReason);
+    m_button->setDown(true);
+}
+
+void SwitchWidget::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (!m_pressed || event->button() != Qt::LeftButton) {
+        SettingsItem::mouseReleaseEvent(event);
+        return;
+    }
+    m_pressed = false;
+    m_button->setDown(false);
+    if (rect().contains(event->pos()))
+        m_button->click();
+}
+
+void SwitchWidget::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LayoutDirectionChange)
+        alignSwitch();
+    SettingsItem::changeEvent(event);
+}
+
+void SwitchWidget::alignSwitch()
+{
+    const int leading = rowPadding;
+    const int trailing = rowPadding - switchRingSpace;
+    const bool mirrored = layoutDirection() == Qt::RightToLeft;
+    layout()->setContentsMargins(mirrored ? trailing : leading, verticalPadding,
+                                 mirrored ? leading : trailing, verticalPadding);
 }
 
 } // namespace widgets

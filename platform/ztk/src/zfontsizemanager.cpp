@@ -1,7 +1,18 @@
 #include "ztk/zfontsizemanager.h"
 
+#include <QApplication>
+#include <QFontInfo>
+
 namespace Ztk {
 namespace Widget {
+
+namespace {
+
+// The steps at the desktop's default of 14 px; other sizes keep these proportions.
+constexpr int defaultSizes[] = {40, 30, 24, 20, 17, 14, 13, 12, 11, 10};
+constexpr int defaultApplicationSize = defaultSizes[ZFontSizeManager::T6];
+
+} // namespace
 
 ZFontSizeManager *ZFontSizeManager::instance()
 {
@@ -18,8 +29,8 @@ QFont ZFontSizeManager::get(SizeType type, const QFont &base) const
 
 int ZFontSizeManager::fontPixelSize(SizeType type) const
 {
-    static const int sizes[] = {40, 30, 24, 20, 17, 14, 13, 12, 11, 10};
-    return sizes[type];
+    const qreal applicationSize = QFontInfo(QApplication::font()).pixelSize();
+    return qMax(1, qRound(applicationSize * defaultSizes[type] / defaultApplicationSize));
 }
 
 } // namespace Widget

@@ -1,5 +1,10 @@
 #include "ztk/zguiapplicationhelper.h"
 
+#include "zicontheme.h"
+#include "zthemepalettes.h"
+
+#include <QApplication>
+
 namespace Ztk {
 namespace Gui {
 
@@ -18,10 +23,13 @@ ZGuiApplicationHelper::ColorType ZGuiApplicationHelper::themeType() const
 
 void ZGuiApplicationHelper::setThemeType(ColorType type)
 {
-    if (type == m_type)
-        return;
+    const bool changed = type != m_type;
     m_type = type;
-    Q_EMIT themeTypeChanged(type);
+    const QPalette palette = type == DarkType ? darkPalette() : lightPalette();
+    ZIconTheme::setTextColor(palette.color(QPalette::WindowText));
+    QApplication::setPalette(palette);
+    if (changed)
+        Q_EMIT themeTypeChanged(type);
 }
 
 } // namespace Gui

@@ -1,15 +1,22 @@
 #include "ztk/zlistview.h"
-#include "ztk/zstandarditem.h"
+
+#include "zitemdelegate.h"
 
 namespace Ztk {
 namespace Widget {
 
-ZListView::ZListView(QWidget *parent) : QListView(parent) {}
-
-ZStandardItem::ZStandardItem() = default;
-ZStandardItem::ZStandardItem(const QString &text) : QStandardItem(text) {}
-ZStandardItem::ZStandardItem(const QIcon &icon, const QString &text) : QStandardItem(icon, text) {}
-QStandardItem *ZStandardItem::clone() const { return new ZStandardItem; }
+ZListView::ZListView(QWidget *parent)
+    : QListView(parent)
+{
+    setItemDelegate(new ZItemDelegate(this));
+    setFrameShape(QFrame::NoFrame);
+    setResizeMode(Adjust);
+    setWordWrap(true);
+    setVerticalScrollMode(ScrollPerPixel);
+    setMouseTracking(true);
+    viewport()->setAttribute(Qt::WA_Hover);
+    viewport()->setAutoFillBackground(false);
+}
 
 } // namespace Widget
 } // namespace Ztk

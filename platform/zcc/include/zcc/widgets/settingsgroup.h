@@ -10,7 +10,11 @@ class QVBoxLayout;
 namespace zcc {
 namespace widgets {
 
-/** A vertical group of settings rows. */
+/**
+ * A vertical group of settings rows.
+ *
+ * Rows at a distance of one pixel or less are drawn as one block with common outer corners.
+ */
 class ZCC_EXPORT SettingsGroup : public QFrame
 {
     Q_OBJECT
@@ -27,14 +31,14 @@ public:
     void setSpacing(int spacing);
 
     /**
-     * Appends @p item and becomes its parent. An item that the group already holds moves to the end;
-     * null is ignored.
+     * Appends @p item, shows it and becomes its parent. An item that the group already holds moves
+     * to the end; null is ignored. In the style ItemBackground the item gets its background.
      */
     void appendItem(SettingsItem *item);
 
     /**
-     * Takes @p item out of the group without deleting it: it is hidden and keeps the group as parent.
-     * An item that the group does not hold is ignored.
+     * Takes @p item out of the group without deleting it: it is hidden and keeps the group as
+     * parent. An item that the group does not hold is ignored.
      */
     void removeItem(SettingsItem *item);
 
@@ -47,10 +51,18 @@ public:
     /** The layout that holds the rows, for its margins. */
     QVBoxLayout *itemLayout() const;
 
+    /**
+     * Whether @p item is drawn as one block with the visible row before it (@p step -1) or after it
+     * (@p step 1).
+     */
+    bool joinsNeighbour(const SettingsItem *item, int step) const;
+
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void updateRows();
+
     BackgroundStyle m_style;
     QVBoxLayout *m_layout;
 };

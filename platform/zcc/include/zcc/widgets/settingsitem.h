@@ -7,6 +7,9 @@
 namespace zcc {
 namespace widgets {
 
+/** Distance of a row's texts and controls from its left and right edge, in pixels. */
+constexpr int rowPadding = 10;
+
 /**
  * One row of a settings group.
  *

@@ -35,9 +35,18 @@ Q_SIGNALS:
     /** The state has changed, whether by the user or by setChecked(). */
     void checkedChanged(bool checked);
 
+protected:
+    /** A click anywhere on the row works as one on its switch. */
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
 private:
+    void alignSwitch();
+
     QLabel *m_title;
     SwitchButton *m_button;
+    bool m_pressed = false; ///< The left button went down on the row and is still held.
 };
 
 } // namespace widgets

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ztk/ztkglobal.h"
+
+#include <QObject>
+
+class QWidget;
+
+namespace Ztk {
+namespace Widget {
+
+/**
+ * Decides whether a focused control shows its focus ring: always, except while the focus came from
+ * the mouse, until the next key press.
+ *
+ * One per process, made with the application object; GUI thread only.
+ */
+class ZTK_EXPORT ZFocusTracker : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Whether @p widget has the focus and is to show it. */
+    static bool showsFocus(const QWidget *widget);
+
+    /** Starts watching the application; called by the toolkit, further calls change nothing. */
+    static void install();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    explicit ZFocusTracker(QObject *parent);
+
+    bool m_visible = true;
+};
+
+} // namespace Widget
+} // namespace Ztk

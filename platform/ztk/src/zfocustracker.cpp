@@ -1,0 +1,52 @@
+#include "ztk/zfocustracker.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QPointer>
+#include <QWidget>
+
+namespace Ztk {
+namespace Widget {
+
+namespace {
+QPointer<ZFocusTracker> s_tracker;
+} // namespace
+
+ZFocusTracker::ZFocusTracker(QObject *parent)
+    : QObject(parent)
+{
+    parent->installEventFilter(this);
+}
+
+void ZFocusTracker::install()
+{
+    if (!s_tracker && qobject_cast<QApplication *>(QCoreApplication::instance()))
+        s_tracker = new ZFocusTracker(QCoreApplication::instance());
+}
+
+bool ZFocusTracker::showsFocus(const QWidget *widget)
+{
+    install();
+    return widget && widget->hasFocus() && s_tracker && s_tracker->m_visible;
+}
+
+bool ZFocusTracker::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn && watched->isWidgetType()) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        // A window or a popup that comes or goes says nothing about the hand that did it.
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            m_visible = reason != Qt::MouseFocusReason;
+    } else if (event->type() == QEvent::KeyPress && !m_visible) {
+        m_visible = true;
+        if (QWidget *focused = QApplication::focusWidget()) {
+            focused->update();
+            if (focused->inherits("QAbstractScrollArea"))
+                focused->findChild<QWidget *>(QStringLiteral("qt_scrollarea_viewport"))->update();
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace Widget
+} // namespace Ztk

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QColor>
+#include <QObject>
+#include <QScopedPointer>
+#include <QString>
+
+class QTemporaryDir;
+
+namespace Ztk {
+namespace Gui {
+
+/**
+ * Makes QIcon::fromTheme("NAME") find compiled-in files
+ * ":/icons/tavren/builtin/actions/NAME_<size>px.svg", whichever library or plugin brought them.
+ *
+ * Qt looks icons up in theme folders by plain file name, so the compiled-in files are written to a
+ * temporary theme, one folder per size; "currentColor" in them becomes the theme's text colour. A
+ * plugin may bring its files at any time: they are picked up before the next widget is polished or
+ * painted, or at once by refresh().
+ *
+ * Lives as long as the application object and removes its folder with it. GUI thread only.
+ */
+class ZIconTheme : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Makes the icon theme, once per application object; nothing without a GUI application. */
+    static void install();
+
+    /** Writes the icons in @p textColor from here on. */
+    static void setTextColor(const QColor &textColor);
+
+    /** Picks up files that were registered since the last time. */
+    static void refresh();
+
+    ~ZIconTheme() override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    explicit ZIconTheme(QObject *parent);
+    void activate();
+    void write(const QString &folder);
+
+    QScopedPointer<QTemporaryDir> m_folder;
+    QString m_fallbackTheme; ///< The theme in force before; it still serves all other names.
+    QColor m_textColor;
+    int m_fileCount = 0; ///< Compiled-in files at the time of the last writing.
+    int m_generation = 0;
+};
+
+} // namespace Gui
+} // namespace Ztk

@@ -1,0 +1,174 @@
+#include "ztk/zpainting.h"
+
+#include <QIcon>
+#include <QImage>
+#include <QPainter>
+#include <QPixmap>
+
+#include <cmath>
+
+namespace Ztk {
+namespace Widget {
+
+namespace {
+
+/** Saves the painter's state and turns antialiasing on for as long as it lives. */
+class SmoothPainting
+{
+public:
+    explicit SmoothPainting(QPainter *painter)
+        : m_painter(painter)
+    {
+        m_painter->save();
+        m_painter->setRenderHint(QPainter::Antialiasing);
+        m_painter->setPen(Qt::NoPen);
+    }
+    ~SmoothPainting() { m_painter->restore(); }
+
+private:
+    Q_DISABLE_COPY(SmoothPainting)
+    QPainter *m_painter;
+};
+
+qreal deviceScale(const QPainter *painter)
+{
+    const qreal scale = std::abs(painter->deviceTransform().m11());
+    return scale > 0 ? scale : 1;
+}
+
+} // namespace
+
+QColor ZPainting::blend(const QColor &from, const QColor &to, qreal amount)
+{
+    const auto mix = [amount](qreal a, qreal b) {
+        return qBound(0.0, a + (b - a) * amount, 1.0);
+    };
+    return QColor::fromRgbF(mix(from.redF(), to.redF()), mix(from.greenF(), to.greenF()),
+                            mix(from.blueF(), to.blueF()), mix(from.alphaF(), to.alphaF()));
+}
+
+qreal ZPainting::hairline(const QPainter *painter)
+{
+    const qreal scale = deviceScale(painter);
+    return qMax(1.0, std::floor(scale)) / scale;
+}
+
+QRectF ZPainting::snapped(const QPainter *painter, const QRectF &rect)
+{
+    const QTransform toDevice = painter->deviceTransform();
+    if (toDevice.type() > QTransform::TxScale)
+        return rect;
+    const QRectF device = toDevice.mapRect(rect);
+    const QRectF whole(QPointF(std::round(device.left()), std::round(device.top())),
+                       QPointF(std::round(device.right()), std::round(device.bottom())));
+    return toDevice.inverted().mapRect(whole);
+}
+
+QPainterPath ZPainting::roundedPath(const QRectF &rect, qreal top, qreal bottom)
+{
+    const qreal most = qMin(rect.width(), rect.height()) / 2;
+    const qreal t = qMin(top, most) * 2;
+    const qreal b = qMin(bottom, most) * 2;
+    QPainterPath path;
+    path.moveTo(rect.left(), rect.top() + t / 2);
+    // arcTo() ignores an empty rectangle, so a square corner is a line to it.
+    const auto corner = [&path](const QRectF &circle, qreal startAngle) {
+        if (circle.isEmpty())
+            path.lineTo(circle.topLeft());
+        else
+            path.arcTo(circle, startAngle, -90);
+    };
+    corner(QRectF(rect.left(), rect.top(), t, t), 180);
+    corner(QRectF(rect.right() - t, rect.top(), t, t), 90);
+    corner(QRectF(rect.right() - b, rect.bottom() - b, b, b), 0);
+    corner(QRectF(rect.left(), rect.bottom() - b, b, b), 270);
+    path.closeSubpath();
+    return path;
+}
+
+void ZPainting::fillRounded(QPainter *painter, const QRectF &rect, qreal radius, const QColor &fill)
+{
+    const SmoothPainting smooth(painter);
+    painter->fillPath(roundedPath(snapped(painter, rect), radius, radius), fill);
+}
+
+void ZPainting::frameRounded(QPainter *painter, const QRectF &rect, qreal radius,
+                             const QColor &color, qreal width)
+{
+    const SmoothPainting smooth(painter);
+    const QRectF outer = snapped(painter, rect);
+    const QRectF inner = outer.adjusted(width, width, -width, -width);
+    const qreal innerRadius = qMax(0.0, radius - width);
+    QPainterPath frame = roundedPath(outer, radius, radius);
+    frame.addPath(roundedPath(inner, innerRadius, innerRadius));
+    frame.setFillRule(Qt::OddEvenFill);
+    painter->fillPath(frame, color);
+}
+
+void ZPainting::drawFocusRing(QPainter *painter, const QRectF &rect, qreal radius,
+                              const QPalette &palette)
+{
+    frameRounded(painter, rect, radius, palette.color(QPalette::Active, QPalette::Highlight),
+                 FocusRingWidth);
+}
+
+void ZPainting::drawIcon(QPainter *painter, const QRect &rect, const QIcon &icon,
+                         const QColor &symbolColor)
+{
+    if (rect.isEmpty() || icon.isNull())
+        return;
+    const qreal scale = deviceScale(painter);
+    const QSize wanted(qRound(rect.width() * scale), qRound(rect.height() * scale));
+    // Through an image of the device's own size: the icon is rendered for exactly these pixels
+    // whatever the application's attributes say about high-resolution pixmaps.
+    QPixmap canvas(wanted);
+    canvas.fill(Qt::transparent);
+    {
+        QPainter canvasPainter(&canvas);
+        icon.paint(&canvasPainter, canvas.rect());
+    }
+    if (isSymbol(canvas))
+        canvas = tinted(canvas, symbolColor);
+    canvas.setDevicePixelRatio(scale);
+    painter->drawPixmap(snapped(painter, rect).topLeft(), canvas);
+}
+
+bool ZPainting::isSymbol(const QPixmap &pixmap)
+{
+    // Faint pixels say nothing: their colour is lost in the rounding of premultiplied channels.
+    constexpr int leastAlpha = 64;
+    constexpr int tolerance = 8;
+    const QImage image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+    bool found = false;
+    QRgb first = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = line[x];
+            if (qAlpha(pixel) < leastAlpha)
+                continue;
+            if (!found) {
+                first = pixel;
+                found = true;
+            } else if (qAbs(qRed(pixel) - qRed(first)) > tolerance ||
+                       qAbs(qGreen(pixel) - qGreen(first)) > tolerance ||
+                       qAbs(qBlue(pixel) - qBlue(first)) > tolerance) {
+                return false;
+            }
+        }
+    }
+    return found;
+}
+
+QPixmap ZPainting::tinted(const QPixmap &pixmap, const QColor &color)
+{
+    QPixmap result = pixmap;
+    QPainter painter(&result);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(QRectF(QPointF(0, 0), QSizeF(pixmap.size()) / pixmap.devicePixelRatioF()),
+                     color);
+    return result;
+}
+
+} // namespace Widget
+} // namespace Ztk

@@ -1,0 +1,92 @@
+#include "zthemepalettes.h"
+
+namespace Ztk {
+namespace Gui {
+
+namespace {
+
+struct RoleColor
+{
+    QPalette::ColorRole role;
+    const char *enabled;
+    const char *disabled;
+};
+
+// Text on its background has a contrast of at least 4.5:1, the outline of a control (Dark) on a
+// card (Base) at least 3:1. Pages tell the themes apart by BrightText: exactly black means light.
+const RoleColor lightColors[] = {
+    {QPalette::Window, "#f3f4f7", "#f3f4f7"},
+    {QPalette::WindowText, "#1d2129", "#9aa1ac"},
+    {QPalette::Base, "#ffffff", "#fafbfc"},
+    {QPalette::AlternateBase, "#f7f8fa", "#f7f8fa"},
+    {QPalette::Text, "#1d2129", "#9aa1ac"},
+    {QPalette::Button, "#eef0f4", "#f4f5f8"},
+    {QPalette::ButtonText, "#1d2129", "#9aa1ac"},
+    {QPalette::BrightText, "#000000", "#000000"},
+    {QPalette::Light, "#ffffff", "#ffffff"},
+    {QPalette::Midlight, "#e8ebf0", "#eef0f4"},
+    {QPalette::Mid, "#d4d8df", "#e2e5ea"},
+    {QPalette::Dark, "#858d99", "#c3c8d0"},
+    {QPalette::Shadow, "#3a3f47", "#9aa1ac"},
+    {QPalette::Highlight, "#1769e0", "#b9c3d3"},
+    {QPalette::HighlightedText, "#ffffff", "#ffffff"},
+    {QPalette::Link, "#1259c3", "#9aa1ac"},
+    {QPalette::LinkVisited, "#6b3fb5", "#9aa1ac"},
+    {QPalette::ToolTipBase, "#ffffff", "#ffffff"},
+    {QPalette::ToolTipText, "#1d2129", "#1d2129"},
+#if QT_VERSION >= QT_VERSION_CHECK(5, 12, 0)
+    {QPalette::PlaceholderText, "#68707c", "#9aa1ac"},
+#endif
+};
+
+const RoleColor darkColors[] = {
+    {QPalette::Window, "#1b1d21", "#1b1d21"},
+    {QPalette::WindowText, "#e6e9ee", "#6f7783"},
+    {QPalette::Base, "#272a30", "#23262b"},
+    {QPalette::AlternateBase, "#2c3036", "#2c3036"},
+    {QPalette::Text, "#e6e9ee", "#6f7783"},
+    {QPalette::Button, "#373b43", "#2d3036"},
+    {QPalette::ButtonText, "#e6e9ee", "#6f7783"},
+    {QPalette::BrightText, "#ffffff", "#ffffff"},
+    {QPalette::Light, "#4a4f59", "#3d4149"},
+    {QPalette::Midlight, "#40454e", "#363a41"},
+    {QPalette::Mid, "#41464f", "#33373e"},
+    {QPalette::Dark, "#828b98", "#50565f"},
+    {QPalette::Shadow, "#000000", "#000000"},
+    {QPalette::Highlight, "#5b9dff", "#4b5768"},
+    {QPalette::HighlightedText, "#08152b", "#1b1d21"},
+    {QPalette::Link, "#8ab8ff", "#6f7783"},
+    {QPalette::LinkVisited, "#c3a6ff", "#6f7783"},
+    {QPalette::ToolTipBase, "#373b43", "#373b43"},
+    {QPalette::ToolTipText, "#e6e9ee", "#e6e9ee"},
+#if QT_VERSION >= QT_VERSION_CHECK(5, 12, 0)
+    {QPalette::PlaceholderText, "#9aa3b0", "#6f7783"},
+#endif
+};
+
+template <int count>
+QPalette toPalette(const RoleColor (&colors)[count])
+{
+    QPalette palette;
+    for (const RoleColor &color : colors) {
+        palette.setColor(QPalette::Active, color.role, QColor(color.enabled));
+        palette.setColor(QPalette::Inactive, color.role, QColor(color.enabled));
+        palette.setColor(QPalette::Disabled, color.role, QColor(color.disabled));
+    }
+    return palette;
+}
+
+} // namespace
+
+QPalette lightPalette()
+{
+    return toPalette(lightColors);
+}
+
+QPalette darkPalette()
+{
+    return toPalette(darkColors);
+}
+
+} // namespace Gui
+} // namespace Ztk
