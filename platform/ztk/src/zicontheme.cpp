@@ -21,6 +21,9 @@ namespace {
 
 QPointer<ZIconTheme> s_theme;
 
+/** What artists paint in where the theme's text colour is meant. */
+const char symbolColor[] = "#000000";
+
 QString builtinFolder()
 {
     return QStringLiteral(":/icons/tavren/builtin/actions");
@@ -142,7 +145,7 @@ void ZIconTheme::write(const QString &folder)
             QDir().mkpath(folder + QLatin1Char('/') + size);
         }
         QByteArray svg = source.readAll();
-        svg.replace("currentColor", m_textColor.name().toLatin1());
+        svg.replace(symbolColor, m_textColor.name().toLatin1());
         if (!writeFile(folder + QLatin1Char('/') + size + QLatin1Char('/') + match.captured(1) +
                            QStringLiteral(".svg"),
                        svg))
