@@ -106,6 +106,16 @@
 <context>
     <name>ShortcutItem</name>
     <message>
+        <source>Edit</source>
+        <extracomment>Name of a button that has only an icon: the user wants to change this shortcut.</extracomment>
+        <translation>རྩོམ་སྒྲིག</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <extracomment>Name of a button that has only an icon: the user wants to remove this shortcut.</extracomment>
+        <translation>མེད་པར་བཟོ་བ</translation>
+    </message>
+    <message>
         <source>Enter a new shortcut</source>
         <translation>མྱུར་མཐེབ་གསར་བ་ནང་འཇུག་བྱོས།</translation>
     </message>

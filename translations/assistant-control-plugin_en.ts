@@ -106,6 +106,16 @@
 <context>
     <name>ShortcutItem</name>
     <message>
+        <source>Edit</source>
+        <extracomment>Name of a button that has only an icon: the user wants to change this shortcut.</extracomment>
+        <translation>Edit</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <extracomment>Name of a button that has only an icon: the user wants to remove this shortcut.</extracomment>
+        <translation>Remove</translation>
+    </message>
+    <message>
         <source>Enter a new shortcut</source>
         <translation>Enter a new shortcut</translation>
     </message>
