@@ -133,6 +133,7 @@ void VoiceAnimationWidget::paintEvent(QPaintEvent *)
     if (m_keyboardFocus && hasFocus()) {
         QStyleOptionFocusRect option;
         option.initFrom(this);
+        option.state |= QStyle::State_KeyboardFocusChange;
         style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
     }
 }
@@ -160,9 +161,21 @@ void VoiceAnimationWidget::keyPressEvent(QKeyEvent *event)
 
 void VoiceAnimationWidget::focusInEvent(QFocusEvent *event)
 {
-    m_keyboardFocus = event->reason() == Qt::TabFocusReason ||
-                      event->reason() == Qt::BacktabFocusReason ||
-                      event->reason() == Qt::ShortcutFocusReason;
+    switch (event->reason()) {
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+        m_keyboardFocus = true;
+        break;
+    case Qt::MouseFocusReason:
+        m_keyboardFocus = false;
+        break;
+    case Qt::OtherFocusReason: // a page moves the focus on; how did the user come here?
+        m_keyboardFocus = window()->testAttribute(Qt::WA_KeyboardFocusChange);
+        break;
+    default: // the window or a menu gives the focus back
+        break;
+    }
     QWidget::focusInEvent(event);
 }
 

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QMutex>
+#include <QMutexLocker>
+#include <QSet>
+#include <QTimer>
+
+// Qt's table of hooks for tools that watch the objects of a process (layout: QtCore's qhooks).
+extern Q_CORE_EXPORT quintptr qtHookData[];
+
+/**
+ * Finds the timers that are created while it lives, parentless ones included, so that tests look at
+ * them and let them tick without waiting. One at a time.
+ */
+class TimerTracker
+{
+public:
+    TimerTracker()
+    {
+        Q_ASSERT(!instance());
+        instance() = this;
+        m_previousAdd = qtHookData[addHook];
+        m_previousRemove = qtHookData[removeHook];
+        qtHookData[addHook] = reinterpret_cast<quintptr>(&TimerTracker::added);
+        qtHookData[removeHook] = reinterpret_cast<quintptr>(&TimerTracker::removed);
+    }
+
+    ~TimerTracker()
+    {
+        qtHookData[addHook] = m_previousAdd;
+        qtHookData[removeHook] = m_previousRemove;
+        instance() = nullptr;
+    }
+
+    TimerTracker(const TimerTracker &) = delete;
+    TimerTracker &operator=(const TimerTracker &) = delete;
+
+    /** The timers that are still there and whose interval is @p ms now. */
+    QList<QTimer *> timers(int ms) const
+    {
+        const QMutexLocker locker(&m_mutex);
+        QList<QTimer *> found;
+        for (QObject *object : m_objects) {
+            auto *timer = qobject_cast<QTimer *>(object);
+            if (timer && timer->interval() == ms)
+                found.append(timer);
+        }
+        return found;
+    }
+
+    /** Lets @p timer fire once, as if its time had come. */
+    static bool fire(QTimer *timer)
+    {
+        return QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection);
+    }
+
+private:
+    static constexpr int addHook = 3;
+    static constexpr int removeHook = 4;
+
+    static TimerTracker *&instance()
+    {
+        static TimerTracker *tracker = nullptr;
+        return tracker;
+    }
+
+    // Called by every QObject's constructor, on its thread.
+    static void added(QObject *object)
+    {
+        if (TimerTracker *tracker = instance()) {
+            const QMutexLocker locker(&tracker->m_mutex);
+            tracker->m_objects.insert(object);
+        }
+    }
+
+    static void removed(QObject *object)
+    {
+        if (TimerTracker *tracker = instance()) {
+            const QMutexLocker locker(&tracker->m_mutex);
+            tracker->m_objects.remove(object);
+        }
+    }
+
+    mutable QMutex m_mutex;
+    QSet<QObject *> m_objects;
+    quintptr m_previousAdd = 0;
+    quintptr m_previousRemove = 0;
+};
