@@ -122,8 +122,10 @@ void TranslationsBundles::holdsExactlyItsFilesInOrder()
         listed.append(entry.resource);
     QCOMPARE(listed, resources(folder, files));
 
+    // The toolkit keeps icons of its own in the same folder.
+    const QStringList mine{QStringLiteral("zcc_nav_*"), QStringLiteral("assistant-*")};
     files.sort();
-    QCOMPARE(QDir(folder).entryList(QDir::NoFilter, QDir::Name), files);
+    QCOMPARE(QDir(folder).entryList(mine, QDir::NoFilter, QDir::Name), files);
 }
 
 void TranslationsBundles::storesEveryFileWithZlib_data()
