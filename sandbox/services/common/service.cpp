@@ -83,9 +83,7 @@ int Service::run()
     QDBusConnection bus = connection();
     if (!bus.isConnected()) {
         say(QStringLiteral("the %1 bus cannot be reached: %2")
-                .arg(m_identity.bus == QDBusConnection::SystemBus ? QStringLiteral("system")
-                                                                  : QStringLiteral("session"),
-                     bus.lastError().message()));
+                .arg(busWord(), bus.lastError().message()));
         return BusUnreachable;
     }
     bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
@@ -101,7 +99,7 @@ int Service::run()
             return NameTaken;
         }
     }
-    QTextStream(stdout) << "ready " << m_identity.busName << '\n';
+    QTextStream(stdout) << "ready " << m_identity.busName << ' ' << busWord() << '\n';
     return QCoreApplication::exec();
 }
 
@@ -109,6 +107,12 @@ void Service::busGone()
 {
     say(QStringLiteral("the bus has gone away"));
     QCoreApplication::quit();
+}
+
+QString Service::busWord() const
+{
+    return m_identity.bus == QDBusConnection::SystemBus ? QStringLiteral("system")
+                                                        : QStringLiteral("session");
 }
 
 QDBusConnection Service::connection() const

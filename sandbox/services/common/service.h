@@ -31,9 +31,9 @@ struct ServiceIdentity
  * generated adaptor in its constructor (`new DockIconAdaptor(this)`) and never talks to the bus
  * itself.
  *
- * Every service has the options --state FILE, --version and --help, prints one line beginning with
- * "ready" on standard output when its names are owned, one line per change of its state on standard
- * error, and ends on SIGTERM, SIGINT, or when the bus goes away.
+ * Every service has the options --state FILE, --version and --help, prints the line
+ * "ready BUSNAME session" (or "system") on standard output when its names are owned, one line per
+ * change of its state on standard error, and ends on SIGTERM, SIGINT, or when the bus goes away.
  */
 class Service : public QObject
 {
@@ -73,6 +73,7 @@ private Q_SLOTS:
     void busGone();
 
 private:
+    QString busWord() const;
     QDBusConnection connection() const;
 
     ServiceIdentity m_identity;
