@@ -5,8 +5,12 @@
 
 set(module_headers
     pages/assistantsettingwidget.h
+    pages/keydisplaynames.h
+    pages/keylabel.h
     pages/leftvoicetests.h
     pages/pagelayout.h
+    pages/shortcutitem.h
+    pages/shortcutkey.h
     pages/texttranslatesettingwidget.h
     pages/voiceiatsettingwidget.h
     pages/voicetestverdict.h
@@ -29,8 +33,11 @@ set(module_headers
     voice/wavelevel.h)
 set(module_sources
     pages/assistantsettingwidget.cpp
+    pages/keylabel.cpp
     pages/leftvoicetests.cpp
     pages/pagelayout.cpp
+    pages/shortcutitem.cpp
+    pages/shortcutkey.cpp
     pages/texttranslatesettingwidget.cpp
     pages/voiceiatsettingwidget.cpp
     pages/voicetestpanel.cpp

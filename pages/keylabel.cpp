@@ -1,0 +1,79 @@
+#include "pages/keylabel.h"
+
+#include "pages/keydisplaynames.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPainter>
+#include <QStyleOptionButton>
+
+namespace {
+const int kSidePadding = 18;   // pixels, left and right together
+const int kHeightPadding = 10; // pixels, above and below together
+
+// Characters. Key names have some 30 at most; what is longer is damaged input, and shaping a
+// megabyte of text at every repaint would hold up the control center.
+const int kLongestText = 1024;
+} // namespace
+
+KeyLabel::KeyLabel(const QString &text, QWidget *parent)
+    : QWidget(parent)
+{
+    const QString shown = keyDisplayNames.value(text);
+    if (text.isEmpty()) {
+        //: On a key cap: no key is set.
+        m_text = tr("None");
+    } else {
+        m_text = (shown.isEmpty() ? text : shown).left(kLongestText);
+    }
+    setAccessibleName(m_text);
+    fitWidthToText();
+}
+
+QString KeyLabel::text() const
+{
+    return m_text;
+}
+
+void KeyLabel::setEnter(bool enter)
+{
+    m_enter = enter;
+    update();
+}
+
+// The width is the minimum; the height lets a row grow with the font.
+QSize KeyLabel::sizeHint() const
+{
+    return QSize(minimumWidth(), fontMetrics().height() + kHeightPadding);
+}
+
+void KeyLabel::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+
+    // Not initialised from the widget: a cap looks the same in every state of its row, and its
+    // colours are the application's.
+    QStyleOptionButton option;
+    option.rect = rect();
+    option.text = m_text;
+
+    QPalette &palette = option.palette;
+    palette.setBrush(QPalette::Light, palette.base());
+    palette.setBrush(QPalette::Dark, palette.base());
+    palette.setBrush(QPalette::ButtonText, palette.highlight());
+    palette.setBrush(QPalette::Shadow, QBrush(Qt::transparent));
+
+    style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
+}
+
+void KeyLabel::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitWidthToText();
+}
+
+void KeyLabel::fitWidthToText()
+{
+    setMinimumWidth(QFontMetrics(QApplication::font()).horizontalAdvance(m_text) + kSidePadding);
+}

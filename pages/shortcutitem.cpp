@@ -1,0 +1,268 @@
+#include "pages/shortcutitem.h"
+
+#include "pages/shortcutkey.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+#include <QTimer>
+
+#include <ztk/ziconbutton.h>
+
+using Ztk::Widget::ZIconButton;
+
+namespace {
+// Pixels.
+const int kMinimumHeight = 40;
+const int kButtonSize = 16;
+const int kTitleReserve = 32;     // kept free beside the title and the caps
+const int kPlaceholderSlack = 16; // frame and text margins of the line edit
+const int kFocusMargin = 3;
+
+// Characters of average width: the title for which a row asks for room.
+const int kUsualTitleLength = 24;
+
+// The toolkit style's picture for "remove this entry"; the number is the toolkit's.
+const auto kRemovePicture = static_cast<QStyle::StandardPixmap>(0xF000001B);
+} // namespace
+
+QStringList ShortcutItem::keyNames(QString accels)
+{
+    accels.remove(QLatin1Char('<'));
+    accels.replace(QLatin1Char('>'), QLatin1Char('-'));
+    accels.remove(QLatin1String("_L"));
+    accels.remove(QLatin1String("_R"));
+    accels.replace(QLatin1String("Control"), QLatin1String("Ctrl"));
+    return accels.split(QLatin1Char('-'));
+}
+
+ShortcutItem::ShortcutItem(QFrame *parent)
+    : zcc::widgets::SettingsItem(parent)
+    , m_shortcutEdit(new QLineEdit)
+    , m_title(new QLabel)
+    , m_removeButton(new ZIconButton(this))
+    , m_editButton(new ZIconButton(this))
+    , m_key(new ShortcutKey)
+{
+    setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Minimum);
+    setMinimumHeight(kMinimumHeight);
+    setAttribute(Qt::WA_MouseTracking);
+    setFocusPolicy(Qt::TabFocus);
+
+    m_title->setObjectName(QStringLiteral("title"));
+    m_title->setTextFormat(Qt::PlainText);
+    m_title->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_title->setWordWrap(false);
+    m_title->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+
+    m_editButton->setObjectName(QStringLiteral("edit"));
+    //: Name of a button that has only an icon: the user wants to change this shortcut.
+    m_editButton->setAccessibleName(tr("Edit"));
+    m_editButton->setIcon(QIcon::fromTheme(QStringLiteral("zcc_edit")));
+    m_removeButton->setObjectName(QStringLiteral("remove"));
+    //: Name of a button that has only an icon: the user wants to remove this shortcut.
+    m_removeButton->setAccessibleName(tr("Remove"));
+    m_removeButton->setIcon(style()->standardIcon(kRemovePicture));
+    for (ZIconButton *button : {m_editButton, m_removeButton}) {
+        button->setFixedSize(kButtonSize, kButtonSize);
+        button->setIconSize(QSize(kButtonSize, kButtonSize));
+        button->setVisible(false);
+    }
+
+    m_key->setObjectName(QStringLiteral("key"));
+
+    m_shortcutEdit->setObjectName(QStringLiteral("shortcutEdit"));
+    m_shortcutEdit->setReadOnly(true);
+    m_shortcutEdit->setPlaceholderText(tr("Enter a new shortcut"));
+    // A click on it is a click on the row: it ends the wait.
+    m_shortcutEdit->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_shortcutEdit->setFocusPolicy(Qt::NoFocus);
+    m_shortcutEdit->setVisible(false);
+    fitPlaceholder();
+
+    auto *layout = new QHBoxLayout;
+    layout->setContentsMargins(8, 2, 8, 2);
+    layout->setSpacing(2);
+    layout->addWidget(m_title);
+    layout->setAlignment(m_title, Qt::AlignLeft);
+    layout->addWidget(m_editButton, 1);
+    layout->addStretch();
+    layout->addWidget(m_removeButton, 1);
+    layout->addWidget(m_key);
+    layout->addWidget(m_shortcutEdit, 0, Qt::AlignRight | Qt::AlignVCenter);
+    setLayout(layout);
+
+    connect(m_editButton, &ZIconButton::clicked, this, &ShortcutItem::onShortcutEdit);
+    connect(m_removeButton, &ZIconButton::clicked, this, &ShortcutItem::onRemoveClick);
+}
+
+void ShortcutItem::setTitle(const QString &title)
+{
+    m_title->setText(title);
+    QTimer::singleShot(0, this, &ShortcutItem::updateTitleSize);
+    m_info.name = title;
+    setAccessibleName(title);
+}
+
+void ShortcutItem::setShortcut(const QString &accels)
+{
+    setEditMode(false);
+    showShortcut();
+    m_key->setTextList(keyNames(accels));
+    m_info.accels = accels;
+    setAccessibleDescription(m_key->accessibleName());
+}
+
+void ShortcutItem::setShortcutInfo(const ShortcutInfo &info)
+{
+    setTitle(m_info.name);
+    setShortcut(info.accels);
+}
+
+void ShortcutItem::onShortcutEdit()
+{
+    emit shortcutEditChanged(m_info);
+}
+
+void ShortcutItem::onRemoveClick()
+{
+    emit requestRemove(m_info);
+}
+
+void ShortcutItem::onEditMode(bool on)
+{
+    setEditMode(on);
+    m_shortcutEdit->hide();
+    m_key->setVisible(!on);
+    update();
+}
+
+void ShortcutItem::updateTitleSize()
+{
+    show();
+    const int space = titleSpace();
+    if (titleWidth() <= space)
+        return;
+    // Half of the space only: an elided title leaves the shortcut clearly apart.
+    m_title->setText(m_title->fontMetrics().elidedText(m_title->text(), Qt::ElideRight, space / 2));
+}
+
+// The title counts with its full text, whether elided or not: a row whose size followed the elision
+// would change the size that the elision follows, for ever, in a container that grants every wish.
+QSize ShortcutItem::sizeHint() const
+{
+    const QFontMetrics metrics = m_title->fontMetrics();
+    const int usual = metrics.averageCharWidth() * kUsualTitleLength;
+    const int title = qMin(metrics.horizontalAdvance(m_info.name), usual) + kTitleReserve;
+    const QSize hint = zcc::widgets::SettingsItem::sizeHint();
+    return QSize(hint.width() - m_title->sizeHint().width() + title, hint.height());
+}
+
+QSize ShortcutItem::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+void ShortcutItem::resizeEvent(QResizeEvent *event)
+{
+    zcc::widgets::SettingsItem::resizeEvent(event);
+    const int space = titleSpace();
+    const int width = titleWidth();
+    QTimer::singleShot(0, this, [this, space, width] {
+        if (space >= width)
+            m_title->setText(m_info.name);
+        else
+            updateTitleSize();
+    });
+}
+
+// The base handler is left out: the row takes the click.
+void ShortcutItem::mouseReleaseEvent(QMouseEvent *event)
+{
+    activate(m_key->rect().contains(m_key->mapFrom(this, event->pos())));
+}
+
+void ShortcutItem::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Select:
+        if (!event->isAutoRepeat())
+            activate(true);
+        break;
+    default:
+        zcc::widgets::SettingsItem::keyPressEvent(event);
+    }
+}
+
+void ShortcutItem::paintEvent(QPaintEvent *event)
+{
+    zcc::widgets::SettingsItem::paintEvent(event);
+    if (!hasFocus() || m_removeButton->isVisible())
+        return;
+    const QWidget *control = m_key->isVisible() ? static_cast<QWidget *>(m_key) : m_shortcutEdit;
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect = control->geometry().adjusted(-kFocusMargin, 0, kFocusMargin, 0);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+}
+
+void ShortcutItem::changeEvent(QEvent *event)
+{
+    zcc::widgets::SettingsItem::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitPlaceholder();
+}
+
+// The row itself is a control only while its buttons are not.
+void ShortcutItem::setEditMode(bool on)
+{
+    m_removeButton->setVisible(on);
+    m_editButton->setVisible(on);
+    setFocusPolicy(on ? Qt::NoFocus : Qt::TabFocus);
+}
+
+void ShortcutItem::showShortcut()
+{
+    m_shortcutEdit->hide();
+    m_key->show();
+}
+
+// What a click does; @p onCaps says whether it fell on the key caps.
+void ShortcutItem::activate(bool onCaps)
+{
+    if (m_removeButton->isVisible())
+        return;
+    if (m_shortcutEdit->isVisible() || !onCaps) {
+        showShortcut();
+        return;
+    }
+    m_key->hide();
+    m_shortcutEdit->show();
+    emit requestUpdateKey(m_info);
+}
+
+// Width left for the title beside the caps, in pixels.
+int ShortcutItem::titleSpace() const
+{
+    return width() - m_key->width() - kTitleReserve;
+}
+
+// Width of the title as it now stands, elided or not.
+int ShortcutItem::titleWidth() const
+{
+    return m_title->fontMetrics().horizontalAdvance(m_title->text());
+}
+
+void ShortcutItem::fitPlaceholder()
+{
+    const QFontMetrics metrics = m_shortcutEdit->fontMetrics();
+    m_shortcutEdit->setMinimumWidth(metrics.horizontalAdvance(m_shortcutEdit->placeholderText()) +
+                                    kPlaceholderSlack);
+}

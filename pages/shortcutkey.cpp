@@ -1,0 +1,66 @@
+#include "pages/shortcutkey.h"
+
+#include "pages/keylabel.h"
+
+#include <QHBoxLayout>
+
+namespace {
+const int kSpacing = 5; // pixels
+const int kMostCaps = 1000;
+
+// Pixels. Wider than any shortcut that can be typed, narrow enough that damaged input does not blow
+// up the window around the row to a size that cannot be allocated.
+const int kWidest = 4096;
+} // namespace
+
+ShortcutKey::ShortcutKey(QWidget *parent)
+    : QWidget(parent)
+    , m_layout(new QHBoxLayout)
+{
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(kSpacing);
+    setLayout(m_layout);
+    setLayoutDirection(Qt::LeftToRight); // "Ctrl Alt T" keeps its order in right-to-left languages
+    setMaximumWidth(kWidest);
+}
+
+void ShortcutKey::setTextList(const QStringList &keys)
+{
+    QList<KeyLabel *> old;
+    old.swap(m_caps);
+    for (KeyLabel *cap : qAsConst(old)) {
+        m_layout->removeWidget(cap);
+        cap->hide();
+        cap->deleteLater();
+    }
+
+    QStringList shown;
+    const QStringList names = keys.mid(0, kMostCaps);
+    for (const QString &name : names) {
+        auto *cap = new KeyLabel(name);
+        m_caps.append(cap);
+        m_layout->addWidget(cap);
+        cap->show(); // a hidden cap would not count in the size taken below
+        shown.append(cap->text());
+    }
+    setAccessibleName(shown.join(QLatin1Char('+')));
+    adjustSize();
+}
+
+void ShortcutKey::enterEvent(QEvent *event)
+{
+    QWidget::enterEvent(event);
+    setEnter(true);
+}
+
+void ShortcutKey::leaveEvent(QEvent *event)
+{
+    QWidget::leaveEvent(event);
+    setEnter(false);
+}
+
+void ShortcutKey::setEnter(bool enter)
+{
+    for (KeyLabel *cap : qAsConst(m_caps))
+        cap->setEnter(enter);
+}
