@@ -1,0 +1,76 @@
+#pragma once
+
+#include "pages/keylabel.h"
+#include "pages/shortcutitem.h"
+#include "pages/shortcutkey.h"
+
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QtTest>
+
+#include <ztk/ziconbutton.h>
+
+/** The caps that a row of caps shows, in its layout's order. */
+inline QList<KeyLabel *> caps(const ShortcutKey *key)
+{
+    QList<KeyLabel *> found;
+    for (int i = 0; i < key->layout()->count(); ++i)
+        found.append(qobject_cast<KeyLabel *>(key->layout()->itemAt(i)->widget()));
+    return found;
+}
+
+/** The texts of those caps. */
+inline QStringList capTexts(const ShortcutKey *key)
+{
+    QStringList texts;
+    for (const KeyLabel *cap : caps(key))
+        texts.append(cap->text());
+    return texts;
+}
+
+/** The parts of a row, found by object name, and what they say about its state. */
+struct RowParts
+{
+    explicit RowParts(const ShortcutItem &row)
+        : title(row.findChild<QLabel *>(QStringLiteral("title")))
+        , edit(row.findChild<Ztk::Widget::ZIconButton *>(QStringLiteral("edit")))
+        , remove(row.findChild<Ztk::Widget::ZIconButton *>(QStringLiteral("remove")))
+        , key(row.findChild<ShortcutKey *>(QStringLiteral("key")))
+        , lineEdit(row.findChild<QLineEdit *>(QStringLiteral("shortcutEdit")))
+    {
+    }
+
+    /** The visible parts of the trailing side, as one word for each. */
+    QString visible() const
+    {
+        QStringList words;
+        if (key->isVisible())
+            words.append(QStringLiteral("caps"));
+        if (edit->isVisible())
+            words.append(QStringLiteral("edit"));
+        if (remove->isVisible())
+            words.append(QStringLiteral("remove"));
+        if (lineEdit->isVisible())
+            words.append(QStringLiteral("line"));
+        return words.join(QLatin1Char(' '));
+    }
+
+    QLabel *title;
+    Ztk::Widget::ZIconButton *edit;
+    Ztk::Widget::ZIconButton *remove;
+    ShortcutKey *key;
+    QLineEdit *lineEdit;
+};
+
+/** Clicks at @p position of @p widget through its window, so that Qt itself finds who is hit. */
+inline void clickThroughWindow(const QWidget *widget, const QPoint &position)
+{
+    const QWidget *window = widget->window();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, widget->mapTo(window, position));
+}
+
+inline void clickThroughWindow(const QWidget *widget)
+{
+    clickThroughWindow(widget, widget->rect().center());
+}

@@ -1,0 +1,122 @@
+#include "shortcutparts.h"
+
+#include <QElapsedTimer>
+#include <QVBoxLayout>
+
+namespace {
+const int kLimitMs = 5000; // far more than any of this takes; a hang takes for ever
+const int kMegabyte = 1024 * 1024;
+const int kWidestRow = 8000; // pixels: more cannot be shown, and must not be asked of a window
+} // namespace
+
+/** Accelerators as damaged or hostile settings give them: nothing crashes, and the row stays
+ * usable. */
+class ShortcutRough : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void accelerator_data();
+    void accelerator();
+    void manyChanges();
+    void everyKeyOfHundreds();
+};
+
+void ShortcutRough::accelerator_data()
+{
+    QTest::addColumn<QString>("accels");
+
+    QString controls;
+    for (int c = 0; c < 0x20; ++c)
+        controls.append(QChar(c));
+
+    QTest::newRow("opened only") << QString(500, QLatin1Char('<'));
+    QTest::newRow("closed only") << QString(500, QLatin1Char('>'));
+    QTest::newRow("crossed") << QStringLiteral(">Control<>Alt<T<<>>");
+    QTest::newRow("never closed") << QStringLiteral("<Control<Alt<T");
+    QTest::newRow("hundreds of keys") << QStringLiteral("<Control>").repeated(400) + 'T';
+    QTest::newRow("control characters") << QStringLiteral("<Control>") + controls;
+    QTest::newRow("control characters alone") << controls;
+    QTest::newRow("lines") << QStringLiteral("<Alt>one\ntwo\r\nthree\u2028four");
+    QTest::newRow("direction marks") << QStringLiteral("<Alt>\u202eT\u2066\u200f\ufeff");
+    QTest::newRow("half a character") << QStringLiteral("<Alt>") + QChar(0xd800);
+    QTest::newRow("rich text") << QStringLiteral("<img src='/dev/zero'><b>T");
+    QTest::newRow("1 MB, one name") << QString(kMegabyte, QLatin1Char('W'));
+    QTest::newRow("1 MB, one name without blanks to break at")
+        << QStringLiteral("\u0f40\u0f71").repeated(kMegabyte / 2);
+    QTest::newRow("1 MB of modifiers") << QStringLiteral("<Control>").repeated(kMegabyte / 9);
+    QTest::newRow("1 MB of separators") << QString(kMegabyte, QLatin1Char('-'));
+    QTest::newRow("1 MB of opening brackets") << QString(kMegabyte, QLatin1Char('<'));
+    QTest::newRow("1 MB of closing brackets") << QString(kMegabyte, QLatin1Char('>'));
+    QTest::newRow("1 MB of null characters") << QString(kMegabyte, QChar(0));
+    QTest::newRow("1 MB of side marks") << QStringLiteral("_L_R").repeated(kMegabyte / 4);
+}
+
+void ShortcutRough::accelerator()
+{
+    QFETCH(QString, accels);
+    QElapsedTimer clock;
+    clock.start();
+
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    auto *row = new ShortcutItem;
+    layout->addWidget(row);
+    row->setTitle(QStringLiteral("Title"));
+    row->setShortcut(QStringLiteral("F1"));
+    window.resize(500, 80);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+
+    row->setShortcut(accels);
+    QCoreApplication::processEvents();
+    window.grab();
+    QVERIFY2(window.minimumWidth() < kWidestRow, qPrintable(QString::number(window.width())));
+
+    // It still does what a row does.
+    const RowParts parts(*row);
+    row->onEditMode(true);
+    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
+    row->onEditMode(false);
+    QString asked;
+    connect(row, &ShortcutItem::requestUpdateKey, row,
+            [&asked](const ShortcutItem::ShortcutInfo &info) { asked = info.accels; });
+    clickThroughWindow(caps(parts.key).first(), QPoint(2, 2));
+    QCOMPARE(parts.visible(), QStringLiteral("line"));
+    QVERIFY(asked == accels);
+
+    row->setShortcut(QStringLiteral("<Control><Alt>T"));
+    QCoreApplication::processEvents();
+    QCOMPARE(capTexts(parts.key), QStringList({"Ctrl", "Alt", "T"}));
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QVERIFY(parts.key->width() < 300);
+    QVERIFY2(clock.elapsed() < kLimitMs, qPrintable(QString::number(clock.elapsed())));
+}
+
+void ShortcutRough::manyChanges()
+{
+    QWidget window;
+    auto *row = new ShortcutItem;
+    auto *layout = new QVBoxLayout(&window);
+    layout->addWidget(row);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    for (int i = 0; i < 300; ++i)
+        row->setShortcut(QStringLiteral("<Control>F%1").arg(i));
+    const ShortcutKey *key = RowParts(*row).key;
+    QCOMPARE(capTexts(key), QStringList({"Ctrl", "F299"}));
+    QTRY_COMPARE(key->findChildren<KeyLabel *>().size(), 2);
+}
+
+void ShortcutRough::everyKeyOfHundreds()
+{
+    ShortcutKey key(nullptr);
+    QStringList names;
+    for (int i = 0; i < 900; ++i)
+        names.append(QStringLiteral("F%1").arg(i));
+    key.setTextList(names);
+    QCOMPARE(capTexts(&key), names);
+}
+
+QTEST_MAIN(ShortcutRough)
+#include "shortcutrough.moc"

@@ -1,0 +1,636 @@
+#include "shortcutparts.h"
+
+#include <QHBoxLayout>
+#include <QScrollArea>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+
+using Ztk::Widget::ZIconButton;
+using Info = ShortcutItem::ShortcutInfo;
+
+namespace {
+
+const QString kAccels = QStringLiteral("<Control><Alt>T");
+const QString kLongTitle =
+    QStringLiteral("Write what is said into the window that has the keyboard focus");
+const QChar kEllipsis(0x2026);
+
+/** A window that holds one row at a place and width of the test's choice. */
+class RowWindow : public QWidget
+{
+public:
+    explicit RowWindow(int width = 600)
+    {
+        resize(width, 80);
+        row = new ShortcutItem(&m_frame);
+        m_frame.setGeometry(0, 0, width, 80);
+        setRowWidth(width - 20);
+    }
+
+    void setRowWidth(int width)
+    {
+        m_frame.resize(width + 20, 80);
+        row->setGeometry(10, 10, width, 44);
+    }
+
+    bool showAndWait()
+    {
+        show();
+        return QTest::qWaitForWindowExposed(this);
+    }
+
+    QPointer<ShortcutItem> row;
+
+private:
+    QFrame m_frame{this};
+};
+
+/** The signals of a row in the order of their arrival, each as "signal: name, accelerator". */
+class SignalLog : public QObject
+{
+public:
+    explicit SignalLog(ShortcutItem *row)
+    {
+        const auto log = [this](const char *signal) {
+            return [this, signal](const Info &info) {
+                lines.append(QStringLiteral("%1: %2, %3").arg(signal, info.name, info.accels));
+            };
+        };
+        connect(row, &ShortcutItem::shortcutEditChanged, this, log("edit"));
+        connect(row, &ShortcutItem::requestUpdateKey, this, log("update"));
+        connect(row, &ShortcutItem::requestRemove, this, log("remove"));
+    }
+
+    QStringList lines;
+};
+
+} // namespace
+
+/** ShortcutItem: its parts, its three states, its title and its signals. */
+class ShortcutRow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+    void construction();
+    void needsNoParent();
+    void showsShortcut_data();
+    void showsShortcut();
+    void keepsAcceleratorAsGiven();
+    void infoDoesNotRename();
+    void editModeShowsButtons();
+    void shortcutLeavesEveryState();
+    void clicksInFirstState();
+    void clickAfterClickEndsWait_data();
+    void clickAfterClickEndsWait();
+    void clicksInEditMode();
+    void buttonsSignal();
+    void operableByKeyboard();
+    void keyboardDoesNothingInEditMode();
+    void acceptsReleaseItself();
+    void titleStaysPlain();
+    void titleThatFitsIsWhole();
+    void longTitleIsElidedToHalf();
+    void elisionFollowsWidth();
+    void elidedTitleIsRestoredOnceItFits();
+    void titleTimerShowsRow();
+    void settlesInScrollArea();
+    void receiverDeletesRow_data();
+    void receiverDeletesRow();
+    void receiverSetsShortcut();
+    void pendingTimersDieWithRow();
+    void mirrorsInRightToLeft();
+    void placeholderIsReadable();
+};
+
+void ShortcutRow::cleanup()
+{
+    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+}
+
+void ShortcutRow::construction()
+{
+    RowWindow window;
+    ShortcutItem &row = *window.row;
+    const RowParts parts(row);
+    QCOMPARE(row.sizePolicy().horizontalPolicy(), QSizePolicy::MinimumExpanding);
+    QCOMPARE(row.sizePolicy().verticalPolicy(), QSizePolicy::Minimum);
+    QCOMPARE(row.minimumHeight(), 40);
+    QVERIFY(row.hasMouseTracking());
+
+    auto *layout = qobject_cast<QHBoxLayout *>(row.layout());
+    QVERIFY(layout);
+    QCOMPARE(layout->contentsMargins(), QMargins(8, 2, 8, 2));
+    QCOMPARE(layout->spacing(), 2);
+    QCOMPARE(layout->count(), 6);
+    const QList<QWidget *> order = {parts.title,  parts.edit, nullptr,
+                                    parts.remove, parts.key,  parts.lineEdit};
+    const QList<int> stretches = {0, 1, 0, 1, 0, 0};
+    for (int i = 0; i < order.size(); ++i) {
+        QCOMPARE(layout->itemAt(i)->widget(), order.at(i));
+        QCOMPARE(layout->stretch(i), stretches.at(i));
+    }
+    QVERIFY(layout->itemAt(2)->spacerItem());
+    QCOMPARE(layout->itemAt(0)->alignment(), Qt::Alignment(Qt::AlignLeft));
+    QCOMPARE(layout->itemAt(5)->alignment(), Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
+
+    QCOMPARE(parts.title->text(), QString());
+    QCOMPARE(parts.title->alignment(), Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
+    QVERIFY(!parts.title->wordWrap());
+    QCOMPARE(parts.title->sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed,
+                                                    parts.title->sizePolicy().controlType()));
+    for (const ZIconButton *button : {parts.edit, parts.remove}) {
+        QCOMPARE(button->size(), QSize(16, 16));
+        QCOMPARE(button->minimumSize(), button->maximumSize());
+        QVERIFY(!button->accessibleName().isEmpty());
+    }
+    QVERIFY(parts.lineEdit->isReadOnly());
+    QCOMPARE(parts.lineEdit->placeholderText(), QStringLiteral("Enter a new shortcut"));
+
+    QVERIFY(window.showAndWait());
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+}
+
+void ShortcutRow::needsNoParent()
+{
+    ShortcutItem row;
+    row.setShortcut(kAccels);
+    QCOMPARE(row.parentWidget(), nullptr);
+    QCOMPARE(capTexts(RowParts(row).key).size(), 3);
+}
+
+void ShortcutRow::showsShortcut_data()
+{
+    QTest::addColumn<QString>("accels");
+    QTest::addColumn<QStringList>("texts");
+
+    const auto row = [](const char *accels, const QStringList &texts) {
+        QTest::newRow(*accels ? accels : "(empty)") << QString::fromLatin1(accels) << texts;
+    };
+    row("<Control><Alt>T", {"Ctrl", "Alt", "T"});
+    row("<Control><Shift>minus", {"Ctrl", "Shift", "-"});
+    row("<Super_L>a", {"Super", "a"});
+    row("<Super>Up", {"Super", QString(QChar(0x2191))});
+    row("<Alt>Control_L", {"Alt", "Ctrl"});
+    row("<Alt>bracketleft", {"Alt", "bracketleft"});
+    row("<Alt>brackertleft", {"Alt", "["});
+    row("", {"None"});
+    row("<Control>", {"Ctrl", "None"});
+}
+
+void ShortcutRow::showsShortcut()
+{
+    QFETCH(QString, accels);
+    QFETCH(QStringList, texts);
+    RowWindow window;
+    window.row->setShortcut(accels);
+    QCOMPARE(capTexts(RowParts(*window.row).key), texts);
+}
+
+void ShortcutRow::keepsAcceleratorAsGiven()
+{
+    const QString odd = QStringLiteral("<<Control_L>> -> \t&T");
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("Title"));
+    window.row->setShortcut(odd);
+    SignalLog log(window.row);
+    window.row->onShortcutEdit();
+    window.row->onRemoveClick();
+    QCOMPARE(log.lines, QStringList({QStringLiteral("edit: Title, ") + odd,
+                                     QStringLiteral("remove: Title, ") + odd}));
+}
+
+void ShortcutRow::infoDoesNotRename()
+{
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("First"));
+    window.row->setShortcutInfo({QStringLiteral("Second"), kAccels});
+    SignalLog log(window.row);
+    window.row->onShortcutEdit();
+    QCOMPARE(log.lines, QStringList(QStringLiteral("edit: First, ") + kAccels));
+    QCOMPARE(RowParts(*window.row).title->text(), QStringLiteral("First"));
+    QCOMPARE(capTexts(RowParts(*window.row).key), QStringList({"Ctrl", "Alt", "T"}));
+}
+
+void ShortcutRow::editModeShowsButtons()
+{
+    RowWindow window;
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    const RowParts parts(*window.row);
+    window.row->onEditMode(true);
+    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
+    window.row->onEditMode(true);
+    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
+    window.row->onEditMode(false);
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+}
+
+void ShortcutRow::shortcutLeavesEveryState()
+{
+    RowWindow window;
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    const RowParts parts(*window.row);
+
+    window.row->onEditMode(true);
+    window.row->setShortcut(QStringLiteral("F1"));
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+
+    clickThroughWindow(parts.key);
+    QCOMPARE(parts.visible(), QStringLiteral("line"));
+    window.row->setShortcut(QStringLiteral("F2"));
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+
+    clickThroughWindow(parts.key);
+    window.row->onEditMode(true);
+    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
+    window.row->onEditMode(false);
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+}
+
+void ShortcutRow::clicksInFirstState()
+{
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("Title"));
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    const RowParts parts(*window.row);
+    SignalLog log(window.row);
+
+    clickThroughWindow(parts.title);
+    clickThroughWindow(window.row);
+    clickThroughWindow(window.row, QPoint(1, 1));
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(log.lines, QStringList());
+
+    clickThroughWindow(caps(parts.key).at(1));
+    QCOMPARE(parts.visible(), QStringLiteral("line"));
+    QCOMPARE(log.lines, QStringList(QStringLiteral("update: Title, ") + kAccels));
+}
+
+void ShortcutRow::clickAfterClickEndsWait_data()
+{
+    QTest::addColumn<QString>("part");
+    QTest::newRow("on the title") << "title";
+    QTest::newRow("on the line edit") << "shortcutEdit";
+    QTest::newRow("where the caps are") << "key";
+    QTest::newRow("between title and line edit") << "";
+}
+
+void ShortcutRow::clickAfterClickEndsWait()
+{
+    QFETCH(QString, part);
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("Title"));
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    const RowParts parts(*window.row);
+    SignalLog log(window.row);
+    clickThroughWindow(parts.key);
+    QCOMPARE(parts.visible(), QStringLiteral("line"));
+
+    QCoreApplication::sendPostedEvents(); // the line edit takes its place
+    const auto *target = part.isEmpty() ? static_cast<QWidget *>(window.row)
+                                        : window.row->findChild<QWidget *>(part);
+    clickThroughWindow(target);
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(log.lines.size(), 1);
+}
+
+void ShortcutRow::clicksInEditMode()
+{
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("Title"));
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    const RowParts parts(*window.row);
+    SignalLog log(window.row);
+    window.row->onEditMode(true);
+
+    clickThroughWindow(parts.title);
+    clickThroughWindow(window.row, parts.key->geometry().center());
+    clickThroughWindow(window.row, QPoint(1, 1));
+    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
+    QCOMPARE(log.lines, QStringList());
+}
+
+void ShortcutRow::buttonsSignal()
+{
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("Title"));
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    const RowParts parts(*window.row);
+    SignalLog log(window.row);
+    window.row->onEditMode(true);
+    QCoreApplication::sendPostedEvents(); // the buttons take their places
+
+    clickThroughWindow(parts.edit);
+    clickThroughWindow(parts.remove);
+    QCOMPARE(log.lines, QStringList({QStringLiteral("edit: Title, ") + kAccels,
+                                     QStringLiteral("remove: Title, ") + kAccels}));
+    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
+}
+
+void ShortcutRow::operableByKeyboard()
+{
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("Title"));
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const RowParts parts(*window.row);
+    SignalLog log(window.row);
+    QCOMPARE(window.row->accessibleName(), QStringLiteral("Title"));
+    QCOMPARE(window.row->accessibleDescription(), QStringLiteral("Ctrl+Alt+T"));
+
+    const QImage unfocused = window.grab().toImage();
+    QTest::keyClick(&window, Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(window.row));
+    QVERIFY2(window.grab().toImage() != unfocused, "the focus cannot be seen");
+
+    for (int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        log.lines.clear();
+        QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(key));
+        QCOMPARE(parts.visible(), QStringLiteral("line"));
+        QCOMPARE(log.lines.size(), 1);
+        QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(key));
+        QCOMPARE(parts.visible(), QStringLiteral("caps"));
+        QCOMPARE(log.lines.size(), 1);
+    }
+    QTest::keyClick(window.windowHandle(), Qt::Key_A);
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+}
+
+void ShortcutRow::keyboardDoesNothingInEditMode()
+{
+    RowWindow window;
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    SignalLog log(window.row);
+    window.row->onEditMode(true);
+    QCOMPARE(window.row->focusPolicy(), Qt::NoFocus);
+    QTest::keyClick(window.row.data(), Qt::Key_Space);
+    QCOMPARE(RowParts(*window.row).visible(), QStringLiteral("edit remove"));
+    QCOMPARE(log.lines, QStringList());
+    window.row->onEditMode(false);
+    QCOMPARE(window.row->focusPolicy(), Qt::TabFocus);
+}
+
+// The row takes the release; what stands behind it must not see it.
+void ShortcutRow::acceptsReleaseItself()
+{
+    RowWindow window;
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    const QPointF middle = window.row->rect().center();
+    QMouseEvent release(QEvent::MouseButtonRelease, middle, Qt::LeftButton, Qt::NoButton, {});
+    QCoreApplication::sendEvent(window.row, &release);
+    QVERIFY(release.isAccepted());
+
+    // Half a pixel outside the caps is rounded to the caps' first pixel.
+    const RowParts parts(*window.row);
+    const QPointF corner = parts.key->geometry().topLeft();
+    QMouseEvent outside(QEvent::MouseButtonRelease, corner - QPointF(0.6, 0), Qt::LeftButton,
+                        Qt::NoButton, {});
+    QCoreApplication::sendEvent(window.row, &outside);
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QMouseEvent inside(QEvent::MouseButtonRelease, corner - QPointF(0.4, 0), Qt::LeftButton,
+                       Qt::NoButton, {});
+    QCoreApplication::sendEvent(window.row, &inside);
+    QCOMPARE(parts.visible(), QStringLiteral("line"));
+}
+
+void ShortcutRow::titleStaysPlain()
+{
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("<b>R&D</b>"));
+    const QLabel *title = RowParts(*window.row).title;
+    QCOMPARE(title->textFormat(), Qt::PlainText);
+    QCOMPARE(title->text(), QStringLiteral("<b>R&D</b>"));
+}
+
+void ShortcutRow::titleThatFitsIsWhole()
+{
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("Speech to Text"));
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    QCoreApplication::processEvents();
+    QCOMPARE(RowParts(*window.row).title->text(), QStringLiteral("Speech to Text"));
+}
+
+void ShortcutRow::longTitleIsElidedToHalf()
+{
+    RowWindow window(360);
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    QCoreApplication::processEvents();
+    const RowParts parts(*window.row);
+
+    const int space = window.row->width() - parts.key->width() - 32;
+    const QFontMetrics metrics = parts.title->fontMetrics();
+    QVERIFY(metrics.horizontalAdvance(kLongTitle) > space);
+    window.row->setTitle(kLongTitle);
+    QCOMPARE(parts.title->text(), kLongTitle); // not before the event loop runs
+    QTRY_VERIFY(parts.title->text().endsWith(kEllipsis));
+    QCOMPARE(parts.title->text(), metrics.elidedText(kLongTitle, Qt::ElideRight, space / 2));
+    QVERIFY(metrics.horizontalAdvance(parts.title->text()) <= space / 2);
+
+    SignalLog log(window.row);
+    window.row->onShortcutEdit();
+    QCOMPARE(log.lines, QStringList(QStringLiteral("edit: %1, %2").arg(kLongTitle, kAccels)));
+}
+
+void ShortcutRow::elisionFollowsWidth()
+{
+    RowWindow window(900);
+    window.row->setShortcut(kAccels);
+    window.row->setTitle(kLongTitle);
+    QVERIFY(window.showAndWait());
+    QCoreApplication::processEvents();
+    const RowParts parts(*window.row);
+    QCOMPARE(parts.title->text(), kLongTitle);
+
+    window.setRowWidth(340);
+    QTRY_VERIFY(parts.title->text().endsWith(kEllipsis));
+    window.setRowWidth(880);
+    QTRY_COMPARE(parts.title->text(), kLongTitle);
+    window.setRowWidth(100); // the caps alone are wider
+    QTRY_VERIFY(parts.title->text() != kLongTitle);
+    window.setRowWidth(880);
+    QTRY_COMPARE(parts.title->text(), kLongTitle);
+}
+
+// The measure is the text as it stands: an elided title fits at the next resize and comes back
+// whole, and the resize after that elides it again.
+void ShortcutRow::elidedTitleIsRestoredOnceItFits()
+{
+    RowWindow window(900);
+    window.row->setShortcut(kAccels);
+    window.row->setTitle(kLongTitle);
+    QVERIFY(window.showAndWait());
+    QCoreApplication::processEvents();
+    const RowParts parts(*window.row);
+
+    window.setRowWidth(340);
+    QTRY_VERIFY(parts.title->text().endsWith(kEllipsis));
+    window.setRowWidth(341);
+    QTRY_COMPARE(parts.title->text(), kLongTitle);
+    window.setRowWidth(342);
+    QTRY_VERIFY(parts.title->text().endsWith(kEllipsis));
+}
+
+void ShortcutRow::titleTimerShowsRow()
+{
+    RowWindow window;
+    QVERIFY(window.showAndWait());
+    window.row->hide();
+    window.row->setTitle(QStringLiteral("Title"));
+    QVERIFY(!window.row->isVisible());
+    QTRY_VERIFY(window.row->isVisible());
+}
+
+// A page that is narrower than the full title, in a container that follows the row's wishes: the
+// row must come to rest instead of being elided and restored for ever.
+void ShortcutRow::settlesInScrollArea()
+{
+    QScrollArea area;
+    area.setWidgetResizable(true);
+    auto *page = new QWidget;
+    auto *layout = new QVBoxLayout(page);
+    auto *row = new ShortcutItem;
+    layout->addWidget(row);
+    row->setTitle(kLongTitle);
+    row->setShortcut(kAccels);
+    area.setWidget(page);
+    area.resize(RowParts(*row).key->width() + 340, 200);
+    area.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&area));
+    QTRY_VERIFY(RowParts(*row).title->text().endsWith(kEllipsis));
+
+    // Whatever is still under way runs dry after a few rounds.
+    class ResizeCounter : public QObject
+    {
+    public:
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            count += event->type() == QEvent::Resize ? 1 : 0;
+            return false;
+        }
+        int count = 0;
+    } resizes;
+    for (int i = 0; i < 20; ++i)
+        QCoreApplication::processEvents();
+    row->installEventFilter(&resizes);
+    for (int i = 0; i < 100; ++i)
+        QCoreApplication::processEvents();
+    QCOMPARE(resizes.count, 0);
+    QVERIFY(row->width() <= area.viewport()->width());
+}
+
+void ShortcutRow::receiverDeletesRow_data()
+{
+    QTest::addColumn<QString>("part");
+    QTest::newRow("edit button") << "edit";
+    QTest::newRow("remove button") << "remove";
+    QTest::newRow("caps") << "key";
+    QTest::newRow("keyboard") << "";
+}
+
+void ShortcutRow::receiverDeletesRow()
+{
+    QFETCH(QString, part);
+    RowWindow window;
+    window.row->setTitle(kLongTitle);
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    const auto remove = [&window] {
+        delete window.row;
+    };
+    connect(window.row, &ShortcutItem::shortcutEditChanged, &window, remove);
+    connect(window.row, &ShortcutItem::requestUpdateKey, &window, remove);
+    connect(window.row, &ShortcutItem::requestRemove, &window, remove);
+
+    if (part.isEmpty()) {
+        QTest::keyClick(window.row.data(), Qt::Key_Space);
+    } else {
+        window.row->onEditMode(part != QLatin1String("key"));
+        QCoreApplication::sendPostedEvents();
+        clickThroughWindow(window.row->findChild<QWidget *>(part));
+    }
+    QVERIFY(window.row.isNull());
+    QCoreApplication::processEvents();
+}
+
+void ShortcutRow::receiverSetsShortcut()
+{
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("Title"));
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    const RowParts parts(*window.row);
+    connect(window.row, &ShortcutItem::requestUpdateKey, &window, [&window](const Info &info) {
+        window.row->setShortcutInfo(info); // the row's own, taken over by itself
+        window.row->setShortcut(info.accels + QStringLiteral("_L"));
+    });
+    connect(window.row, &ShortcutItem::requestRemove, &window,
+            [&window] { window.row->setShortcut(QString()); });
+
+    clickThroughWindow(parts.key);
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(capTexts(parts.key), QStringList({"Ctrl", "Alt", "T"}));
+
+    window.row->onEditMode(true);
+    QCoreApplication::sendPostedEvents();
+    clickThroughWindow(parts.remove);
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(capTexts(parts.key), QStringList(QStringLiteral("None")));
+}
+
+void ShortcutRow::pendingTimersDieWithRow()
+{
+    RowWindow window;
+    QVERIFY(window.showAndWait());
+    window.row->setTitle(kLongTitle);
+    window.setRowWidth(200);
+    delete window.row;
+    QCoreApplication::processEvents();
+}
+
+void ShortcutRow::mirrorsInRightToLeft()
+{
+    RowWindow window;
+    window.setLayoutDirection(Qt::RightToLeft);
+    window.row->setTitle(QStringLiteral("Title"));
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    const RowParts parts(*window.row);
+    QVERIFY(parts.key->geometry().right() < parts.title->geometry().left());
+    QVERIFY(caps(parts.key).first()->x() < caps(parts.key).last()->x());
+
+    clickThroughWindow(caps(parts.key).first());
+    QCOMPARE(parts.visible(), QStringLiteral("line"));
+    QCoreApplication::sendPostedEvents();
+    QVERIFY(parts.lineEdit->geometry().right() < parts.title->geometry().left());
+}
+
+void ShortcutRow::placeholderIsReadable()
+{
+    for (int pixels : {12, 24, 40}) {
+        RowWindow window(900);
+        QFont font = window.font();
+        font.setPixelSize(pixels);
+        window.setFont(font);
+        const QLineEdit *edit = RowParts(*window.row).lineEdit;
+        QCOMPARE(edit->font().pixelSize(), pixels);
+        QVERIFY(edit->minimumWidth() >
+                QFontMetrics(font).horizontalAdvance(edit->placeholderText()));
+    }
+}
+
+QTEST_MAIN(ShortcutRow)
+#include "shortcutrow.moc"
