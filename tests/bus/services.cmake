@@ -1,0 +1,6 @@
+# The sandbox's services, and what tests share.
+foreach(test dockservice)
+    assistant_add_test(${test}_test TIER bus BUSES
+        SOURCES services/${test}_test.cpp
+        LIBRARIES test-support)
+endforeach()

@@ -1,0 +1,134 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QJsonArray>
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QTemporaryDir>
+#include <QVariant>
+
+#include <memory>
+
+class ComCorvaneSandboxControlInterface;
+
+namespace testsupport {
+
+/** One call that a service received. */
+struct ServiceCall
+{
+    QString path;
+    QString interface;
+    QString member;
+    QString signature;    ///< D-Bus signature of the arguments, "" without any.
+    QJsonArray arguments; ///< A byte array is {"bytes": LENGTH}.
+    bool replyExpected = false;
+    QString sender; ///< Unique bus name.
+};
+
+/**
+ * A sandbox service in a process of its own, started and steered by a test.
+ *
+ *     ServiceProcess dock("dock");
+ *     QVERIFY(dock.start());
+ *     dock.setValue("hidden", true);
+ *     dock.script("getDockHideStatus", "delay", 200);
+ *
+ * Steering goes over a connection of its own, so that the process-wide session connection carries
+ * nothing but what the code under test sends. Every steering call returns when its work is done in
+ * the service; one that fails makes the running test fail. The state is kept in a temporary file
+ * that lives as long as this object: stop() and start() keep it, a new ServiceProcess starts
+ * afresh. The process dies with this object, and with the test if that is killed.
+ */
+class ServiceProcess : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** @p name as in the program's name, sandbox-NAME: "assistant", "dock", "keybinding"... */
+    explicit ServiceProcess(const QString &name, QObject *parent = nullptr);
+    ~ServiceProcess() override;
+
+    /** Starts the process and waits until it owns its names. False, with a log line, if it does
+     * not. */
+    bool start(const QStringList &arguments = {});
+
+    /** Ends it as a session does, with SIGTERM, and waits. True when it ended with exit code 0. */
+    bool stop();
+
+    /** Kills it without a chance to say goodbye, and waits. */
+    void kill();
+
+    /** Stops it in its tracks (SIGSTOP): it keeps its names and answers nothing. */
+    void suspend();
+
+    /** Lets a suspended or hung one run on. */
+    void resume();
+
+    bool isRunning() const;
+    qint64 processId() const;
+
+    /** Waits until the process has ended, for instance after the behaviour "vanish". */
+    bool waitForEnd();
+
+    /** Lines that it wrote to standard error since its last start, without the line breaks. */
+    QStringList errorLines() const;
+
+    /** The bus that it is on, over the connection of this object; not the one of the code under
+     * test. */
+    QDBusConnection connection() const;
+
+    /** Its state by key; each service documents its keys in the headers of its objects. */
+    QVariant value(const QString &key);
+
+    /** Changes its state as if another program had done it. The value's type must be exact. */
+    void setValue(const QString &key, const QVariant &value);
+
+    /**
+     * Makes the method @p member behave like @p behaviour from now on: "error" (text), "reply" (any
+     * one value), "reply-list" (QVariantList of values), "delay" (milliseconds), "hold", "vanish",
+     * "answer".
+     */
+    void script(const QString &member, const QString &behaviour, const QVariant &argument = 0);
+
+    /** Sends the replies on hold for @p member; returns how many. */
+    int release(const QString &member);
+
+    /** Forgets scripts, releases what is on hold, clears the log of calls. The state stays. */
+    void reset();
+
+    /** Gives up its real bus name, or takes it back; it stays steerable. */
+    void leaveBus();
+    void joinBus();
+
+    /** Makes it stop itself (SIGSTOP) in order, as suspend() does from outside. */
+    void hang();
+
+    /** Makes it kill itself, and waits for the end. */
+    void crash();
+
+    /** Every call that its real objects received since the last reset(), oldest first. */
+    QList<ServiceCall> calls();
+
+    /** Those to @p member. */
+    QList<ServiceCall> calls(const QString &member);
+
+    /**
+     * Waits, processing events, until it has received @p count calls to @p member since the last
+     * reset(). For writes that nobody waits for. False when the limit passes first.
+     */
+    bool waitForCalls(const QString &member, int count = 1, int limitMs = 5000);
+
+private:
+    class Child;
+
+    bool connectControl(QDBusConnection::BusType bus);
+
+    QString m_name;
+    QString m_connectionName;
+    QTemporaryDir m_folder; // the state file and what the process writes to standard error
+    std::unique_ptr<Child> m_process;
+    std::unique_ptr<ComCorvaneSandboxControlInterface> m_control;
+};
+
+} // namespace testsupport
