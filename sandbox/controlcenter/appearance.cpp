@@ -2,6 +2,7 @@
 
 #include "sandbox/controlcenter/options.h"
 
+#include <ztk/zapplicationsetup.h>
 #include <ztk/zguiapplicationhelper.h>
 
 #include <QApplication>
@@ -26,6 +27,7 @@ void prepareEnvironment(const Options &options)
 
 void dressApplication(const Options &options)
 {
+    Ztk::Widget::ZApplicationSetup::install();
     QApplication::setLayoutDirection(QLocale::system().textDirection());
     ZGuiApplicationHelper::instance()->setThemeType(
         options.dark ? ZGuiApplicationHelper::DarkType : ZGuiApplicationHelper::LightType);

@@ -78,11 +78,21 @@ TourStep flipStep(const Switch &what, const QString &way, const QString &picture
 TourSteps switchSteps(const ControlCenterWindow *)
 {
     const QString assistant = QStringLiteral("assistant");
-    const QVector<Switch> switches = {};
+    const QString firstPage = QStringLiteral("Desktop AI Assistant");
+    const QString speechPage = QStringLiteral("Text to Speech");
+    const QVector<Switch> switches = {
+        {firstPage, 0, assistant, QStringLiteral("wakeup.enabled"), false},
+        {firstPage, 1, QStringLiteral("dock"), QStringLiteral("hidden"), true},
+        {QStringLiteral("Speech to Text"), 0, assistant, QStringLiteral("iat.enabled"), false},
+        {speechPage, 0, assistant, QStringLiteral("tts.enabled"), false},
+        {speechPage, 1, assistant, QStringLiteral("tts.window"), false},
+        {QStringLiteral("Translation"), 0, assistant, QStringLiteral("trans.enabled"), false},
+    };
     TourSteps steps;
     for (const Switch &what : switches) {
         steps.append(flipStep(what, QStringLiteral("there"),
-                              what.key.toLower().replace('/', '-') + QStringLiteral("-flipped")));
+                              QString(what.key).replace(QLatin1Char('.'), QLatin1Char('-')) +
+                                  QStringLiteral("-flipped")));
         steps.append(flipStep(what, QStringLiteral("and back"), QString()));
     }
     return steps;

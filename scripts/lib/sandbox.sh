@@ -1,0 +1,49 @@
+# The parts of a running sandbox. Sourced after processes.sh; $project_dir is the repository's root,
+# $work a folder of the script's own.
+
+sandbox_build=$project_dir/build/dev
+
+# use_state_folder FOLDER: services and window keep their settings there, not in the user's own folders.
+use_state_folder() {
+    mkdir -p "$1/config" "$1/data" "$1/cache"
+    export XDG_CONFIG_HOME=$1/config XDG_DATA_HOME=$1/data XDG_CACHE_HOME=$1/cache
+}
+
+# Two daemons, so that a call on the wrong bus fails here as it does on the desktop.
+start_buses() {
+    start_process session-bus dbus-daemon --session --nofork --print-address=1
+    DBUS_SESSION_BUS_ADDRESS=$(wait_for_line .)
+    start_process system-bus dbus-daemon --session --nofork --print-address=1
+    DBUS_SYSTEM_BUS_ADDRESS=$(wait_for_line .)
+    export DBUS_SESSION_BUS_ADDRESS DBUS_SYSTEM_BUS_ADDRESS
+}
+
+# Every service of the sandbox; each says "ready" when it owns its names.
+start_services() {
+    local program
+    for program in "$sandbox_build"/sandbox/services/sandbox-*; do
+        [[ ${program##*/} == sandbox-control ]] && continue
+        start_process "${program##*/}" "$program"
+        wait_for_line '^ready' >/dev/null
+    done
+}
+
+# The network manager says "disconnected" (20 in its interface).
+set_offline() {
+    dbus-send --bus="$DBUS_SYSTEM_BUS_ADDRESS" --print-reply --dest=com.corvane.sandbox.networkmanager \
+        /sandbox/control com.corvane.sandbox.Control.SetValue \
+        string:state variant:uint32:20 >/dev/null
+}
+
+# start_microphone KIND: KIND as on the command line, or empty for the default.
+start_microphone() {
+    :
+}
+
+# start_window ARGUMENT...: the control-center window with the built module.
+start_window() {
+    export TRANSLATIONS_DIR=$sandbox_build/translations
+    start_shown_process control-center "$project_dir/sandbox/with-translations" \
+        "$sandbox_build/sandbox/controlcenter/control-center" \
+        --plugin "$sandbox_build/libassistant-control-plugin.so" "$@"
+}
