@@ -1,5 +1,6 @@
 #include "translationsreader.h"
 
+#include <QFile>
 #include <QHash>
 #include <QProcess>
 #include <QRegularExpression>
@@ -41,6 +42,26 @@ QStringList without(const QStringList &all, const QStringList &removed)
     return rest;
 }
 
+/// Cells of the first table after `heading` in a Markdown text, the table's own heading included.
+QVector<QStringList> tableRows(const QString &markdown, const QString &heading)
+{
+    QVector<QStringList> rows;
+    const QStringList lines = markdown.split(QLatin1Char('\n'));
+    for (int i = qMax(0, lines.indexOf(heading)); i < lines.size(); ++i) {
+        const QString line = lines[i].trimmed();
+        if (!line.startsWith(QLatin1Char('|'))) {
+            if (rows.isEmpty())
+                continue;
+            break;
+        }
+        QStringList cells;
+        for (const QString &cell : line.mid(1, line.size() - 2).split(QLatin1Char('|')))
+            cells.append(cell.trimmed());
+        rows.append(cells);
+    }
+    return rows;
+}
+
 // Fails the running test with one line per message at fault.
 #define VERIFY_NONE(faults)                                                                        \
     QVERIFY2((faults).isEmpty(), qPrintable((faults).join(QLatin1Char('\n'))))
@@ -78,6 +99,7 @@ private slots:
     void regionUsesItsOwnWords();
     void hongKongIsNoCopyOfTaiwan();
     void uyghurKeepsShortcutsLeftToRight();
+    void glossarySaysWhatTheCataloguesSay();
 
 private:
     void addLanguages();
@@ -347,6 +369,31 @@ void TranslationsCatalogues::uyghurKeepsShortcutsLeftToRight()
             !message.translation.contains(marked))
             unmarked.append(message.key());
     VERIFY_NONE(unmarked);
+}
+
+void TranslationsCatalogues::glossarySaysWhatTheCataloguesSay()
+{
+    QFile file(QStringLiteral(SOURCE_ROOT "/docs/glossary.md"));
+    QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.errorString()));
+    const QVector<QStringList> rows =
+        tableRows(QString::fromUtf8(file.readAll()), QStringLiteral("## Titles and labels"));
+    QVERIFY(rows.size() > 2); // the heading, the line below it, and terms
+
+    const QStringList languages = rows.first(); // the first column is the source text
+    QStringList wrong;
+    for (const QStringList &row : rows.mid(2)) {
+        QCOMPARE(row.size(), languages.size());
+        for (int column = 1; column < row.size(); ++column) {
+            const auto &messages = m_catalogues.value(languages[column]).messages;
+            const bool said = std::any_of(messages.cbegin(), messages.cend(), [&](const auto &m) {
+                return m.source == row.first() && m.translation == row[column];
+            });
+            if (!said)
+                wrong.append(languages[column] + QLatin1String(": ") + row.first() +
+                             QLatin1String(" -> ") + row[column]);
+        }
+    }
+    VERIFY_NONE(wrong);
 }
 
 QTEST_GUILESS_MAIN(TranslationsCatalogues)
