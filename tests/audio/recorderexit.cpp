@@ -1,0 +1,78 @@
+// A program that ends while the process's recorder is in some state. Its exit code tells whether it
+// ended well: sound backends crash when a capture outlives them.
+
+#include <QAudioInput>
+#include <QCoreApplication>
+#include <QTextStream>
+#include <QTimer>
+
+#include "tests/fakeaudio/scriptedaudio.h"
+#include "voice/audioinfo.h"
+#include "voice/audiorecorder.h"
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    const QStringList arguments = app.arguments();
+    // With "system" it records from the sound server instead.
+    if (!arguments.contains(QLatin1String("system"))) {
+        ScriptedAudio::install();
+        ScriptedAudio::instance().setDevices({{"mic", true}});
+    }
+
+    const QString way = arguments.value(1);
+    if (way == QLatin1String("unused"))
+        return 0;
+
+    if (way == QLatin1String("foreign capture")) {
+        // Not the recorder's: shows that a capture left open is noticed.
+        QAudioFormat format;
+        format.setSampleRate(16000);
+        format.setChannelCount(1);
+        format.setSampleSize(16);
+        format.setCodec(QStringLiteral("audio/pcm"));
+        format.setByteOrder(QAudioFormat::LittleEndian);
+        format.setSampleType(QAudioFormat::SignedInt);
+        auto *sink = new AudioInfo(format);
+        sink->start();
+        auto *input = new QAudioInput(QAudioDeviceInfo::defaultInputDevice(), format);
+        input->start(sink);
+        return 0;
+    }
+
+    AudioRecorder *recorder = AudioRecorder::getInstance();
+    if (way == QLatin1String("idle"))
+        return 0;
+
+    recorder->start();
+    if (way == QLatin1String("return")) {
+        return 0;
+    } else if (way == QLatin1String("exit")) {
+        exit(0);
+    } else if (way == QLatin1String("quit")) {
+        QTimer::singleShot(0, &app, &QCoreApplication::quit);
+        return app.exec();
+    } else if (way == QLatin1String("exit inside the loop")) {
+        QTimer::singleShot(0, &app, [] { exit(0); });
+        return app.exec();
+    } else if (way == QLatin1String("stopped, return")) {
+        recorder->stop();
+        return 0;
+    } else if (way == QLatin1String("stopped, exit")) {
+        recorder->stop();
+        exit(0);
+    } else if (way == QLatin1String("scheduled for deletion, return")) {
+        recorder->deleteLater();
+        return 0;
+    } else if (way == QLatin1String("scheduled for deletion, quit")) {
+        recorder->deleteLater();
+        QTimer::singleShot(0, &app, &QCoreApplication::quit);
+        return app.exec();
+    } else if (way == QLatin1String("twice")) {
+        recorder->stop();
+        recorder->start();
+        return 0;
+    }
+    QTextStream(stderr) << "unknown way to end: " << way << '\n';
+    return 2;
+}
