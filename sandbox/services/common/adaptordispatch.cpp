@@ -5,10 +5,13 @@
 #include <QDBusError>
 #include <QDBusMetaType>
 #include <QMetaMethod>
+#include <QScopedValueRollback>
 
 namespace sandbox {
 
 namespace {
+
+QString callerName; // services answer on one thread only
 
 QString classInfo(const QObject *object, const char *name)
 {
@@ -95,8 +98,14 @@ QString introspectionOf(const QDBusAbstractAdaptor *adaptor)
     return classInfo(adaptor, "D-Bus Introspection");
 }
 
+QString caller()
+{
+    return callerName;
+}
+
 QDBusMessage dispatch(const QDBusMessage &call, QObject *object)
 {
+    const QScopedValueRollback<QString> guard(callerName, call.service());
     const auto adaptors =
         object->findChildren<QDBusAbstractAdaptor *>(QString(), Qt::FindDirectChildrenOnly);
     for (QDBusAbstractAdaptor *adaptor : adaptors) {

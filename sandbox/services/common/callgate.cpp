@@ -6,6 +6,7 @@
 #include "sandbox/services/common/signalrelay.h"
 
 #include <QDBusAbstractAdaptor>
+#include <QDBusError>
 #include <QDBusMessage>
 
 namespace sandbox {
@@ -19,18 +20,19 @@ QList<QDBusAbstractAdaptor *> adaptorsOf(const QObject *object)
 
 } // namespace
 
-CallGate::CallGate(QObject *object, const QString &path, const QDBusConnection &connection,
-                   CallLog *log, ReplyDesk *desk)
+CallGate::CallGate(QObject *object, const QString &path, const QString &owner,
+                   const QDBusConnection &connection, CallLog *log, ReplyDesk *desk)
     : QDBusVirtualObject(object)
     , m_object(object)
     , m_path(path)
+    , m_owner(owner)
     , m_connection(connection)
     , m_log(log)
     , m_desk(desk)
 {
     const auto adaptors = adaptorsOf(object);
     for (QDBusAbstractAdaptor *adaptor : adaptors) {
-        new SignalRelay(adaptor, path, connection);
+        new SignalRelay(adaptor, path, owner, connection);
     }
     m_connection.registerVirtualObject(m_path, this);
 }
@@ -45,6 +47,11 @@ bool CallGate::handleMessage(const QDBusMessage &message, const QDBusConnection 
     m_log->append(message);
     if (message.interface().startsWith(QLatin1String("org.freedesktop.DBus."))) {
         return false; // introspection and the like: Qt's own answer
+    }
+    if (!m_owner.isEmpty() && message.service() != m_owner) {
+        m_connection.send(message.createErrorReply(
+            QDBusError::AccessDenied, QStringLiteral("%1 belongs to another client").arg(m_path)));
+        return true;
     }
     m_desk->answer(message, [this, &message] { return dispatch(message, m_object); });
     return true;

@@ -12,14 +12,17 @@ class ReplyDesk;
  * Publishes an object at a path and sees every call to it first, whatever its member and argument
  * types: writes it to the log and lets the reply desk decide how it is answered. The work itself is
  * done by the object's generated adaptors. It belongs to the object.
+ *
+ * An object with an owner, a client's unique bus name, is that client's alone: others are denied, and
+ * only the owner gets its signals.
  */
 class CallGate : public QDBusVirtualObject
 {
     Q_OBJECT
 
 public:
-    CallGate(QObject *object, const QString &path, const QDBusConnection &connection, CallLog *log,
-             ReplyDesk *desk);
+    CallGate(QObject *object, const QString &path, const QString &owner,
+             const QDBusConnection &connection, CallLog *log, ReplyDesk *desk);
     ~CallGate() override;
 
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
@@ -28,6 +31,7 @@ public:
 private:
     QObject *m_object;
     QString m_path;
+    QString m_owner; // empty: everybody's
     QDBusConnection m_connection;
     CallLog *m_log;
     ReplyDesk *m_desk;

@@ -68,9 +68,9 @@ StateStore *Service::state()
     return m_state;
 }
 
-void Service::publish(const QString &path, QObject *object)
+void Service::publish(const QString &path, QObject *object, const QString &owner)
 {
-    new CallGate(object, path, connection(), m_log, m_desk);
+    new CallGate(object, path, owner, connection(), m_log, m_desk);
 }
 
 void Service::say(const QString &text) const

@@ -59,9 +59,10 @@ public:
 
     /**
      * Offers @p object, with the adaptors it has now, at @p path. Calls to it are logged and can be
-     * scripted. It is withdrawn when it is deleted.
+     * scripted. It is withdrawn when it is deleted. With an @p owner, the unique name of a client,
+     * only that client can call it and gets its signals.
      */
-    void publish(const QString &path, QObject *object);
+    void publish(const QString &path, QObject *object, const QString &owner = QString());
 
     /** Writes "NAME: TEXT" to standard error. */
     void say(const QString &text) const;

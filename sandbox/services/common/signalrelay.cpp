@@ -7,11 +7,12 @@
 
 namespace sandbox {
 
-SignalRelay::SignalRelay(QDBusAbstractAdaptor *adaptor, const QString &path,
+SignalRelay::SignalRelay(QDBusAbstractAdaptor *adaptor, const QString &path, const QString &owner,
                          const QDBusConnection &connection)
     : QObject(adaptor)
     , m_adaptor(adaptor)
     , m_path(path)
+    , m_owner(owner)
     , m_connection(connection)
 {
     const QMetaObject *meta = adaptor->metaObject();
@@ -34,8 +35,11 @@ int SignalRelay::qt_metacall(QMetaObject::Call call, int id, void **arguments)
     for (int i = 0; i < emitted.parameterCount(); ++i) {
         values.append(QVariant(emitted.parameterType(i), arguments[i + 1]));
     }
-    QDBusMessage message = QDBusMessage::createSignal(m_path, interfaceOf(m_adaptor),
-                                                      QString::fromLatin1(emitted.name()));
+    const QString interface = interfaceOf(m_adaptor);
+    const QString name = QString::fromLatin1(emitted.name());
+    QDBusMessage message =
+        m_owner.isEmpty() ? QDBusMessage::createSignal(m_path, interface, name)
+                          : QDBusMessage::createTargetedSignal(m_owner, m_path, interface, name);
     message.setArguments(values);
     m_connection.send(message);
     return -1;

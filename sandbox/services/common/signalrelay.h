@@ -15,7 +15,8 @@ namespace sandbox {
 class SignalRelay : public QObject
 {
 public:
-    SignalRelay(QDBusAbstractAdaptor *adaptor, const QString &path,
+    /** @p owner is the unique name of the one client to send to; empty: whoever listens. */
+    SignalRelay(QDBusAbstractAdaptor *adaptor, const QString &path, const QString &owner,
                 const QDBusConnection &connection);
 
     int qt_metacall(QMetaObject::Call call, int id, void **arguments) override;
@@ -23,6 +24,7 @@ public:
 private:
     QDBusAbstractAdaptor *m_adaptor;
     QString m_path;
+    QString m_owner;
     QDBusConnection m_connection;
 };
 
