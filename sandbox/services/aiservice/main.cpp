@@ -1,0 +1,26 @@
+#include "sandbox/services/aiservice/sessionmanager.h"
+#include "sandbox/services/common/service.h"
+
+#include <QCoreApplication>
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    const QCommandLineOption record(
+        QStringLiteral("record"),
+        QStringLiteral("Write what every session hears to a WAV file in DIR."),
+        QStringLiteral("DIR"));
+    const QCommandLineOption model(
+        QStringLiteral("model"), QStringLiteral("Find the phrase's language model in DIR."),
+        QStringLiteral("DIR"),
+        QCoreApplication::applicationDirPath() + QStringLiteral("/phrasemodel"));
+    sandbox::Service service(
+        {QStringLiteral("aiservice"), QStringLiteral("com.corvane.aiservice"),
+         QDBusConnection::SessionBus,
+         QStringLiteral("Checks the quality of speech and recognises the test phrase.")},
+        {record, model});
+    sandbox::SessionManager sessions(&service, service.arguments().value(model),
+                                     service.arguments().value(record));
+    service.publish(QStringLiteral("/"), &sessions);
+    return service.run();
+}

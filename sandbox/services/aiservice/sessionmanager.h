@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QDBusObjectPath>
+#include <QDBusServiceWatcher>
+#include <QHash>
+#include <QMap>
+#include <QObject>
+
+#include <functional>
+#include <tuple>
+
+namespace sandbox {
+
+class Service;
+class Session;
+
+/**
+ * The session manager of the AI service: contract com.corvane.aiservice.session.
+ *
+ * A client has one session per application id and ability; opening another one closes the first.
+ * Each session is an object of its own, at /com/corvane/aiservice/ABILITY/NUMBER, which only its
+ * client can use; numbers do not come again. It goes when it is freed and when its client leaves
+ * the bus.
+ *
+ * State, none of it kept:
+ *   "createSession.errorcode" (int)    anything but 0 refuses every session with this code
+ *   "sessionLimit" (int)               how many sessions may be open at a time
+ *   "recordDirectory" (string)         if not empty, what each new session hears is written there,
+ * as ABILITY-NUMBER.wav "sessions" (list of strings)       the paths of the open sessions; cannot
+ * be changed
+ */
+class SessionManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Recognition finds its models in @p modelFolder; @p service publishes the sessions. */
+    SessionManager(Service *service, const QString &modelFolder, const QString &recordDirectory,
+                   QObject *parent = nullptr);
+    ~SessionManager() override;
+
+public Q_SLOTS:
+    QDBusObjectPath createSession(const QString &appId, const QString &ability, int &errorcode);
+    int freeSession(const QString &appId, const QString &ability);
+
+private:
+    struct Key
+    {
+        QString client; // unique bus name
+        QString appId;
+        QString ability;
+
+        bool operator<(const Key &other) const
+        {
+            return std::tie(client, appId, ability) <
+                   std::tie(other.client, other.appId, other.ability);
+        }
+    };
+    struct Entry
+    {
+        QString path;
+        Session *session = nullptr;
+    };
+
+    int refusal(const QString &ability) const;
+    void close(const Key &key);
+    void clientLeft(const QString &client);
+    QStringList paths() const;
+
+    Service *m_service;
+    QHash<QString, std::function<Session *()>> m_makers; // by ability
+    QMap<Key, Entry> m_sessions;
+    QDBusServiceWatcher m_clients;
+    int m_lastNumber = 0;
+};
+
+} // namespace sandbox

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QFile>
+#include <QString>
+
+namespace sandbox {
+
+/**
+ * Writes what a session hears to a WAV file: 16000 Hz, mono, 16 bits. The header fits the content
+ * after every block, so that the file can be opened while the session goes on, and after a crash.
+ */
+class WavWriter
+{
+public:
+    /** Begins @p path anew, with the folders above it. A file that cannot be written stays away. */
+    explicit WavWriter(const QString &path);
+
+    void append(const QByteArray &block);
+
+    QString errorString() const { return m_file.isOpen() ? QString() : m_file.errorString(); }
+
+private:
+    QFile m_file;
+    quint32 m_bytes = 0; ///< audio written so far
+};
+
+} // namespace sandbox

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QStringList>
+#include <QVector>
+
+/** Recordings for tests, made on the spot by sandbox/microphone/recording: 16000 Hz, mono. */
+namespace SpokenRecording {
+
+/** Who speaks; see the script. */
+struct Speaker
+{
+    QString voice = QStringLiteral("cmn-latn-pinyin");
+    int wordsPerMinute = 150;
+};
+
+/** The first @p seconds of a recording of @p kind. Empty, with a warning, when it cannot be made.
+ */
+QVector<qint16> make(const QString &kind, const Speaker &speaker = Speaker(),
+                     const QString &text = QString(), double seconds = 10.0);
+
+/** The samples of a WAV file that has a header of 44 bytes; empty when it cannot be read. */
+QVector<qint16> read(const QString &file);
+
+} // namespace SpokenRecording
