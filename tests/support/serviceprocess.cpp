@@ -1,6 +1,7 @@
 #include "tests/support/serviceprocess.h"
 
 #include "comcorvanesandboxcontrolinterface.h"
+#include "tests/support/childprocess.h"
 
 #include <QDBusPendingReply>
 #include <QDeadlineTimer>
@@ -9,12 +10,10 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTimer>
 #include <QtTest>
 
 #include <csignal>
-#include <sys/prctl.h>
 
 namespace testsupport {
 
@@ -38,13 +37,6 @@ Reply finished(Reply reply, const char *what)
 
 } // namespace
 
-// Dies with the thread that started it, so that a killed test leaves nothing behind.
-class ServiceProcess::Child : public QProcess
-{
-protected:
-    void setupChildProcess() override { prctl(PR_SET_PDEATHSIG, SIGKILL); }
-};
-
 ServiceProcess::ServiceProcess(const QString &name, QObject *parent)
     : QObject(parent)
     , m_name(name)
@@ -62,24 +54,20 @@ ServiceProcess::~ServiceProcess()
 
 bool ServiceProcess::start(const QStringList &arguments)
 {
-    m_process = std::make_unique<Child>();
+    m_process = std::make_unique<ChildProcess>();
     m_process->setStandardErrorFile(m_folder.filePath(QStringLiteral("stderr")));
     m_process->start(
         QStringLiteral(SANDBOX_SERVICES_DIR "/sandbox-") + m_name,
         QStringList{QStringLiteral("--state"), m_folder.filePath(QStringLiteral("state.json"))} +
             arguments);
-    QDeadlineTimer deadline(startLimitMs);
-    while (!m_process->canReadLine()) {
-        if (!m_process->waitForReadyRead(int(deadline.remainingTime()))) {
-            qWarning() << "sandbox service" << m_name
-                       << "did not get ready:" << m_process->errorString() << errorLines();
-            return false;
-        }
+    const QByteArray ready = m_process->waitForLine(startLimitMs);
+    if (!ready.startsWith("ready ")) {
+        qWarning() << "sandbox service" << m_name
+                   << "did not get ready:" << m_process->errorString() << errorLines();
+        return false;
     }
-    const QStringList words = QString::fromUtf8(m_process->readLine()).simplified().split(' ');
-    return words.value(0) == QLatin1String("ready") &&
-           connectControl(words.value(2) == QLatin1String("system") ? QDBusConnection::SystemBus
-                                                                    : QDBusConnection::SessionBus);
+    return connectControl(ready.endsWith(" system") ? QDBusConnection::SystemBus
+                                                    : QDBusConnection::SessionBus);
 }
 
 bool ServiceProcess::stop()

@@ -14,6 +14,8 @@ class ComCorvaneSandboxControlInterface;
 
 namespace testsupport {
 
+class ChildProcess;
+
 /** One call that a service received. */
 struct ServiceCall
 {
@@ -120,14 +122,12 @@ public:
     bool waitForCalls(const QString &member, int count = 1, int limitMs = 5000);
 
 private:
-    class Child;
-
     bool connectControl(QDBusConnection::BusType bus);
 
     QString m_name;
     QString m_connectionName;
     QTemporaryDir m_folder; // the state file and what the process writes to standard error
-    std::unique_ptr<Child> m_process;
+    std::unique_ptr<ChildProcess> m_process;
     std::unique_ptr<ComCorvaneSandboxControlInterface> m_control;
 };
 

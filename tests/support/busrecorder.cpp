@@ -1,0 +1,122 @@
+#include "tests/support/busrecorder.h"
+
+#include "tests/support/childprocess.h"
+
+#include <QDBusMessage>
+#include <QDebug>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace testsupport {
+
+namespace {
+
+const int limitMs = 20000; // a loaded machine under sanitizers
+const QString busDaemon = QStringLiteral("org.freedesktop.DBus");
+const QString markerPath = QStringLiteral("/tests/recorder");
+const QString markerInterface = QStringLiteral("com.corvane.tests.Recorder");
+
+} // namespace
+
+BusRecorder::BusRecorder(QDBusConnection::BusType bus)
+    : m_bus(bus)
+    , m_process(std::make_unique<ChildProcess>())
+{
+    static int serial = 0;
+    m_connectionName = QStringLiteral("bus-recorder-%1").arg(++serial);
+}
+
+BusRecorder::~BusRecorder()
+{
+    QDBusConnection::disconnectFromBus(m_connectionName);
+    m_process->kill();
+    m_process->waitForFinished();
+}
+
+bool BusRecorder::start()
+{
+    m_process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process->start(QStringLiteral(BUS_RECORDER),
+                     {m_bus == QDBusConnection::SystemBus ? QStringLiteral("system")
+                                                          : QStringLiteral("session")});
+    if (m_process->waitForLine(limitMs) != "ready") {
+        qWarning() << "the bus recorder did not start:" << m_process->errorString();
+        return false;
+    }
+    return QDBusConnection::connectToBus(m_bus, m_connectionName).isConnected();
+}
+
+bool BusRecorder::sync()
+{
+    // A round trip comes back behind all that the same connection sent before; only then may the
+    // marker go out over another connection.
+    const QDBusMessage roundTrip = QDBusMessage::createMethodCall(
+        busDaemon, QStringLiteral("/org/freedesktop/DBus"), busDaemon, QStringLiteral("GetId"));
+    codeUnderTest().call(roundTrip);
+
+    QDBusMessage marker =
+        QDBusMessage::createSignal(markerPath, markerInterface, QStringLiteral("Marker"));
+    marker << m_connectionName << ++m_markers;
+    QDBusConnection(m_connectionName).send(marker);
+    const QJsonArray expected{m_connectionName, m_markers};
+    for (;;) {
+        const QByteArray line = m_process->waitForLine(limitMs);
+        if (line.isNull()) {
+            qWarning() << "the bus recorder has stopped:" << m_process->errorString();
+            return false;
+        }
+        const BusMessage message = BusMessage::fromJson(QJsonDocument::fromJson(line).object());
+        if (message.interface != markerInterface) {
+            m_messages.append(message);
+        } else if (message.arguments == expected) {
+            return true;
+        }
+    }
+}
+
+QList<BusMessage> BusRecorder::messages() const
+{
+    return m_messages;
+}
+
+QList<BusMessage> BusRecorder::calls() const
+{
+    return callsFrom(codeUnderTest().baseService());
+}
+
+QList<BusMessage> BusRecorder::callsFrom(const QString &sender) const
+{
+    QList<BusMessage> calls;
+    for (const BusMessage &message : m_messages) {
+        if (message.type == BusMessage::Call && message.sender == sender &&
+            message.destination != busDaemon) {
+            calls.append(message);
+        }
+    }
+    return calls;
+}
+
+QStringList BusRecorder::callSummaries() const
+{
+    QStringList summaries;
+    const QList<BusMessage> sent = calls();
+    for (const BusMessage &call : sent) {
+        summaries.append(call.summary());
+    }
+    return summaries;
+}
+
+bool BusRecorder::clear()
+{
+    const bool complete = sync();
+    m_messages.clear();
+    return complete;
+}
+
+QDBusConnection BusRecorder::codeUnderTest() const
+{
+    return m_bus == QDBusConnection::SystemBus ? QDBusConnection::systemBus()
+                                               : QDBusConnection::sessionBus();
+}
+
+} // namespace testsupport

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "tests/support/busmessage.h"
+
+#include <QDBusConnection>
+#include <QList>
+#include <QStringList>
+
+#include <memory>
+
+namespace testsupport {
+
+class ChildProcess;
+
+/**
+ * Records everything that a bus carries, as the bus daemon sees it, in order.
+ *
+ *     BusRecorder recorder;
+ *     QVERIFY(recorder.start());
+ *     VoiceIatSettingWidget page(nullptr);
+ *     QVERIFY(recorder.sync());
+ *     QCOMPARE(recorder.callSummaries(), (QStringList{...}));
+ *
+ * A monitor in a process of its own (the program bus-recorder) does the listening, so that also
+ * calls that nobody receives and flags that a service cannot see are recorded.
+ */
+class BusRecorder
+{
+public:
+    explicit BusRecorder(QDBusConnection::BusType bus = QDBusConnection::SessionBus);
+    ~BusRecorder();
+
+    BusRecorder(const BusRecorder &) = delete;
+    BusRecorder &operator=(const BusRecorder &) = delete;
+
+    /** Starts recording. False, with a log line, when the monitor cannot run. */
+    bool start();
+
+    /**
+     * Waits until everything that this process has sent so far over its process-wide connection to
+     * the bus, and everything that the bus carried before that, is recorded. Processes no events.
+     */
+    bool sync();
+
+    /** All that was recorded up to the last sync(), since the last clear(). */
+    QList<BusMessage> messages() const;
+
+    /**
+     * The calls among them that the code under test sent: those of the process-wide connection to
+     * anybody but the bus daemon itself.
+     */
+    QList<BusMessage> calls() const;
+
+    /** The calls that the connection with the unique name @p sender sent likewise. */
+    QList<BusMessage> callsFrom(const QString &sender) const;
+
+    /** BusMessage::summary() of calls(). */
+    QStringList callSummaries() const;
+
+    /** Forgets everything up to now: syncs first. */
+    bool clear();
+
+private:
+    QDBusConnection codeUnderTest() const;
+
+    QDBusConnection::BusType m_bus;
+    QString m_connectionName; // of a connection for markers
+    std::unique_ptr<ChildProcess> m_process;
+    QList<BusMessage> m_messages;
+    int m_markers = 0;
+};
+
+} // namespace testsupport
