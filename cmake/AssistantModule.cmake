@@ -5,12 +5,8 @@
 
 set(module_headers
     pages/assistantsettingwidget.h
-    pages/keydisplaynames.h
-    pages/keylabel.h
     pages/leftvoicetests.h
     pages/pagelayout.h
-    pages/shortcutitem.h
-    pages/shortcutkey.h
     pages/texttranslatesettingwidget.h
     pages/voiceiatsettingwidget.h
     pages/voicetestverdict.h
@@ -33,11 +29,8 @@ set(module_headers
     voice/wavelevel.h)
 set(module_sources
     pages/assistantsettingwidget.cpp
-    pages/keylabel.cpp
     pages/leftvoicetests.cpp
     pages/pagelayout.cpp
-    pages/shortcutitem.cpp
-    pages/shortcutkey.cpp
     pages/texttranslatesettingwidget.cpp
     pages/voiceiatsettingwidget.cpp
     pages/voicetestpanel.cpp
@@ -74,12 +67,27 @@ endforeach()
 qt5_add_resources(module_generated plugin/voice.qrc plugin/translation.qrc
     OPTIONS --compress-algo zlib --threshold 0 --compress 9)
 
+# The shortcut widgets are compiled apart, so that the sandbox's window can show them without taking in
+# the rest of the module. Who links assistantcontrol gets them with it.
+add_library(shortcutwidgets OBJECT
+    pages/keydisplaynames.h
+    pages/keylabel.cpp
+    pages/keylabel.h
+    pages/shortcutitem.cpp
+    pages/shortcutitem.h
+    pages/shortcutkey.cpp
+    pages/shortcutkey.h)
+assistant_configure_target(shortcutwidgets)
+target_include_directories(shortcutwidgets PUBLIC "${PROJECT_SOURCE_DIR}")
+target_link_libraries(shortcutwidgets PUBLIC Qt5::Widgets zcc ztk)
+
 add_library(assistantcontrol OBJECT ${module_headers} ${module_sources} ${module_generated})
 assistant_configure_target(assistantcontrol)
 target_include_directories(assistantcontrol
     PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
 target_link_libraries(assistantcontrol
     PUBLIC Qt5::Widgets Qt5::DBus Qt5::Multimedia zcc ztk zframeworkdbus)
+target_sources(assistantcontrol INTERFACE $<TARGET_OBJECTS:shortcutwidgets>)
 
 add_library(assistant-control-plugin MODULE)
 assistant_configure_target(assistant-control-plugin)

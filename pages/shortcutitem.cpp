@@ -43,7 +43,7 @@ ShortcutItem::ShortcutItem(QFrame *parent)
     : zcc::widgets::SettingsItem(parent)
     , m_shortcutEdit(new QLineEdit)
     , m_title(new QLabel)
-    , m_removeButton(new ZIconButton(this))
+    , m_removeButton(new ZIconButton(kRemovePicture, this))
     , m_editButton(new ZIconButton(this))
     , m_key(new ShortcutKey)
 {
@@ -65,10 +65,8 @@ ShortcutItem::ShortcutItem(QFrame *parent)
     m_removeButton->setObjectName(QStringLiteral("remove"));
     //: Name of a button that has only an icon: the user wants to remove this shortcut.
     m_removeButton->setAccessibleName(tr("Remove"));
-    m_removeButton->setIcon(style()->standardIcon(kRemovePicture));
     for (ZIconButton *button : {m_editButton, m_removeButton}) {
         button->setFixedSize(kButtonSize, kButtonSize);
-        button->setIconSize(QSize(kButtonSize, kButtonSize));
         button->setVisible(false);
     }
 

@@ -4,7 +4,7 @@
 #include <QVBoxLayout>
 
 namespace {
-const int kLimitMs = 5000; // far more than any of this takes; a hang takes for ever
+const int kLimitMs = 20000; // far more than any of this takes; a hang takes for ever
 const int kMegabyte = 1024 * 1024;
 const int kWidestRow = 8000; // pixels: more cannot be shown, and must not be asked of a window
 } // namespace

@@ -144,6 +144,7 @@ void ShortcutRow::construction()
         QCOMPARE(button->size(), QSize(16, 16));
         QCOMPARE(button->minimumSize(), button->maximumSize());
         QVERIFY(!button->accessibleName().isEmpty());
+        QVERIFY(!button->icon().isNull());
     }
     QVERIFY(parts.lineEdit->isReadOnly());
     QCOMPARE(parts.lineEdit->placeholderText(), QStringLiteral("Enter a new shortcut"));
