@@ -1,5 +1,6 @@
 #include "zcc/widgets/switchwidget.h"
 
+#include "leadingalignment.h"
 #include "switchbutton.h"
 
 #include <QHBoxLayout>
@@ -32,7 +33,7 @@ SwitchWidget::SwitchWidget(const QString &title, QWidget *parent)
     layout->setSpacing(rowPadding);
     layout->addWidget(m_title, 1);
     layout->addWidget(m_button);
-    alignSwitch();
+    mirrorParts();
     setTitle(title);
 
     connect(m_button, &QAbstractButton::toggled, this, &SwitchWidget::checkedChanged);
@@ -85,12 +86,13 @@ void SwitchWidget::mouseReleaseEvent(QMouseEvent *event)
 void SwitchWidget::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LayoutDirectionChange)
-        alignSwitch();
+        mirrorParts();
     SettingsItem::changeEvent(event);
 }
 
-void SwitchWidget::alignSwitch()
+void SwitchWidget::mirrorParts()
 {
+    m_title->setAlignment(leadingAlignment(this));
     const int leading = rowPadding;
     const int trailing = rowPadding - switchRingSpace;
     const bool mirrored = layoutDirection() == Qt::RightToLeft;

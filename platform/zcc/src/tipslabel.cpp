@@ -1,12 +1,18 @@
 #include "zcc/widgets/tipslabel.h"
 
+#include "leadingalignment.h"
+#include "zcc/widgets/settingsitem.h"
+
+#include <QEvent>
+
 namespace zcc {
 namespace widgets {
 
 namespace {
-// Together with the 7 px that pages give a tip on its leading side, its text stands exactly under
-// the text of the rows, whose padding is 10 px.
-constexpr int textMargin = 3;
+// Pages give a tip 7 px on its left side. With this margin around the text it stands exactly under
+// the text of the rows.
+constexpr int pageMargin = 7;
+constexpr int textMargin = rowPadding - pageMargin;
 } // namespace
 
 TipsLabel::TipsLabel(const QString &text, QWidget *parent)
@@ -15,6 +21,21 @@ TipsLabel::TipsLabel(const QString &text, QWidget *parent)
     setTextFormat(Qt::PlainText);
     setForegroundRole(QPalette::Text);
     setMargin(textMargin);
+    alignText();
+}
+
+void TipsLabel::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LayoutDirectionChange)
+        alignText();
+    QLabel::changeEvent(event);
+}
+
+void TipsLabel::alignText()
+{
+    setAlignment(leadingAlignment(this));
+    // The page's margin stays on the left in mirrored layouts; the leading side is the right one.
+    setIndent(layoutDirection() == Qt::RightToLeft ? pageMargin : 0);
 }
 
 } // namespace widgets

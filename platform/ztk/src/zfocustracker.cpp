@@ -26,8 +26,13 @@ void ZFocusTracker::install()
 
 bool ZFocusTracker::showsFocus(const QWidget *widget)
 {
+    return widget && widget->hasFocus() && ringsVisible();
+}
+
+bool ZFocusTracker::ringsVisible()
+{
     install();
-    return widget && widget->hasFocus() && s_tracker && s_tracker->m_visible;
+    return s_tracker && s_tracker->m_visible;
 }
 
 bool ZFocusTracker::eventFilter(QObject *watched, QEvent *event)

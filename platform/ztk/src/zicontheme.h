@@ -15,10 +15,10 @@ namespace Gui {
  * ":/icons/tavren/builtin/actions/NAME_<size>px.svg", whichever library or plugin brought them.
  *
  * Qt looks icons up in theme folders by plain file name, so the compiled-in files are written to a
- * temporary theme, one folder per size; black ("#000000", written like
- * this) in them becomes the theme's text colour. A
- * plugin may bring its files at any time: they are picked up before the next widget is polished or
- * painted, or at once by refresh().
+ * temporary theme, one folder per size. Black, spelled "#000000" in the file, becomes the theme's
+ * text colour; an icon in this one colour only is also redrawn in the selection's text colour where
+ * it is selected. A plugin may bring its files at any time: they are picked up before the next
+ * widget is polished or painted, or at once by refresh().
  *
  * Lives as long as the application object and removes its folder with it. GUI thread only.
  */

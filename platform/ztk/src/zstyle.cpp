@@ -1,10 +1,36 @@
 #include "ztk/zstyle.h"
 
+#include "buttonlook.h"
+#include "controllook.h"
+#include "inputlook.h"
+#include "menulook.h"
+#include "scrollbarlook.h"
+#include "ztk/zpainting.h"
+
+#include <QGuiApplication>
 #include <QIcon>
+#include <QLineEdit>
+#include <QPainter>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 namespace Ztk {
 namespace Widget {
+
+namespace {
+
+constexpr int rowSidePadding = 10; ///< Default layout margins give rows the desktop's padding.
+constexpr int rowVerticalPadding = 6;
+constexpr int rowSpacing = 10;
+
+/** On these platforms nobody watches, and pictures are to be the same every time. */
+bool isHeadless()
+{
+    const QString platform = QGuiApplication::platformName();
+    return platform == QLatin1String("offscreen") || platform == QLatin1String("minimal");
+}
+
+} // namespace
 
 ZStyle::ZStyle()
     : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
@@ -18,11 +44,248 @@ QIcon ZStyle::toolkitIcon(QStyle::StandardPixmap icon)
     return QIcon();
 }
 
+void ZStyle::polish(QWidget *widget)
+{
+    QProxyStyle::polish(widget);
+    if (qobject_cast<QLineEdit *>(widget))
+        widget->setAttribute(Qt::WA_Hover);
+}
+
+void ZStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                           const QWidget *widget) const
+{
+    switch (element) {
+    case PE_IndicatorCheckBox:
+        ButtonLook::drawCheckIndicator(painter, option);
+        return;
+    case PE_IndicatorRadioButton:
+        ButtonLook::drawRadioIndicator(painter, option);
+        return;
+    case PE_PanelButtonTool:
+        ButtonLook::drawToolPanel(painter, option);
+        return;
+    case PE_FrameFocusRect:
+        if (ControlLook::showsFocus(option)) {
+            ZPainting::drawFocusRing(painter, option->rect, ZPainting::ControlRadius,
+                                     option->palette);
+        }
+        return;
+    case PE_PanelLineEdit: {
+        const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+        if (frame && frame->lineWidth > 0)
+            InputLook::drawLineEdit(painter, option);
+        return;
+    }
+    case PE_PanelMenu:
+    case PE_PanelTipLabel:
+        MenuLook::drawPanel(painter, option);
+        return;
+    case PE_FrameMenu:
+        return; // part of the panel
+    case PE_Frame:
+        ZPainting::frameRounded(painter, option->rect, ZPainting::ControlRadius,
+                                ControlLook::color(option, QPalette::Mid),
+                                ZPainting::hairline(painter));
+        return;
+    default:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void ZStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                         const QWidget *widget) const
+{
+    if (element == CE_PushButton) {
+        if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option)) {
+            ButtonLook::drawPushButton(painter, button, proxy(), widget);
+            return;
+        }
+    } else if (element == CE_CheckBox || element == CE_RadioButton) {
+        if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option)) {
+            ButtonLook::drawCheckable(painter, button, element == CE_RadioButton);
+            return;
+        }
+    } else if (element == CE_ComboBoxLabel) {
+        if (const auto *box = qstyleoption_cast<const QStyleOptionComboBox *>(option)) {
+            InputLook::drawComboBoxLabel(painter, box, InputLook::comboBoxField(option));
+            return;
+        }
+    } else if (element == CE_MenuEmptyArea) {
+        painter->fillRect(option->rect, option->palette.color(QPalette::Base));
+        return;
+    } else if (element == CE_MenuItem) {
+        if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option)) {
+            MenuLook::drawItem(painter, item);
+            return;
+        }
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void ZStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                QPainter *painter, const QWidget *widget) const
+{
+    if (control == CC_ComboBox) {
+        if (const auto *box = qstyleoption_cast<const QStyleOptionComboBox *>(option)) {
+            InputLook::drawComboBox(painter, box);
+            return;
+        }
+    } else if (control == CC_ScrollBar) {
+        if (const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option)) {
+            ScrollBarLook::draw(painter, bar);
+            return;
+        }
+    }
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+QSize ZStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
+                               const QWidget *widget) const
+{
+    switch (type) {
+    case CT_PushButton:
+        return ButtonLook::pushButtonSize(size);
+    case CT_CheckBox:
+    case CT_RadioButton:
+        if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option))
+            return ButtonLook::checkableSize(button);
+        break;
+    case CT_ComboBox:
+        return InputLook::comboBoxSize(size);
+    case CT_MenuItem:
+        if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option))
+            return MenuLook::itemSize(item);
+        break;
+    case CT_LineEdit:
+        return QProxyStyle::sizeFromContents(type, option, size, widget)
+            .expandedTo(QSize(0, MinimumHitHeight));
+    default:
+        break;
+    }
+    return QProxyStyle::sizeFromContents(type, option, size, widget);
+}
+
+QRect ZStyle::subElementRect(SubElement element, const QStyleOption *option,
+                             const QWidget *widget) const
+{
+    switch (element) {
+    case SE_CheckBoxIndicator:
+    case SE_RadioButtonIndicator:
+        return ButtonLook::indicatorRect(option);
+    case SE_CheckBoxContents:
+    case SE_RadioButtonContents:
+        return ButtonLook::labelRect(option);
+    case SE_CheckBoxLayoutItem:
+    case SE_RadioButtonLayoutItem:
+    case SE_CheckBoxClickRect:
+    case SE_RadioButtonClickRect:
+        return option->rect;
+    case SE_CheckBoxFocusRect:
+    case SE_RadioButtonFocusRect:
+        if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option))
+            return ButtonLook::focusRect(button);
+        break;
+    case SE_LineEditContents: {
+        const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+        // QLineEdit itself adds 2 px on each side.
+        if (frame && frame->lineWidth > 0)
+            return option->rect.adjusted(InputLook::sidePadding - 2, 1,
+                                         -(InputLook::sidePadding - 2), -1);
+        break;
+    }
+    default:
+        break;
+    }
+    return QProxyStyle::subElementRect(element, option, widget);
+}
+
+QRect ZStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option,
+                             SubControl subControl, const QWidget *widget) const
+{
+    if (control == CC_ComboBox) {
+        if (subControl == SC_ComboBoxEditField)
+            return InputLook::comboBoxField(option);
+        if (subControl == SC_ComboBoxArrow)
+            return InputLook::comboBoxArrow(option);
+    } else if (control == CC_ScrollBar) {
+        if (const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option))
+            return ScrollBarLook::partRect(bar, subControl);
+    }
+    return QProxyStyle::subControlRect(control, option, subControl, widget);
+}
+
+int ZStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
+{
+    switch (metric) {
+    case PM_LayoutLeftMargin:
+    case PM_LayoutRightMargin:
+        return rowSidePadding;
+    case PM_LayoutTopMargin:
+    case PM_LayoutBottomMargin:
+        return rowVerticalPadding;
+    case PM_LayoutHorizontalSpacing:
+    case PM_LayoutVerticalSpacing:
+        return rowSpacing;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+        return ButtonLook::indicatorSize;
+    case PM_ScrollBarExtent:
+        return ScrollBarLook::extent;
+    case PM_ScrollBarSliderMin:
+        return ScrollBarLook::minimumHandleLength;
+    case PM_ToolTipLabelFrameWidth:
+        return 6;
+    case PM_MenuVMargin:
+        return 4;
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical:
+        return 0;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int ZStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                      QStyleHintReturn *returnData) const
+{
+    switch (hint) {
+    case SH_Widget_Animation_Duration:
+        if (isHeadless())
+            return 0;
+        break;
+    case SH_ComboBox_Popup:
+        return 1; // a menu-like list that opens over the combo box
+    case SH_ComboBox_AllowWheelScrolling:
+        return 0; // scrolling a page must not change a setting under the mouse
+    case SH_EtchDisabledText:
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+        return 0;
+    default:
+        break;
+    }
+    return QProxyStyle::styleHint(hint, option, widget, returnData);
+}
+
 QIcon ZStyle::standardIcon(QStyle::StandardPixmap icon, const QStyleOption *option,
                            const QWidget *widget) const
 {
     const QIcon own = toolkitIcon(icon);
     return own.isNull() ? QProxyStyle::standardIcon(icon, option, widget) : own;
+}
+
+QPixmap ZStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap &pixmap,
+                                    const QStyleOption *option) const
+{
+    if ((mode == QIcon::Selected || mode == QIcon::Disabled) && ZPainting::isSymbol(pixmap)) {
+        const QColor color =
+            mode == QIcon::Selected
+                ? option->palette.color(QPalette::Active, QPalette::HighlightedText)
+                : option->palette.color(QPalette::Disabled, QPalette::WindowText);
+        return ZPainting::tinted(pixmap, color);
+    }
+    return QProxyStyle::generatedIconPixmap(mode, pixmap, option);
 }
 
 } // namespace Widget

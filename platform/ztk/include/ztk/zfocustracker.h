@@ -23,6 +23,9 @@ public:
     /** Whether @p widget has the focus and is to show it. */
     static bool showsFocus(const QWidget *widget);
 
+    /** Whether focused controls show it at present. */
+    static bool ringsVisible();
+
     /** Starts watching the application; called by the toolkit, further calls change nothing. */
     static void install();
 

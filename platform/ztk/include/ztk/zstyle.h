@@ -11,7 +11,8 @@ namespace Widget {
  * The desktop's widget style, in the colours of the palette in force.
  *
  * ZApplicationSetup::install() puts it in force; QApplication owns it. Controls are at least
- * MinimumHitHeight logical pixels high.
+ * MinimumHitHeight logical pixels high, and what it draws is sharp at every display scale. What it
+ * does not draw itself is Fusion's.
  */
 class ZTK_EXPORT ZStyle : public QProxyStyle
 {
@@ -31,8 +32,32 @@ public:
      */
     static QIcon toolkitIcon(QStyle::StandardPixmap icon);
 
+    void polish(QWidget *widget) override;
+    using QProxyStyle::polish;
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget = nullptr) const override;
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget = nullptr) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                            QPainter *painter, const QWidget *widget = nullptr) const override;
+
+    QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
+                           const QWidget *widget) const override;
+    QRect subElementRect(SubElement element, const QStyleOption *option,
+                         const QWidget *widget) const override;
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option,
+                         SubControl subControl, const QWidget *widget) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
+                    const QWidget *widget = nullptr) const override;
+    int styleHint(StyleHint hint, const QStyleOption *option = nullptr,
+                  const QWidget *widget = nullptr,
+                  QStyleHintReturn *returnData = nullptr) const override;
+
     QIcon standardIcon(QStyle::StandardPixmap icon, const QStyleOption *option = nullptr,
                        const QWidget *widget = nullptr) const override;
+    QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap &pixmap,
+                                const QStyleOption *option) const override;
 };
 
 } // namespace Widget

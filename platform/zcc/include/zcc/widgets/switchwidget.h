@@ -42,7 +42,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    void alignSwitch();
+    void mirrorParts();
 
     QLabel *m_title;
     SwitchButton *m_button;

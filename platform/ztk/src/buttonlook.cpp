@@ -1,0 +1,225 @@
+#include "buttonlook.h"
+
+#include "controllook.h"
+#include "ztk/zpainting.h"
+#include "ztk/zstyle.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+namespace Ztk {
+namespace Widget {
+namespace ButtonLook {
+
+using namespace ControlLook;
+
+namespace {
+
+constexpr int pushButtonPadding = 16;
+constexpr int pushButtonMinimumWidth = 72;
+constexpr qreal keyCapRadius = 5;
+constexpr int keyCapPadding = 12; ///< Text height and this make the height of a key cap.
+constexpr qreal keyCapEdge = 2;   ///< The visible front edge of the key.
+constexpr qreal checkBoxRadius = 5;
+constexpr qreal indicatorStroke = 1.5;
+
+/** Key caps are push buttons without a shadow; every other button has one in its palette. */
+bool isKeyCap(const QStyleOptionButton *option)
+{
+    return option->palette.shadow().color().alpha() == 0;
+}
+
+/** A key as seen from above: its top face in the roles Light and Dark, its text in ButtonText. */
+void drawKeyCap(QPainter *painter, const QStyleOptionButton *option)
+{
+    // The caption's owner hands over no state: a key cap is neither enabled nor disabled.
+    const QPalette &palette = option->palette;
+    const auto active = [&palette](QPalette::ColorRole role) {
+        return palette.color(QPalette::Active, role);
+    };
+    QRectF cap(option->rect);
+    const qreal height = painter->fontMetrics().height() + keyCapPadding;
+    if (cap.height() > height) {
+        cap.setTop(cap.top() + (cap.height() - height) / 2);
+        cap.setHeight(height);
+    }
+    const qreal line = ZPainting::hairline(painter);
+    const QColor edge =
+        ZPainting::blend(active(QPalette::Light), active(QPalette::WindowText), 0.22);
+    ZPainting::fillRounded(painter, cap, keyCapRadius, edge);
+
+    const QRectF face = cap.adjusted(line, line, -line, -keyCapEdge);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    QLinearGradient shine(face.topLeft(), face.bottomLeft());
+    shine.setColorAt(0, active(QPalette::Light));
+    shine.setColorAt(1, active(QPalette::Dark));
+    painter->fillPath(ZPainting::roundedPath(ZPainting::snapped(painter, face), keyCapRadius - line,
+                                             keyCapRadius - line),
+                      shine);
+    painter->setPen(active(QPalette::ButtonText));
+    painter->drawText(face, Qt::AlignCenter, option->text);
+    painter->restore();
+}
+
+} // namespace
+
+void drawPushButton(QPainter *painter, const QStyleOptionButton *option, const QStyle *style,
+                    const QWidget *widget)
+{
+    if (isKeyCap(option)) {
+        drawKeyCap(painter, option);
+        return;
+    }
+    const bool main = (option->features & QStyleOptionButton::DefaultButton) ||
+                      (option->state & QStyle::State_On);
+    const QColor fill =
+        answering(option, color(option, main ? QPalette::Highlight : QPalette::Button));
+    QRectF panel(option->rect);
+    const bool flat = (option->features & QStyleOptionButton::Flat) &&
+                      !(option->state & (QStyle::State_Sunken | QStyle::State_MouseOver));
+    if (!flat && main && showsFocus(option)) {
+        // Ring and button have one colour, so a gap keeps them apart.
+        ZPainting::drawFocusRing(painter, panel, ZPainting::ControlRadius, option->palette);
+        panel.adjust(3, 3, -3, -3);
+        ZPainting::fillRounded(painter, panel, ZPainting::ControlRadius - 3, fill);
+    } else {
+        drawPanel(painter, option, panel, ZPainting::ControlRadius, flat ? Qt::transparent : fill,
+                  main || flat ? Qt::transparent : color(option, QPalette::Mid));
+    }
+    QStyleOptionButton label = *option;
+    label.rect = style->subElementRect(QStyle::SE_PushButtonContents, option, widget);
+    if (main) {
+        label.palette.setColor(QPalette::ButtonText, color(option, QPalette::HighlightedText));
+    }
+    style->drawControl(QStyle::CE_PushButtonLabel, &label, painter, widget);
+}
+
+void drawToolPanel(QPainter *painter, const QStyleOption *option)
+{
+    QColor fill(Qt::transparent);
+    if (option->state & QStyle::State_On)
+        fill = color(option, QPalette::Button);
+    const bool touched = option->state & (QStyle::State_Sunken | QStyle::State_MouseOver);
+    if (touched && (option->state & QStyle::State_Enabled)) {
+        fill = color(option, QPalette::WindowText);
+        fill.setAlphaF(option->state & QStyle::State_Sunken ? 0.16 : 0.08);
+    }
+    drawPanel(painter, option, option->rect, ZPainting::ControlRadius, fill, Qt::transparent);
+}
+
+void drawCheckable(QPainter *painter, const QStyleOptionButton *option, bool radio)
+{
+    QStyleOptionButton indicator = *option;
+    indicator.rect = indicatorRect(option);
+    if (radio)
+        drawRadioIndicator(painter, &indicator);
+    else
+        drawCheckIndicator(painter, &indicator);
+
+    QRect label = labelRect(option);
+    const QColor textColor = color(option, QPalette::WindowText);
+    if (!option->icon.isNull()) {
+        const QRect iconRect = QStyle::alignedRect(
+            option->direction, Qt::AlignLeft | Qt::AlignVCenter, option->iconSize, label);
+        ZPainting::drawIcon(painter, iconRect, option->icon, textColor);
+        const int used = option->iconSize.width() + indicatorGap;
+        label.adjust(option->direction == Qt::LeftToRight ? used : 0, 0,
+                     option->direction == Qt::RightToLeft ? -used : 0, 0);
+    }
+    painter->save();
+    painter->setPen(textColor);
+    painter->setLayoutDirection(option->direction);
+    painter->drawText(label, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, option->text);
+    painter->restore();
+    if (showsFocus(option)) {
+        ZPainting::drawFocusRing(painter, focusRect(option), ZPainting::ControlRadius,
+                                 option->palette);
+    }
+}
+
+void drawCheckIndicator(QPainter *painter, const QStyleOption *option)
+{
+    const bool partly = option->state & QStyle::State_NoChange;
+    const QRectF box(option->rect);
+    if (!partly && !(option->state & QStyle::State_On)) {
+        ZPainting::fillRounded(painter, box, checkBoxRadius,
+                               answering(option, color(option, QPalette::Base)));
+        ZPainting::frameRounded(painter, box, checkBoxRadius, color(option, QPalette::Dark),
+                                indicatorStroke);
+        return;
+    }
+    ZPainting::fillRounded(painter, box, checkBoxRadius,
+                           answering(option, color(option, QPalette::Highlight)));
+    const QColor mark = color(option, QPalette::HighlightedText);
+    if (partly) {
+        const qreal inset = box.width() / 4;
+        ZPainting::fillRounded(
+            painter, QRectF(box.left() + inset, box.center().y() - 1, box.width() - 2 * inset, 2),
+            1, mark);
+    } else {
+        drawSymbol(painter, option->rect.adjusted(1, 1, -1, -1), "ztk_check", mark);
+    }
+}
+
+void drawRadioIndicator(QPainter *painter, const QStyleOption *option)
+{
+    const QRectF circle(option->rect);
+    const qreal radius = circle.width() / 2;
+    if (!(option->state & QStyle::State_On)) {
+        ZPainting::fillRounded(painter, circle, radius,
+                               answering(option, color(option, QPalette::Base)));
+        ZPainting::frameRounded(painter, circle, radius, color(option, QPalette::Dark),
+                                indicatorStroke);
+        return;
+    }
+    ZPainting::fillRounded(painter, circle, radius,
+                           answering(option, color(option, QPalette::Highlight)));
+    const qreal inset = circle.width() / 3;
+    ZPainting::fillRounded(painter, circle.adjusted(inset, inset, -inset, -inset), radius - inset,
+                           color(option, QPalette::HighlightedText));
+}
+
+QSize pushButtonSize(const QSize &contents)
+{
+    return QSize(contents.width() + 2 * pushButtonPadding, contents.height() + pushButtonPadding)
+        .expandedTo(QSize(pushButtonMinimumWidth, ZStyle::MinimumHitHeight));
+}
+
+QSize checkableSize(const QStyleOptionButton *option)
+{
+    const QSize text = option->fontMetrics.size(Qt::TextShowMnemonic, option->text);
+    int width = 2 * indicatorPadding + indicatorSize;
+    if (!option->text.isEmpty())
+        width += indicatorGap + text.width();
+    if (!option->icon.isNull())
+        width += indicatorGap + option->iconSize.width();
+    return QSize(width, qMax(text.height() + 2 * indicatorPadding, ZStyle::MinimumHitHeight));
+}
+
+QRect indicatorRect(const QStyleOption *option)
+{
+    const QRect place = option->rect.adjusted(indicatorPadding, 0, -indicatorPadding, 0);
+    return QStyle::alignedRect(option->direction, Qt::AlignLeft | Qt::AlignVCenter,
+                               QSize(indicatorSize, indicatorSize), place);
+}
+
+QRect labelRect(const QStyleOption *option)
+{
+    const QRect place = option->rect.adjusted(indicatorPadding + indicatorSize + indicatorGap, 0,
+                                              -indicatorPadding, 0);
+    return QStyle::visualRect(option->direction, option->rect, place);
+}
+
+QRect focusRect(const QStyleOptionButton *option)
+{
+    const QSize size = checkableSize(option).boundedTo(option->rect.size());
+    const int height = qMin(size.height(), qMax(indicatorSize, option->fontMetrics.height()) +
+                                               2 * indicatorPadding);
+    return QStyle::alignedRect(option->direction, Qt::AlignLeft | Qt::AlignVCenter,
+                               QSize(size.width(), height), option->rect);
+}
+
+} // namespace ButtonLook
+} // namespace Widget
+} // namespace Ztk

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QSize>
+
+class QPainter;
+class QRect;
+class QStyle;
+class QStyleOption;
+class QStyleOptionButton;
+class QWidget;
+
+namespace Ztk {
+namespace Widget {
+
+/** Push buttons, key caps, tool buttons, check boxes and radio buttons of ZStyle. */
+namespace ButtonLook {
+
+constexpr int indicatorSize = 18;
+constexpr int indicatorGap = 8; ///< Between indicator and text.
+/** Around indicator and text, where the focus ring stands. */
+constexpr int indicatorPadding = 5;
+
+/** Background, text, icon and focus of a push button. */
+void drawPushButton(QPainter *painter, const QStyleOptionButton *option, const QStyle *style,
+                    const QWidget *widget);
+
+/** The background of a flat button that answers the mouse. */
+void drawToolPanel(QPainter *painter, const QStyleOption *option);
+
+/** Indicator, icon, text and focus of a check box, or of a radio button if @p radio. */
+void drawCheckable(QPainter *painter, const QStyleOptionButton *option, bool radio);
+
+/** The box of a check box: empty, checked, or a bar for the state in between. */
+void drawCheckIndicator(QPainter *painter, const QStyleOption *option);
+
+/** The circle of a radio button. */
+void drawRadioIndicator(QPainter *painter, const QStyleOption *option);
+
+QSize pushButtonSize(const QSize &contents);
+QSize checkableSize(const QStyleOptionButton *option);
+
+/** Where the indicator of a check box or radio button stands. */
+QRect indicatorRect(const QStyleOption *option);
+
+/** Where its text stands. */
+QRect labelRect(const QStyleOption *option);
+
+/** Indicator and text together, with room for the focus ring. */
+QRect focusRect(const QStyleOptionButton *option);
+
+} // namespace ButtonLook
+
+} // namespace Widget
+} // namespace Ztk

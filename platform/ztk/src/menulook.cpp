@@ -1,0 +1,118 @@
+#include "menulook.h"
+
+#include "controllook.h"
+#include "ztk/zpainting.h"
+#include "ztk/zstyle.h"
+
+#include <QIcon>
+#include <QPainter>
+#include <QStyleOption>
+
+namespace Ztk {
+namespace Widget {
+namespace MenuLook {
+
+using namespace ControlLook;
+
+namespace {
+
+constexpr int rowInset = 4;    ///< Between the panel's edge and the mark behind an entry.
+constexpr int itemPadding = 8; ///< Between that mark's edge and what stands on it.
+constexpr int symbolSize = 16;
+constexpr int gap = 8;
+constexpr int separatorHeight = 9;
+
+bool hasIcon(const QStyleOptionMenuItem *option)
+{
+    return !option->icon.isNull();
+}
+
+} // namespace
+
+void drawPanel(QPainter *painter, const QStyleOption *option)
+{
+    // Square: without a compositing manager a rounded window has black corners.
+    const QPalette &palette = option->palette;
+    painter->fillRect(option->rect, palette.color(QPalette::Base));
+    ZPainting::frameRounded(painter, option->rect, 0, palette.color(QPalette::Mid),
+                            ZPainting::hairline(painter));
+}
+
+void drawItem(QPainter *painter, const QStyleOptionMenuItem *option)
+{
+    const QRect row = option->rect.adjusted(rowInset, 1, -rowInset, -1);
+    if (option->menuItemType == QStyleOptionMenuItem::Separator) {
+        painter->fillRect(
+            QRectF(row.left(), row.center().y(), row.width(), ZPainting::hairline(painter)),
+            option->palette.color(QPalette::Mid));
+        return;
+    }
+    const bool selected = option->state & QStyle::State_Selected;
+    const QColor textColor = color(option, selected ? QPalette::HighlightedText : QPalette::Text);
+    if (selected) {
+        ZPainting::fillRounded(painter, row, ZPainting::ControlRadius - 1,
+                               color(option, QPalette::Highlight));
+    }
+
+    // From the leading side: the check mark's column, icon, text; mirrored as a whole at the end.
+    const auto place = [option](const QRect &rect) {
+        return QStyle::visualRect(option->direction, option->rect, rect);
+    };
+    QRect rest = row.adjusted(itemPadding, 0, -itemPadding, 0);
+    const auto takeSymbol = [&rest]() {
+        const QRect symbol(rest.left(), rest.center().y() - symbolSize / 2 + 1, symbolSize,
+                           symbolSize);
+        rest.setLeft(rest.left() + symbolSize + gap);
+        return symbol;
+    };
+    const QRect checkRect = takeSymbol();
+    if (option->checked && option->checkType != QStyleOptionMenuItem::NotCheckable)
+        drawSymbol(painter, place(checkRect), "ztk_check", textColor);
+    if (hasIcon(option))
+        ZPainting::drawIcon(painter, place(takeSymbol()), option->icon, textColor);
+    if (option->menuItemType == QStyleOptionMenuItem::SubMenu) {
+        QStyleOption arrow = *option;
+        const QRect right(rest.right() - symbolSize, rest.center().y() - symbolSize / 2 + 1,
+                          symbolSize, symbolSize);
+        painter->save();
+        const QRect arrowRect = place(right);
+        painter->translate(arrowRect.center());
+        painter->rotate(option->direction == Qt::RightToLeft ? 90 : -90);
+        drawSymbol(painter, QRect(-symbolSize / 2, -symbolSize / 2, symbolSize, symbolSize),
+                   "ztk_chevron_down", textColor);
+        painter->restore();
+        rest.setRight(right.left() - gap);
+    }
+
+    painter->save();
+    painter->setFont(option->font);
+    painter->setPen(textColor);
+    painter->setLayoutDirection(option->direction);
+    const QStringList parts = option->text.split(QLatin1Char('\t'));
+    painter->drawText(place(rest), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic,
+                      parts.first());
+    if (parts.size() > 1)
+        painter->drawText(place(rest), Qt::AlignRight | Qt::AlignVCenter, parts.at(1));
+    painter->restore();
+}
+
+QSize itemSize(const QStyleOptionMenuItem *option)
+{
+    if (option->menuItemType == QStyleOptionMenuItem::Separator)
+        return QSize(2 * rowInset, separatorHeight);
+    const QFontMetrics metrics(option->font);
+    int width = 2 * (rowInset + itemPadding) + symbolSize + gap;
+    if (hasIcon(option))
+        width += symbolSize + gap;
+    if (option->menuItemType == QStyleOptionMenuItem::SubMenu)
+        width += gap + symbolSize;
+    const QStringList parts = option->text.split(QLatin1Char('\t'));
+    width += metrics.size(Qt::TextShowMnemonic, parts.first()).width();
+    if (parts.size() > 1)
+        width += 3 * gap + metrics.size(Qt::TextSingleLine, parts.at(1)).width();
+    return QSize(width, qMax(metrics.height() + 2 * gap, ZStyle::MinimumHitHeight));
+}
+
+} // namespace MenuLook
+} // namespace Widget
+} // namespace Ztk

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QSize>
+
+class QPainter;
+class QStyleOption;
+class QStyleOptionMenuItem;
+
+namespace Ztk {
+namespace Widget {
+
+/** Menus and the lists that combo boxes open, of ZStyle. */
+namespace MenuLook {
+
+/** Background and frame of an open menu or list. */
+void drawPanel(QPainter *painter, const QStyleOption *option);
+
+/** One entry: check mark, icon, text, short cut, arrow of a sub-menu; or a separator. */
+void drawItem(QPainter *painter, const QStyleOptionMenuItem *option);
+
+QSize itemSize(const QStyleOptionMenuItem *option);
+
+} // namespace MenuLook
+
+} // namespace Widget
+} // namespace Ztk
