@@ -29,11 +29,11 @@ bool hasIcon(const QStyleOptionMenuItem *option)
 
 } // namespace
 
-void drawPanel(QPainter *painter, const QStyleOption *option)
+void drawPanel(QPainter *painter, const QStyleOption *option, QPalette::ColorRole surface)
 {
     // Square: without a compositing manager a rounded window has black corners.
     const QPalette &palette = option->palette;
-    painter->fillRect(option->rect, palette.color(QPalette::Base));
+    painter->fillRect(option->rect, palette.color(surface));
     ZPainting::frameRounded(painter, option->rect, 0, palette.color(QPalette::Mid),
                             ZPainting::hairline(painter));
 }

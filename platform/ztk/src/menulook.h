@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPalette>
 #include <QSize>
 
 class QPainter;
@@ -12,8 +13,8 @@ namespace Widget {
 /** Menus and the lists that combo boxes open, of ZStyle. */
 namespace MenuLook {
 
-/** Background and frame of an open menu or list. */
-void drawPanel(QPainter *painter, const QStyleOption *option);
+/** Background, in the palette's role @p surface, and frame of an open menu, list or tool tip. */
+void drawPanel(QPainter *painter, const QStyleOption *option, QPalette::ColorRole surface);
 
 /** One entry: check mark, icon, text, short cut, arrow of a sub-menu; or a separator. */
 void drawItem(QPainter *painter, const QStyleOptionMenuItem *option);

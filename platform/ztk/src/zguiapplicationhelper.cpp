@@ -28,6 +28,10 @@ void ZGuiApplicationHelper::setThemeType(ColorType type)
     const QPalette palette = type == DarkType ? darkPalette() : lightPalette();
     ZIconTheme::setTextColor(palette.color(QPalette::WindowText));
     QApplication::setPalette(palette);
+    // Menus, and the lists that combo boxes open, lie on a surface of their own like cards.
+    QPalette menuPalette = palette;
+    menuPalette.setColor(QPalette::Window, palette.color(QPalette::Base));
+    QApplication::setPalette(menuPalette, "QMenu");
     if (changed)
         Q_EMIT themeTypeChanged(type);
 }

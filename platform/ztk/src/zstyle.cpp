@@ -77,8 +77,10 @@ void ZStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
         return;
     }
     case PE_PanelMenu:
+        MenuLook::drawPanel(painter, option, QPalette::Window);
+        return;
     case PE_PanelTipLabel:
-        MenuLook::drawPanel(painter, option);
+        MenuLook::drawPanel(painter, option, QPalette::ToolTipBase);
         return;
     case PE_FrameMenu:
         return; // part of the panel
@@ -111,7 +113,7 @@ void ZStyle::drawControl(ControlElement element, const QStyleOption *option, QPa
             return;
         }
     } else if (element == CE_MenuEmptyArea) {
-        painter->fillRect(option->rect, option->palette.color(QPalette::Base));
+        painter->fillRect(option->rect, option->palette.color(QPalette::Window));
         return;
     } else if (element == CE_MenuItem) {
         if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option)) {
