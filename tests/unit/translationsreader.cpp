@@ -1,4 +1,4 @@
-#include "translationsreader.h"
+#include "tests/unit/translationsreader.h"
 
 #include <QFile>
 #include <QXmlStreamReader>
