@@ -83,7 +83,8 @@ QString TavrenAIAssitantControlPlugin::displayName() const
 
 QIcon TavrenAIAssitantControlPlugin::icon() const
 {
-    return QIcon::fromTheme(QStringLiteral("zcc_nav_voice"));
+    // Not a string literal, which would go with this library: Qt keeps the name.
+    return QIcon::fromTheme(QString::fromLatin1("zcc_nav_voice"));
 }
 
 QString TavrenAIAssitantControlPlugin::translationPath() const

@@ -32,14 +32,17 @@ void ThirdListWidget::init()
     if (!m_model)
         m_model = new QStandardItemModel(m_listView);
 
-    const QList<QPair<QString, QString>> rows = {
-        {QStringLiteral("zcc_nav_assistant_nor"), tr("Desktop AI Assistant")},
-        {QStringLiteral("zcc_nav_dictate_nor"), tr("Speech to Text")},
-        {QStringLiteral("zcc_nav_read_nor"), tr("Text to Speech")},
-        {QStringLiteral("zcc_nav_translate_nor"), tr("Translation")},
+    // Qt keeps icons by name for as long as the application lives: a literal's text would go with
+    // this library.
+    const QList<QPair<const char *, QString>> rows = {
+        {"zcc_nav_assistant_nor", tr("Desktop AI Assistant")},
+        {"zcc_nav_dictate_nor", tr("Speech to Text")},
+        {"zcc_nav_read_nor", tr("Text to Speech")},
+        {"zcc_nav_translate_nor", tr("Translation")},
     };
     for (const auto &row : rows) {
-        auto *item = new Ztk::Widget::ZStandardItem(QIcon::fromTheme(row.first), row.second);
+        auto *item = new Ztk::Widget::ZStandardItem(
+            QIcon::fromTheme(QString::fromLatin1(row.first)), row.second);
         item->setData(QVariant::fromValue(QMargins(10, 8, 10, 8)),
                       Ztk::Widget::ZListView::MarginsRole);
         m_model->appendRow(item);
