@@ -1,0 +1,97 @@
+#include "sandbox/services/control/servicelink.h"
+#include "sandbox/services/control/verbs.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+namespace {
+
+enum ExitCode {
+    Done = 0,
+    Failed = 1,
+    WrongUsage = 2,
+    NoSuchService = 3,
+};
+
+QString usage()
+{
+    QString text = QStringLiteral("Usage: sandbox-control SERVICE VERB [ARGUMENT...]\n\n"
+                                  "Steers a running sandbox service: assistant, dock, keybinding,\n"
+                                  "networkmanager, and whatever else runs as sandbox-SERVICE.\n\n");
+    for (const sandbox::Verb &verb : sandbox::verbs()) {
+        text += QStringLiteral("  %1 %2\n")
+                    .arg((verb.name + QLatin1Char(' ') + verb.arguments).leftJustified(35),
+                         verb.description);
+    }
+    return text +
+           QStringLiteral(
+               "\nBEHAVIOUR is one of:\n"
+               "  error TEXT          an error reply\n"
+               "  reply VALUE         a reply with any value: bool:true, int:7, uint:7,\n"
+               "                      double:0.5, string:TEXT, or just TEXT\n"
+               "  reply-list VALUE... a reply with several values, or with none\n"
+               "  delay MS            the true answer, MS milliseconds late\n"
+               "  hold                the true answer, on release\n"
+               "  vanish              no answer: the process ends\n"
+               "  answer              the true answer again\n\n"
+               "Examples:\n"
+               "  sandbox-control dock set hidden true\n"
+               "  sandbox-control keybinding set translation '<Super>t'\n"
+               "  sandbox-control networkmanager set state 20\n"
+               "  sandbox-control assistant script getIatEnable delay 3000\n\n"
+               "Exit code: 0 done, 1 the service refused, 2 wrong usage, 3 no such service.\n");
+}
+
+int fail(ExitCode code, const QString &text)
+{
+    QTextStream(stderr) << "sandbox-control: " << text << '\n';
+    return code;
+}
+
+int runVerb(const sandbox::Verb &verb, const QString &service, const QStringList &words)
+{
+    if (words.size() < verb.minimumArguments || words.size() > verb.maximumArguments) {
+        return fail(
+            WrongUsage,
+            QStringLiteral("the verb is used like this: %1 %2").arg(verb.name, verb.arguments));
+    }
+    sandbox::ServiceLink link(service);
+    if (!link.isFound()) {
+        return fail(NoSuchService,
+                    QStringLiteral("no service \"%1\" runs on these buses").arg(service));
+    }
+    const sandbox::VerbResult result = verb.run(link, words);
+    if (!result.problem.isEmpty()) {
+        return fail(Failed, result.problem);
+    }
+    if (!result.output.isEmpty()) {
+        QTextStream(stdout) << result.output << '\n';
+    }
+    return Done;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList words = QCoreApplication::arguments().mid(1);
+    if (words.contains(QStringLiteral("--help"))) {
+        QTextStream(stdout) << usage();
+        return Done;
+    }
+    if (words.contains(QStringLiteral("--version"))) {
+        QTextStream(stdout) << "sandbox-control " SANDBOX_VERSION "\n";
+        return Done;
+    }
+    if (words.size() < 2) {
+        QTextStream(stderr) << usage();
+        return WrongUsage;
+    }
+    for (const sandbox::Verb &verb : sandbox::verbs()) {
+        if (verb.name == words.at(1)) {
+            return runVerb(verb, words.at(0), words.mid(2));
+        }
+    }
+    return fail(WrongUsage, QStringLiteral("there is no verb \"%1\"; see --help").arg(words.at(1)));
+}
