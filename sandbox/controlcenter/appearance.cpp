@@ -6,11 +6,39 @@
 #include <ztk/zguiapplicationhelper.h>
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QLocale>
 
 using Ztk::Gui::ZGuiApplicationHelper;
 
 namespace controlcenter {
+namespace {
+
+/** What the toolkit's sizes are made for: 14 px on a usual display. */
+constexpr double usualFontSize = 10.5; // points
+
+/** Whether there is a desktop whose settings name a font. */
+bool desktopHasFont()
+{
+    return QGuiApplication::platformName() != QLatin1String("offscreen") &&
+           !qEnvironmentVariableIsEmpty("XDG_CURRENT_DESKTOP");
+}
+
+QFont windowFont(const Options &options)
+{
+    QFont font = QApplication::font();
+    if (!desktopHasFont()) {
+        const QString family = QStringLiteral("Noto Sans");
+        if (QFontDatabase().hasFamily(family))
+            font.setFamily(family);
+        font.setPointSizeF(usualFontSize);
+    }
+    if (options.fontSize > 0)
+        font.setPointSizeF(options.fontSize);
+    return font;
+}
+
+} // namespace
 
 void prepareEnvironment(const Options &options)
 {
@@ -27,6 +55,7 @@ void prepareEnvironment(const Options &options)
 
 void dressApplication(const Options &options)
 {
+    QApplication::setFont(windowFont(options));
     Ztk::Widget::ZApplicationSetup::install();
     QApplication::setLayoutDirection(QLocale::system().textDirection());
     ZGuiApplicationHelper::instance()->setThemeType(

@@ -1,6 +1,6 @@
 #include "sandbox/controlcenter/breadcrumb.h"
 
-#include "sandbox/controlcenter/palettemix.h"
+#include "sandbox/controlcenter/palettecolors.h"
 
 #include <ztk/zfontsizemanager.h>
 

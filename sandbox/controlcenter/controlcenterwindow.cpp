@@ -24,8 +24,8 @@ namespace controlcenter {
 namespace {
 
 constexpr QSize usualSize(1100, 720);
-constexpr QSize leastSize(760, 480);
-constexpr int sideBarWidth = 240; // px
+constexpr QSize leastSize(880, 540);
+constexpr int sideBarWidth = 228; // px
 constexpr int headerHeight = 60;  // px
 
 /** Internal name of the one sample entry beside the module's. */

@@ -6,6 +6,12 @@
 #include <QScrollBar>
 
 namespace controlcenter {
+namespace {
+
+/** Rows wider than this are hard to follow from their title to their control. */
+constexpr int widestPage = 820; // px
+
+} // namespace
 
 ModuleView::ModuleView(QWidget *parent)
     : QWidget(parent)
@@ -16,6 +22,7 @@ ModuleView::ModuleView(QWidget *parent)
     columnLayout->setContentsMargins(0, 0, 0, 0);
 
     m_scrollArea->setWidgetResizable(true);
+    m_scrollArea->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     m_scrollArea->setFrameShape(QFrame::NoFrame);
     m_scrollArea->setFocusPolicy(Qt::NoFocus); // Tab goes from control to control
     m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -53,6 +60,7 @@ void ModuleView::setPage(QWidget *page)
 {
     // setWidget() would delete the old page under the feet of the signal that asks for the new one.
     dispose(m_scrollArea->takeWidget());
+    page->setMaximumWidth(widestPage);
     m_scrollArea->setWidget(page);
     page->setAutoFillBackground(false); // the scroll area turns it on
     page->show();

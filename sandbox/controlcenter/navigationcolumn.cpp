@@ -1,11 +1,16 @@
 #include "sandbox/controlcenter/navigationcolumn.h"
 
+#include <ztk/zpainting.h>
 #include <ztk/zstandarditem.h>
 
+#include <QApplication>
+#include <QEvent>
 #include <QMargins>
 #include <QStandardItemModel>
 
 Q_DECLARE_METATYPE(QMargins)
+
+using Ztk::Widget::ZPainting;
 
 namespace controlcenter {
 namespace {
@@ -25,7 +30,7 @@ NavigationColumn::NavigationColumn(QWidget *parent)
     setIconSize({iconSide, iconSide});
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAccessibleName(tr("Settings"));
-    setTabKeyNavigation(false);
+    updateColors();
 }
 
 void NavigationColumn::addEntry(const QString &name, const QString &text, const QIcon &icon,
@@ -58,6 +63,25 @@ void NavigationColumn::currentChanged(const QModelIndex &current, const QModelIn
     Ztk::Widget::ZListView::currentChanged(current, previous);
     if (current.isValid())
         Q_EMIT entryOpened(current.data(nameRole).toString());
+}
+
+void NavigationColumn::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        updateColors();
+    Ztk::Widget::ZListView::changeEvent(event);
+}
+
+// The open entry is marked quietly: the strong colour belongs to the page's own list beside it.
+void NavigationColumn::updateColors()
+{
+    const QPalette theme = QApplication::palette();
+    QPalette own = palette();
+    own.setColor(QPalette::Highlight, ZPainting::blend(theme.color(QPalette::Window),
+                                                       theme.color(QPalette::WindowText), 0.12));
+    own.setColor(QPalette::HighlightedText, theme.color(QPalette::WindowText));
+    if (own != palette())
+        setPalette(own);
 }
 
 int NavigationColumn::rowOf(const QString &name) const

@@ -34,8 +34,10 @@ Q_SIGNALS:
 
 protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    void updateColors();
     int rowOf(const QString &name) const;
 
     QStandardItemModel *m_model;

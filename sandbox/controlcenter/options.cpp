@@ -24,6 +24,9 @@ struct CommandLine
     QCommandLineOption scale{QStringLiteral("scale"),
                              QStringLiteral("Picture pixels per window pixel, 0.5 to 4."),
                              QStringLiteral("factor"), QStringLiteral("1")};
+    QCommandLineOption fontSize{QStringLiteral("font-size"),
+                                QStringLiteral("Size of the texts in points, 6 to 40."),
+                                QStringLiteral("points")};
     QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
                             QStringLiteral("Show this text.")};
 
@@ -31,7 +34,7 @@ struct CommandLine
     {
         parser.setApplicationDescription(
             QStringLiteral("A control center that runs the assistant's settings module."));
-        parser.addOptions({plugin, page, locale, theme, tour, scale, help});
+        parser.addOptions({plugin, page, locale, theme, tour, scale, fontSize, help});
     }
 };
 
@@ -58,6 +61,8 @@ Options parseOptions(const QStringList &arguments)
     options.dark = theme == QLatin1String("dark");
     bool scaleIsNumber = false;
     options.scale = parser.value(line.scale).toDouble(&scaleIsNumber);
+    const bool fontSizeGiven = parser.isSet(line.fontSize);
+    options.fontSize = parser.value(line.fontSize).toDouble();
 
     if (!parser.positionalArguments().isEmpty())
         options.error = QStringLiteral("Unexpected argument \"%1\".")
@@ -66,6 +71,8 @@ Options parseOptions(const QStringList &arguments)
         options.error = QStringLiteral("Unknown theme \"%1\".").arg(theme);
     else if (!scaleIsNumber || options.scale < 0.5 || options.scale > 4)
         options.error = QStringLiteral("The scale must be a number from 0.5 to 4.");
+    else if (fontSizeGiven && !(options.fontSize >= 6 && options.fontSize <= 40))
+        options.error = QStringLiteral("The font size must be a number from 6 to 40.");
     else if (options.plugin.isEmpty() && !options.help)
         options.error = QStringLiteral("Which module? Give its file with --plugin.");
     return options;

@@ -1,6 +1,6 @@
 #include "sandbox/controlcenter/searchpopup.h"
 
-#include "sandbox/controlcenter/palettemix.h"
+#include "sandbox/controlcenter/palettecolors.h"
 #include "sandbox/controlcenter/searchresultdelegate.h"
 
 #include <QGraphicsDropShadowEffect>

@@ -1,12 +1,14 @@
 #include "sandbox/controlcenter/searchresultdelegate.h"
 
-#include "sandbox/controlcenter/palettemix.h"
+#include "sandbox/controlcenter/palettecolors.h"
 
 #include <ztk/zfontsizemanager.h>
+#include <ztk/zpainting.h>
 
 #include <QPainter>
 
 using Ztk::Widget::ZFontSizeManager;
+using Ztk::Widget::ZPainting;
 
 namespace controlcenter {
 namespace {
@@ -31,16 +33,16 @@ void SearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
     const bool selected = option.state & QStyle::State_Selected;
 
     QColor name = palette.color(QPalette::Text);
-    QColor where = mix(palette.color(QPalette::Base), name, 0.62);
+    QColor where = ZPainting::blend(palette.color(QPalette::Base), name, 0.62);
     if (selected) {
         painter->setPen(Qt::NoPen);
         painter->setBrush(palette.color(QPalette::Highlight));
         painter->drawRoundedRect(option.rect, radius, radius);
         name = palette.color(QPalette::HighlightedText);
-        where = mix(palette.color(QPalette::Highlight), name, 0.85);
+        where = ZPainting::blend(palette.color(QPalette::Highlight), name, 0.85);
     } else if (option.state & QStyle::State_MouseOver) {
         painter->setPen(Qt::NoPen);
-        painter->setBrush(mix(palette.color(QPalette::Base), name, 0.06));
+        painter->setBrush(ZPainting::blend(palette.color(QPalette::Base), name, 0.06));
         painter->drawRoundedRect(option.rect, radius, radius);
     }
 

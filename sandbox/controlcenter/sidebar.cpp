@@ -1,6 +1,6 @@
 #include "sandbox/controlcenter/sidebar.h"
 
-#include "sandbox/controlcenter/palettemix.h"
+#include "sandbox/controlcenter/palettecolors.h"
 
 #include <QPainter>
 

@@ -1,11 +1,17 @@
 #include "sandbox/controlcenter/themebutton.h"
 
-#include "sandbox/controlcenter/palettemix.h"
+#include "sandbox/controlcenter/palettecolors.h"
+
+#include <ztk/zfocustracker.h>
+#include <ztk/zpainting.h>
 
 #include <QEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QtMath>
+
+using Ztk::Widget::ZFocusTracker;
+using Ztk::Widget::ZPainting;
 
 namespace controlcenter {
 namespace {
@@ -59,14 +65,12 @@ void ThemeButton::paintEvent(QPaintEvent *)
     const QColor text = palette().color(QPalette::WindowText);
     if (underMouse() || isDown()) {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(mix(palette().color(QPalette::Window), text, isDown() ? 0.16 : 0.08));
+        painter.setBrush(
+            ZPainting::blend(palette().color(QPalette::Window), text, isDown() ? 0.16 : 0.08));
         painter.drawRoundedRect(rect(), radius, radius);
     }
-    if (hasFocus()) {
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), radius, radius);
-    }
+    if (ZFocusTracker::showsFocus(this))
+        ZPainting::drawFocusRing(&painter, rect(), radius, palette());
 
     painter.translate(QRectF(rect()).center());
     painter.setPen(QPen(text, penWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));

@@ -6,9 +6,6 @@ class QPalette;
 
 namespace controlcenter {
 
-/** @p share (0 to 1) of @p over, the rest @p under. */
-QColor mix(const QColor &under, const QColor &over, qreal share);
-
 /** Hair line between two surfaces of the window. */
 QColor separatorColor(const QPalette &palette);
 
