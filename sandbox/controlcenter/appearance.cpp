@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QLocale>
+#include <QTranslator>
 
 using Ztk::Gui::ZGuiApplicationHelper;
 
@@ -22,6 +23,26 @@ bool desktopHasFont()
 {
     return QGuiApplication::platformName() != QLatin1String("offscreen") &&
            !qEnvironmentVariableIsEmpty("XDG_CURRENT_DESKTOP");
+}
+
+void installTranslator()
+{
+    auto *translator = new QTranslator(qApp);
+    if (translator->load(QLocale::system(), QStringLiteral("control-center"), QStringLiteral("_"),
+                         QStringLiteral(":/control-center")))
+        QCoreApplication::installTranslator(translator);
+}
+
+/**
+ * The direction is the translation of a text of Qt's own, and nothing else will do: Qt looks it up
+ * again whenever a translator is installed, as modules do, and then forgets what was set.
+ */
+Qt::LayoutDirection translatedDirection()
+{
+    return QCoreApplication::translate("QGuiApplication", "QT_LAYOUT_DIRECTION") ==
+                   QLatin1String("RTL")
+               ? Qt::RightToLeft
+               : Qt::LeftToRight;
 }
 
 QFont windowFont(const Options &options)
@@ -57,7 +78,8 @@ void dressApplication(const Options &options)
 {
     QApplication::setFont(windowFont(options));
     Ztk::Widget::ZApplicationSetup::install();
-    QApplication::setLayoutDirection(QLocale::system().textDirection());
+    installTranslator();
+    QApplication::setLayoutDirection(translatedDirection());
     ZGuiApplicationHelper::instance()->setThemeType(
         options.dark ? ZGuiApplicationHelper::DarkType : ZGuiApplicationHelper::LightType);
 }

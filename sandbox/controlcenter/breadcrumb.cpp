@@ -45,7 +45,7 @@ void Breadcrumb::setPath(const QString &entry, const QString &page)
                                                           : QStringLiteral("›"));
     m_arrow->setVisible(both);
     m_page->setText(both ? page : entry);
-    setAccessibleName(both ? tr("%1, %2").arg(entry, page) : entry);
+    setAccessibleName(both ? entry + QStringLiteral(", ") + page : entry);
 }
 
 QString Breadcrumb::page() const

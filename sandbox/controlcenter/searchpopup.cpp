@@ -60,9 +60,9 @@ void SearchPopup::showResults(const QVector<SearchEntry> &entries)
     for (const SearchEntry &entry : entries) {
         auto *row = new QStandardItem(entry.item.isEmpty() ? entry.page : entry.item);
         const QString where =
-            entry.item.isEmpty() ? entry.module : tr("%1 › %2").arg(entry.module, entry.page);
+            entry.item.isEmpty() ? entry.module : entry.module + QStringLiteral(" › ") + entry.page;
         row->setData(where, SearchResultDelegate::WhereRole);
-        row->setData(tr("%1, %2").arg(row->text(), where), Qt::AccessibleTextRole);
+        row->setData(row->text() + QStringLiteral(", ") + where, Qt::AccessibleTextRole);
         m_model->appendRow(row);
     }
     m_list->setVisible(!entries.isEmpty());

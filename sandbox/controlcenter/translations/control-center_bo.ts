@@ -1,0 +1,65 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="bo">
+<context>
+    <name>QGuiApplication</name>
+    <message>
+        <source>QT_LAYOUT_DIRECTION</source>
+        <translation>LTR</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ControlCenterWindow</name>
+    <message>
+        <source>Control Center</source>
+        <translation>ཚོད་འཛིན་ལྟེ་གནས།</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>མཐེབ་གཞོང་།</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::HostPage</name>
+    <message>
+        <source>These settings are the desktop&apos;s own. This window runs the assistant&apos;s module only.</source>
+        <translation>སྒྲིག་འགོད་འདི་དག་ཅོག་ངོས་རང་གི་ཡིན། སྒེའུ་ཁུང་འདིས་ལག་རོགས་ཀྱི་ཚན་པ་ཁོ་ན་འཁོར་སྐྱོད་བྱེད།</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::NavigationColumn</name>
+    <message>
+        <source>Settings</source>
+        <translation>སྒྲིག་འགོད།</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::SearchField</name>
+    <message>
+        <source>Search settings</source>
+        <translation>སྒྲིག་འགོད་འཚོལ་བ།</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::SearchPopup</name>
+    <message>
+        <source>Nothing found</source>
+        <translation>རྙེད་མ་བྱུང་།</translation>
+    </message>
+    <message>
+        <source>Search results</source>
+        <translation>འཚོལ་འབྲས།</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ThemeButton</name>
+    <message>
+        <source>Dark theme</source>
+        <translation>མདོག་ནག་བརྗོད་གཞི།</translation>
+    </message>
+    <message>
+        <source>Light or dark theme</source>
+        <translation>མདོག་དཀར་བའམ་ནག་པའི་བརྗོད་གཞི།</translation>
+    </message>
+</context>
+</TS>

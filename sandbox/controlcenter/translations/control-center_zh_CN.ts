@@ -1,0 +1,65 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN">
+<context>
+    <name>QGuiApplication</name>
+    <message>
+        <source>QT_LAYOUT_DIRECTION</source>
+        <translation>LTR</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ControlCenterWindow</name>
+    <message>
+        <source>Control Center</source>
+        <translation>控制中心</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>键盘</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::HostPage</name>
+    <message>
+        <source>These settings are the desktop&apos;s own. This window runs the assistant&apos;s module only.</source>
+        <translation>这些设置由桌面环境提供，此窗口只运行助手的模块。</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::NavigationColumn</name>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::SearchField</name>
+    <message>
+        <source>Search settings</source>
+        <translation>搜索设置</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::SearchPopup</name>
+    <message>
+        <source>Nothing found</source>
+        <translation>无搜索结果</translation>
+    </message>
+    <message>
+        <source>Search results</source>
+        <translation>搜索结果</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ThemeButton</name>
+    <message>
+        <source>Dark theme</source>
+        <translation>深色主题</translation>
+    </message>
+    <message>
+        <source>Light or dark theme</source>
+        <translation>浅色或深色主题</translation>
+    </message>
+</context>
+</TS>
