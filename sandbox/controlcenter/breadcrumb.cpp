@@ -41,8 +41,7 @@ void Breadcrumb::setPath(const QString &entry, const QString &page)
     const bool both = !page.isEmpty();
     m_entry->setText(entry);
     m_entry->setVisible(both);
-    m_arrow->setText(layoutDirection() == Qt::RightToLeft ? QStringLiteral("‹")
-                                                          : QStringLiteral("›"));
+    m_arrow->setText(QStringLiteral("›")); // mirrored by the text layout where that is due
     m_arrow->setVisible(both);
     m_page->setText(both ? page : entry);
     setAccessibleName(both ? entry + QStringLiteral(", ") + page : entry);
