@@ -1,3 +1,3 @@
-assistant_add_test(test_voicetestverdict TIER unit
-    SOURCES test_voicetestverdict.cpp
+assistant_add_test(voicetestverdict TIER unit
+    SOURCES voicetestverdict.cpp
     LIBRARIES assistantcontrol)

@@ -119,4 +119,4 @@ void TestVoiceTestVerdict::unknownResults()
 }
 
 QTEST_GUILESS_MAIN(TestVoiceTestVerdict)
-#include "test_voicetestverdict.moc"
+#include "voicetestverdict.moc"
