@@ -109,6 +109,11 @@ QString ControlCenterWindow::pageTitle(const QString &name) const
     return m_registry.translatedPage(name);
 }
 
+QVector<SearchEntry> ControlCenterWindow::searchEntries() const
+{
+    return m_registry.searchEntries();
+}
+
 QString ControlCenterWindow::currentTitle() const
 {
     return m_breadcrumb->page();
@@ -186,13 +191,13 @@ void ControlCenterWindow::openSearchEntry(const SearchEntry &entry)
 {
     openPage(m_registry.pageName(entry.page));
     QWidget *page = currentPage();
-    if (!page)
-        return;
-    QWidget *control = findControl(page, entry.item);
-    if (!control)
-        return;
-    control->setFocus(Qt::TabFocusReason);
-    m_moduleView->ensureVisible(control);
+    QWidget *control = page ? findControl(page, entry.item) : nullptr;
+    if (control)
+        m_moduleView->ensureVisible(control);
+    else if (moduleList()) // a page was chosen, or a setting that cannot be operated now
+        control = controlsOf(moduleList()).value(0);
+    if (control)
+        control->setFocus(Qt::ShortcutFocusReason);
 }
 
 void ControlCenterWindow::showTheme()

@@ -45,6 +45,9 @@ public:
     /** Translated name of page @p name. */
     QString pageTitle(const QString &name) const;
 
+    /** What the search can find, in the order in which the module registered it. */
+    QVector<SearchEntry> searchEntries() const;
+
     /** Name of the page that is shown, as the heading says it. */
     QString currentTitle() const;
 

@@ -59,8 +59,17 @@ QVector<QWidget *> controlsOf(QWidget *page)
 
 QString accessibleNameOf(QWidget *widget)
 {
+    if (!widget->accessibleName().isEmpty())
+        return widget->accessibleName();
     const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(widget);
-    return accessible ? accessible->text(QAccessible::Name) : QString();
+    if (!accessible)
+        return QString();
+    const auto labels = accessible->relations(QAccessible::Label);
+    if (!labels.isEmpty())
+        return labels.constFirst().first->text(QAccessible::Name);
+    // Qt gives a combo box its value for a name.
+    return accessible->role() == QAccessible::ComboBox ? QString()
+                                                       : accessible->text(QAccessible::Name);
 }
 
 QWidget *findControl(QWidget *page, const QString &name)

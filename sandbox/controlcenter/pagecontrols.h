@@ -11,7 +11,10 @@ namespace controlcenter {
  */
 QVector<QWidget *> controlsOf(QWidget *page);
 
-/** The name under which assistive technologies know @p widget. */
+/**
+ * The name under which assistive technologies know @p widget: its own, or that of the label beside
+ * it. Empty when it has none.
+ */
 QString accessibleNameOf(QWidget *widget);
 
 /** The first control of @p page with the accessible name @p name, or null. */

@@ -59,9 +59,9 @@ void SearchField::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(secondaryTextColor(palette()), 1.6, Qt::SolidLine, Qt::RoundCap));
-    const qreal leading = 10 + glassRadius;
+    const qreal leading = 12 + glassRadius;
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    const QPointF center(mirrored ? width() - leading - 4 : leading, height() / 2.0 - 1);
+    const QPointF center(mirrored ? width() - leading - 3 : leading, height() / 2.0 - 1);
     painter.drawEllipse(center, glassRadius, glassRadius);
     const QPointF edge = center + QPointF(3.3, 3.3);
     painter.drawLine(edge, edge + QPointF(3.7, 3.7));

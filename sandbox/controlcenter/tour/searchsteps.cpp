@@ -40,6 +40,27 @@ TourStep acceptStep(const QString &title)
             QStringLiteral("search-opened")};
 }
 
+/** A result that is a setting leads to its control. */
+TourStep settingStep(const SearchEntry &setting)
+{
+    return {QStringLiteral("search for '%1' of '%2' and open it").arg(setting.item, setting.page),
+            [setting](TourDriver &driver) {
+                driver.press(Qt::Key_F, Qt::ControlModifier);
+                driver.type(setting.item + ' ' + setting.page);
+                driver.press(Qt::Key_Return);
+                if (driver.window()->currentTitle() != setting.page)
+                    return QStringLiteral("the heading says \"%1\"")
+                        .arg(driver.window()->currentTitle());
+                QWidget *control = driver.control(setting.item);
+                if (!control)
+                    return QStringLiteral("the page has no control of that name");
+                if (!control->hasFocus())
+                    return QStringLiteral("the control does not have the focus");
+                return QString();
+            },
+            QStringLiteral("search-setting")};
+}
+
 TourStep escapeStep(const QString &text)
 {
     return {QStringLiteral("clear the search with Escape"),
@@ -59,7 +80,8 @@ TourStep escapeStep(const QString &text)
 TourSteps searchSteps(const ControlCenterWindow *window)
 {
     const QString title = window->pageTitle(QStringLiteral("Translation"));
-    return {typeStep(title), acceptStep(title), escapeStep(title)};
+    const SearchEntry lastSetting = window->searchEntries().constLast();
+    return {typeStep(title), acceptStep(title), settingStep(lastSetting), escapeStep(title)};
 }
 
 } // namespace controlcenter
