@@ -1,0 +1,485 @@
+#include "plugin/assistzlistview.h"
+#include "plugin/thirdlistwidget.h"
+#include "tests/support/logcapture.h"
+
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QVBoxLayout>
+#include <QtTest>
+
+#include <ztk/zstandarditem.h>
+
+#include <memory>
+
+// The list beside the pages, used as a person uses it: mouse, arrow keys, Enter.
+
+namespace {
+
+/** Writes down, in order, which page each signal asks for. */
+class Requests : public QObject
+{
+public:
+    explicit Requests(ThirdListWidget *list)
+    {
+        connect(list, &ThirdListWidget::signalShowAIAssistant, this, [this] { add("assistant"); });
+        connect(list, &ThirdListWidget::signalShowVoiceIat, this, [this] { add("iat"); });
+        connect(list, &ThirdListWidget::signalShowVoiceTTS, this, [this] { add("tts"); });
+        connect(list, &ThirdListWidget::signalShowTranslate, this, [this] { add("translate"); });
+    }
+
+    QStringList take()
+    {
+        QStringList taken;
+        taken.swap(m_requests);
+        return taken;
+    }
+
+private:
+    void add(const char *page) { m_requests.append(QLatin1String(page)); }
+
+    QStringList m_requests;
+};
+
+/** A view whose cursor a test can move without keys. */
+class OpenListView : public AssistZListView
+{
+public:
+    using AssistZListView::moveCursor;
+    using QAbstractItemView::CursorAction;
+    using QAbstractItemView::MoveDown;
+    using QAbstractItemView::MoveEnd;
+    using QAbstractItemView::MoveHome;
+    using QAbstractItemView::MoveLeft;
+    using QAbstractItemView::MoveNext;
+    using QAbstractItemView::MovePageDown;
+    using QAbstractItemView::MovePageUp;
+    using QAbstractItemView::MovePrevious;
+    using QAbstractItemView::MoveRight;
+    using QAbstractItemView::MoveUp;
+};
+
+} // namespace
+
+class NavigationListTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void isAWidgetNamedVoiceWithOneListView();
+    void hasFourRowsWithIconsTextsAndMargins();
+    void cannotBeEditedAndShowsNoHorizontalScrollBar();
+    void firstRowIsCurrentFromTheStart();
+    void sayingNothingWhileItIsBuilt();
+
+    void clickOnARowAsksForItsPageOnce_data();
+    void clickOnARowAsksForItsPageOnce();
+    void clickOnTheCurrentRowAsksAgain();
+    void clickBelowTheRowsAsksForNothing();
+    void enterAsksForTheCurrentRowsPage_data();
+    void enterAsksForTheCurrentRowsPage();
+
+    void upOnTheFirstRowChangesNothing();
+    void downOnTheLastRowChangesNothing();
+    void upOnTheThirdRowAsksForSpeechToTextOnce();
+    void eachArrowPressAsksForOnePage();
+    void arrowsWithModifiersMoveToo();
+    void otherCursorKeysLeaveTheRow_data();
+    void otherCursorKeysLeaveTheRow();
+    void downWithoutACurrentRowChoosesTheFirst();
+    void upWithoutACurrentRowChangesNothing();
+    void focusAloneAsksForNothing();
+
+    void updateListViewIndexChoosesAndAsks_data();
+    void updateListViewIndexChoosesAndAsks();
+    void updateListViewIndexOutOfRangeClearsTheRow_data();
+    void updateListViewIndexOutOfRangeClearsTheRow();
+    void updateListViewIndexOfTheCurrentRowAsksAgain();
+    void onItemClieckWithAnInvalidIndexAsksForTheAssistant();
+
+    void refusedMovesReturnTheCurrentIndex_data();
+    void refusedMovesReturnTheCurrentIndex();
+    void movesReturnTheNewIndex();
+    void aViewWithoutAModelMovesNowhere();
+    void aViewWithAnEmptyModelMovesNowhere();
+
+    void logsItsEnd();
+
+private:
+    int currentRow() const { return m_view->currentIndex().row(); }
+    void setCurrentRow(int row) { m_view->setCurrentIndex(m_view->model()->index(row, 0)); }
+
+    std::unique_ptr<ThirdListWidget> m_list;
+    std::unique_ptr<Requests> m_requests;
+    AssistZListView *m_view = nullptr;
+};
+
+void NavigationListTest::init()
+{
+    m_list = std::make_unique<ThirdListWidget>(nullptr);
+    m_requests = std::make_unique<Requests>(m_list.get());
+    m_view = m_list->findChild<AssistZListView *>();
+    QVERIFY(m_view);
+    m_list->resize(240, 400);
+    m_list->show();
+    m_list->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_list.get()));
+    m_view->setFocus();
+    QVERIFY(m_view->hasFocus());
+    QCOMPARE(m_requests->take(), QStringList());
+}
+
+void NavigationListTest::cleanup()
+{
+    m_requests.reset();
+    m_list.reset();
+    QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
+}
+
+void NavigationListTest::isAWidgetNamedVoiceWithOneListView()
+{
+    QCOMPARE(m_list->objectName(), QStringLiteral("voice"));
+    QCOMPARE(m_list->findChildren<QAbstractItemView *>().size(), 1);
+    QCOMPARE(m_view->parentWidget(), m_list.get());
+    QCOMPARE(m_view->model()->QObject::parent(), m_view);
+    auto *layout = qobject_cast<QVBoxLayout *>(m_list->layout());
+    QVERIFY(layout);
+    QCOMPARE(layout->contentsMargins(), QMargins(10, 10, 10, 10));
+    QCOMPARE(layout->count(), 1);
+    QCOMPARE(layout->itemAt(0)->widget(), m_view);
+    QCOMPARE(layout->stretch(0), 0);
+    QCOMPARE(layout->itemAt(0)->alignment(), Qt::Alignment());
+}
+
+void NavigationListTest::hasFourRowsWithIconsTextsAndMargins()
+{
+    const QStringList texts = {QStringLiteral("Desktop AI Assistant"),
+                               QStringLiteral("Speech to Text"), QStringLiteral("Text to Speech"),
+                               QStringLiteral("Translation")};
+    auto *model = qobject_cast<QStandardItemModel *>(m_view->model());
+    QVERIFY(model);
+    QCOMPARE(model->rowCount(), 4);
+    QCOMPARE(model->columnCount(), 1);
+    for (int row = 0; row < 4; ++row) {
+        QStandardItem *item = model->item(row);
+        QVERIFY(dynamic_cast<Ztk::Widget::ZStandardItem *>(item));
+        QCOMPARE(item->text(), texts.at(row));
+        const QVariant margins = item->data(Qt::UserRole + 1);
+        QCOMPARE(margins.typeName(), "QMargins");
+        QCOMPARE(margins.value<QMargins>(), QMargins(10, 8, 10, 8));
+    }
+    QCOMPARE(int(Ztk::Widget::ZListView::MarginsRole), 257);
+    QVERIFY(QMetaType::type("QMargins") != QMetaType::UnknownType);
+}
+
+void NavigationListTest::cannotBeEditedAndShowsNoHorizontalScrollBar()
+{
+    QCOMPARE(m_view->editTriggers(), QAbstractItemView::NoEditTriggers);
+    QCOMPARE(m_view->frameShape(), QFrame::NoFrame);
+    QCOMPARE(m_view->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+    QCOMPARE(m_view->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
+    QCOMPARE(m_view->iconSize(), QSize(32, 32));
+    QCOMPARE(m_view->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+}
+
+void NavigationListTest::firstRowIsCurrentFromTheStart()
+{
+    const ThirdListWidget fresh(nullptr);
+    QCOMPARE(fresh.findChild<QListView *>()->currentIndex().row(), 0);
+}
+
+void NavigationListTest::sayingNothingWhileItIsBuilt()
+{
+    const testsupport::LogCapture log;
+    const ThirdListWidget fresh(nullptr);
+    QCOMPARE(log.texts(), QStringList());
+}
+
+void NavigationListTest::clickOnARowAsksForItsPageOnce_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("page");
+    QTest::newRow("assistant") << 0 << "assistant";
+    QTest::newRow("speech to text") << 1 << "iat";
+    QTest::newRow("text to speech") << 2 << "tts";
+    QTest::newRow("translation") << 3 << "translate";
+}
+
+void NavigationListTest::clickOnARowAsksForItsPageOnce()
+{
+    QFETCH(int, row);
+    QFETCH(QString, page);
+    const QRect place = m_view->visualRect(m_view->model()->index(row, 0));
+    QVERIFY(place.isValid());
+    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
+    QCOMPARE(m_requests->take(), QStringList{page});
+    QCOMPARE(currentRow(), row);
+}
+
+void NavigationListTest::clickOnTheCurrentRowAsksAgain()
+{
+    const QPoint place = m_view->visualRect(m_view->model()->index(2, 0)).center();
+    for (int click = 0; click < 2; ++click) {
+        // Apart in time, so that they are no double click.
+        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, Qt::NoModifier, place,
+                          QApplication::doubleClickInterval() + 1);
+        QCOMPARE(m_requests->take(), QStringList{QStringLiteral("tts")});
+    }
+}
+
+void NavigationListTest::clickBelowTheRowsAsksForNothing()
+{
+    const QRect last = m_view->visualRect(m_view->model()->index(3, 0));
+    const QPoint below(last.center().x(), m_view->viewport()->height() - 2);
+    QVERIFY(!m_view->indexAt(below).isValid());
+    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, Qt::NoModifier, below);
+    QCOMPARE(m_requests->take(), QStringList());
+    QCOMPARE(currentRow(), 0);
+}
+
+void NavigationListTest::enterAsksForTheCurrentRowsPage_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("page");
+    QTest::newRow("Return on the first row") << 0 << int(Qt::Key_Return) << "assistant";
+    QTest::newRow("Return on the second row") << 1 << int(Qt::Key_Return) << "iat";
+    QTest::newRow("Enter on the third row") << 2 << int(Qt::Key_Enter) << "tts";
+    QTest::newRow("Enter on the last row") << 3 << int(Qt::Key_Enter) << "translate";
+}
+
+void NavigationListTest::enterAsksForTheCurrentRowsPage()
+{
+    QFETCH(int, row);
+    QFETCH(int, key);
+    QFETCH(QString, page);
+    setCurrentRow(row);
+    QCOMPARE(m_requests->take(), QStringList());
+    QTest::keyClick(m_view, Qt::Key(key));
+    QCOMPARE(m_requests->take(), QStringList{page});
+    QCOMPARE(currentRow(), row);
+}
+
+void NavigationListTest::upOnTheFirstRowChangesNothing()
+{
+    QTest::keyClick(m_view, Qt::Key_Up);
+    QCOMPARE(currentRow(), 0);
+    QCOMPARE(m_requests->take(), QStringList());
+}
+
+void NavigationListTest::downOnTheLastRowChangesNothing()
+{
+    setCurrentRow(3);
+    QTest::keyClick(m_view, Qt::Key_Down);
+    QCOMPARE(currentRow(), 3);
+    QCOMPARE(m_requests->take(), QStringList());
+}
+
+void NavigationListTest::upOnTheThirdRowAsksForSpeechToTextOnce()
+{
+    setCurrentRow(2);
+    QTest::keyClick(m_view, Qt::Key_Up);
+    QCOMPARE(currentRow(), 1);
+    QCOMPARE(m_requests->take(), QStringList{QStringLiteral("iat")});
+}
+
+void NavigationListTest::eachArrowPressAsksForOnePage()
+{
+    for (int press = 0; press < 5; ++press)
+        QTest::keyClick(m_view, Qt::Key_Down);
+    QCOMPARE(m_requests->take(), (QStringList{QStringLiteral("iat"), QStringLiteral("tts"),
+                                              QStringLiteral("translate")}));
+    for (int press = 0; press < 5; ++press)
+        QTest::keyClick(m_view, Qt::Key_Up);
+    QCOMPARE(m_requests->take(), (QStringList{QStringLiteral("tts"), QStringLiteral("iat"),
+                                              QStringLiteral("assistant")}));
+    QCOMPARE(m_view->selectionModel()->selectedIndexes(),
+             QModelIndexList{m_view->model()->index(0, 0)});
+}
+
+void NavigationListTest::arrowsWithModifiersMoveToo()
+{
+    QTest::keyClick(m_view, Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(currentRow(), 1);
+    QCOMPARE(m_requests->take(), QStringList{QStringLiteral("iat")});
+}
+
+void NavigationListTest::otherCursorKeysLeaveTheRow_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("Home") << int(Qt::Key_Home);
+    QTest::newRow("End") << int(Qt::Key_End);
+    QTest::newRow("Page Up") << int(Qt::Key_PageUp);
+    QTest::newRow("Page Down") << int(Qt::Key_PageDown);
+    QTest::newRow("Left") << int(Qt::Key_Left);
+    QTest::newRow("Right") << int(Qt::Key_Right);
+}
+
+void NavigationListTest::otherCursorKeysLeaveTheRow()
+{
+    QFETCH(int, key);
+    setCurrentRow(2);
+    QTest::keyClick(m_view, Qt::Key(key));
+    QCOMPARE(currentRow(), 2);
+    QCOMPARE(m_requests->take(), QStringList());
+}
+
+void NavigationListTest::downWithoutACurrentRowChoosesTheFirst()
+{
+    m_list->updateListViewIndex(-1);
+    m_requests->take();
+    QTest::keyClick(m_view, Qt::Key_Down);
+    QCOMPARE(currentRow(), 0);
+    QCOMPARE(m_requests->take(), QStringList{QStringLiteral("assistant")});
+}
+
+void NavigationListTest::upWithoutACurrentRowChangesNothing()
+{
+    m_list->updateListViewIndex(-1);
+    m_requests->take();
+    QTest::keyClick(m_view, Qt::Key_Up);
+    QCOMPARE(currentRow(), -1);
+    QCOMPARE(m_requests->take(), QStringList());
+}
+
+void NavigationListTest::focusAloneAsksForNothing()
+{
+    m_view->clearFocus();
+    m_list->updateListViewIndex(-1);
+    m_requests->take();
+    m_view->setFocus(Qt::TabFocusReason);
+    QVERIFY(m_view->hasFocus());
+    QCOMPARE(currentRow(), -1);
+    QCOMPARE(m_requests->take(), QStringList());
+}
+
+void NavigationListTest::updateListViewIndexChoosesAndAsks_data()
+{
+    clickOnARowAsksForItsPageOnce_data();
+}
+
+void NavigationListTest::updateListViewIndexChoosesAndAsks()
+{
+    QFETCH(int, row);
+    QFETCH(QString, page);
+    m_list->updateListViewIndex(row);
+    QCOMPARE(currentRow(), row);
+    QCOMPARE(m_requests->take(), QStringList{page});
+}
+
+void NavigationListTest::updateListViewIndexOutOfRangeClearsTheRow_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::newRow("7") << 7;
+    QTest::newRow("4, one too far") << 4;
+    QTest::newRow("-1") << -1;
+    QTest::newRow("largest number") << std::numeric_limits<int>::max();
+    QTest::newRow("smallest number") << std::numeric_limits<int>::min();
+}
+
+void NavigationListTest::updateListViewIndexOutOfRangeClearsTheRow()
+{
+    QFETCH(int, row);
+    m_list->updateListViewIndex(2);
+    m_requests->take();
+    m_list->updateListViewIndex(row);
+    QVERIFY(!m_view->currentIndex().isValid());
+    QCOMPARE(m_requests->take(), QStringList{QStringLiteral("assistant")});
+}
+
+void NavigationListTest::updateListViewIndexOfTheCurrentRowAsksAgain()
+{
+    m_list->updateListViewIndex(0);
+    QCOMPARE(m_requests->take(), QStringList{QStringLiteral("assistant")});
+}
+
+void NavigationListTest::onItemClieckWithAnInvalidIndexAsksForTheAssistant()
+{
+    m_list->onItemClieck(QModelIndex());
+    QCOMPARE(m_requests->take(), QStringList{QStringLiteral("assistant")});
+    QCOMPARE(currentRow(), 0);
+}
+
+void NavigationListTest::refusedMovesReturnTheCurrentIndex_data()
+{
+    QTest::addColumn<int>("action");
+    QTest::addColumn<int>("row");
+    QTest::newRow("up from the first") << int(OpenListView::MoveUp) << 0;
+    QTest::newRow("down from the last") << int(OpenListView::MoveDown) << 3;
+    QTest::newRow("left") << int(OpenListView::MoveLeft) << 1;
+    QTest::newRow("right") << int(OpenListView::MoveRight) << 1;
+    QTest::newRow("home") << int(OpenListView::MoveHome) << 1;
+    QTest::newRow("end") << int(OpenListView::MoveEnd) << 1;
+    QTest::newRow("page up") << int(OpenListView::MovePageUp) << 1;
+    QTest::newRow("page down") << int(OpenListView::MovePageDown) << 1;
+    QTest::newRow("next") << int(OpenListView::MoveNext) << 1;
+    QTest::newRow("previous") << int(OpenListView::MovePrevious) << 1;
+}
+
+void NavigationListTest::refusedMovesReturnTheCurrentIndex()
+{
+    QFETCH(int, action);
+    QFETCH(int, row);
+    OpenListView view;
+    view.setModel(m_view->model());
+    view.setCurrentIndex(view.model()->index(row, 0));
+    QSignalSpy clicks(&view, &QListView::clicked);
+    QCOMPARE(view.moveCursor(OpenListView::CursorAction(action), Qt::NoModifier),
+             view.model()->index(row, 0));
+    QCOMPARE(view.currentIndex().row(), row);
+    QCOMPARE(clicks.count(), 0);
+}
+
+void NavigationListTest::movesReturnTheNewIndex()
+{
+    OpenListView view;
+    view.setModel(m_view->model());
+    view.setCurrentIndex(view.model()->index(1, 0));
+    QSignalSpy clicks(&view, &QListView::clicked);
+    QCOMPARE(view.moveCursor(OpenListView::MoveDown, Qt::NoModifier).row(), 2);
+    QCOMPARE(view.currentIndex().row(), 2);
+    QCOMPARE(view.moveCursor(OpenListView::MoveUp, Qt::NoModifier).row(), 1);
+    QCOMPARE(view.currentIndex().row(), 1);
+    QCOMPARE(clicks.count(), 2);
+    QCOMPARE(clicks.at(0).at(0).toModelIndex().row(), 2);
+    QCOMPARE(clicks.at(1).at(0).toModelIndex().row(), 1);
+}
+
+void NavigationListTest::aViewWithoutAModelMovesNowhere()
+{
+    OpenListView view;
+    QVERIFY(!view.moveCursor(OpenListView::MoveUp, Qt::NoModifier).isValid());
+    QVERIFY(!view.moveCursor(OpenListView::MoveDown, Qt::NoModifier).isValid());
+    QVERIFY(!view.moveCursor(OpenListView::MoveNext, Qt::NoModifier).isValid());
+}
+
+void NavigationListTest::aViewWithAnEmptyModelMovesNowhere()
+{
+    QStandardItemModel model;
+    OpenListView view;
+    view.setModel(&model);
+    QSignalSpy clicks(&view, &QListView::clicked);
+    QVERIFY(!view.moveCursor(OpenListView::MoveUp, Qt::NoModifier).isValid());
+    QVERIFY(!view.moveCursor(OpenListView::MoveDown, Qt::NoModifier).isValid());
+    QCOMPARE(clicks.count(), 0);
+}
+
+void NavigationListTest::logsItsEnd()
+{
+    const testsupport::LogCapture log;
+    {
+        const ThirdListWidget fresh(nullptr);
+    }
+    QCOMPARE(log.texts(), QStringList{QStringLiteral("~ThirdListWidget")});
+    const testsupport::LogRecord record = log.records().constFirst();
+    QCOMPARE(record.type, QtDebugMsg);
+    QCOMPARE(record.category, QStringLiteral("default"));
+    QCOMPARE(QFileInfo(record.file).baseName(), QStringLiteral("thirdlistwidget"));
+    QVERIFY(record.line > 0);
+    QCOMPARE(record.function, QStringLiteral("virtual ThirdListWidget::~ThirdListWidget()"));
+}
+
+QTEST_MAIN(NavigationListTest)
+#include "navigationlist.moc"
