@@ -1,0 +1,203 @@
+#include "tests/support/serviceprocess.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QProcess>
+#include <QtTest>
+
+using testsupport::ServiceProcess;
+
+namespace {
+
+struct Outcome
+{
+    int exitCode = -1;
+    QString output;
+    QString error;
+};
+
+/** Runs sandbox-control with @p words; the exit code stays -1 when it does not end in order. */
+Outcome control(const QStringList &words)
+{
+    QProcess tool;
+    tool.start(QStringLiteral(SANDBOX_CONTROL), words);
+    Outcome outcome;
+    if (tool.waitForFinished(20000) && tool.exitStatus() == QProcess::NormalExit) {
+        outcome.exitCode = tool.exitCode();
+    }
+    outcome.output = QString::fromUtf8(tool.readAllStandardOutput());
+    outcome.error = QString::fromUtf8(tool.readAllStandardError());
+    return outcome;
+}
+
+} // namespace
+
+/** The command-line tool that steers services, against real ones. */
+class SandboxControlTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void listsTheState();
+    void setsValuesInTheTypeOfTheKey_data();
+    void setsValuesInTheTypeOfTheKey();
+    void refusesValuesOfAnotherType();
+    void scriptsReplies_data();
+    void scriptsReplies();
+    void hangsAndResumes();
+    void leavesAndJoins();
+    void saysWhatWasWrong_data();
+    void saysWhatWasWrong();
+    void helpNamesEveryVerb();
+};
+
+void SandboxControlTest::listsTheState()
+{
+    ServiceProcess keybinding("keybinding");
+    QVERIFY(keybinding.start());
+    const Outcome listed = control({"keybinding", "list"});
+    QCOMPARE(listed.exitCode, 0);
+    QCOMPARE(listed.output, QStringLiteral("speech-to-text = <Control><Alt>I\n"
+                                           "text-to-speech = <Control><Alt>P\n"
+                                           "translation = <Control><Alt>T\n"));
+}
+
+void SandboxControlTest::setsValuesInTheTypeOfTheKey_data()
+{
+    QTest::addColumn<QString>("service");
+    QTest::addColumn<QStringList>("words");
+    QTest::addColumn<QVariant>("expected");
+    QTest::newRow("bool") << "dock" << QStringList{"hidden", "true"} << QVariant(true);
+    QTest::newRow("number on the system bus")
+        << "networkmanager" << QStringList{"state", "60"} << QVariant(60u);
+    QTest::newRow("list") << "keybinding" << QStringList{"translation", "<Super>t", "<Alt>t"}
+                          << QVariant(QStringList{"<Super>t", "<Alt>t"});
+    QTest::newRow("empty list") << "keybinding" << QStringList{"translation"}
+                                << QVariant(QStringList());
+}
+
+void SandboxControlTest::setsValuesInTheTypeOfTheKey()
+{
+    QFETCH(QString, service);
+    QFETCH(QStringList, words);
+    QFETCH(QVariant, expected);
+    ServiceProcess process(service);
+    QVERIFY(process.start());
+    const Outcome outcome = control(QStringList{service, "set"} + words);
+    QCOMPARE(outcome.error, QString());
+    QCOMPARE(outcome.exitCode, 0);
+    const QVariant value = process.value(words.constFirst());
+    QCOMPARE(value, expected);
+}
+
+void SandboxControlTest::refusesValuesOfAnotherType()
+{
+    ServiceProcess dock("dock");
+    QVERIFY(dock.start());
+    QCOMPARE(control({"dock", "set", "hidden", "1"}).exitCode, 1);
+    QCOMPARE(control({"dock", "set", "hidden", "true", "true"}).exitCode, 1);
+    QCOMPARE(control({"dock", "script", "getDockHideStatus", "reply", "int:many"}).exitCode, 1);
+    QCOMPARE(dock.value("hidden"), QVariant(false));
+}
+
+void SandboxControlTest::scriptsReplies_data()
+{
+    QTest::addColumn<QStringList>("words");
+    QTest::addColumn<QVariantList>("expected");
+    QTest::newRow("int") << QStringList{"reply", "int:7"} << QVariantList{7};
+    QTest::newRow("bool") << QStringList{"reply", "bool:true"} << QVariantList{true};
+    QTest::newRow("plain text") << QStringList{"reply", "a:b"} << QVariantList{"a:b"};
+    QTest::newRow("several") << QStringList{"reply-list", "uint:7", "string:int:7"}
+                             << QVariantList{7u, "int:7"};
+    QTest::newRow("none") << QStringList{"reply-list"} << QVariantList();
+    QTest::newRow("late") << QStringList{"delay", "20"} << QVariantList{false};
+    QTest::newRow("error") << QStringList{"error", "no dock"} << QVariantList{"no dock"};
+}
+
+void SandboxControlTest::scriptsReplies()
+{
+    QFETCH(QStringList, words);
+    QFETCH(QVariantList, expected);
+    ServiceProcess dock("dock");
+    QVERIFY(dock.start());
+    const Outcome outcome = control(QStringList{"dock", "script", "getDockHideStatus"} + words);
+    QCOMPARE(outcome.error, QString());
+    QCOMPARE(outcome.exitCode, 0);
+    const QDBusMessage call = QDBusMessage::createMethodCall(
+        "com.corvane.aiassistant.dock", "/com/corvane/aiassistant/dockIconControl",
+        "com.corvane.aiassistant.dock", "getDockHideStatus");
+    QCOMPARE(QDBusConnection::sessionBus().call(call).arguments(), expected);
+
+    const QStringList calls = control({"dock", "calls"}).output.split('\n');
+    QCOMPARE(calls.size(), 2); // one line and its end
+    QVERIFY(calls.constFirst().contains("\"member\":\"getDockHideStatus\""));
+    QCOMPARE(control({"dock", "reset"}).exitCode, 0);
+    QCOMPARE(QDBusConnection::sessionBus().call(call).arguments(), QVariantList{false});
+}
+
+void SandboxControlTest::hangsAndResumes()
+{
+    ServiceProcess dock("dock");
+    QVERIFY(dock.start());
+    QCOMPARE(control({"dock", "hang"}).exitCode, 0);
+    QCOMPARE(control({"dock", "pid"}).output.trimmed(), QString::number(dock.processId()));
+    QCOMPARE(control({"dock", "resume"}).exitCode, 0);
+    QCOMPARE(control({"dock", "get", "hidden"}).output, QStringLiteral("false\n"));
+}
+
+void SandboxControlTest::leavesAndJoins()
+{
+    ServiceProcess dock("dock");
+    QVERIFY(dock.start());
+    const auto owned = [] {
+        return QDBusConnection::sessionBus().interface()->isServiceRegistered(
+            "com.corvane.aiassistant.dock");
+    };
+    QCOMPARE(control({"dock", "leave"}).exitCode, 0);
+    QVERIFY(!owned());
+    QCOMPARE(control({"dock", "join"}).exitCode, 0);
+    QVERIFY(owned());
+}
+
+void SandboxControlTest::saysWhatWasWrong_data()
+{
+    QTest::addColumn<QStringList>("words");
+    QTest::addColumn<int>("exitCode");
+    QTest::newRow("no words") << QStringList() << 2;
+    QTest::newRow("no verb") << QStringList{"dock"} << 2;
+    QTest::newRow("unknown verb") << QStringList{"dock", "dance"} << 2;
+    QTest::newRow("too few words") << QStringList{"dock", "get"} << 2;
+    QTest::newRow("too many words") << QStringList{"dock", "list", "all"} << 2;
+    QTest::newRow("no such service") << QStringList{"toaster", "list"} << 3;
+    QTest::newRow("unknown key") << QStringList{"dock", "get", "shown"} << 1;
+    QTest::newRow("unknown behaviour")
+        << QStringList{"dock", "script", "getDockHideStatus", "explode"} << 1;
+}
+
+void SandboxControlTest::saysWhatWasWrong()
+{
+    QFETCH(QStringList, words);
+    QFETCH(int, exitCode);
+    ServiceProcess dock("dock");
+    QVERIFY(dock.start());
+    const Outcome outcome = control(words);
+    QCOMPARE(outcome.exitCode, exitCode);
+    QVERIFY(!outcome.error.isEmpty());
+    QCOMPARE(outcome.output, QString());
+}
+
+void SandboxControlTest::helpNamesEveryVerb()
+{
+    const Outcome help = control({"--help"});
+    QCOMPARE(help.exitCode, 0);
+    const QStringList verbs{"list",  "get",  "set",  "script", "release", "reset", "calls",
+                            "leave", "join", "hang", "resume", "crash",   "pid"};
+    for (const QString &verb : verbs) {
+        QVERIFY2(help.output.contains("  " + verb + " "), qPrintable(verb));
+    }
+}
+
+QTEST_GUILESS_MAIN(SandboxControlTest)
+
+#include "sandboxcontrol_test.moc"
