@@ -48,12 +48,13 @@ bool CallGate::handleMessage(const QDBusMessage &message, const QDBusConnection 
     if (message.interface().startsWith(QLatin1String("org.freedesktop.DBus."))) {
         return false; // introspection and the like: Qt's own answer
     }
-    if (!m_owner.isEmpty() && message.service() != m_owner) {
-        m_connection.send(message.createErrorReply(
-            QDBusError::AccessDenied, QStringLiteral("%1 belongs to another client").arg(m_path)));
-        return true;
-    }
-    m_desk->answer(message, [this, &message] { return dispatch(message, m_object); });
+    const bool denied = !m_owner.isEmpty() && message.service() != m_owner;
+    m_desk->answer(message, [&] {
+        return denied ? message.createErrorReply(
+                            QDBusError::AccessDenied,
+                            QStringLiteral("%1 belongs to another client").arg(m_path))
+                      : dispatch(message, m_object);
+    });
     return true;
 }
 
