@@ -19,6 +19,15 @@ enum ExitCode {
     NoModule = 3,
 };
 
+/** True when every step was as expected. */
+bool goOnTour(ControlCenterWindow *window, const Options &options)
+{
+    TourSteps steps;
+    for (const QString &section : options.sections.isEmpty() ? tourSections() : options.sections)
+        steps += tourSection(section, window);
+    return Tour(window, options.tour).run(steps);
+}
+
 int complain(const QString &text, ExitCode code)
 {
     QTextStream(stderr) << "control-center: " << text << '\n';
@@ -35,6 +44,12 @@ int main(int argc, char **argv)
     const Options options = parseOptions(arguments);
     if (!options.error.isEmpty())
         return complain(options.error, WrongUsage);
+    for (const QString &section : options.sections) {
+        if (!tourSections().contains(section))
+            return complain(QStringLiteral("The tour has no section \"%1\", but %2.")
+                                .arg(section, tourSections().join(QStringLiteral(", "))),
+                            WrongUsage);
+    }
 
     prepareEnvironment(options);
     QApplication application(argc, argv);
@@ -57,6 +72,6 @@ int main(int argc, char **argv)
         window.openPage(options.page);
 
     if (!options.tour.isEmpty())
-        return Tour(&window, options.tour).run(fullTour(&window)) ? 0 : TourFailed;
+        return goOnTour(&window, options) ? 0 : TourFailed;
     return QApplication::exec();
 }

@@ -21,6 +21,9 @@ struct CommandLine
     QCommandLineOption tour{QStringLiteral("tour"),
                             QStringLiteral("Go through every page, check it, and write pictures."),
                             QStringLiteral("folder")};
+    QCommandLineOption section{QStringLiteral("section"),
+                               QStringLiteral("Only this section of the tour; may be repeated."),
+                               QStringLiteral("name")};
     QCommandLineOption scale{QStringLiteral("scale"),
                              QStringLiteral("Picture pixels per window pixel, 0.5 to 4."),
                              QStringLiteral("factor"), QStringLiteral("1")};
@@ -34,7 +37,7 @@ struct CommandLine
     {
         parser.setApplicationDescription(
             QStringLiteral("A control center that runs the assistant's settings module."));
-        parser.addOptions({plugin, page, locale, theme, tour, scale, fontSize, help});
+        parser.addOptions({plugin, page, locale, theme, tour, section, scale, fontSize, help});
     }
 };
 
@@ -56,6 +59,7 @@ Options parseOptions(const QStringList &arguments)
     options.page = parser.value(line.page);
     options.locale = parser.value(line.locale);
     options.tour = parser.value(line.tour);
+    options.sections = parser.values(line.section);
 
     const QString theme = parser.value(line.theme);
     options.dark = theme == QLatin1String("dark");

@@ -8,12 +8,13 @@ namespace controlcenter {
 /** What the command line asks for. */
 struct Options
 {
-    QString plugin;      ///< path of the module's file
-    QString page;        ///< untranslated page to open first; empty: the module's first
-    QString locale;      ///< such as "zh_CN"; empty: the environment's
-    QString tour;        ///< folder for the tour's pictures; empty: no tour
-    double fontSize = 0; ///< points; 0: the desktop's
-    double scale = 1;    ///< picture pixels per window pixel
+    QString plugin;       ///< path of the module's file
+    QString page;         ///< untranslated page to open first; empty: the module's first
+    QString locale;       ///< such as "zh_CN"; empty: the environment's
+    QString tour;         ///< folder for the tour's pictures; empty: no tour
+    QStringList sections; ///< of the tour; empty: all of them
+    double fontSize = 0;  ///< points; 0: the desktop's
+    double scale = 1;     ///< picture pixels per window pixel
     bool dark = false;
     QString error; ///< why the command line cannot be followed; empty when it can
     bool help = false;

@@ -6,10 +6,42 @@
 #include "sandbox/controlcenter/tour/switchsteps.h"
 
 namespace controlcenter {
+namespace {
 
-TourSteps fullTour(const ControlCenterWindow *window)
+struct Section
 {
-    return pageSteps(window) + searchSteps(window) + switchSteps(window) + keyboardSteps(window);
+    QString name;
+    TourSteps (*steps)(const ControlCenterWindow *);
+};
+
+const QVector<Section> &sections()
+{
+    static const QVector<Section> all = {
+        {QStringLiteral("pages"), pageSteps},
+        {QStringLiteral("search"), searchSteps},
+        {QStringLiteral("switches"), switchSteps},
+        {QStringLiteral("keyboard"), keyboardSteps},
+    };
+    return all;
+}
+
+} // namespace
+
+QStringList tourSections()
+{
+    QStringList names;
+    for (const Section &section : sections())
+        names.append(section.name);
+    return names;
+}
+
+TourSteps tourSection(const QString &name, const ControlCenterWindow *window)
+{
+    for (const Section &section : sections()) {
+        if (section.name == name)
+            return section.steps(window);
+    }
+    return {};
 }
 
 } // namespace controlcenter

@@ -2,11 +2,16 @@
 
 #include "sandbox/controlcenter/tour/tourstep.h"
 
+#include <QStringList>
+
 namespace controlcenter {
 
 class ControlCenterWindow;
 
-/** Everything that the tour shows, in its order. */
-TourSteps fullTour(const ControlCenterWindow *window);
+/** The names of the tour's sections, in their order. */
+QStringList tourSections();
+
+/** The steps of section @p name, for @p window with its module loaded. */
+TourSteps tourSection(const QString &name, const ControlCenterWindow *window);
 
 } // namespace controlcenter

@@ -1,0 +1,264 @@
+#include "tests/support/serviceprocess.h"
+
+#include <QDir>
+#include <QImage>
+#include <QLibraryInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using testsupport::ServiceProcess;
+
+/** The window's program as a user starts it: the tour with its pictures, and what it says when it
+ * cannot run. */
+class WindowTour : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void everyStepSucceedsAndItsPictureExists();
+    void eachPageLooksDifferentInTheTwoThemes();
+    void picturesScale();
+    void theWindowMirrorsInUyghur();
+    void largeTextsKeepEverythingReachable();
+    void aMissingServiceFailsTheTour();
+    void aServiceThatIgnoresAWriteFailsTheTour();
+    void wrongUsageIsRefused_data();
+    void wrongUsageIsRefused();
+    void aFileThatIsNoModuleIsRefused_data();
+    void aFileThatIsNoModuleIsRefused();
+
+private:
+    struct Run
+    {
+        int exitCode = -1;
+        QStringList lines; ///< of standard output
+        QString messages;  ///< standard error
+    };
+
+    Run run(const QStringList &arguments) const;
+    Run tour(const QStringList &arguments = {}) const;
+    QImage picture(const QString &name) const;
+
+    QTemporaryDir m_pictures;
+    ServiceProcess m_assistant{QStringLiteral("assistant")};
+    ServiceProcess m_dock{QStringLiteral("dock")};
+    ServiceProcess m_keybinding{QStringLiteral("keybinding")};
+    ServiceProcess m_network{QStringLiteral("networkmanager")};
+};
+
+namespace {
+
+const QStringList pages = {QStringLiteral("desktop-ai-assistant"), QStringLiteral("speech-to-text"),
+                           QStringLiteral("text-to-speech"), QStringLiteral("translation")};
+
+} // namespace
+
+void WindowTour::initTestCase()
+{
+    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network})
+        QVERIFY(service->start());
+}
+
+void WindowTour::init()
+{
+    QDir folder(m_pictures.path());
+    for (const QString &file : folder.entryList(QDir::Files))
+        QVERIFY(folder.remove(file));
+    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network}) {
+        if (!service->isRunning())
+            QVERIFY(service->start());
+        service->reset();
+    }
+}
+
+WindowTour::Run WindowTour::run(const QStringList &arguments) const
+{
+    constexpr int limit = 240000; // ms
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TRANSLATIONS_DIR"), QStringLiteral(CATALOGUES));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(WITH_TRANSLATIONS),
+                  QStringList{QStringLiteral(WINDOW_PROGRAM)} + arguments);
+    if (!process.waitForFinished(limit)) {
+        process.kill();
+        process.waitForFinished();
+    }
+    Run result;
+    if (process.exitStatus() == QProcess::NormalExit)
+        result.exitCode = process.exitCode();
+    result.lines = QString::fromUtf8(process.readAllStandardOutput())
+                       .split(QLatin1Char('\n'));
+    result.messages = QString::fromUtf8(process.readAllStandardError());
+    return result;
+}
+
+WindowTour::Run WindowTour::tour(const QStringList &arguments) const
+{
+    return run(QStringList{QStringLiteral("--plugin"), QStringLiteral(MODULE_FILE),
+                           QStringLiteral("--tour"), m_pictures.path()} +
+               arguments);
+}
+
+QImage WindowTour::picture(const QString &name) const
+{
+    const QDir folder(m_pictures.path());
+    const QStringList files = folder.entryList({QStringLiteral("*-%1.png").arg(name)});
+    return files.size() == 1 ? QImage(folder.filePath(files.constFirst())) : QImage();
+}
+
+void WindowTour::everyStepSucceedsAndItsPictureExists()
+{
+    const Run run = tour();
+    QStringList failed;
+    int steps = 0;
+    for (const QString &line : run.lines) {
+        if (line.startsWith(QLatin1String("FAIL")))
+            failed.append(line);
+        if (!line.startsWith(QLatin1String("ok")))
+            continue;
+        ++steps;
+        const auto match = QRegularExpression(QStringLiteral("-> (\\S+)$")).match(line);
+        if (match.hasMatch())
+            QVERIFY2(!QImage(QDir(m_pictures.path()).filePath(match.captured(1))).isNull(),
+                     qPrintable(line));
+    }
+    QVERIFY2(failed.isEmpty(), qPrintable(failed.join('\n')));
+    QVERIFY2(steps > 2 * pages.size(), qPrintable(run.lines.join('\n')));
+    QVERIFY2(run.exitCode == 0, qPrintable(run.messages));
+}
+
+void WindowTour::eachPageLooksDifferentInTheTwoThemes()
+{
+    QCOMPARE(tour({QStringLiteral("--section"), QStringLiteral("pages")}).exitCode, 0);
+    QVector<QImage> all;
+    for (const QString &page : pages) {
+        for (const char *theme : {"light", "dark"}) {
+            const QImage image = picture(page + '-' + QLatin1String(theme));
+            QCOMPARE(image.size(), QSize(1100, 720));
+            QVERIFY2(!all.contains(image), qPrintable(page));
+            all.append(image);
+        }
+        // Lightness of the empty lower end, where the page's background is.
+        const QPoint background(700, 700);
+        QVERIFY(all.at(all.size() - 2).pixelColor(background).lightness() > 200);
+        QVERIFY(all.last().pixelColor(background).lightness() < 60);
+    }
+}
+
+void WindowTour::picturesScale()
+{
+    QCOMPARE(tour({QStringLiteral("--section"), QStringLiteral("pages"), QStringLiteral("--scale"),
+                   QStringLiteral("2")})
+                 .exitCode,
+             0);
+    QCOMPARE(picture(QStringLiteral("translation-light")).size(), QSize(2200, 1440));
+}
+
+void WindowTour::theWindowMirrorsInUyghur()
+{
+    const Run run = tour({QStringLiteral("--locale"), QStringLiteral("ug_CN")});
+    QVERIFY2(run.exitCode == 0, qPrintable(run.lines.join('\n')));
+    const QImage image = picture(QStringLiteral("translation-light"));
+    QVERIFY(!image.isNull());
+    // The side bar, a shade darker than the page, stands on the right.
+    const QColor left = image.pixelColor(2, 700);
+    const QColor right = image.pixelColor(image.width() - 3, 700);
+    QVERIFY(left.lightness() > right.lightness());
+}
+
+void WindowTour::largeTextsKeepEverythingReachable()
+{
+    const Run run = tour({QStringLiteral("--font-size"), QStringLiteral("16")});
+    QVERIFY2(run.exitCode == 0, qPrintable(run.lines.join('\n')));
+}
+
+void WindowTour::aMissingServiceFailsTheTour()
+{
+    QVERIFY(m_assistant.stop());
+    const Run run = tour({QStringLiteral("--section"), QStringLiteral("switches")});
+    QCOMPARE(run.exitCode, 1);
+    const QStringList failed = run.lines.filter(QStringLiteral("FAIL"));
+    QVERIFY2(!failed.filter(QStringLiteral("iat.enabled")).isEmpty(),
+             qPrintable(run.lines.join('\n')));
+}
+
+void WindowTour::aServiceThatIgnoresAWriteFailsTheTour()
+{
+    m_assistant.script(QStringLiteral("setTransEnable"), QStringLiteral("error"),
+                       QStringLiteral("no"));
+    const Run run = tour({QStringLiteral("--section"), QStringLiteral("switches")});
+    QCOMPARE(run.exitCode, 1);
+    const QStringList failed = run.lines.filter(QStringLiteral("FAIL"));
+    QVERIFY2(!failed.filter(QStringLiteral("trans.enabled")).isEmpty(),
+             qPrintable(run.lines.join('\n')));
+    QVERIFY(failed.filter(QStringLiteral("iat.enabled")).isEmpty());
+}
+
+void WindowTour::wrongUsageIsRefused_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("message");
+
+    const QString plugin = QStringLiteral("--plugin=" MODULE_FILE);
+    QTest::newRow("no plugin") << QStringList{} << QStringLiteral("--plugin");
+    QTest::newRow("unknown option")
+        << QStringList{plugin, QStringLiteral("--colour")} << QStringLiteral("colour");
+    QTest::newRow("unknown theme")
+        << QStringList{plugin, QStringLiteral("--theme"), QStringLiteral("pink")}
+        << QStringLiteral("pink");
+    QTest::newRow("scale is a word")
+        << QStringList{plugin, QStringLiteral("--scale"), QStringLiteral("big")}
+        << QStringLiteral("scale");
+    QTest::newRow("scale out of range")
+        << QStringList{plugin, QStringLiteral("--scale"), QStringLiteral("0")}
+        << QStringLiteral("scale");
+    QTest::newRow("font size is a word")
+        << QStringList{plugin, QStringLiteral("--font-size"), QStringLiteral("big")}
+        << QStringLiteral("font size");
+    QTest::newRow("unknown section")
+        << QStringList{plugin, QStringLiteral("--tour"), QStringLiteral("x"),
+                       QStringLiteral("--section"), QStringLiteral("cellar")}
+        << QStringLiteral("cellar");
+}
+
+void WindowTour::wrongUsageIsRefused()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, message);
+    const Run result = run(arguments);
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY2(result.messages.contains(message), qPrintable(result.messages));
+}
+
+void WindowTour::aFileThatIsNoModuleIsRefused_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("missing") << m_pictures.filePath(QStringLiteral("none.so"))
+                             << QStringLiteral("there is no plugin at");
+    QTest::newRow("no plugin at all")
+        << QStringLiteral(WITH_TRANSLATIONS) << QStringLiteral("is not a Qt plugin");
+    QTest::newRow("a plugin for something else")
+        << QLibraryInfo::location(QLibraryInfo::PluginsPath) +
+               QStringLiteral("/platforms/libqoffscreen.so")
+        << QStringLiteral("com.tavren.zde.ControlCenter.module/1.0");
+}
+
+void WindowTour::aFileThatIsNoModuleIsRefused()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, message);
+    const Run result = run({QStringLiteral("--plugin"), file});
+    QCOMPARE(result.exitCode, 3);
+    QVERIFY2(result.messages.contains(message), qPrintable(result.messages));
+    QVERIFY2(result.messages.contains(file), qPrintable(result.messages));
+}
+
+QTEST_GUILESS_MAIN(WindowTour)
+#include "windowtour.moc"

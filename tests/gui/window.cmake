@@ -1,0 +1,6 @@
+# The sandbox's control-center window, apart from the module.
+
+assistant_add_test(windowsearch TIER unit
+    SOURCES windowsearch.cpp LIBRARIES controlcenterwindow)
+assistant_add_test(windowframe TIER gui
+    SOURCES windowframe.cpp LIBRARIES controlcenterwindow)

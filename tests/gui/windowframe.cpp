@@ -1,0 +1,226 @@
+#include "sandbox/controlcenter/frame.h"
+#include "sandbox/controlcenter/moduleregistry.h"
+#include "sandbox/controlcenter/moduleview.h"
+
+#include <QLabel>
+#include <QPointer>
+#include <QtTest>
+
+#include <functional>
+
+using namespace controlcenter;
+using zccV20::FrameProxyInterface;
+
+namespace {
+
+/** A module that writes down how it is driven and pushes labels. */
+class ScriptedModule : public zccV20::ModuleInterface
+{
+public:
+    QStringList calls;
+    std::function<void()> whileActivating; ///< runs between the push of the list and of the page
+
+    void push(FrameProxyInterface::PushType type = FrameProxyInterface::NextColumn)
+    {
+        auto *label = new QLabel(QStringLiteral("pushed"));
+        pushed.append(label);
+        m_frameProxy->pushWidget(this, label, type);
+    }
+
+    QVector<QPointer<QWidget>> pushed;
+
+    void preInitialize(bool, FrameProxyInterface::PushType) override
+    {
+        calls << (m_frameProxy ? QStringLiteral("preInitialize") : QStringLiteral("no frame"));
+        addChildPageTrans();
+        initSearchData();
+    }
+    void initialize() override { calls << QStringLiteral("initialize"); }
+    void reset() override { calls << QStringLiteral("reset"); }
+    QString name() const override { return QStringLiteral("scripted"); }
+    QString displayName() const override { return QStringLiteral("Scripted"); }
+    QIcon icon() const override { return QIcon(); }
+    QString translationPath() const override { return QString(); }
+    void contentPopped(QWidget *) override { calls << QStringLiteral("contentPopped"); }
+    void active() override
+    {
+        calls << QStringLiteral("active");
+        push();
+        if (whileActivating)
+            whileActivating();
+        push();
+    }
+    void deactive() override { calls << QStringLiteral("deactive"); }
+    int load(const QString &path) override
+    {
+        calls << QStringLiteral("load ") + path;
+        push();
+        return 0;
+    }
+    QStringList availPage() const override { return {}; }
+    QString path() const override { return QString(); }
+    QString follow() const override { return QString(); }
+    void addChildPageTrans() const override
+    {
+        m_frameProxy->addPageTranslation(QStringLiteral("Page"), QStringLiteral("Seite"));
+    }
+    void initSearchData() override
+    {
+        m_frameProxy->addSearchModule(displayName(), QStringLiteral("Seite"), true);
+        m_frameProxy->addSearchItem(displayName(), QStringLiteral("Seite"), QStringLiteral("Ding"),
+                                    true);
+    }
+};
+
+} // namespace
+
+/** The frame drives a module in the documented order, and owns and disposes of what it pushes. */
+class WindowFrame : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void preparesInTheDocumentedOrder();
+    void keepsWhatTheModuleRegisters();
+    void firstPushIsTheListAndTheNextThePage();
+    void aReplacedPageIsDeletedLater();
+    void leavingDisposesOfListAndPage();
+    void leavingTwiceTellsTheModuleOnce();
+    void openingAgainStartsAfresh();
+    void openingAPageActivatesFirst();
+    void openingAPageOfTheOpenModuleDoesNotActivateAgain();
+    void aPagePushedAfterLeavingIsDisposedOf();
+    void otherPushTypesAreRefused();
+
+private:
+    ModuleRegistry m_registry;
+    QScopedPointer<ModuleView> m_view;
+    QScopedPointer<Frame> m_frame;
+    QScopedPointer<ScriptedModule> m_module;
+};
+
+void WindowFrame::init()
+{
+    m_registry = ModuleRegistry();
+    m_view.reset(new ModuleView);
+    m_frame.reset(new Frame(&m_registry, m_view.data()));
+    m_module.reset(new ScriptedModule);
+    m_frame->prepare(m_module.data());
+}
+
+void WindowFrame::cleanup()
+{
+    m_frame.reset();
+    m_view.reset();
+    m_module.reset();
+}
+
+void WindowFrame::preparesInTheDocumentedOrder()
+{
+    QCOMPARE(m_module->calls,
+             (QStringList{QStringLiteral("preInitialize"), QStringLiteral("initialize")}));
+}
+
+void WindowFrame::keepsWhatTheModuleRegisters()
+{
+    QCOMPARE(m_registry.pages(), QStringList{QStringLiteral("Page")});
+    QCOMPARE(m_registry.translatedPage(QStringLiteral("Page")), QStringLiteral("Seite"));
+    QCOMPARE(m_registry.searchEntries().size(), 2);
+    QVERIFY(m_registry.searchEntries().at(0).item.isEmpty());
+    QCOMPARE(m_registry.searchEntries().at(1).item, QStringLiteral("Ding"));
+}
+
+void WindowFrame::firstPushIsTheListAndTheNextThePage()
+{
+    QSignalSpy shown(m_frame.data(), &Frame::pageShown);
+    m_frame->open(m_module.data());
+    QCOMPARE(m_view->list(), m_module->pushed.at(0).data());
+    QCOMPARE(m_view->page(), m_module->pushed.at(1).data());
+    QVERIFY(m_view->isAncestorOf(m_view->list()));
+    QVERIFY(m_view->isAncestorOf(m_view->page()));
+    QCOMPARE(shown.count(), 1);
+}
+
+void WindowFrame::aReplacedPageIsDeletedLater()
+{
+    m_frame->open(m_module.data());
+    const QPointer<QWidget> first = m_view->page();
+    m_module->push();
+    QVERIFY(first); // the module may be inside one of its signals
+    QVERIFY(first->isHidden());
+    QCOMPARE(m_view->page(), m_module->pushed.at(2).data());
+    QCOMPARE(m_module->calls.last(), QStringLiteral("contentPopped"));
+    QTRY_VERIFY(!first);
+    QVERIFY(m_view->page());
+}
+
+void WindowFrame::leavingDisposesOfListAndPage()
+{
+    m_frame->open(m_module.data());
+    m_frame->leave();
+    QVERIFY(m_module->calls.contains(QStringLiteral("deactive")));
+    QVERIFY(!m_view->list());
+    QVERIFY(!m_view->page());
+    QTRY_VERIFY(!m_module->pushed.at(0) && !m_module->pushed.at(1));
+}
+
+void WindowFrame::leavingTwiceTellsTheModuleOnce()
+{
+    m_frame->open(m_module.data());
+    m_frame->leave();
+    m_frame->leave();
+    QCOMPARE(m_module->calls.count(QStringLiteral("deactive")), 1);
+}
+
+void WindowFrame::openingAgainStartsAfresh()
+{
+    m_frame->open(m_module.data());
+    m_frame->open(m_module.data());
+    QCOMPARE(m_module->calls.count(QStringLiteral("active")), 2);
+    QCOMPARE(m_module->calls.count(QStringLiteral("deactive")), 1);
+    QCOMPARE(m_view->list(), m_module->pushed.at(2).data());
+    QCOMPARE(m_view->page(), m_module->pushed.at(3).data());
+}
+
+void WindowFrame::openingAPageActivatesFirst()
+{
+    m_module->calls.clear();
+    m_frame->openPage(m_module.data(), QStringLiteral("Page"));
+    QCOMPARE(m_module->calls.at(0), QStringLiteral("active"));
+    QVERIFY(m_module->calls.contains(QStringLiteral("load Page")));
+    QCOMPARE(m_view->page(), m_module->pushed.at(2).data());
+}
+
+void WindowFrame::openingAPageOfTheOpenModuleDoesNotActivateAgain()
+{
+    m_frame->open(m_module.data());
+    m_frame->openPage(m_module.data(), QStringLiteral("Page"));
+    QCOMPARE(m_module->calls.count(QStringLiteral("active")), 1);
+}
+
+// A page waits for a service while it is built; the user goes elsewhere meanwhile.
+void WindowFrame::aPagePushedAfterLeavingIsDisposedOf()
+{
+    m_module->whileActivating = [this] {
+        m_frame->leave();
+    };
+    m_frame->open(m_module.data());
+    QVERIFY(!m_view->list());
+    QVERIFY(!m_view->page());
+    QTRY_VERIFY(!m_module->pushed.at(0) && !m_module->pushed.at(1));
+}
+
+void WindowFrame::otherPushTypesAreRefused()
+{
+    m_frame->open(m_module.data());
+    QWidget *page = m_view->page();
+    QTest::ignoreMessage(QtWarningMsg, "this window shows columns only, not push type 1");
+    m_module->push(FrameProxyInterface::Overlay);
+    QCOMPARE(m_view->page(), page);
+    QTRY_VERIFY(!m_module->pushed.at(2));
+}
+
+QTEST_MAIN(WindowFrame)
+#include "windowframe.moc"
