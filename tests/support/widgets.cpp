@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QLabel>
 
 namespace testsupport {
@@ -23,6 +24,21 @@ Widget *firstWhere(const QWidget *page, Condition condition)
     }
     return nullptr;
 }
+
+// Notices deletions: each pass over the posted events leaves those that it causes to the next one.
+class DeletionCounter : public QObject
+{
+public:
+    DeletionCounter() { QCoreApplication::instance()->installEventFilter(this); }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::DeferredDelete ? 1 : 0;
+        return false;
+    }
+
+    int count = 0;
+};
 
 } // namespace
 
@@ -69,7 +85,11 @@ QStringList labelTexts(const QWidget *page)
 
 void flushDeferredDeletes()
 {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    DeletionCounter counter;
+    do {
+        counter.count = 0;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    } while (counter.count > 0);
 }
 
 QStringList topLevelWidgetsLeft()

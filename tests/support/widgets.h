@@ -41,8 +41,8 @@ QLabel *labelContaining(const QWidget *page, const QString &part);
 QStringList labelTexts(const QWidget *page);
 
 /**
- * Deletes what was scheduled for deletion. Test functions run outside any event loop, where
- * processing events alone never does that.
+ * Deletes what was scheduled for deletion, and what that schedules in turn. Test functions run
+ * outside any event loop, where processing events alone never does that.
  */
 void flushDeferredDeletes();
 
