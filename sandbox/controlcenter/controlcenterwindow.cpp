@@ -9,6 +9,7 @@
 #include "sandbox/controlcenter/search.h"
 #include "sandbox/controlcenter/searchfield.h"
 #include "sandbox/controlcenter/searchpopup.h"
+#include "sandbox/controlcenter/shortcuts/shortcutspage.h"
 #include "sandbox/controlcenter/sidebar.h"
 #include "sandbox/controlcenter/themebutton.h"
 
@@ -28,8 +29,10 @@ constexpr QSize leastSize(880, 540);
 constexpr int sideBarWidth = 228; // px
 constexpr int headerHeight = 60;  // px
 
-/** Internal name of the one sample entry beside the module's. */
+/** Internal names of the entries beside the module's: a sample without a page, and one with its
+ * own. */
 const QLatin1String keyboardEntry("keyboard");
+const QLatin1String shortcutsEntry("shortcuts");
 
 } // namespace
 
@@ -66,6 +69,9 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     m_navigation->addEntry(keyboardEntry, tr("Keyboard"), QIcon::fromTheme("zcc_nav_keyboard"));
     m_navigation->addEntry(m_module->name(), m_module->displayName(), m_module->icon(),
                            m_module->follow());
+    m_navigation->addEntry(shortcutsEntry, tr("Shortcuts"), QIcon::fromTheme("zcc_nav_shortcuts"));
+    m_shortcutsPage = new ShortcutsPage(assistantShortcuts());
+    m_stack->addWidget(m_shortcutsPage);
 
     auto *search = new Search(&m_registry, m_searchField, new SearchPopup(this), this);
     connect(search, &Search::chosen, this, &ControlCenterWindow::openSearchEntry);
@@ -97,6 +103,16 @@ void ControlCenterWindow::openPage(const QString &name)
 {
     openModule();
     m_frame->openPage(m_module, name);
+}
+
+void ControlCenterWindow::openShortcuts()
+{
+    m_navigation->setCurrentEntry(shortcutsEntry);
+}
+
+ShortcutsPage *ControlCenterWindow::shortcutsPage() const
+{
+    return m_shortcutsPage;
 }
 
 QStringList ControlCenterWindow::pageNames() const
@@ -163,6 +179,14 @@ QWidget *ControlCenterWindow::buildHeader()
     return header;
 }
 
+/** Titled as the module's pages of the same features are. */
+QVector<ShortcutsPage::Shortcut> ControlCenterWindow::assistantShortcuts() const
+{
+    return {{QStringLiteral("speech-to-text"), pageTitle(QStringLiteral("Speech to Text"))},
+            {QStringLiteral("text-to-speech"), pageTitle(QStringLiteral("Text to Speech"))},
+            {QStringLiteral("translation"), pageTitle(QStringLiteral("Translation"))}};
+}
+
 void ControlCenterWindow::addShortcuts()
 {
     for (const QKeySequence &keys : {QKeySequence(QKeySequence::Find), QKeySequence(Qt::Key_F6)}) {
@@ -183,7 +207,10 @@ void ControlCenterWindow::openEntry(const QString &name)
         return;
     }
     m_frame->leave();
-    m_stack->setCurrentWidget(m_hostPage);
+    if (name == shortcutsEntry)
+        m_stack->setCurrentWidget(m_shortcutsPage);
+    else
+        m_stack->setCurrentWidget(m_hostPage);
     m_breadcrumb->setPath(m_navigation->entryText(name), QString());
 }
 

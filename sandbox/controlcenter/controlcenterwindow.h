@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sandbox/controlcenter/moduleregistry.h"
+#include "sandbox/controlcenter/shortcuts/shortcutspage.h"
 
 #include <zcc/moduleinterface.h>
 
@@ -39,6 +40,12 @@ public:
     /** Opens the page @p name (untranslated) of the module. */
     void openPage(const QString &name);
 
+    /** Opens the window's own page of shortcuts. */
+    void openShortcuts();
+
+    /** The window's own page of shortcuts, shown or not; the window owns it. */
+    ShortcutsPage *shortcutsPage() const;
+
     /** Untranslated names of the module's pages, in the order in which it registered them. */
     QStringList pageNames() const;
 
@@ -65,6 +72,7 @@ protected:
 private:
     QWidget *buildSideBar();
     QWidget *buildHeader();
+    QVector<ShortcutsPage::Shortcut> assistantShortcuts() const;
     void addShortcuts();
     void openEntry(const QString &name);
     void openSearchEntry(const SearchEntry &entry);
@@ -79,6 +87,7 @@ private:
     QStackedWidget *m_stack;
     ModuleView *m_moduleView;
     HostPage *m_hostPage;
+    ShortcutsPage *m_shortcutsPage;
     Frame *m_frame;
 };
 

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+class QPoint;
+class QWidget;
+
+namespace controlcenter {
+
+/**
+ * Takes the next key combination away from the whole program, its own shortcuts included.
+ *
+ * Ends by itself: with grabbed() at the first combination that can be a shortcut, with cancelled()
+ * at Escape, at a click anywhere, or when the widget that asked is hidden or its window is left.
+ */
+class KeyGrabber : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit KeyGrabber(QObject *parent = nullptr);
+    ~KeyGrabber() override;
+
+    /**
+     * Begins to wait on behalf of @p home, which is shown. A click on home counts only when the
+     * button is released, so that home has dealt with it when cancelled() arrives.
+     */
+    void start(QWidget *home);
+
+    bool isActive() const;
+
+    /** Ends the wait without a signal. */
+    void stop();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    /** @p accelerator is in the keybinding daemon's form. */
+    void grabbed(const QString &accelerator);
+    void cancelled();
+
+private:
+    bool isHome(const QPoint &globalPosition) const;
+    void cancel();
+    void cancelLater();
+    void takeKey(int key, Qt::KeyboardModifiers modifiers);
+
+    bool m_active = false;
+    QPointer<QWidget> m_home;
+};
+
+} // namespace controlcenter

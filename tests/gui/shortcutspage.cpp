@@ -1,0 +1,405 @@
+#include "shortcutparts.h"
+
+#include "pages/texttranslatesettingwidget.h"
+#include "sandbox/controlcenter/shortcuts/shortcutspage.h"
+#include "tests/support/serviceprocess.h"
+
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include <zcc/widgets/tipslabel.h>
+
+using controlcenter::ShortcutsPage;
+using testsupport::ServiceProcess;
+
+namespace {
+
+const QString kSpeech = QStringLiteral("speech-to-text");
+const QString kRead = QStringLiteral("text-to-speech");
+const QString kTranslation = QStringLiteral("translation");
+const Qt::KeyboardModifiers kControlAlt = Qt::ControlModifier | Qt::AltModifier;
+
+QVector<ShortcutsPage::Shortcut> shortcuts()
+{
+    return {{kSpeech, QStringLiteral("Speech to Text")},
+            {kRead, QStringLiteral("Text to Speech")},
+            {kTranslation, QStringLiteral("Translation")}};
+}
+
+} // namespace
+
+/** The sandbox's page of shortcuts: it reads from, and writes to, the keybinding service. */
+class ShortcutsPageTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void showsWhatTheServiceSays();
+    void asksAgainWhenShownAgain();
+    void clickTakesNextCombination();
+    void waitsOnForTrueCombination();
+    void escapeKeepsOldShortcut();
+    void clickEndsWait_data();
+    void clickEndsWait();
+    void hidingEndsWait();
+    void otherRowTakesOverWait();
+    void windowShortcutsAreTaken();
+    void editModeRemoves();
+    void editModeChanges();
+    void takenShortcutIsRefused();
+    void serviceErrorIsTold();
+    void absentServiceIsTold();
+    void serviceThatVanishesIsTold();
+    void oddRepliesShowNone();
+    void pageGoesWhileAwaiting();
+    void windowGoesWhileAwaiting();
+    void featurePageShowsNewShortcut();
+
+private:
+    void open();
+    QStringList stored(const QString &id);
+    QStringList shown(const QString &id) const;
+    QString visible(const QString &id) const;
+    void clickCaps(const QString &id);
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+    std::unique_ptr<ServiceProcess> m_service;
+    std::unique_ptr<QWidget> m_window;
+    QPointer<ShortcutsPage> m_page;
+};
+
+void ShortcutsPageTest::init()
+{
+    m_service.reset(new ServiceProcess(QStringLiteral("keybinding")));
+    QVERIFY(m_service->start());
+}
+
+void ShortcutsPageTest::cleanup()
+{
+    m_window.reset();
+    m_service.reset();
+    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+}
+
+void ShortcutsPageTest::open()
+{
+    m_window.reset(new QWidget);
+    m_window->resize(700, 400);
+    m_page = new ShortcutsPage(shortcuts());
+    auto *layout = new QVBoxLayout(m_window.get());
+    layout->addWidget(m_page);
+    m_window->show();
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QTRY_VERIFY(!shown(kTranslation).isEmpty());
+    QCoreApplication::processEvents(); // the rows take their places
+}
+
+QStringList ShortcutsPageTest::stored(const QString &id)
+{
+    return m_service->value(id).toStringList();
+}
+
+QStringList ShortcutsPageTest::shown(const QString &id) const
+{
+    return capTexts(RowParts(*m_page->row(id)).key);
+}
+
+QString ShortcutsPageTest::visible(const QString &id) const
+{
+    return RowParts(*m_page->row(id)).visible();
+}
+
+void ShortcutsPageTest::clickCaps(const QString &id)
+{
+    clickThroughWindow(RowParts(*m_page->row(id)).key);
+}
+
+void ShortcutsPageTest::press(int key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(m_window->windowHandle(), static_cast<Qt::Key>(key), modifiers);
+}
+
+void ShortcutsPageTest::showsWhatTheServiceSays()
+{
+    m_service->setValue(kSpeech, QStringList({"<Super_L>minus", "<Alt>F1"}));
+    m_service->setValue(kRead, QStringList());
+    m_service->reset();
+    open();
+    QCOMPARE(shown(kSpeech), QStringList({"Super", "-"}));
+    QCOMPARE(shown(kRead), QStringList("None"));
+    QCOMPARE(shown(kTranslation), QStringList({"Ctrl", "Alt", "T"}));
+    QCOMPARE(m_page->message(), QString());
+
+    const auto calls = m_service->calls();
+    QCOMPARE(calls.size(), 3);
+    for (const auto &call : calls) {
+        QCOMPARE(call.member, QStringLiteral("GetShortcut"));
+        QCOMPARE(call.signature, QStringLiteral("si"));
+        QCOMPARE(call.arguments.at(1).toInt(), 0);
+    }
+}
+
+void ShortcutsPageTest::asksAgainWhenShownAgain()
+{
+    open();
+    m_page->hide();
+    m_service->setValue(kSpeech, QStringList("<Alt>J"));
+    m_page->show();
+    QTRY_COMPARE(shown(kSpeech), QStringList({"Alt", "J"}));
+}
+
+void ShortcutsPageTest::clickTakesNextCombination()
+{
+    open();
+    clickCaps(kTranslation);
+    QCOMPARE(visible(kTranslation), QStringLiteral("line"));
+    QVERIFY(m_page->message().contains(QStringLiteral("Translation")));
+
+    press(Qt::Key_J, kControlAlt);
+    QCOMPARE(visible(kTranslation), QStringLiteral("caps"));
+    QCOMPARE(m_page->message(), QString());
+    QTRY_COMPARE(shown(kTranslation), QStringList({"Ctrl", "Alt", "J"}));
+    QCOMPARE(stored(kTranslation), QStringList("<Control><Alt>J"));
+    QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
+
+    press(Qt::Key_K, kControlAlt); // no longer waiting
+    QCOMPARE(visible(kTranslation), QStringLiteral("caps"));
+    QCOMPARE(stored(kTranslation), QStringList("<Control><Alt>J"));
+}
+
+void ShortcutsPageTest::waitsOnForTrueCombination()
+{
+    open();
+    clickCaps(kTranslation);
+    press(Qt::Key_Control, Qt::ControlModifier);
+    press(Qt::Key_X);
+    press(Qt::Key_X, Qt::ShiftModifier);
+    QCOMPARE(visible(kTranslation), QStringLiteral("line"));
+    press(Qt::Key_X, Qt::MetaModifier);
+    QTRY_COMPARE(shown(kTranslation), QStringList({"Super", "X"}));
+}
+
+void ShortcutsPageTest::escapeKeepsOldShortcut()
+{
+    open();
+    clickCaps(kSpeech);
+    press(Qt::Key_Escape);
+    QCOMPARE(visible(kSpeech), QStringLiteral("caps"));
+    QCOMPARE(m_page->message(), QString());
+    QCOMPARE(shown(kSpeech), QStringList({"Ctrl", "Alt", "I"}));
+    QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
+}
+
+void ShortcutsPageTest::clickEndsWait_data()
+{
+    QTest::addColumn<QString>("where");
+    QTest::newRow("on its line edit") << "shortcutEdit";
+    QTest::newRow("on its title") << "title";
+    QTest::newRow("on the page") << "";
+}
+
+void ShortcutsPageTest::clickEndsWait()
+{
+    QFETCH(QString, where);
+    open();
+    clickCaps(kRead);
+    QCOMPARE(visible(kRead), QStringLiteral("line"));
+    QCoreApplication::processEvents();
+    if (where.isEmpty())
+        clickThroughWindow(m_page, m_page->rect().bottomLeft() + QPoint(4, -4));
+    else
+        clickThroughWindow(m_page->row(kRead)->findChild<QWidget *>(where));
+    QTRY_COMPARE(m_page->message(), QString());
+    QCOMPARE(visible(kRead), QStringLiteral("caps"));
+
+    press(Qt::Key_J, kControlAlt);
+    QCOMPARE(stored(kRead), QStringList("<Control><Alt>P"));
+}
+
+void ShortcutsPageTest::hidingEndsWait()
+{
+    open();
+    clickCaps(kRead);
+    m_page->hide();
+    m_page->show();
+    QTRY_COMPARE(visible(kRead), QStringLiteral("caps"));
+    QCOMPARE(m_page->message(), QString());
+    press(Qt::Key_J, kControlAlt);
+    QCOMPARE(stored(kRead), QStringList("<Control><Alt>P"));
+}
+
+void ShortcutsPageTest::otherRowTakesOverWait()
+{
+    open();
+    clickCaps(kSpeech);
+    clickCaps(kRead);
+    QCOMPARE(visible(kSpeech), QStringLiteral("caps"));
+    QCOMPARE(visible(kRead), QStringLiteral("line"));
+    m_page->row(kTranslation)->onShortcutEdit(); // as assistive technologies press its button
+    QCOMPARE(visible(kRead), QStringLiteral("caps"));
+    press(Qt::Key_J, kControlAlt);
+    QTRY_COMPARE(shown(kTranslation), QStringList({"Ctrl", "Alt", "J"}));
+    QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
+    QCOMPARE(stored(kRead), QStringList("<Control><Alt>P"));
+}
+
+void ShortcutsPageTest::windowShortcutsAreTaken()
+{
+    open();
+    int found = 0;
+    QShortcut find(QKeySequence(Qt::CTRL | Qt::Key_F), m_window.get());
+    connect(&find, &QShortcut::activated, this, [&found] { ++found; });
+    press(Qt::Key_F, Qt::ControlModifier);
+    QCOMPARE(found, 1);
+    clickCaps(kSpeech);
+    press(Qt::Key_F, Qt::ControlModifier);
+    QTRY_COMPARE(shown(kSpeech), QStringList({"Ctrl", "F"}));
+    QCOMPARE(found, 1);
+}
+
+void ShortcutsPageTest::editModeRemoves()
+{
+    open();
+    clickThroughWindow(m_page->editButton());
+    for (const auto &shortcut : shortcuts())
+        QCOMPARE(visible(shortcut.id), QStringLiteral("edit remove"));
+    QCoreApplication::processEvents();
+    clickThroughWindow(RowParts(*m_page->row(kSpeech)).remove);
+    QTRY_COMPARE(shown(kSpeech), QStringList("None"));
+    QCOMPARE(stored(kSpeech), QStringList());
+    QCOMPARE(visible(kSpeech), QStringLiteral("edit remove"));
+
+    clickThroughWindow(m_page->editButton());
+    for (const auto &shortcut : shortcuts())
+        QCOMPARE(visible(shortcut.id), QStringLiteral("caps"));
+    QCoreApplication::processEvents();
+    clickCaps(kSpeech);
+    press(Qt::Key_F5);
+    QTRY_COMPARE(shown(kSpeech), QStringList("F5"));
+    QCOMPARE(stored(kSpeech), QStringList("F5"));
+}
+
+void ShortcutsPageTest::editModeChanges()
+{
+    open();
+    clickThroughWindow(m_page->editButton());
+    QCoreApplication::processEvents();
+    clickThroughWindow(RowParts(*m_page->row(kRead)).edit);
+    QVERIFY(m_page->message().contains(QStringLiteral("Text to Speech")));
+    press(Qt::Key_J, kControlAlt);
+    QTRY_COMPARE(shown(kRead), QStringList({"Ctrl", "Alt", "J"}));
+    QCOMPARE(visible(kRead), QStringLiteral("edit remove"));
+    QCOMPARE(stored(kRead), QStringList("<Control><Alt>J"));
+}
+
+void ShortcutsPageTest::takenShortcutIsRefused()
+{
+    open();
+    clickCaps(kSpeech);
+    press(Qt::Key_T, kControlAlt);
+    QCOMPARE(visible(kSpeech), QStringLiteral("caps"));
+    QVERIFY(m_page->message().contains(QStringLiteral("Ctrl+Alt+T")));
+    QVERIFY(m_page->message().contains(QStringLiteral("Translation")));
+    QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
+
+    clickCaps(kSpeech); // its own is no conflict
+    press(Qt::Key_I, kControlAlt);
+    QTRY_COMPARE(shown(kSpeech), QStringList({"Ctrl", "Alt", "I"}));
+    QCOMPARE(m_page->message(), QString());
+}
+
+// Situation: the service answers with an error. Expected: the page says so, and works again when
+// the service does.
+void ShortcutsPageTest::serviceErrorIsTold()
+{
+    open();
+    m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("error"),
+                      QStringLiteral("no keyboard"));
+    m_page->hide();
+    m_page->show();
+    QTRY_VERIFY(m_page->message().contains(QStringLiteral("no keyboard")));
+    m_service->reset();
+    m_page->hide();
+    m_page->show();
+    QCOMPARE(m_page->message(), QString());
+    clickCaps(kSpeech);
+    press(Qt::Key_F5);
+    QTRY_COMPARE(shown(kSpeech), QStringList("F5"));
+}
+
+// Situation: no service. Expected: the page opens, without caps, and says why.
+void ShortcutsPageTest::absentServiceIsTold()
+{
+    QVERIFY(m_service->stop());
+    m_window.reset(new QWidget);
+    m_page = new ShortcutsPage(shortcuts(), m_window.get());
+    m_window->show();
+    QTRY_VERIFY(!m_page->message().isEmpty());
+    QVERIFY(shown(kSpeech).isEmpty());
+}
+
+// Situation: the service is gone when the new shortcut is to be stored. Expected: the old one stays
+// on show, and the page says why.
+void ShortcutsPageTest::serviceThatVanishesIsTold()
+{
+    open();
+    clickCaps(kSpeech);
+    m_service->kill();
+    press(Qt::Key_J, kControlAlt);
+    QTRY_VERIFY(m_page->message().contains(QStringLiteral("Speech to Text")));
+    QCOMPARE(shown(kSpeech), QStringList({"Ctrl", "Alt", "I"}));
+    QCOMPARE(visible(kSpeech), QStringLiteral("caps"));
+}
+
+void ShortcutsPageTest::oddRepliesShowNone()
+{
+    const QVariantList replies = {QString(), QStringLiteral("[]"), QStringLiteral("{\"Accels\":7}"),
+                                  QStringLiteral("{\"Accels\":[7]}")};
+    for (const QVariant &reply : replies) {
+        m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("reply"), reply);
+        open();
+        QCOMPARE(shown(kSpeech), QStringList("None"));
+    }
+    m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("reply"), 42);
+    m_page->hide();
+    m_page->show();
+    QTRY_VERIFY(!m_page->message().isEmpty()); // not even a text
+}
+
+void ShortcutsPageTest::pageGoesWhileAwaiting()
+{
+    open();
+    clickCaps(kSpeech);
+    delete m_page;
+    press(Qt::Key_J, kControlAlt);
+    QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
+}
+
+void ShortcutsPageTest::windowGoesWhileAwaiting()
+{
+    open();
+    clickCaps(kSpeech);
+    m_window.reset();
+    QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
+}
+
+void ShortcutsPageTest::featurePageShowsNewShortcut()
+{
+    const auto hint = [] {
+        const TextTranslateSettingWidget page(nullptr);
+        return page.findChild<zcc::widgets::TipsLabel *>()->text();
+    };
+    open();
+    QVERIFY(hint().contains(QStringLiteral("(Ctrl+Alt+T)")));
+    clickCaps(kTranslation);
+    press(Qt::Key_Minus, kControlAlt);
+    QTRY_COMPARE(shown(kTranslation), QStringList({"Ctrl", "Alt", "-"}));
+    QVERIFY(hint().contains(QStringLiteral("(Ctrl+Alt+minus)")));
+}
+
+QTEST_MAIN(ShortcutsPageTest)
+#include "shortcutspage.moc"
