@@ -18,6 +18,10 @@
         <source>Keyboard</source>
         <translation>མཐེབ་གཞོང་།</translation>
     </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>མྱུར་མཐེབ།</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::HostPage</name>
@@ -49,6 +53,29 @@
     <message>
         <source>Search results</source>
         <translation>འཚོལ་འབྲས།</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ShortcutsPage</name>
+    <message>
+        <source>Edit</source>
+        <translation>རྩོམ་སྒྲིག</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>ལེགས་གྲུབ།</translation>
+    </message>
+    <message>
+        <source>Press the new shortcut for “%1”. Escape keeps the old one.</source>
+        <translation>“%1”ཡི་མྱུར་མཐེབ་གསར་བ་མནོན་རོགས། Escape མནན་ན་སྔར་གྱི་མྱུར་མཐེབ་རང་འཇགས་ཡིན།</translation>
+    </message>
+    <message>
+        <source>%1 is the shortcut for “%2” already.</source>
+        <translation>%1 ནི་“%2”ཡི་མྱུར་མཐེབ་ཡིན་ཟིན།</translation>
+    </message>
+    <message>
+        <source>The shortcut for “%1”: %2</source>
+        <translation>“%1”ཡི་མྱུར་མཐེབ། %2</translation>
     </message>
 </context>
 <context>

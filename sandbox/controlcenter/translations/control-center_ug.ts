@@ -18,6 +18,10 @@
         <source>Keyboard</source>
         <translation>كۇنۇپكا تاختىسى</translation>
     </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>تېزلەتمىلەر</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::HostPage</name>
@@ -49,6 +53,29 @@
     <message>
         <source>Search results</source>
         <translation>ئىزدەش نەتىجىسى</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ShortcutsPage</name>
+    <message>
+        <source>Edit</source>
+        <translation>تەھرىرلەش</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>تامام</translation>
+    </message>
+    <message>
+        <source>Press the new shortcut for “%1”. Escape keeps the old one.</source>
+        <translation>«%1» نىڭ يېڭى تېزلەتمىسىنى بېسىڭ. Escape كونىسىنى ساقلاپ قالىدۇ.</translation>
+    </message>
+    <message>
+        <source>%1 is the shortcut for “%2” already.</source>
+        <translation>%1 ئاللىقاچان «%2» نىڭ تېزلەتمىسى.</translation>
+    </message>
+    <message>
+        <source>The shortcut for “%1”: %2</source>
+        <translation>«%1» نىڭ تېزلەتمىسى: %2</translation>
     </message>
 </context>
 <context>

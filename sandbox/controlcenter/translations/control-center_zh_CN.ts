@@ -18,6 +18,10 @@
         <source>Keyboard</source>
         <translation>键盘</translation>
     </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快捷键</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::HostPage</name>
@@ -49,6 +53,29 @@
     <message>
         <source>Search results</source>
         <translation>搜索结果</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ShortcutsPage</name>
+    <message>
+        <source>Edit</source>
+        <translation>编辑</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完成</translation>
+    </message>
+    <message>
+        <source>Press the new shortcut for “%1”. Escape keeps the old one.</source>
+        <translation>请按下“%1”的新快捷键。按 Escape 保留原来的快捷键。</translation>
+    </message>
+    <message>
+        <source>%1 is the shortcut for “%2” already.</source>
+        <translation>%1 已是“%2”的快捷键。</translation>
+    </message>
+    <message>
+        <source>The shortcut for “%1”: %2</source>
+        <translation>“%1”的快捷键：%2</translation>
     </message>
 </context>
 <context>

@@ -18,6 +18,10 @@
         <source>Keyboard</source>
         <translation>鍵盤</translation>
     </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快速鍵</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::HostPage</name>
@@ -49,6 +53,29 @@
     <message>
         <source>Search results</source>
         <translation>搜尋結果</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ShortcutsPage</name>
+    <message>
+        <source>Edit</source>
+        <translation>編輯</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完成</translation>
+    </message>
+    <message>
+        <source>Press the new shortcut for “%1”. Escape keeps the old one.</source>
+        <translation>請按下「%1」的新快速鍵。按 Escape 保留原來的快速鍵。</translation>
+    </message>
+    <message>
+        <source>%1 is the shortcut for “%2” already.</source>
+        <translation>%1 已是「%2」的快速鍵。</translation>
+    </message>
+    <message>
+        <source>The shortcut for “%1”: %2</source>
+        <translation>「%1」的快速鍵：%2</translation>
     </message>
 </context>
 <context>
