@@ -174,6 +174,8 @@ void TavrenAIAssitantControlPlugin::push(QWidget *widget)
 {
     if (m_frameProxy)
         m_frameProxy->pushWidget(this, widget, pushBesideList);
+    else
+        delete widget; // nobody else would ever own it
 }
 
 template <typename Page>

@@ -5,6 +5,8 @@
 #include <ztk/zstandarditem.h>
 
 #include <QDebug>
+#include <QEvent>
+#include <QPointer>
 #include <QStandardItemModel>
 #include <QVBoxLayout>
 
@@ -64,7 +66,27 @@ void ThirdListWidget::init()
 
 void ThirdListWidget::onItemClieck(const QModelIndex &index)
 {
-    switch (index.row()) {
+    const QPointer<ThirdListWidget> self(this);
+    ++m_pendingRequests;
+    requestPage(index.row());
+    if (self && --m_pendingRequests == 0 && m_deletionPostponed)
+        deleteLater();
+}
+
+bool ThirdListWidget::event(QEvent *event)
+{
+    // A page processes events while it is built. If the frame gives this list up meanwhile, it must
+    // not go yet: the view still handles the key or click that asked for the page.
+    if (event->type() == QEvent::DeferredDelete && m_pendingRequests > 0) {
+        m_deletionPostponed = true;
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void ThirdListWidget::requestPage(int row)
+{
+    switch (row) {
     case 1:
         Q_EMIT signalShowVoiceIat();
         break;

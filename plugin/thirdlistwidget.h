@@ -38,7 +38,14 @@ Q_SIGNALS:
     void signalShowVoiceTTS();
     void signalShowTranslate();
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
+    void requestPage(int row);
+
     AssistZListView *m_listView = nullptr;
     QStandardItemModel *m_model = nullptr;
+    int m_pendingRequests = 0; // pages that are being built in answer to a signal
+    bool m_deletionPostponed = false;
 };

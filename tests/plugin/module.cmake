@@ -30,3 +30,8 @@ add_dependencies(localehost assistant-control-plugin)
 assistant_add_host_test(modulelocale SOURCES modulelocale.cpp)
 add_dependencies(modulelocale localehost)
 target_compile_definitions(modulelocale PRIVATE LOCALE_HOST="$<TARGET_FILE:localehost>")
+
+# These reach into the module's classes, so they link them.
+assistant_add_test(modulereentrancy TIER plugin BUSES
+    SOURCES modulereentrancy.cpp
+    LIBRARIES assistantcontrol test-support)

@@ -1,0 +1,255 @@
+#include "pages/assistantsettingwidget.h"
+#include "plugin/assistzlistview.h"
+#include "plugin/tavrenaiassitantcontrolplugin.h"
+#include "plugin/thirdlistwidget.h"
+#include "tests/support/fakeframe.h"
+#include "tests/support/serviceprocess.h"
+#include "tests/support/widgets.h"
+
+#include <QTimer>
+#include <QtTest>
+
+#include <functional>
+#include <memory>
+
+// A page waits for its services while events are processed: what the host or the user may do to the
+// module in the meantime.
+
+using testsupport::FakeFrame;
+using testsupport::ServiceProcess;
+
+class ModuleReentrancyTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void preInitializeCallsThroughTheVirtualTable();
+    void searchEntriesTakeTheDisplayNameThroughTheVirtualTable();
+    void withoutAFrameNothingIsLeftBehind();
+
+    void aSecondPageMayOpenWhileTheFirstWaits();
+    void theSamePageMayOpenTwiceAtOnce();
+    void activeMayBeCalledWhileAPageWaits();
+    void theModuleObjectMayGoWhileAPageWaits();
+    void theFrameProxyMayGoWhileAPageWaits();
+    void thePageBeforeMayGoWhileTheNextOneWaits();
+    void theListMayBeScheduledForDeletionWhileAKeyPressWaits();
+    void theListMayBeScheduledForDeletionWhileAClickWaits();
+    void theKeybindingDaemonMayDieWhileAPageWaits();
+
+private:
+    /**
+     * Holds back the next answers of the keybinding daemon, opens a page with @p open and, once the
+     * page waits, runs @p meanwhile before it lets the answers go.
+     */
+    void whileAPageWaits(const std::function<void()> &open, const std::function<void()> &meanwhile);
+    QWidget *pushed(int index) const { return m_frame->pushes().at(index).widget; }
+
+    ServiceProcess m_keybinding{QStringLiteral("keybinding")};
+    std::unique_ptr<FakeFrame> m_frame;
+    QPointer<TavrenAIAssitantControlPlugin> m_module;
+};
+
+void ModuleReentrancyTest::initTestCase()
+{
+    QVERIFY(m_keybinding.start());
+}
+
+void ModuleReentrancyTest::init()
+{
+    m_frame = std::make_unique<FakeFrame>(FakeFrame::OnDemand);
+    m_module = new TavrenAIAssitantControlPlugin;
+    m_module->setFrameProxy(m_frame.get());
+}
+
+void ModuleReentrancyTest::cleanup()
+{
+    delete m_module;
+    m_frame.reset();
+    testsupport::flushDeferredDeletes();
+    QCOMPARE(testsupport::topLevelWidgetsLeft(), QStringList());
+    if (!m_keybinding.isRunning())
+        QVERIFY(m_keybinding.start());
+    m_keybinding.reset();
+}
+
+void ModuleReentrancyTest::whileAPageWaits(const std::function<void()> &open,
+                                           const std::function<void()> &meanwhile)
+{
+    m_keybinding.reset();
+    m_keybinding.script(QStringLiteral("GetShortcut"), QStringLiteral("hold"));
+    bool waited = false;
+    QTimer::singleShot(0, this, [&] {
+        QVERIFY(m_keybinding.waitForCalls(QStringLiteral("GetShortcut")));
+        waited = true;
+        // Later pages of this test get their answer at once.
+        m_keybinding.script(QStringLiteral("GetShortcut"), QStringLiteral("answer"));
+        meanwhile();
+        if (m_keybinding.isRunning())
+            m_keybinding.release(QStringLiteral("GetShortcut"));
+    });
+    open();
+    QVERIFY(waited);
+}
+
+void ModuleReentrancyTest::preInitializeCallsThroughTheVirtualTable()
+{
+    class Overridden : public TavrenAIAssitantControlPlugin
+    {
+    public:
+        void addChildPageTrans() const override { order.append(QStringLiteral("names")); }
+        void initSearchData() override { order.append(QStringLiteral("search")); }
+        mutable QStringList order;
+    } module;
+    module.setFrameProxy(m_frame.get());
+    module.preInitialize(true, zccV20::FrameProxyInterface::Overlay);
+    QCOMPARE(module.order, (QStringList{QStringLiteral("names"), QStringLiteral("search")}));
+    QVERIFY(m_frame->registrations().isEmpty());
+}
+
+void ModuleReentrancyTest::searchEntriesTakeTheDisplayNameThroughTheVirtualTable()
+{
+    class Renamed : public TavrenAIAssitantControlPlugin
+    {
+    public:
+        QString displayName() const override
+        {
+            ++asked;
+            return QStringLiteral("Another name");
+        }
+        mutable int asked = 0;
+    } module;
+    module.setFrameProxy(m_frame.get());
+    module.initSearchData();
+    QCOMPARE(module.asked, 1);
+    QCOMPARE(m_frame->registrations().size(), 15);
+    for (const FakeFrame::Registration &entry : m_frame->registrations())
+        QCOMPARE(entry.texts.constFirst(), QStringLiteral("Another name"));
+}
+
+void ModuleReentrancyTest::withoutAFrameNothingIsLeftBehind()
+{
+    m_module->setFrameProxy(nullptr);
+    m_module->preInitialize(false, zccV20::FrameProxyInterface::NextColumn);
+    m_module->active();
+    QCOMPARE(m_module->load(QStringLiteral("Translation")), 0);
+    m_module->showVoiceIatWidget();
+    m_module->deactive();
+    testsupport::flushDeferredDeletes();
+    QCOMPARE(QApplication::topLevelWidgets(), QWidgetList{m_frame->window()});
+
+    m_module->setFrameProxy(m_frame.get());
+    m_module->active();
+    QCOMPARE(m_frame->pushes().size(), 2);
+}
+
+void ModuleReentrancyTest::aSecondPageMayOpenWhileTheFirstWaits()
+{
+    m_module->active();
+    whileAPageWaits([this] { m_module->load(QStringLiteral("Speech to Text")); },
+                    [this] { m_module->load(QStringLiteral("Translation")); });
+    // Each slot pushes the page that it built.
+    QCOMPARE(m_frame->pushedClasses(), (QStringList{QStringLiteral("ThirdListWidget"),
+                                                    QStringLiteral("AssistantSettingWidget"),
+                                                    QStringLiteral("TextTranslateSettingWidget"),
+                                                    QStringLiteral("VoiceIatSettingWidget")}));
+}
+
+void ModuleReentrancyTest::theSamePageMayOpenTwiceAtOnce()
+{
+    m_module->active();
+    whileAPageWaits([this] { m_module->showVoiceTtsWidget(); },
+                    [this] { m_module->showVoiceTtsWidget(); });
+    QCOMPARE(m_frame->pushes().size(), 4);
+    QVERIFY(pushed(2));
+    QVERIFY(pushed(3));
+    QVERIFY(pushed(2) != pushed(3));
+}
+
+void ModuleReentrancyTest::activeMayBeCalledWhileAPageWaits()
+{
+    m_module->active();
+    whileAPageWaits([this] { m_module->load(QStringLiteral("Text to Speech")); },
+                    [this] { m_module->active(); });
+    QCOMPARE(
+        m_frame->pushedClasses(),
+        (QStringList{QStringLiteral("ThirdListWidget"), QStringLiteral("AssistantSettingWidget"),
+                     QStringLiteral("ThirdListWidget"), QStringLiteral("AssistantSettingWidget"),
+                     QStringLiteral("VoiceTTSSettingWidget")}));
+}
+
+void ModuleReentrancyTest::theModuleObjectMayGoWhileAPageWaits()
+{
+    m_module->active();
+    whileAPageWaits([this] { m_module->showTranslateWidget(); }, [this] { delete m_module; });
+    QVERIFY(m_module.isNull());
+    QCOMPARE(m_frame->pushes().size(), 2);
+}
+
+void ModuleReentrancyTest::theFrameProxyMayGoWhileAPageWaits()
+{
+    m_module->active();
+    whileAPageWaits([this] { m_module->showTranslateWidget(); },
+                    [this] { m_module->setFrameProxy(nullptr); });
+    QCOMPARE(m_frame->pushes().size(), 2);
+}
+
+void ModuleReentrancyTest::thePageBeforeMayGoWhileTheNextOneWaits()
+{
+    m_module->active();
+    m_module->showTranslateWidget();
+    whileAPageWaits([this] { m_module->showTranslateWidget(); }, [this] { delete pushed(2); });
+    QCOMPARE(m_frame->pushes().size(), 4);
+    QVERIFY(!pushed(2));
+    QVERIFY(pushed(3));
+}
+
+void ModuleReentrancyTest::theListMayBeScheduledForDeletionWhileAKeyPressWaits()
+{
+    m_module->active();
+    const QPointer<QWidget> list = pushed(0);
+    whileAPageWaits(
+        [&list] { QTest::keyClick(list->findChild<AssistZListView *>(), Qt::Key_Down); },
+        [&list] {
+            list->deleteLater();
+            QCoreApplication::processEvents();
+            testsupport::flushDeferredDeletes();
+        });
+    // Not under the feet of the view that still handles the key, but then.
+    testsupport::flushDeferredDeletes();
+    QVERIFY(list.isNull());
+    QCOMPARE(m_frame->pushes().constLast().className, QStringLiteral("VoiceIatSettingWidget"));
+}
+
+void ModuleReentrancyTest::theListMayBeScheduledForDeletionWhileAClickWaits()
+{
+    m_module->active();
+    const QPointer<QWidget> list = pushed(0);
+    auto *view = list->findChild<AssistZListView *>();
+    QVERIFY(m_frame->showActive());
+    const QPoint place = view->visualRect(view->model()->index(3, 0)).center();
+    whileAPageWaits(
+        [&] { QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, place); },
+        [&list] {
+            list->deleteLater();
+            testsupport::flushDeferredDeletes();
+        });
+    testsupport::flushDeferredDeletes();
+    QVERIFY(list.isNull());
+    QCOMPARE(m_frame->pushes().constLast().className, QStringLiteral("TextTranslateSettingWidget"));
+}
+
+void ModuleReentrancyTest::theKeybindingDaemonMayDieWhileAPageWaits()
+{
+    m_module->active();
+    whileAPageWaits([this] { m_module->load(QStringLiteral("Speech to Text")); },
+                    [this] { m_keybinding.kill(); });
+    QCOMPARE(m_frame->pushes().constLast().className, QStringLiteral("VoiceIatSettingWidget"));
+}
+
+QTEST_MAIN(ModuleReentrancyTest)
+#include "modulereentrancy.moc"
