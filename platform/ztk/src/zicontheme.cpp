@@ -113,9 +113,21 @@ bool ZIconTheme::eventFilter(QObject *watched, QEvent *event)
 {
     // Both come before a widget's first picture: one when it is made ready, one when its window is
     // about to be painted.
-    if (event->type() == QEvent::Polish || event->type() == QEvent::UpdateRequest)
+    if (event->type() == QEvent::Polish || event->type() == QEvent::UpdateRequest) {
         refresh();
+        checkRendering();
+    }
     return QObject::eventFilter(watched, event);
+}
+
+/** Without Qt's SVG plugins every icon is empty, and nothing else would say so. */
+void ZIconTheme::checkRendering()
+{
+    if (m_checked)
+        return;
+    m_checked = true;
+    if (QIcon::fromTheme(QStringLiteral("ztk_check")).pixmap(16).isNull())
+        qWarning() << "ztk: Qt cannot render SVG icons. Debian package: libqt5svg5";
 }
 
 /** A name of its own for every writing: the new name makes Qt look all icons up again. */

@@ -44,13 +44,15 @@ protected:
 private:
     explicit ZIconTheme(QObject *parent);
     void activate();
+    void checkRendering();
     void write(const QString &folder);
 
     QScopedPointer<QTemporaryDir> m_folder;
     QString m_fallbackTheme; ///< The theme in force before; it still serves all other names.
     QColor m_textColor;
-    int m_fileCount = 0; ///< Compiled-in files at the time of the last writing.
-    int m_generation = 0;
+    int m_fileCount = 0;  ///< Compiled-in files at the time of the last writing.
+    int m_generation = 0; ///< Of the folder; part of the theme's name.
+    bool m_checked = false;
 };
 
 } // namespace Gui

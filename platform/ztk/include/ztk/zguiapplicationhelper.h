@@ -29,7 +29,8 @@ public:
     void setThemeType(ColorType type);
 
 Q_SIGNALS:
-    void themeTypeChanged(ColorType type);
+    /** Another theme is in force, its palette already set. */
+    void themeTypeChanged(Ztk::Gui::ZGuiApplicationHelper::ColorType type);
 
 private:
     ZGuiApplicationHelper();

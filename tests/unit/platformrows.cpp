@@ -1,0 +1,550 @@
+#include "platformpictures.h"
+
+#include <zcc/widgets/settingsgroup.h>
+#include <zcc/widgets/settingsitem.h>
+#include <zcc/widgets/switchwidget.h>
+#include <zcc/widgets/tipslabel.h>
+#include <ztk/zapplicationsetup.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPointer>
+#include <QScopedPointer>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+
+using namespace zcc::widgets;
+
+namespace {
+// The outermost pixels of a circle are covered in part only and so have a paler colour.
+constexpr int roundEdge = 90;
+} // namespace
+
+/** Settings rows: groups, their items, the switch row and the tip. */
+class PlatformRows : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+
+    void groupHoldsItsItemsInOrder();
+    void groupMovesAnItemItHolds();
+    void groupIgnoresWhatItDoesNotHold();
+    void groupSurvivesADestroyedItem();
+    void appendedItemShowsAndBelongsToTheGroup();
+    void removedItemIsHiddenAndNotDeleted();
+    void rowsKeepTheirHeightInATallPage();
+    void closeRowsAreOneBlock();
+    void rowsApartAreCards();
+    void groupBackgroundLiesBehindAllRows();
+    void itemWithoutBackgroundIsTransparent();
+
+    void switchByMouse();
+    void switchByTheRowAroundIt();
+    void switchIgnoresOtherButtonsAndReleasesOutside();
+    void switchByKeys();
+    void switchStateIsThereAtOnce();
+    void disabledSwitchDoesNothing();
+    void switchIsACheckBoxToAScreenReader();
+    void switchShowsItsState();
+    void switchShowsFocus();
+    void switchMirrors();
+    void titleTakesTheRowsFont();
+    void titleIsPlainText();
+    void longTitleWraps();
+    void rowAndControlsLineUp();
+
+    void tipIsPlainTextInTheTextRole();
+    void tipLinesUpWithRows_data();
+    void tipLinesUpWithRows();
+
+private:
+    static QAbstractButton *button(const QWidget *row)
+    {
+        return row->findChild<QAbstractButton *>(QStringLiteral("switchButton"));
+    }
+    static QColor color(QPalette::ColorRole role) { return QApplication::palette().color(role); }
+    /** Shows @p row in a window of its own, which m_window keeps. */
+    void show(QWidget *row, int width = 400);
+
+    QScopedPointer<QWidget> m_window;
+};
+
+void PlatformRows::initTestCase()
+{
+    QFont font = QApplication::font();
+    font.setPixelSize(14);
+    QApplication::setFont(font);
+    Ztk::Widget::ZApplicationSetup::install();
+}
+
+void PlatformRows::cleanup()
+{
+    m_window.reset();
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+void PlatformRows::show(QWidget *row, int width)
+{
+    m_window.reset(new QWidget);
+    auto *layout = new QVBoxLayout(m_window.data());
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(row);
+    layout->addStretch();
+    m_window->resize(width, 300);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
+}
+
+void PlatformRows::groupHoldsItsItemsInOrder()
+{
+    SettingsGroup group;
+    QCOMPARE(group.itemCount(), 0);
+    QVERIFY(!group.item(0));
+    auto *first = new SettingsItem;
+    auto *second = new SwitchWidget(QStringLiteral("Second"));
+    group.appendItem(first);
+    group.appendItem(second);
+    QCOMPARE(group.itemCount(), 2);
+    QCOMPARE(group.item(0), first);
+    QCOMPARE(group.item(1), second);
+    QVERIFY(!group.item(2));
+    QVERIFY(!group.item(-1));
+    group.setSpacing(3);
+    QCOMPARE(group.itemLayout()->spacing(), 3);
+    QCOMPARE(group.layout(), group.itemLayout());
+}
+
+void PlatformRows::groupMovesAnItemItHolds()
+{
+    SettingsGroup group;
+    auto *first = new SettingsItem;
+    auto *second = new SettingsItem;
+    group.appendItem(first);
+    group.appendItem(second);
+    group.appendItem(first);
+    QCOMPARE(group.itemCount(), 2);
+    QCOMPARE(group.item(0), second);
+    QCOMPARE(group.item(1), first);
+}
+
+void PlatformRows::groupIgnoresWhatItDoesNotHold()
+{
+    SettingsGroup group;
+    auto *held = new SettingsItem;
+    group.appendItem(held);
+    SettingsItem stranger;
+    stranger.show();
+    group.removeItem(&stranger);
+    QVERIFY(stranger.isVisible());
+    QVERIFY(!stranger.parent());
+    group.removeItem(nullptr);
+    group.appendItem(nullptr);
+    QCOMPARE(group.itemCount(), 1);
+    QCOMPARE(group.item(0), held);
+}
+
+void PlatformRows::groupSurvivesADestroyedItem()
+{
+    SettingsGroup group;
+    auto *doomed = new SettingsItem;
+    auto *other = new SettingsItem;
+    group.appendItem(doomed);
+    group.appendItem(other);
+    delete doomed;
+    QCOMPARE(group.itemCount(), 1);
+    QCOMPARE(group.item(0), other);
+    group.grab();
+}
+
+void PlatformRows::appendedItemShowsAndBelongsToTheGroup()
+{
+    auto *group = new SettingsGroup;
+    show(group);
+    auto *item = new SettingsItem;
+    QVERIFY(!item->hasBackground());
+    group->appendItem(item);
+    QCOMPARE(item->parentWidget(), group);
+    QVERIFY(item->isVisible());
+    QVERIFY(item->hasBackground());
+}
+
+void PlatformRows::removedItemIsHiddenAndNotDeleted()
+{
+    auto *group = new SettingsGroup;
+    show(group);
+    QPointer<SettingsItem> item = new SettingsItem;
+    group->appendItem(item);
+    group->removeItem(item);
+    QVERIFY(item);
+    QVERIFY(!item->isVisible());
+    QCOMPARE(group->itemCount(), 0);
+    group->appendItem(item);
+    QVERIFY(item->isVisible());
+    QCOMPARE(group->itemCount(), 1);
+}
+
+void PlatformRows::rowsKeepTheirHeightInATallPage()
+{
+    auto *page = new QWidget;
+    auto *layout = new QVBoxLayout(page);
+    auto *group = new SettingsGroup;
+    layout->addWidget(group);
+    auto *row = new SwitchWidget(QStringLiteral("Row"));
+    group->appendItem(row);
+    m_window.reset(page);
+    page->resize(400, 900);
+    page->show();
+    QVERIFY(QTest::qWaitForWindowExposed(page));
+    QCOMPARE(row->height(), 48);
+}
+
+void PlatformRows::closeRowsAreOneBlock()
+{
+    auto *group = new SettingsGroup;
+    group->setSpacing(1);
+    QList<SettingsItem *> rows;
+    for (int i = 0; i < 3; ++i) {
+        rows << new SwitchWidget(QString::number(i));
+        group->appendItem(rows.last());
+    }
+    show(group);
+    const QColor card = color(QPalette::Base);
+    const auto corners = [card](QWidget *row) {
+        const QImage image = pictures::of(row);
+        const QPoint last(image.width() - 1, image.height() - 1);
+        return QString(image.pixelColor(0, 0) == card ? "1" : "0") +
+               (image.pixelColor(last) == card ? "1" : "0");
+    };
+    QCOMPARE(corners(rows[0]), QStringLiteral("01"));
+    QCOMPARE(corners(rows[1]), QStringLiteral("11"));
+    QCOMPARE(corners(rows[2]), QStringLiteral("10"));
+    // A row that is hidden takes its corners along.
+    rows[2]->hide();
+    QCOMPARE(corners(rows[1]), QStringLiteral("10"));
+    group->removeItem(rows[0]);
+    QCOMPARE(corners(rows[1]), QStringLiteral("00"));
+}
+
+void PlatformRows::rowsApartAreCards()
+{
+    auto *group = new SettingsGroup;
+    group->setSpacing(10);
+    auto *first = new SwitchWidget(QStringLiteral("First"));
+    auto *second = new SwitchWidget(QStringLiteral("Second"));
+    group->appendItem(first);
+    group->appendItem(second);
+    show(group);
+    const QColor card = color(QPalette::Base);
+    for (QWidget *row : {first, second}) {
+        const QImage image = pictures::of(row);
+        QVERIFY(image.pixelColor(0, 0) != card);
+        QVERIFY(image.pixelColor(image.width() - 1, image.height() - 1) != card);
+        QCOMPARE(image.pixelColor(image.width() / 2, 0), card);
+    }
+}
+
+void PlatformRows::groupBackgroundLiesBehindAllRows()
+{
+    auto *group = new SettingsGroup(nullptr, SettingsGroup::GroupBackground);
+    auto *first = new SwitchWidget(QStringLiteral("First"));
+    auto *second = new SwitchWidget(QStringLiteral("Second"));
+    group->appendItem(first);
+    group->appendItem(second);
+    show(group);
+    QVERIFY(!first->hasBackground());
+    const QImage image = pictures::of(group);
+    QVERIFY(image.pixelColor(0, 0) != color(QPalette::Base));
+    QCOMPARE(image.pixelColor(image.width() / 2, 1), color(QPalette::Base));
+    // A thin line parts the rows.
+    QCOMPARE(
+        pictures::count(image, color(QPalette::Mid), QRect(0, second->y() - 1, image.width(), 1)),
+        image.width() - 2 * rowPadding);
+}
+
+void PlatformRows::itemWithoutBackgroundIsTransparent()
+{
+    auto *outer = new SettingsItem;
+    outer->addBackground();
+    auto *layout = new QVBoxLayout(outer);
+    auto *inner = new SettingsItem;
+    inner->setMinimumHeight(50);
+    layout->addWidget(inner);
+    show(outer);
+    const QImage image = pictures::of(outer);
+    QCOMPARE(image.pixelColor(inner->geometry().center()), color(QPalette::Base));
+    QVERIFY(!inner->hasBackground());
+}
+
+void PlatformRows::switchByMouse()
+{
+    auto *row = new SwitchWidget(QStringLiteral("Title"));
+    show(row);
+    QSignalSpy changed(row, &SwitchWidget::checkedChanged);
+    QTest::mouseClick(button(row), Qt::LeftButton);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.takeFirst().first().toBool(), true);
+    QVERIFY(row->checked());
+    QTest::mouseClick(button(row), Qt::LeftButton);
+    QCOMPARE(changed.takeFirst().first().toBool(), false);
+    QVERIFY(!row->checked());
+}
+
+void PlatformRows::switchByTheRowAroundIt()
+{
+    auto *row = new SwitchWidget(QStringLiteral("Title"));
+    show(row);
+    QSignalSpy changed(row, &SwitchWidget::checkedChanged);
+    auto *title = row->findChild<QLabel *>(QStringLiteral("switchTitle"));
+    QTest::mouseClick(title, Qt::LeftButton, Qt::NoModifier, QPoint(3, 3));
+    QCOMPARE(changed.count(), 1);
+    QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, QPoint(2, 2));
+    QCOMPARE(changed.count(), 2);
+    QVERIFY(!row->checked());
+}
+
+void PlatformRows::switchIgnoresOtherButtonsAndReleasesOutside()
+{
+    auto *row = new SwitchWidget(QStringLiteral("Title"));
+    show(row);
+    QSignalSpy changed(row, &SwitchWidget::checkedChanged);
+    QTest::mouseClick(row, Qt::RightButton);
+    QTest::mousePress(row, Qt::LeftButton);
+    QTest::mouseRelease(row, Qt::LeftButton, Qt::NoModifier, QPoint(-5, -5));
+    QTest::mouseRelease(row, Qt::LeftButton); // one that was not pressed here
+    QCOMPARE(changed.count(), 0);
+    QVERIFY(!button(row)->isDown());
+}
+
+void PlatformRows::switchByKeys()
+{
+    auto *row = new SwitchWidget(QStringLiteral("Title"));
+    show(row);
+    row->setFocus(Qt::TabFocusReason);
+    QCOMPARE(QApplication::focusWidget(), button(row));
+    QSignalSpy changed(row, &SwitchWidget::checkedChanged);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
+        QTest::keyClick(QApplication::focusWidget(), key);
+    QCOMPARE(changed.count(), 3);
+    QVERIFY(row->checked());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_X);
+    QCOMPARE(changed.count(), 3);
+}
+
+void PlatformRows::switchStateIsThereAtOnce()
+{
+    auto *row = new SwitchWidget;
+    show(row);
+    QSignalSpy changed(row, &SwitchWidget::checkedChanged);
+    row->setChecked(true);
+    QVERIFY(row->checked());
+    QCOMPARE(changed.count(), 1);
+    row->setChecked(true);
+    QCOMPARE(changed.count(), 1);
+    // The picture does not lag behind either: nobody watches an animation here.
+    const QImage at = pictures::of(row);
+    QCoreApplication::processEvents();
+    QCOMPARE(pictures::of(row), at);
+}
+
+void PlatformRows::disabledSwitchDoesNothing()
+{
+    auto *row = new SwitchWidget(QStringLiteral("Title"));
+    show(row);
+    const QImage enabled = pictures::of(row);
+    row->setEnabled(false);
+    QVERIFY(pictures::of(row) != enabled);
+    QSignalSpy changed(row, &SwitchWidget::checkedChanged);
+    QTest::mouseClick(button(row), Qt::LeftButton);
+    QTest::mouseClick(row, Qt::LeftButton);
+    QTest::keyClick(button(row), Qt::Key_Space);
+    QCOMPARE(changed.count(), 0);
+    row->setChecked(true);
+    QCOMPARE(changed.count(), 1);
+}
+
+void PlatformRows::switchIsACheckBoxToAScreenReader()
+{
+    auto *row = new SwitchWidget(QStringLiteral("Voice Wakeup"));
+    show(row);
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(button(row));
+    QVERIFY(accessible);
+    QCOMPARE(accessible->role(), QAccessible::CheckBox);
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Voice Wakeup"));
+    QVERIFY(accessible->state().checkable);
+    QVERIFY(!accessible->state().checked);
+    row->setChecked(true);
+    QVERIFY(accessible->state().checked);
+    row->setTitle(QStringLiteral("Other"));
+    QCOMPARE(row->title(), QStringLiteral("Other"));
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Other"));
+    QSignalSpy changed(row, &SwitchWidget::checkedChanged);
+    accessible->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    QTRY_COMPARE(changed.count(), 1);
+    QVERIFY(!row->checked());
+}
+
+void PlatformRows::switchShowsItsState()
+{
+    auto *row = new SwitchWidget(QStringLiteral("Title"));
+    show(row);
+    button(row)->clearFocus();
+    QCOMPARE(pictures::count(pictures::of(row), color(QPalette::Highlight)), 0);
+    row->setChecked(true);
+    QVERIFY(pictures::count(pictures::of(row), color(QPalette::Highlight)) > 300);
+}
+
+void PlatformRows::switchShowsFocus()
+{
+    auto *row = new SwitchWidget(QStringLiteral("Title"));
+    show(row);
+    row->setFocus(Qt::TabFocusReason);
+    const int ring = pictures::count(pictures::of(row), color(QPalette::Highlight));
+    QVERIFY2(ring > 100, qPrintable(QString::number(ring)));
+    button(row)->clearFocus();
+    QCOMPARE(pictures::count(pictures::of(row), color(QPalette::Highlight)), 0);
+    QTest::mouseClick(row, Qt::LeftButton);
+    QTest::mouseClick(row, Qt::LeftButton);
+    QVERIFY(button(row)->hasFocus());
+    QCOMPARE(pictures::count(pictures::of(row), color(QPalette::Highlight)), 0);
+}
+
+void PlatformRows::switchMirrors()
+{
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    auto *row = new SwitchWidget(QStringLiteral("Title"));
+    row->setChecked(true);
+    show(row);
+    button(row)->clearFocus();
+    const QImage image = pictures::of(row);
+    const QRect track = pictures::boundsOf(image, color(QPalette::Highlight), roundEdge);
+    QCOMPARE(track.left(), rowPadding);
+    QCOMPARE(track.size(), QSize(42, 24));
+    // On is to the left: the knob covers the track's left half.
+    const QRect left(track.left(), track.top(), track.width() / 2, track.height());
+    const QRect right = left.translated(track.width() / 2, 0);
+    QVERIFY(pictures::count(image, color(QPalette::Highlight), left) <
+            pictures::count(image, color(QPalette::Highlight), right));
+    // The title begins at the right, even one in a language that is written to the right.
+    const QRect text = pictures::boundsOf(image, color(QPalette::WindowText), 60);
+    QVERIFY2(image.width() - 1 - text.right() <= rowPadding + 2,
+             qPrintable(QString::number(text.right())));
+}
+
+void PlatformRows::titleTakesTheRowsFont()
+{
+    SwitchWidget row(QStringLiteral("Title"));
+    QFont font = row.font();
+    font.setPixelSize(33);
+    font.setBold(true);
+    row.setFont(font);
+    auto *title = row.findChild<QLabel *>(QStringLiteral("switchTitle"));
+    QCOMPARE(title->font().pixelSize(), 33);
+    QVERIFY(title->font().bold());
+}
+
+void PlatformRows::titleIsPlainText()
+{
+    SwitchWidget row(QStringLiteral("<b>not bold</b> & plain"));
+    auto *title = row.findChild<QLabel *>(QStringLiteral("switchTitle"));
+    QCOMPARE(title->textFormat(), Qt::PlainText);
+    QCOMPARE(row.title(), QStringLiteral("<b>not bold</b> & plain"));
+}
+
+void PlatformRows::longTitleWraps()
+{
+    auto *row = new SwitchWidget(QStringLiteral(
+        "a title that is far too long for the row, as titles in some languages are at some sizes"));
+    show(row, 260);
+    QVERIFY(row->height() > 48);
+    auto *title = row->findChild<QLabel *>(QStringLiteral("switchTitle"));
+    QVERIFY(title->height() >= title->heightForWidth(title->width()));
+    QVERIFY(row->rect().contains(button(row)->geometry()));
+    QVERIFY(!title->geometry().intersects(button(row)->geometry()));
+}
+
+void PlatformRows::rowAndControlsLineUp()
+{
+    // A switch row, a row that a page lays out itself with the style's margins, and a check box in
+    // a nested row of margin 5: text and controls stand under one another.
+    auto *group = new SettingsGroup;
+    auto *switchRow = new SwitchWidget(QStringLiteral("Show"));
+    switchRow->setChecked(true);
+    group->appendItem(switchRow);
+    auto *ownRow = new SettingsItem;
+    auto *ownLayout = new QHBoxLayout(ownRow);
+    auto *label = new QLabel(QStringLiteral("Language"));
+    auto *box = new QComboBox;
+    ownLayout->addWidget(label);
+    ownLayout->addWidget(box);
+    group->appendItem(ownRow);
+    auto *nested = new SettingsItem;
+    auto *nestedLayout = new QVBoxLayout(nested);
+    nestedLayout->setMargin(5);
+    auto *check = new QCheckBox(QStringLiteral("Check"));
+    check->setChecked(true);
+    nestedLayout->addWidget(check);
+    group->appendItem(nested);
+    show(group);
+    QApplication::focusWidget()->clearFocus();
+
+    const QImage image = pictures::of(group);
+    const auto rowImage = [&image](QWidget *row) {
+        return image.copy(row->geometry());
+    };
+    const QRect track =
+        pictures::boundsOf(rowImage(switchRow), color(QPalette::Highlight), roundEdge);
+    QCOMPARE(track.right(), group->width() - 1 - rowPadding);
+    QCOMPARE(box->geometry().right(), group->width() - 1 - rowPadding);
+    auto *title = switchRow->findChild<QLabel *>(QStringLiteral("switchTitle"));
+    QCOMPARE(title->x(), rowPadding);
+    QCOMPARE(label->x(), rowPadding);
+    const QRect indicator = pictures::boundsOf(rowImage(nested), color(QPalette::Highlight));
+    QCOMPARE(indicator.left(), rowPadding);
+    QCOMPARE(ownRow->height(), switchRow->height());
+}
+
+void PlatformRows::tipIsPlainTextInTheTextRole()
+{
+    auto *tip = new TipsLabel(QStringLiteral("<i>tip</i>"));
+    QCOMPARE(tip->textFormat(), Qt::PlainText);
+    QPalette palette = tip->palette();
+    palette.setBrush(QPalette::Text, QBrush(QColor("#ff00ff")));
+    tip->setPalette(palette);
+    show(tip);
+    QVERIFY(pictures::count(pictures::of(tip), QColor("#ff00ff"), QRect(), 60) > 5);
+    QCOMPARE(tip->contentsMargins(), QMargins(0, 0, 0, 0));
+}
+
+void PlatformRows::tipLinesUpWithRows_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("left to right") << Qt::LeftToRight;
+    QTest::newRow("right to left") << Qt::RightToLeft;
+}
+
+void PlatformRows::tipLinesUpWithRows()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    auto *tip = new TipsLabel(QStringLiteral("HHH"));
+    tip->setWordWrap(true);
+    tip->setContentsMargins(7, 0, 0, 0); // as pages do, in either direction
+    show(tip);
+    QApplication::setLayoutDirection(direction);
+    const QRect text = pictures::boundsOf(pictures::of(tip), color(QPalette::Text), 60);
+    QVERIFY(!text.isNull());
+    const int leading =
+        direction == Qt::LeftToRight ? text.left() : tip->width() - 1 - text.right();
+    QVERIFY2(qAbs(leading - rowPadding) <= 2, qPrintable(QString::number(leading)));
+}
+
+QTEST_MAIN(PlatformRows)
+
+#include "platformrows.moc"

@@ -1,0 +1,465 @@
+#include "platformpictures.h"
+
+#include <ztk/zapplicationsetup.h>
+#include <ztk/zguiapplicationhelper.h>
+#include <ztk/zpainting.h>
+#include <ztk/zstyle.h>
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScopedPointer>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QStyleOptionButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+using namespace Ztk::Widget;
+using Ztk::Gui::ZGuiApplicationHelper;
+
+/** The widget style, by real controls: sizes, states, focus, mirrored layouts, key caps, menus. */
+class PlatformStyle : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+    void controlsCanBeHit_data();
+    void controlsCanBeHit();
+    void controlsGrowWithTheFont();
+    void focusIsVisible_data() { controls(); }
+    void focusIsVisible();
+    void disabledLooksDifferent_data() { controls(); }
+    void disabledLooksDifferent();
+    void themesDiffer_data() { controls(); }
+    void themesDiffer();
+    void checkBoxShowsItsThreeStates();
+    void checkBoxIsHitOnItsWholeWidth();
+    void checkBoxMirrors();
+    void comboBoxOpensAListAndTakesAChoice();
+    void comboBoxIgnoresTheWheel();
+    void comboBoxElidesWhatDoesNotFit();
+    void comboBoxMirrors();
+    void listEntriesCanBeHit();
+    void keyCapIsDrawnInItsRoles();
+    void keyCapIsNotStretchedToItsRow();
+    void scrollBarHandleFollowsTheValue();
+    void scrollBarIsDraggedByItsHandle();
+    void linesAreSharp_data();
+    void linesAreSharp();
+    void symbolsAreToldFromPictures();
+
+private:
+    static void controls();
+    static QColor color(QPalette::ColorRole role) { return QApplication::palette().color(role); }
+    QWidget *make(const QString &kind);
+
+    QScopedPointer<QWidget> m_window;
+};
+
+void PlatformStyle::initTestCase()
+{
+    QFont font = QApplication::font();
+    font.setPixelSize(14);
+    QApplication::setFont(font);
+    ZApplicationSetup::install();
+    QCOMPARE(QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration), 0);
+}
+
+void PlatformStyle::cleanup()
+{
+    m_window.reset();
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::LightType);
+}
+
+void PlatformStyle::controls()
+{
+    QTest::addColumn<QString>("kind");
+    for (const char *kind : {"push button", "check box", "radio button", "combo box", "line edit"})
+        QTest::newRow(kind) << QString::fromLatin1(kind);
+}
+
+/** A control of this kind in a window in which another widget has the focus. */
+QWidget *PlatformStyle::make(const QString &kind)
+{
+    m_window.reset(new QWidget);
+    auto *layout = new QVBoxLayout(m_window.data());
+    QWidget *control = nullptr;
+    if (kind == QLatin1String("push button")) {
+        control = new QPushButton(QStringLiteral("Push"));
+    } else if (kind == QLatin1String("check box")) {
+        control = new QCheckBox(QStringLiteral("Check"));
+    } else if (kind == QLatin1String("radio button")) {
+        control = new QRadioButton(QStringLiteral("Choose"));
+    } else if (kind == QLatin1String("line edit")) {
+        control = new QLineEdit(QStringLiteral("Text"));
+    } else {
+        auto *box = new QComboBox;
+        box->addItems({QStringLiteral("One"), QStringLiteral("Two"), QStringLiteral("Three")});
+        control = box;
+    }
+    auto *other = new QWidget;
+    other->setFocusPolicy(Qt::StrongFocus);
+    layout->addWidget(other, 1);
+    layout->addWidget(control);
+    m_window->resize(300, 200);
+    m_window->show();
+    if (!QTest::qWaitForWindowActive(m_window.data()))
+        return nullptr;
+    other->setFocus();
+    return control;
+}
+
+void PlatformStyle::controlsCanBeHit_data()
+{
+    controls();
+}
+
+void PlatformStyle::controlsCanBeHit()
+{
+    QFETCH(QString, kind);
+    QWidget *control = make(kind);
+    QVERIFY(control);
+    QVERIFY(control->sizeHint().height() >= ZStyle::MinimumHitHeight);
+    QVERIFY(control->height() >= ZStyle::MinimumHitHeight);
+}
+
+void PlatformStyle::controlsGrowWithTheFont()
+{
+    for (const char *kind : {"push button", "check box", "combo box", "line edit"}) {
+        QWidget *control = make(QString::fromLatin1(kind));
+        QFont font = control->font();
+        font.setPixelSize(48);
+        control->setFont(font);
+        QVERIFY2(control->sizeHint().height() >= control->fontMetrics().height(), kind);
+        QVERIFY2(control->sizeHint().height() > ZStyle::MinimumHitHeight, kind);
+    }
+}
+
+void PlatformStyle::focusIsVisible()
+{
+    QFETCH(QString, kind);
+    QWidget *control = make(kind);
+    QVERIFY(control);
+    QCOMPARE(pictures::count(pictures::of(control), color(QPalette::Highlight)), 0);
+    control->setFocus(Qt::TabFocusReason);
+    QVERIFY(pictures::count(pictures::of(control), color(QPalette::Highlight)) > 60);
+}
+
+void PlatformStyle::disabledLooksDifferent()
+{
+    QFETCH(QString, kind);
+    QWidget *control = make(kind);
+    QVERIFY(control);
+    const QImage enabled = pictures::of(control);
+    control->setEnabled(false);
+    const QImage disabled = pictures::of(control);
+    QVERIFY(disabled != enabled);
+    QVERIFY(pictures::count(disabled, color(QPalette::WindowText)) <
+            pictures::count(enabled, color(QPalette::WindowText)) / 2);
+}
+
+void PlatformStyle::themesDiffer()
+{
+    QFETCH(QString, kind);
+    QWidget *control = make(kind);
+    QVERIFY(control);
+    const QImage light = pictures::of(control);
+    ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::DarkType);
+    const QImage dark = pictures::of(control);
+    const QPoint ground(control->width() - 12, 8);
+    QVERIFY(pictures::contrast(light.pixelColor(ground), dark.pixelColor(ground)) > 5);
+}
+
+void PlatformStyle::checkBoxShowsItsThreeStates()
+{
+    auto *box = qobject_cast<QCheckBox *>(make(QStringLiteral("check box")));
+    QVERIFY(box);
+    box->setTristate(true);
+    QList<QImage> seen;
+    for (const Qt::CheckState state : {Qt::Unchecked, Qt::PartiallyChecked, Qt::Checked}) {
+        box->setCheckState(state);
+        const QImage image = pictures::of(box);
+        QVERIFY(!seen.contains(image));
+        seen << image;
+        const int filled = pictures::count(image, color(QPalette::Highlight));
+        QVERIFY(state == Qt::Unchecked ? filled == 0 : filled > 150);
+    }
+}
+
+void PlatformStyle::checkBoxIsHitOnItsWholeWidth()
+{
+    auto *box = qobject_cast<QCheckBox *>(make(QStringLiteral("check box")));
+    QVERIFY(box);
+    QVERIFY(box->width() > 2 * box->sizeHint().width());
+    QSignalSpy toggled(box, &QCheckBox::toggled);
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(box->width() - 4, 4));
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+    QTest::keyClick(box, Qt::Key_Space);
+    QCOMPARE(toggled.count(), 3);
+}
+
+void PlatformStyle::checkBoxMirrors()
+{
+    auto *box = qobject_cast<QCheckBox *>(make(QStringLiteral("check box")));
+    QVERIFY(box);
+    box->setChecked(true);
+    const QRect left = pictures::boundsOf(pictures::of(box), color(QPalette::Highlight));
+    QVERIFY(left.right() < box->width() / 4);
+    box->setLayoutDirection(Qt::RightToLeft);
+    const QRect right = pictures::boundsOf(pictures::of(box), color(QPalette::Highlight));
+    QCOMPARE(right.left(), box->width() - 1 - left.right());
+}
+
+void PlatformStyle::comboBoxOpensAListAndTakesAChoice()
+{
+    auto *box = qobject_cast<QComboBox *>(make(QStringLiteral("combo box")));
+    QVERIFY(box);
+    QTest::mouseClick(box, Qt::LeftButton);
+    QAbstractItemView *list = box->view();
+    QTRY_VERIFY(list->isVisible());
+    const QModelIndex third = box->model()->index(2, 0);
+    QSignalSpy changed(box, QOverload<int>::of(&QComboBox::currentIndexChanged));
+    QTest::mouseMove(list->viewport(), list->visualRect(third).center());
+    QVERIFY(pictures::count(pictures::of(list), color(QPalette::Highlight)) > 1000);
+    // A release right after the press that opened the list is taken for the end of that press.
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_End);
+    QTest::keyClick(list, Qt::Key_Return);
+    QTRY_COMPARE(changed.count(), 1);
+    QCOMPARE(box->currentText(), QStringLiteral("Three"));
+    QTRY_VERIFY(!list->isVisible());
+    QTest::keyClick(box, Qt::Key_Up);
+    QCOMPARE(box->currentText(), QStringLiteral("Two"));
+}
+
+void PlatformStyle::comboBoxIgnoresTheWheel()
+{
+    auto *box = qobject_cast<QComboBox *>(make(QStringLiteral("combo box")));
+    QVERIFY(box);
+    QWheelEvent down(box->rect().center(), box->mapToGlobal(box->rect().center()), QPoint(),
+                     QPoint(0, -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(box, &down);
+    QCOMPARE(box->currentIndex(), 0);
+    QVERIFY(!down.isAccepted());
+}
+
+void PlatformStyle::comboBoxElidesWhatDoesNotFit()
+{
+    auto *box = qobject_cast<QComboBox *>(make(QStringLiteral("combo box")));
+    QVERIFY(box);
+    box->setItemText(0, QString(200, QLatin1Char('W')));
+    box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    box->setFixedWidth(120);
+    const QImage image = pictures::of(box);
+    // Nothing of the text comes under the arrow.
+    const QRect beforeArrow(120 - 34, 4, 8, image.height() - 8);
+    QCOMPARE(pictures::count(image, color(QPalette::ButtonText), beforeArrow, 60), 0);
+}
+
+void PlatformStyle::comboBoxMirrors()
+{
+    auto *box = qobject_cast<QComboBox *>(make(QStringLiteral("combo box")));
+    QVERIFY(box);
+    box->setItemText(0, QStringLiteral("."));
+    const QRect rightHalf(box->width() - 40, 0, 40, box->height());
+    const int arrow =
+        pictures::count(pictures::of(box), color(QPalette::ButtonText), rightHalf, 60);
+    QVERIFY(arrow > 10);
+    box->setLayoutDirection(Qt::RightToLeft);
+    const QRect leftHalf(0, 0, 40, box->height());
+    QVERIFY(pictures::count(pictures::of(box), color(QPalette::ButtonText), leftHalf, 60) > 10);
+    QVERIFY(pictures::count(pictures::of(box), color(QPalette::ButtonText), rightHalf, 60) < arrow);
+}
+
+void PlatformStyle::listEntriesCanBeHit()
+{
+    auto *box = qobject_cast<QComboBox *>(make(QStringLiteral("combo box")));
+    QVERIFY(box);
+    box->showPopup();
+    QAbstractItemView *list = box->view();
+    QTRY_VERIFY(list->isVisible());
+    for (int row = 0; row < box->count(); ++row)
+        QVERIFY(list->visualRect(box->model()->index(row, 0)).height() >= ZStyle::MinimumHitHeight);
+    box->hidePopup();
+
+    QMenu menu;
+    QAction *entry = menu.addAction(QStringLiteral("Entry"));
+    menu.addSeparator();
+    QVERIFY(menu.sizeHint().height() >= ZStyle::MinimumHitHeight);
+    QVERIFY(menu.actionGeometry(entry).height() >= ZStyle::MinimumHitHeight);
+}
+
+/** What a key cap's owner hands over: no state, its colours in four roles of the palette. */
+static QImage keyCapPicture(const QSize &size, QStyleOptionButton *option = nullptr)
+{
+    QStyleOptionButton own;
+    QStyleOptionButton &cap = option ? *option : own;
+    cap.rect = QRect(QPoint(), size);
+    cap.text = QStringLiteral("Ctrl");
+    const QPalette palette = cap.palette;
+    cap.palette.setBrush(QPalette::Light, palette.base());
+    cap.palette.setBrush(QPalette::Dark, palette.base());
+    cap.palette.setBrush(QPalette::ButtonText, palette.highlight());
+    cap.palette.setBrush(QPalette::Shadow, QBrush(Qt::transparent));
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    QApplication::style()->drawControl(QStyle::CE_PushButton, &cap, &painter);
+    painter.end();
+    return image;
+}
+
+void PlatformStyle::keyCapIsDrawnInItsRoles()
+{
+    for (const auto theme : {ZGuiApplicationHelper::LightType, ZGuiApplicationHelper::DarkType}) {
+        ZGuiApplicationHelper::instance()->setThemeType(theme);
+        const QImage image = keyCapPicture(QSize(50, 26));
+        QVERIFY(pictures::count(image, color(QPalette::Base)) > 50 * 26 / 3);
+        QVERIFY(pictures::count(image, color(QPalette::Highlight), QRect(), 40) > 10);
+        // The text of something disabled would be pale instead.
+        QCOMPARE(pictures::count(image, QApplication::palette().color(QPalette::Disabled,
+                                                                      QPalette::ButtonText)),
+                 0);
+        // An edge all around, thicker below: it is a key.
+        const QColor edge = image.pixelColor(25, 25);
+        QCOMPARE(edge.alpha(), 255);
+        QVERIFY(edge != color(QPalette::Base));
+        QCOMPARE(image.pixelColor(25, 24), edge);
+        QCOMPARE(image.pixelColor(25, 0), edge);
+        QVERIFY(image.pixelColor(25, 1) != edge);
+        QVERIFY(image.pixelColor(0, 0).alpha() < 128);
+    }
+}
+
+void PlatformStyle::keyCapIsNotStretchedToItsRow()
+{
+    const QImage image = keyCapPicture(QSize(50, 60));
+    QCOMPARE(image.pixelColor(25, 2).alpha(), 0);
+    QCOMPARE(image.pixelColor(25, 57).alpha(), 0);
+    QCOMPARE(image.pixelColor(8, 30).alpha(), 255);
+}
+
+void PlatformStyle::scrollBarHandleFollowsTheValue()
+{
+    for (const Qt::Orientation orientation : {Qt::Vertical, Qt::Horizontal}) {
+        QScrollBar bar(orientation);
+        bar.setRange(0, 100);
+        bar.setPageStep(50);
+        bar.resize(orientation == Qt::Vertical ? QSize(12, 300) : QSize(300, 12));
+        QStyleOptionSlider option;
+        const auto handle = [&bar, &option]() {
+            option.initFrom(&bar);
+            option.orientation = bar.orientation();
+            option.minimum = bar.minimum();
+            option.maximum = bar.maximum();
+            option.pageStep = bar.pageStep();
+            option.sliderPosition = bar.value();
+            return QApplication::style()->subControlRect(QStyle::CC_ScrollBar, &option,
+                                                         QStyle::SC_ScrollBarSlider, &bar);
+        };
+        const auto start = [orientation](const QRect &rect) {
+            return orientation == Qt::Vertical ? rect.top() : rect.left();
+        };
+        const auto length = [orientation](const QRect &rect) {
+            return orientation == Qt::Vertical ? rect.height() : rect.width();
+        };
+        QCOMPARE(start(handle()), 0);
+        QCOMPARE(length(handle()), 100); // a page of 50 of 150
+        bar.setValue(100);
+        QCOMPARE(start(handle()), 200);
+        bar.setValue(50);
+        QCOMPARE(start(handle()), 100);
+        bar.setLayoutDirection(Qt::RightToLeft);
+        bar.setValue(0);
+        QCOMPARE(start(handle()), orientation == Qt::Vertical ? 0 : 200);
+        bar.setRange(0, 1000000);
+        QVERIFY(length(handle()) >= 36);
+    }
+}
+
+void PlatformStyle::scrollBarIsDraggedByItsHandle()
+{
+    QScrollArea area;
+    auto *content = new QWidget;
+    content->setFixedSize(100, 2000);
+    area.setWidget(content);
+    area.resize(200, 300);
+    area.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&area));
+    QScrollBar *bar = area.verticalScrollBar();
+    QVERIFY(bar->isVisible());
+    const QImage before = pictures::of(bar);
+    QTest::mousePress(bar, Qt::LeftButton, Qt::NoModifier, QPoint(6, 10));
+    QMouseEvent drag(QEvent::MouseMove, QPoint(6, 60), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(bar, &drag);
+    QTest::mouseRelease(bar, Qt::LeftButton, Qt::NoModifier, QPoint(6, 60));
+    QVERIFY(bar->value() > 0);
+    QVERIFY(pictures::of(bar) != before);
+}
+
+void PlatformStyle::linesAreSharp_data()
+{
+    QTest::addColumn<qreal>("scale");
+    QTest::addColumn<int>("thickness"); // of the frame, in device pixels
+    QTest::newRow("1") << 1.0 << 1;
+    QTest::newRow("1.25") << 1.25 << 1;
+    QTest::newRow("1.5") << 1.5 << 1;
+    QTest::newRow("2") << 2.0 << 2;
+    QTest::newRow("3") << 3.0 << 3;
+}
+
+void PlatformStyle::linesAreSharp()
+{
+    QFETCH(qreal, scale);
+    QFETCH(int, thickness);
+    QImage image(qRound(101 * scale), qRound(41 * scale), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    ZPainting::frameRounded(&painter, QRectF(3, 3, 95, 35), 7, Qt::black,
+                            ZPainting::hairline(&painter));
+    painter.end();
+    // Down the middle there are only black and white pixels: no grey ones at the line's sides.
+    const int middle = image.width() / 2;
+    int black = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const QColor pixel = image.pixelColor(middle, y);
+        QVERIFY2(pixel == QColor(Qt::black) || pixel == QColor(Qt::white),
+                 qPrintable(QStringLiteral("%1 at %2").arg(pixel.name()).arg(y)));
+        black += pixel == QColor(Qt::black);
+    }
+    QCOMPARE(black, 2 * thickness);
+}
+
+void PlatformStyle::symbolsAreToldFromPictures()
+{
+    QPixmap pixmap(10, 10);
+    pixmap.fill(Qt::transparent);
+    QVERIFY(!ZPainting::isSymbol(pixmap));
+    QPainter painter(&pixmap);
+    painter.fillRect(0, 0, 5, 10, Qt::black);
+    painter.fillRect(5, 0, 2, 10, QColor(0, 0, 0, 90));
+    QVERIFY(ZPainting::isSymbol(pixmap));
+    painter.fillRect(7, 0, 3, 10, Qt::red);
+    painter.end();
+    QVERIFY(!ZPainting::isSymbol(pixmap));
+    const QImage tinted = ZPainting::tinted(pixmap, Qt::blue).toImage();
+    QCOMPARE(tinted.pixelColor(1, 1), QColor(Qt::blue));
+    QVERIFY(qAbs(tinted.pixelColor(6, 1).alpha() - 90) <= 1);
+}
+
+QTEST_MAIN(PlatformStyle)
+
+#include "platformstyle.moc"

@@ -1,0 +1,156 @@
+#include "platformpictures.h"
+
+#include <ztk/zapplicationsetup.h>
+#include <ztk/zguiapplicationhelper.h>
+
+#include <QApplication>
+#include <QPalette>
+#include <QSignalSpy>
+#include <QTest>
+
+using Ztk::Gui::ZGuiApplicationHelper;
+
+/** The two themes: their palettes and the signal that tells of a switch. */
+class PlatformTheme : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void brightTextTellsTheThemesApart();
+    void everyRoleOfEveryGroupIsSet_data() { themes(); }
+    void everyRoleOfEveryGroupIsSet();
+    void textsAreReadable_data();
+    void textsAreReadable();
+    void outlinesAreVisible_data() { themes(); }
+    void outlinesAreVisible();
+    void changeIsToldOnce();
+
+private:
+    static void themes();
+    static ZGuiApplicationHelper *helper() { return ZGuiApplicationHelper::instance(); }
+};
+
+void PlatformTheme::initTestCase()
+{
+    QCOMPARE(helper()->themeType(), ZGuiApplicationHelper::LightType);
+    Ztk::Widget::ZApplicationSetup::install();
+}
+
+void PlatformTheme::themes()
+{
+    QTest::addColumn<ZGuiApplicationHelper::ColorType>("theme");
+    QTest::newRow("light") << ZGuiApplicationHelper::LightType;
+    QTest::newRow("dark") << ZGuiApplicationHelper::DarkType;
+}
+
+void PlatformTheme::brightTextTellsTheThemesApart()
+{
+    const auto groups = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
+    helper()->setThemeType(ZGuiApplicationHelper::LightType);
+    for (const QPalette::ColorGroup group : groups)
+        QCOMPARE(QWidget().palette().color(group, QPalette::BrightText).name(),
+                 QStringLiteral("#000000"));
+    helper()->setThemeType(ZGuiApplicationHelper::DarkType);
+    for (const QPalette::ColorGroup group : groups)
+        QCOMPARE(QWidget().palette().color(group, QPalette::BrightText).name(),
+                 QStringLiteral("#ffffff"));
+}
+
+void PlatformTheme::everyRoleOfEveryGroupIsSet()
+{
+    QFETCH(ZGuiApplicationHelper::ColorType, theme);
+    helper()->setThemeType(theme);
+    const QPalette palette = QApplication::palette();
+    for (int group = 0; group < QPalette::NColorGroups; ++group) {
+        for (int role = 0; role < QPalette::NColorRoles; ++role) {
+            if (role == QPalette::NoRole)
+                continue;
+            QVERIFY2(palette.isBrushSet(QPalette::ColorGroup(group), QPalette::ColorRole(role)),
+                     qPrintable(QStringLiteral("group %1 role %2").arg(group).arg(role)));
+        }
+    }
+}
+
+void PlatformTheme::textsAreReadable_data()
+{
+    QTest::addColumn<ZGuiApplicationHelper::ColorType>("theme");
+    QTest::addColumn<QPalette::ColorRole>("text");
+    QTest::addColumn<QPalette::ColorRole>("ground");
+    const QList<QPair<QPalette::ColorRole, QPalette::ColorRole>> pairs = {
+        {QPalette::WindowText, QPalette::Window},
+        {QPalette::WindowText, QPalette::Base},
+        {QPalette::Text, QPalette::Base},
+        {QPalette::Text, QPalette::AlternateBase},
+        {QPalette::ButtonText, QPalette::Button},
+        {QPalette::HighlightedText, QPalette::Highlight},
+        {QPalette::Highlight, QPalette::Base}, // key caps
+        {QPalette::Link, QPalette::Base},
+        {QPalette::Link, QPalette::Window},
+        {QPalette::LinkVisited, QPalette::Base},
+        {QPalette::ToolTipText, QPalette::ToolTipBase},
+#if QT_VERSION >= QT_VERSION_CHECK(5, 12, 0)
+        {QPalette::PlaceholderText, QPalette::Base},
+#endif
+    };
+    const QMetaEnum names = QMetaEnum::fromType<QPalette::ColorRole>();
+    for (const auto theme : {ZGuiApplicationHelper::LightType, ZGuiApplicationHelper::DarkType}) {
+        for (const auto &pair : pairs) {
+            const QByteArray name =
+                QByteArray(theme == ZGuiApplicationHelper::LightType ? "light, " : "dark, ") +
+                names.valueToKey(pair.first) + " on " + names.valueToKey(pair.second);
+            QTest::newRow(name.constData()) << theme << pair.first << pair.second;
+        }
+    }
+}
+
+void PlatformTheme::textsAreReadable()
+{
+    QFETCH(ZGuiApplicationHelper::ColorType, theme);
+    QFETCH(QPalette::ColorRole, text);
+    QFETCH(QPalette::ColorRole, ground);
+    helper()->setThemeType(theme);
+    const QPalette palette = QApplication::palette();
+    const double contrast = pictures::contrast(palette.color(text), palette.color(ground));
+    QVERIFY2(contrast >= 4.5, qPrintable(QString::number(contrast)));
+}
+
+void PlatformTheme::outlinesAreVisible()
+{
+    QFETCH(ZGuiApplicationHelper::ColorType, theme);
+    helper()->setThemeType(theme);
+    const QPalette palette = QApplication::palette();
+    QVERIFY(pictures::contrast(palette.color(QPalette::Dark), palette.color(QPalette::Base)) >= 3);
+    QVERIFY(pictures::contrast(palette.color(QPalette::Highlight), palette.color(QPalette::Base)) >=
+            3);
+    QVERIFY(pictures::contrast(palette.color(QPalette::Highlight),
+                               palette.color(QPalette::Window)) >= 3);
+}
+
+void PlatformTheme::changeIsToldOnce()
+{
+    helper()->setThemeType(ZGuiApplicationHelper::LightType);
+    QSignalSpy changed(helper(), &ZGuiApplicationHelper::themeTypeChanged);
+    helper()->setThemeType(ZGuiApplicationHelper::LightType);
+    QCOMPARE(changed.count(), 0);
+
+    // Whoever hears of the change finds the new theme in force.
+    QColor seenWindow;
+    ZGuiApplicationHelper::ColorType seenType = ZGuiApplicationHelper::UnknownType;
+    const auto connection =
+        connect(helper(), &ZGuiApplicationHelper::themeTypeChanged, this, [&]() {
+            seenWindow = QApplication::palette().color(QPalette::Window);
+            seenType = helper()->themeType();
+        });
+    helper()->setThemeType(ZGuiApplicationHelper::DarkType);
+    disconnect(connection);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.first().first().value<ZGuiApplicationHelper::ColorType>(),
+             ZGuiApplicationHelper::DarkType);
+    QCOMPARE(seenType, ZGuiApplicationHelper::DarkType);
+    QVERIFY(seenWindow.lightness() < 60);
+}
+
+QTEST_MAIN(PlatformTheme)
+
+#include "platformtheme.moc"
