@@ -26,8 +26,7 @@ namespace {
 
 constexpr QSize usualSize(1100, 720);
 constexpr QSize leastSize(880, 540);
-constexpr int sideBarWidth = 228; // px
-constexpr int headerHeight = 60;  // px
+constexpr int headerHeight = 60; // px
 
 /** Internal names of the entries beside the module's: a sample without a page, and one with its
  * own. */
@@ -159,7 +158,6 @@ void ControlCenterWindow::closeEvent(QCloseEvent *event)
 QWidget *ControlCenterWindow::buildSideBar()
 {
     auto *sideBar = new SideBar(this);
-    sideBar->setFixedWidth(sideBarWidth);
     auto *layout = new QVBoxLayout(sideBar);
     layout->setContentsMargins(12, 12, 12, 12);
     layout->setSpacing(12);

@@ -16,7 +16,8 @@ namespace controlcenter {
 namespace {
 
 constexpr int nameRole = Ztk::Widget::ZListView::MarginsRole + 1;
-constexpr int iconSide = 24; // px
+constexpr int iconSide = 24;   // px
+constexpr int aroundText = 46; // px: margins of the row, and the gap behind the icon
 
 } // namespace
 
@@ -56,6 +57,14 @@ QString NavigationColumn::currentEntry() const
 QString NavigationColumn::entryText(const QString &name) const
 {
     return m_model->index(rowOf(name), 0).data(Qt::DisplayRole).toString();
+}
+
+QSize NavigationColumn::sizeHint() const
+{
+    int text = 0;
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        text = qMax(text, fontMetrics().horizontalAdvance(m_model->item(row)->text()));
+    return {text + iconSide + aroundText, Ztk::Widget::ZListView::sizeHint().height()};
 }
 
 void NavigationColumn::currentChanged(const QModelIndex &current, const QModelIndex &previous)

@@ -29,6 +29,9 @@ public:
     QString currentEntry() const;
     QString entryText(const QString &name) const;
 
+    /** Wide enough for every entry on one line. */
+    QSize sizeHint() const override;
+
 Q_SIGNALS:
     void entryOpened(const QString &name);
 

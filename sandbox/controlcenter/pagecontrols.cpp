@@ -29,7 +29,8 @@ bool isControlRole(QAccessible::Role role)
 bool isControl(QWidget *widget)
 {
     const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(widget);
-    return accessible && isControlRole(accessible->role());
+    return accessible &&
+           (isControlRole(accessible->role()) || widget->focusPolicy() & Qt::TabFocus);
 }
 
 /** A combo box shows its list and its line edit as children; the user operates the box. */

@@ -7,7 +7,8 @@ namespace controlcenter {
 
 /**
  * The controls inside @p page that the user can operate now, as assistive technologies see them:
- * check boxes, buttons, lists, fields and links that are visible and enabled. In tab order.
+ * check boxes, buttons, lists, fields, links and whatever else takes the focus, visible and
+ * enabled. In tab order.
  */
 QVector<QWidget *> controlsOf(QWidget *page);
 

@@ -9,6 +9,9 @@ namespace controlcenter {
 SideBar::SideBar(QWidget *parent)
     : QWidget(parent)
 {
+    constexpr int leastWidth = 228; // px
+    setMinimumWidth(leastWidth);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
 }
 
 void SideBar::paintEvent(QPaintEvent *)

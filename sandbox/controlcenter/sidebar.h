@@ -4,7 +4,7 @@
 
 namespace controlcenter {
 
-/** The window's leading column, a shade away from the page. Lay its contents out yourself. */
+/** The window's leading column, a shade away from the page and as wide as its contents need. */
 class SideBar : public QWidget
 {
     Q_OBJECT

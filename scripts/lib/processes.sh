@@ -32,6 +32,12 @@ wait_for_line() {
     fi
 }
 
+# show_messages FILE...: shows what stands in the files, and what is added to them.
+show_messages() {
+    tail -q -n +1 -f "$@" &
+    process_names[$!]=messages
+}
+
 # end_processes: ends everything that start_process started, the latest first, and waits for it.
 end_processes() {
     local pid pids

@@ -51,10 +51,13 @@ void TourDriver::type(const QString &text)
 
 bool TourDriver::waitFor(const std::function<bool()> &condition, int milliseconds)
 {
-    bool late = false;
-    QTimer::singleShot(milliseconds, m_window, [&late] { late = true; });
-    while (!condition() && !late)
+    QTimer limit;
+    limit.setSingleShot(true);
+    limit.start(milliseconds);
+    while (!condition() && limit.isActive()) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        settle();
+    }
     return condition();
 }
 
