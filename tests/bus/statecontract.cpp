@@ -1,0 +1,391 @@
+#include "assistantdockserviceinterface.h"
+#include "proxy/assistantstateproxy.h"
+#include "proxy/servicenames.h"
+#include "tests/support/busrecorder.h"
+#include "tests/support/serviceprocess.h"
+
+#include <QtTest>
+
+#include <functional>
+
+// Every call of the contract with the services, one row each, as the bus carried it: destination,
+// path, interface, method, argument types, whether a reply was asked for, and the values.
+
+using testsupport::BusMessage;
+using testsupport::BusRecorder;
+using testsupport::ServiceProcess;
+
+using CallFunction = std::function<QVariant()>;
+Q_DECLARE_METATYPE(CallFunction)
+
+class StateContractTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void writesAreSentWithoutAskingForAReply_data();
+    void writesAreSentWithoutAskingForAReply();
+    void writesReachTheServicesState_data();
+    void writesReachTheServicesState();
+    void readsAskForAReplyAndReturnIt_data();
+    void readsAskForAReplyAndReturnIt();
+    void theNetworkIsAskedForOnTheSystemBus();
+    void dockCallsAskForAReply_data();
+    void dockCallsAskForAReply();
+    void theDockProxyRelaysItsSignal();
+
+private:
+    /** The one call that @p function sends; fails the test when it is not one. */
+    QVariant recorded(const CallFunction &function, const QString &summary,
+                      const QJsonArray &arguments);
+
+    ServiceProcess m_assistant{QStringLiteral("assistant")};
+    ServiceProcess m_dock{QStringLiteral("dock")};
+    ServiceProcess m_keybinding{QStringLiteral("keybinding")};
+    ServiceProcess m_network{QStringLiteral("networkmanager")};
+    BusRecorder m_session{QDBusConnection::SessionBus};
+    BusRecorder m_system{QDBusConnection::SystemBus};
+};
+
+namespace {
+
+QString onAssistant(const char *object, const char *interface, const char *call)
+{
+    return QStringLiteral("com.corvane.aiassistant /aiassistant/%1 com.corvane.aiassistant.%2.%3")
+        .arg(QLatin1String(object), QLatin1String(interface), QLatin1String(call));
+}
+
+QString onDock(const char *call)
+{
+    return QStringLiteral(
+               "com.corvane.aiassistant.dock "
+               "/com/corvane/aiassistant/dockIconControl com.corvane.aiassistant.dock.") +
+           QLatin1String(call);
+}
+
+} // namespace
+
+void StateContractTest::initTestCase()
+{
+    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network})
+        QVERIFY(service->start());
+    QVERIFY(m_session.start());
+    QVERIFY(m_system.start());
+}
+
+void StateContractTest::init()
+{
+    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network})
+        service->reset();
+    QVERIFY(m_session.clear());
+    QVERIFY(m_system.clear());
+}
+
+QVariant StateContractTest::recorded(const CallFunction &function, const QString &summary,
+                                     const QJsonArray &arguments)
+{
+    const QVariant result = function();
+    [&] {
+        QVERIFY(m_session.sync());
+        QVERIFY(m_system.sync());
+        QCOMPARE(m_session.callSummaries(), QStringList{summary});
+        QCOMPARE(m_session.calls().constFirst().arguments, arguments);
+        QCOMPARE(m_system.callSummaries(), QStringList());
+    }();
+    return result;
+}
+
+void StateContractTest::writesAreSentWithoutAskingForAReply_data()
+{
+    using Proxy = AssistantStateProxy;
+    QTest::addColumn<CallFunction>("function");
+    QTest::addColumn<QString>("summary");
+    QTest::addColumn<QJsonArray>("arguments");
+    const auto add = [](const char *name, const CallFunction &function, const QString &summary,
+                        const QJsonArray &arguments) {
+        QTest::newRow(name) << function << summary + QStringLiteral(" no-reply") << arguments;
+    };
+
+    const QString setIatEnable = onAssistant("iat", "iat", "setIatEnable(b)");
+    add("dictation on", [] { return Proxy::setVoiceIatState(true); }, setIatEnable, {true});
+    add("dictation off", [] { return Proxy::setVoiceIatState(false); }, setIatEnable, {false});
+    const QString setIatLanguage = onAssistant("iat", "iat", "setIatLanguage(s)");
+    for (const char *language : {"zh_cn", "en_us"}) {
+        const QString text = QLatin1String(language);
+        QTest::addRow("dictation language %s", language)
+            << CallFunction([text] { return Proxy::setVoiceIatLanguage(text); })
+            << setIatLanguage + QStringLiteral(" no-reply") << QJsonArray{text};
+    }
+
+    const QString setTtsEnable = onAssistant("tts", "tts", "setTTSEnable(b)");
+    add("reading on", [] { return Proxy::setVoiceTTSState(true); }, setTtsEnable, {true});
+    add("reading off", [] { return Proxy::setVoiceTTSState(false); }, setTtsEnable, {false});
+    const QString setWindow = onAssistant("tts", "tts", "setEnableWindow(b)");
+    add("speech widget on", [] { return Proxy::setVoiceTTSWindowState(true); }, setWindow, {true});
+    add("speech widget off", [] { return Proxy::setVoiceTTSWindowState(false); }, setWindow,
+        {false});
+    const QString setSpeaker = onAssistant("tts", "tts", "setSpeaker(s)");
+    const QString female = QStringLiteral("x_tovali");
+    add("reader 0", [] { return Proxy::setVoiceTTSSpeaker(0); }, setSpeaker, {female});
+    add("reader 1", [] { return Proxy::setVoiceTTSSpeaker(1); }, setSpeaker,
+        {QStringLiteral("x_morven")});
+    add("reader 2", [] { return Proxy::setVoiceTTSSpeaker(2); }, setSpeaker,
+        {QStringLiteral("x2_pella")});
+    add("reader 3", [] { return Proxy::setVoiceTTSSpeaker(3); }, setSpeaker, {female});
+    add("reader 5", [] { return Proxy::setVoiceTTSSpeaker(5); }, setSpeaker, {female});
+    add("reader -1", [] { return Proxy::setVoiceTTSSpeaker(-1); }, setSpeaker, {female});
+
+    const QString setVoice = onAssistant("tavrenmain", "mainWindow", "setVOXASpeaker(s)");
+    const QString male = QStringLiteral("morven"); // without the prefix of the reader's
+    add("assistant's voice 0", [] { return Proxy::setAssistantSpeaker(0); }, setVoice, {female});
+    add("assistant's voice 1", [] { return Proxy::setAssistantSpeaker(1); }, setVoice, {male});
+    add("assistant's voice 2", [] { return Proxy::setAssistantSpeaker(2); }, setVoice, {male});
+    add("assistant's voice -1", [] { return Proxy::setAssistantSpeaker(-1); }, setVoice, {male});
+
+    const QString setTransEnable = onAssistant("trans", "trans", "setTransEnable(b)");
+    add("translation on", [] { return Proxy::setAssistantTransState(true); }, setTransEnable,
+        {true});
+    add("translation off", [] { return Proxy::setAssistantTransState(false); }, setTransEnable,
+        {false});
+    const QString setDirection = onAssistant("trans", "trans", "setTransLanguage(s)");
+    for (const QString &direction :
+         {QStringLiteral("cn|en"), QStringLiteral("en|cn"), QString(), QStringLiteral("阿|%1 ")}) {
+        QTest::newRow(qPrintable(QStringLiteral("direction \"%1\"").arg(direction)))
+            << CallFunction([direction] { return Proxy::setAssistantTransLang(direction); })
+            << setDirection + QStringLiteral(" no-reply") << QJsonArray{direction};
+    }
+
+    const QString enable = onAssistant("voicewakeuper", "voicewakeuper", "enableOneshot()");
+    const QString disable = onAssistant("voicewakeuper", "voicewakeuper", "disableOneshot()");
+    add("one-shot 0", [] { return Proxy::setOneShotMode(0); }, disable, {});
+    add("one-shot 1", [] { return Proxy::setOneShotMode(1); }, enable, {});
+    add("one-shot 2", [] { return Proxy::setOneShotMode(2); }, enable, {});
+    add("one-shot -1", [] { return Proxy::setOneShotMode(-1); }, enable, {});
+}
+
+void StateContractTest::writesAreSentWithoutAskingForAReply()
+{
+    QFETCH(CallFunction, function);
+    QFETCH(QString, summary);
+    QFETCH(QJsonArray, arguments);
+    QCOMPARE(recorded(function, summary, arguments), QVariant(0));
+}
+
+void StateContractTest::writesReachTheServicesState_data()
+{
+    using Proxy = AssistantStateProxy;
+    QTest::addColumn<CallFunction>("function");
+    QTest::addColumn<QString>("member");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QVariant>("value");
+    const auto add = [](const char *name, const CallFunction &function, const char *member,
+                        const char *key, const QVariant &value) {
+        QTest::newRow(name) << function << QString::fromLatin1(member) << QString::fromLatin1(key)
+                            << value;
+    };
+    add(
+        "dictation", [] { return Proxy::setVoiceIatState(true); }, "setIatEnable", "iat.enabled",
+        true);
+    add(
+        "dictation language", [] { return Proxy::setVoiceIatLanguage(QStringLiteral("en_us")); },
+        "setIatLanguage", "iat.language", QStringLiteral("en_us"));
+    add(
+        "reading", [] { return Proxy::setVoiceTTSState(true); }, "setTTSEnable", "tts.enabled",
+        true);
+    add(
+        "speech widget", [] { return Proxy::setVoiceTTSWindowState(true); }, "setEnableWindow",
+        "tts.window", true);
+    add(
+        "reader", [] { return Proxy::setVoiceTTSSpeaker(1); }, "setSpeaker", "tts.speaker",
+        QStringLiteral("x_morven"));
+    add(
+        "assistant's voice", [] { return Proxy::setAssistantSpeaker(1); }, "setVOXASpeaker",
+        "assistant.speaker", QStringLiteral("morven"));
+    add(
+        "translation", [] { return Proxy::setAssistantTransState(true); }, "setTransEnable",
+        "trans.enabled", true);
+    add(
+        "direction", [] { return Proxy::setAssistantTransLang(QStringLiteral("en|cn")); },
+        "setTransLanguage", "trans.language", QStringLiteral("en|cn"));
+    add(
+        "one-shot", [] { return Proxy::setOneShotMode(1); }, "enableOneshot", "wakeup.oneshot",
+        true);
+}
+
+void StateContractTest::writesReachTheServicesState()
+{
+    QFETCH(CallFunction, function);
+    QFETCH(QString, member);
+    QFETCH(QString, key);
+    QFETCH(QVariant, value);
+    // From another value, so that the write is what made the difference.
+    m_assistant.setValue(
+        key, value.type() == QVariant::Bool           ? QVariant(false)
+             : key == QLatin1String("trans.language") ? QVariant(QStringLiteral("cn|en"))
+             : key == QLatin1String("iat.language")   ? QVariant(QStringLiteral("zh_cn"))
+                                                      : QVariant(QStringLiteral("x_tovali")));
+    function();
+    QVERIFY(m_assistant.waitForCalls(member));
+    QCOMPARE(m_assistant.value(key), value);
+}
+
+void StateContractTest::readsAskForAReplyAndReturnIt_data()
+{
+    using Proxy = AssistantStateProxy;
+    QTest::addColumn<CallFunction>("function");
+    QTest::addColumn<QString>("summary");
+    QTest::addColumn<QJsonArray>("arguments");
+    QTest::addColumn<QString>("member");
+    QTest::addColumn<QVariant>("reply");
+    QTest::addColumn<QVariant>("result");
+    const auto add = [](const QString &name, const CallFunction &function, const QString &summary,
+                        const QVariant &reply, const QVariant &result) {
+        const int dot = summary.lastIndexOf(QLatin1Char('.')) + 1;
+        QTest::newRow(qPrintable(name))
+            << function << summary << QJsonArray()
+            << summary.mid(dot, summary.indexOf(QLatin1Char('(')) - dot) << reply << result;
+    };
+
+    const CallFunction iat = [] {
+        return Proxy::queryVoiceIatState();
+    };
+    const CallFunction tts = [] {
+        return Proxy::queryVoiceTTSState();
+    };
+    const CallFunction window = [] {
+        return Proxy::queryVoiceTTSWindowState();
+    };
+    const CallFunction trans = [] {
+        return Proxy::queryAssistantTransState();
+    };
+    for (const bool on : {true, false}) {
+        const QString name = on ? QStringLiteral("%1 is on") : QStringLiteral("%1 is off");
+        add(name.arg(QLatin1String("dictation")), iat, onAssistant("iat", "iat", "getIatEnable()"),
+            on, on);
+        add(name.arg(QLatin1String("reading")), tts, onAssistant("tts", "tts", "getTTSEnable()"),
+            on, on);
+        add(name.arg(QLatin1String("speech widget")), window,
+            onAssistant("tts", "tts", "getEnableWindow()"), on, on);
+        add(name.arg(QLatin1String("translation")), trans,
+            onAssistant("trans", "trans", "getTransEnable()"), on, on);
+    }
+
+    for (const QString &text :
+         {QStringLiteral("zh_cn"), QStringLiteral("en_us"), QStringLiteral("ZH_CN"),
+          QStringLiteral("klingon"), QString(QLatin1String(""))}) {
+        add(
+            QStringLiteral("dictation language \"%1\"").arg(text),
+            [] { return Proxy::getVoiceIatLanguage(); },
+            onAssistant("iat", "iat", "getIatLanguage()"), text, text);
+    }
+    for (const QString &text : {QStringLiteral("cn|en"), QStringLiteral("en|cn"),
+                                QStringLiteral("CN|EN"), QString(QLatin1String(""))}) {
+        add(
+            QStringLiteral("direction \"%1\"").arg(text),
+            [] { return Proxy::getAssistantTransLang(); },
+            onAssistant("trans", "trans", "getTransLanguage()"), text, text);
+    }
+
+    const QList<QPair<QString, int>> speakers = {
+        {QStringLiteral("x_tovali"), 0},  {QStringLiteral("tovali"), 0},
+        {QStringLiteral("x_morven"), 1},  {QStringLiteral("x2_pella"), 2},
+        {QStringLiteral("morven"), 2},    {QStringLiteral("X_TOVALI"), 2},
+        {QStringLiteral("x_tovali "), 2}, {QStringLiteral("unknown"), 2},
+        {QString(QLatin1String("")), 2},
+    };
+    for (const auto &speaker : speakers) {
+        add(
+            QStringLiteral("reader \"%1\"").arg(speaker.first),
+            [] { return Proxy::getVoiceTTSSpeaker(); }, onAssistant("tts", "tts", "getSpeaker()"),
+            speaker.first, speaker.second);
+    }
+
+    const auto addWakeup = [&add](const char *name, bool on, const char *call) {
+        add(
+            QLatin1String(name),
+            [on] {
+                Proxy::setVoiceWakeupState(on);
+                return QVariant();
+            },
+            onAssistant("voicewakeuper", "voicewakeuper", call), 7, QVariant());
+    };
+    addWakeup("wake-up on", true, "enableIvw()");
+    addWakeup("wake-up off", false, "disableIvw()");
+}
+
+void StateContractTest::readsAskForAReplyAndReturnIt()
+{
+    QFETCH(CallFunction, function);
+    QFETCH(QString, summary);
+    QFETCH(QJsonArray, arguments);
+    QFETCH(QString, member);
+    QFETCH(QVariant, reply);
+    QFETCH(QVariant, result);
+    m_assistant.script(member, QStringLiteral("reply"), reply);
+    QCOMPARE(recorded(function, summary, arguments), result);
+}
+
+void StateContractTest::theNetworkIsAskedForOnTheSystemBus()
+{
+    QVERIFY(AssistantStateProxy::checkNetworkState());
+    QVERIFY(m_session.sync());
+    QVERIFY(m_system.sync());
+    QCOMPARE(m_system.callSummaries(),
+             QStringList{QStringLiteral("org.freedesktop.NetworkManager "
+                                        "/org/freedesktop/NetworkManager "
+                                        "org.freedesktop.NetworkManager.state()")});
+    QCOMPARE(m_session.callSummaries(), QStringList());
+}
+
+void StateContractTest::dockCallsAskForAReply_data()
+{
+    QTest::addColumn<CallFunction>("function");
+    QTest::addColumn<QString>("summary");
+    QTest::addColumn<QJsonArray>("arguments");
+    QTest::addColumn<QVariant>("result");
+    const auto dock = [] {
+        return std::make_shared<AssistantDockServiceInterface>(
+            ServiceNames::dockService(), ServiceNames::dockPath(), QDBusConnection::sessionBus());
+    };
+    const auto waited = [](QDBusPendingReply<bool> reply) {
+        reply.waitForFinished();
+        return reply.isError() ? QVariant() : QVariant(reply.value());
+    };
+    QTest::newRow("read") << CallFunction([=] { return waited(dock()->getDockHideStatus()); })
+                          << onDock("getDockHideStatus()") << QJsonArray() << QVariant(false);
+    QTest::newRow("hide") << CallFunction([=] { return waited(dock()->setDockHideStatus(true)); })
+                          << onDock("setDockHideStatus(b)") << QJsonArray{true} << QVariant(true);
+    QTest::newRow("show") << CallFunction([=] { return waited(dock()->setDockHideStatus(false)); })
+                          << onDock("setDockHideStatus(b)") << QJsonArray{false} << QVariant(true);
+}
+
+void StateContractTest::dockCallsAskForAReply()
+{
+    QFETCH(CallFunction, function);
+    QFETCH(QString, summary);
+    QFETCH(QJsonArray, arguments);
+    QFETCH(QVariant, result);
+    m_dock.setValue(QStringLiteral("hidden"), false);
+    QCOMPARE(recorded(function, summary, arguments), result);
+}
+
+void StateContractTest::theDockProxyRelaysItsSignal()
+{
+    QCOMPARE(AssistantDockServiceInterface::staticInterfaceName(), "com.corvane.aiassistant.dock");
+    m_dock.setValue(QStringLiteral("hidden"), false);
+    AssistantDockServiceInterface dock(ServiceNames::dockService(), ServiceNames::dockPath(),
+                                       QDBusConnection::sessionBus());
+    QSignalSpy changes(&dock, &AssistantDockServiceInterface::dockHideChange);
+    m_dock.setValue(QStringLiteral("hidden"), true);
+    QTRY_COMPARE(changes.count(), 1);
+    QCOMPARE(changes.at(0).at(0), QVariant(true));
+    m_dock.setValue(QStringLiteral("hidden"), false);
+    QTRY_COMPARE(changes.count(), 2);
+    QCOMPARE(changes.at(1).at(0), QVariant(false));
+}
+
+QTEST_GUILESS_MAIN(StateContractTest)
+#include "statecontract.moc"
