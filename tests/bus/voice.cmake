@@ -1,0 +1,7 @@
+add_subdirectory(voiceservice)
+foreach(test voicesession voicerecogniser)
+    assistant_add_test(${test} TIER bus BUSES
+        SOURCES ${test}.cpp
+        LIBRARIES assistantcontrol test-support scriptedaudio
+        DEPENDS sandbox-voicescript fakeaudioplugin)
+endforeach()
