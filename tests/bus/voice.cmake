@@ -1,5 +1,5 @@
 add_subdirectory(voiceservice)
-foreach(test voicesession voicerecogniser)
+foreach(test voicesession voicerecogniser voicetestrun)
     assistant_add_test(${test} TIER bus BUSES
         SOURCES ${test}.cpp
         LIBRARIES assistantcontrol test-support scriptedaudio
