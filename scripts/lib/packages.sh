@@ -3,7 +3,7 @@
 packages_build="
     cmake g++ ninja-build pkg-config python3
     qtbase5-dev qtbase5-dev-tools qtmultimedia5-dev qttools5-dev qttools5-dev-tools
-    libdbus-1-dev libpocketsphinx-dev libsphinxbase-dev pocketsphinx-en-us"
+    libdbus-1-dev libpocketsphinx-dev libsphinxbase-dev pocketsphinx-en-us libpulse-dev"
 
 # What the sandbox runs on: buses, sound, speech, recognition, SVG icons, and fonts for all languages.
 packages_run="
