@@ -35,9 +35,14 @@ set_offline() {
         string:state variant:uint32:20 >/dev/null
 }
 
-# start_microphone KIND: KIND as on the command line, or empty for the default.
+# start_microphone KIND: KIND as on the command line, or empty for the default. SANDBOX_MICROPHONE is the
+# folder of the microphone, see sandbox/microphone/start; the tour changes the kind in it.
 start_microphone() {
-    :
+    export SANDBOX_MICROPHONE=$work/microphone
+    start_process microphone "$project_dir/sandbox/microphone/start" "${1:-auto}" \
+        "$SANDBOX_MICROPHONE"
+    wait_for_line '^ready' >/dev/null
+    . "$SANDBOX_MICROPHONE/environment"
 }
 
 # start_window ARGUMENT...: the control-center window with the built module.
