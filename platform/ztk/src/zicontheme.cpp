@@ -2,17 +2,23 @@
 
 #include "zthemepalettes.h"
 
+#include <QCryptographicHash>
 #include <QDebug>
 #include <QDir>
 #include <QEvent>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QList>
 #include <QPointer>
 #include <QRegularExpression>
 #include <QResource>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTextStream>
+
+#include <unistd.h>
 
 namespace Ztk {
 namespace Gui {
@@ -45,22 +51,45 @@ int builtinFileCount()
     return BuiltinFolder().fileCount();
 }
 
-bool writeFile(const QString &path, const QByteArray &content)
+struct BuiltinIcon
 {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+    QString name;
+    int size; ///< The size in pixels that it was drawn for.
+    QByteArray svg;
+};
+
+/** The compiled-in icons, drawn in @p textColor. */
+QList<BuiltinIcon> builtinIcons(const QColor &textColor)
+{
+    static const QRegularExpression pattern(QStringLiteral("^(.+)_(\\d+)px\\.svg$"));
+    QList<BuiltinIcon> icons;
+    const QStringList fileNames = QDir(builtinFolder()).entryList(QDir::Files, QDir::Name);
+    for (const QString &fileName : fileNames) {
+        const QRegularExpressionMatch match = pattern.match(fileName);
+        QFile file(builtinFolder() + QLatin1Char('/') + fileName);
+        if (!match.hasMatch() || !file.open(QIODevice::ReadOnly))
+            continue;
+        const QByteArray svg = file.readAll().replace(symbolColor, textColor.name().toLatin1());
+        icons.append({match.captured(1), match.captured(2).toInt(), svg});
+    }
+    return icons;
 }
 
 /** The description of a theme with one folder per icon size; Qt takes the size that is nearest. */
-QByteArray themeDescription(const QString &inherited, const QList<int> &sizes)
+QByteArray themeDescription(const QString &inherited, const QList<BuiltinIcon> &icons)
 {
+    QList<int> sizes;
+    for (const BuiltinIcon &icon : icons) {
+        if (!sizes.contains(icon.size))
+            sizes.append(icon.size);
+    }
     QString text;
     QTextStream out(&text);
     out << "[Icon Theme]\nName=tavren\nInherits=" << inherited << "\nDirectories=";
-    for (const int size : sizes)
+    for (const int size : qAsConst(sizes))
         out << size << ',';
     out << '\n';
-    for (const int size : sizes) {
+    for (const int size : qAsConst(sizes)) {
         out << "\n[" << size << "]\nSize=" << size << "\nMinSize=" << size << "\nMaxSize=" << size
             << "\nType=Scalable\n";
     }
@@ -68,24 +97,67 @@ QByteArray themeDescription(const QString &inherited, const QList<int> &sizes)
     return text.toUtf8();
 }
 
+QString contentName(const QByteArray &description, const QList<BuiltinIcon> &icons)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    hash.addData(description);
+    for (const BuiltinIcon &icon : icons) {
+        hash.addData(icon.name.toUtf8());
+        hash.addData(icon.svg);
+    }
+    return QStringLiteral("tavren-") + QString::fromLatin1(hash.result().toHex());
+}
+
+bool writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+bool writeTheme(const QString &folder, const QByteArray &description,
+                const QList<BuiltinIcon> &icons)
+{
+    bool ok = writeFile(folder + QStringLiteral("/index.theme"), description);
+    for (const BuiltinIcon &icon : icons) {
+        const QString sizeFolder = folder + QLatin1Char('/') + QString::number(icon.size);
+        ok =
+            ok && QDir().mkpath(sizeFolder) &&
+            writeFile(sizeFolder + QLatin1Char('/') + icon.name + QStringLiteral(".svg"), icon.svg);
+    }
+    return ok;
+}
+
+/** Where themes may be written: the user's cache, or else a temporary folder; empty if nowhere. */
+QString themesFolder()
+{
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    const QStringList folders = {
+        cache + QStringLiteral("/ztk/icons"),
+        QDir::tempPath() + QStringLiteral("/ztk-icons-%1").arg(getuid()),
+    };
+    for (const QString &folder : folders) {
+        if (QDir().mkpath(folder) && QFileInfo(folder).isWritable())
+            return folder;
+    }
+    return QString();
+}
+
 } // namespace
 
 ZIconTheme::ZIconTheme(QObject *parent)
     : QObject(parent)
-    , m_folder(new QTemporaryDir(QDir::tempPath() + QStringLiteral("/ztk-icons")))
+    , m_folder(themesFolder())
     , m_fallbackTheme(QIcon::themeName())
     , m_textColor(lightPalette().color(QPalette::WindowText))
 {
-    if (!m_folder->isValid()) {
-        qWarning() << "ztk: no folder for the icon theme:" << m_folder->errorString();
+    if (m_folder.isEmpty()) {
+        qWarning() << "ztk: no folder for the icon theme; built-in icons stay empty";
         return;
     }
-    QIcon::setThemeSearchPaths(QStringList(m_folder->path()) + QIcon::themeSearchPaths());
+    QIcon::setThemeSearchPaths(QStringList(m_folder) + QIcon::themeSearchPaths());
     activate();
     parent->installEventFilter(this);
 }
-
-ZIconTheme::~ZIconTheme() = default;
 
 void ZIconTheme::install()
 {
@@ -130,41 +202,24 @@ void ZIconTheme::checkRendering()
         qWarning() << "ztk: Qt cannot render SVG icons. Debian package: libqt5svg5";
 }
 
-/** A name of its own for every writing: the new name makes Qt look all icons up again. */
 void ZIconTheme::activate()
 {
-    const QString previous = m_folder->path() + QStringLiteral("/tavren-%1").arg(m_generation);
-    const QString name = QStringLiteral("tavren-%1").arg(++m_generation);
-    write(m_folder->path() + QLatin1Char('/') + name);
-    QIcon::setThemeName(name);
-    QDir(previous).removeRecursively();
-}
-
-void ZIconTheme::write(const QString &folder)
-{
-    static const QRegularExpression pattern(QStringLiteral("^(.+)_(\\d+)px\\.svg$"));
-    QList<int> sizes;
+    if (m_folder.isEmpty())
+        return;
     m_fileCount = builtinFileCount();
-    const QStringList files = QDir(builtinFolder()).entryList(QDir::Files);
-    for (const QString &fileName : files) {
-        const QRegularExpressionMatch match = pattern.match(fileName);
-        QFile source(builtinFolder() + QLatin1Char('/') + fileName);
-        if (!match.hasMatch() || !source.open(QIODevice::ReadOnly))
-            continue;
-        const QString size = match.captured(2);
-        if (!sizes.contains(size.toInt())) {
-            sizes.append(size.toInt());
-            QDir().mkpath(folder + QLatin1Char('/') + size);
-        }
-        QByteArray svg = source.readAll();
-        svg.replace(symbolColor, m_textColor.name().toLatin1());
-        if (!writeFile(folder + QLatin1Char('/') + size + QLatin1Char('/') + match.captured(1) +
-                           QStringLiteral(".svg"),
-                       svg))
-            qWarning() << "ztk: cannot write the icon" << fileName;
+    const QList<BuiltinIcon> icons = builtinIcons(m_textColor);
+    const QByteArray description = themeDescription(m_fallbackTheme, icons);
+    const QString name = contentName(description, icons);
+    const QString folder = m_folder + QLatin1Char('/') + name;
+    if (!QFileInfo::exists(folder)) {
+        // Written aside and renamed, so that no process ever sees half a theme. Where another one
+        // was faster, the renaming fails and its theme is as good.
+        QTemporaryDir fresh(m_folder + QStringLiteral("/new"));
+        if (!writeTheme(fresh.path(), description, icons))
+            qWarning() << "ztk: cannot write the icon theme" << folder;
+        fresh.setAutoRemove(!QDir().rename(fresh.path(), folder));
     }
-    QDir().mkpath(folder);
-    writeFile(folder + QStringLiteral("/index.theme"), themeDescription(m_fallbackTheme, sizes));
+    QIcon::setThemeName(name);
 }
 
 } // namespace Gui

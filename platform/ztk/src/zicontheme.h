@@ -2,10 +2,7 @@
 
 #include <QColor>
 #include <QObject>
-#include <QScopedPointer>
 #include <QString>
-
-class QTemporaryDir;
 
 namespace Ztk {
 namespace Gui {
@@ -15,12 +12,15 @@ namespace Gui {
  * ":/icons/tavren/builtin/actions/NAME_<size>px.svg", whichever library or plugin brought them.
  *
  * Qt looks icons up in theme folders by plain file name, so the compiled-in files are written to a
- * temporary theme, one folder per size. Black, spelled "#000000" in the file, becomes the theme's
- * text colour; an icon in this one colour only is also redrawn in the selection's text colour where
- * it is selected. A plugin may bring its files at any time: they are picked up before the next
- * widget is polished or painted, or at once by refresh().
+ * theme in the user's cache, one folder per size. Black, spelled "#000000" in the file, becomes the
+ * theme's text colour; an icon in this one colour only is also redrawn in the selection's text
+ * colour where it is selected. A plugin may bring its files at any time: they are picked up before
+ * the next widget is polished or painted, or at once by refresh().
  *
- * Lives as long as the application object and removes its folder with it. GUI thread only.
+ * The theme is named after its contents: it is written once, all processes share it, and another
+ * name makes Qt look all icons up again.
+ *
+ * Lives as long as the application object. GUI thread only.
  */
 class ZIconTheme : public QObject
 {
@@ -30,13 +30,11 @@ public:
     /** Makes the icon theme, once per application object; nothing without a GUI application. */
     static void install();
 
-    /** Writes the icons in @p textColor from here on. */
+    /** Draws the icons in @p textColor from here on. */
     static void setTextColor(const QColor &textColor);
 
     /** Picks up files that were registered since the last time. */
     static void refresh();
-
-    ~ZIconTheme() override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -45,13 +43,11 @@ private:
     explicit ZIconTheme(QObject *parent);
     void activate();
     void checkRendering();
-    void write(const QString &folder);
 
-    QScopedPointer<QTemporaryDir> m_folder;
+    QString m_folder;        ///< Holds the themes; among Qt's search paths.
     QString m_fallbackTheme; ///< The theme in force before; it still serves all other names.
     QColor m_textColor;
-    int m_fileCount = 0;  ///< Compiled-in files at the time of the last writing.
-    int m_generation = 0; ///< Of the folder; part of the theme's name.
+    int m_fileCount = 0; ///< Compiled-in files when they were last looked at.
     bool m_checked = false;
 };
 
