@@ -18,9 +18,12 @@ namespace {
 // Pixels.
 const int kMinimumHeight = 40;
 const int kButtonSize = 16;
-const int kTitleReserve = 32;     // kept free beside the title and the caps
-const int kPlaceholderSlack = 16; // frame and text margins of the line edit
-const int kFocusMargin = 3;
+const int kTitleReserve = 32; // kept free beside the title and the caps
+const int kTextMargins = 6;   // inside a line edit, both sides and the cursor
+const int kAmple = 1000;      // a line edit's width at which no style is short of room
+
+// Around the part that has the focus, in pixels: what the row's own margins leave.
+const QMargins kFocusMargins(3, 2, 3, 2);
 
 // Characters of average width: the title for which a row asks for room.
 const int kUsualTitleLength = 24;
@@ -206,7 +209,7 @@ void ShortcutItem::paintEvent(QPaintEvent *event)
     const QWidget *control = m_key->isVisible() ? static_cast<QWidget *>(m_key) : m_shortcutEdit;
     QStyleOptionFocusRect option;
     option.initFrom(this);
-    option.rect = control->geometry().adjusted(-kFocusMargin, 0, kFocusMargin, 0);
+    option.rect = control->geometry() + kFocusMargins;
     QPainter painter(this);
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
 }
@@ -214,7 +217,7 @@ void ShortcutItem::paintEvent(QPaintEvent *event)
 void ShortcutItem::changeEvent(QEvent *event)
 {
     zcc::widgets::SettingsItem::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         fitPlaceholder();
 }
 
@@ -258,9 +261,16 @@ int ShortcutItem::titleWidth() const
     return m_title->fontMetrics().horizontalAdvance(m_title->text());
 }
 
+// A line edit asks for some width of its own; this one holds a known text.
 void ShortcutItem::fitPlaceholder()
 {
-    const QFontMetrics metrics = m_shortcutEdit->fontMetrics();
-    m_shortcutEdit->setMinimumWidth(metrics.horizontalAdvance(m_shortcutEdit->placeholderText()) +
-                                    kPlaceholderSlack);
+    QStyleOptionFrame option;
+    option.initFrom(m_shortcutEdit);
+    option.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, m_shortcutEdit);
+    option.rect = QRect(0, 0, kAmple, kAmple);
+    const QRect inside =
+        style()->subElementRect(QStyle::SE_LineEditContents, &option, m_shortcutEdit);
+    const int text =
+        m_shortcutEdit->fontMetrics().horizontalAdvance(m_shortcutEdit->placeholderText());
+    m_shortcutEdit->setMinimumWidth(text + kTextMargins + kAmple - inside.width());
 }

@@ -45,6 +45,7 @@ void ShortcutKey::setTextList(const QStringList &keys)
     }
     setAccessibleName(shown.join(QLatin1Char('+')));
     adjustSize();
+    updateGeometry(); // the layout around it has seen the caps already, but not this size
 }
 
 void ShortcutKey::enterEvent(QEvent *event)

@@ -2,8 +2,10 @@
 
 #include <QHBoxLayout>
 #include <QScrollArea>
-#include <QSignalSpy>
+#include <QStyleFactory>
 #include <QVBoxLayout>
+
+#include <memory>
 
 using Ztk::Widget::ZIconButton;
 using Info = ShortcutItem::ShortcutInfo;
@@ -102,6 +104,7 @@ private slots:
     void pendingTimersDieWithRow();
     void mirrorsInRightToLeft();
     void placeholderIsReadable();
+    void capsFillTheRowAfterEveryChange();
 };
 
 void ShortcutRow::cleanup()
@@ -619,17 +622,62 @@ void ShortcutRow::mirrorsInRightToLeft()
     QVERIFY(parts.lineEdit->geometry().right() < parts.title->geometry().left());
 }
 
+// A placeholder that does not fit is elided when it is painted: a wider line edit would show more.
 void ShortcutRow::placeholderIsReadable()
 {
-    for (int pixels : {12, 24, 40}) {
-        RowWindow window(900);
-        QFont font = window.font();
-        font.setPixelSize(pixels);
-        window.setFont(font);
-        const QLineEdit *edit = RowParts(*window.row).lineEdit;
-        QCOMPARE(edit->font().pixelSize(), pixels);
-        QVERIFY(edit->minimumWidth() >
-                QFontMetrics(font).horizontalAdvance(edit->placeholderText()));
+    for (const char *styleName : {"fusion", "windows"}) {
+        for (int pixels : {12, 24, 40}) {
+            RowWindow window(1200);
+            const std::unique_ptr<QStyle> style(QStyleFactory::create(styleName));
+            for (QWidget *widget : window.findChildren<QWidget *>())
+                widget->setStyle(style.get());
+            QFont font = window.font();
+            font.setPixelSize(pixels);
+            window.setFont(font);
+            window.row->setShortcut(kAccels);
+            QVERIFY(window.showAndWait());
+            const RowParts parts(*window.row);
+            clickThroughWindow(parts.key);
+            QCoreApplication::sendPostedEvents();
+
+            const auto inkWidth = [&parts] {
+                const QImage image = parts.lineEdit->grab().toImage();
+                const QRgb paper = image.pixel(image.width() / 2, image.height() / 4);
+                const QRect inside = image.rect() - QMargins(4, 6, 4, 6);
+                int left = inside.right();
+                int right = inside.left();
+                for (int x = inside.left(); x <= inside.right(); ++x) {
+                    for (int y = inside.top(); y <= inside.bottom(); ++y) {
+                        if (image.pixel(x, y) != paper) {
+                            left = qMin(left, x);
+                            right = qMax(right, x);
+                        }
+                    }
+                }
+                return right - left;
+            };
+            const int ink = inkWidth();
+            QVERIFY(ink > 0);
+            parts.lineEdit->setMinimumWidth(parts.lineEdit->width() + 200);
+            QCoreApplication::sendPostedEvents();
+            QCOMPARE(inkWidth(), ink);
+        }
+    }
+}
+
+void ShortcutRow::capsFillTheRowAfterEveryChange()
+{
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("Title"));
+    QVERIFY(window.showAndWait());
+    const ShortcutKey *key = RowParts(*window.row).key;
+    const QRect inside = window.row->rect().adjusted(8, 2, -8, -2);
+    for (const char *accels : {"<Control><Alt>T", "<Control><Alt>T", "<Super>F1", "", "F12"}) {
+        window.row->setShortcut(QLatin1String(accels));
+        QTRY_COMPARE(key->geometry().top(), inside.top());
+        QTRY_COMPARE(key->geometry().bottom(), inside.bottom());
+        QTRY_COMPARE(key->geometry().right(), inside.right());
+        QCOMPARE(caps(key).last()->geometry().bottomRight(), key->rect().bottomRight());
     }
 }
 

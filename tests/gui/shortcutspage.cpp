@@ -48,6 +48,7 @@ private slots:
     void otherRowTakesOverWait();
     void windowShortcutsAreTaken();
     void editModeRemoves();
+    void editModeKeepsFocus();
     void editModeChanges();
     void takenShortcutIsRefused();
     void serviceErrorIsTold();
@@ -281,6 +282,22 @@ void ShortcutsPageTest::editModeRemoves()
     press(Qt::Key_F5);
     QTRY_COMPARE(shown(kSpeech), QStringList("F5"));
     QCOMPARE(stored(kSpeech), QStringList("F5"));
+}
+
+void ShortcutsPageTest::editModeKeepsFocus()
+{
+    open();
+    m_page->editButton()->setChecked(true);
+    for (const char *name : {"remove", "edit"}) {
+        auto *button = m_page->row(kSpeech)->findChild<QWidget *>(name);
+        button->setFocus();
+        press(Qt::Key_Space);
+        if (button->objectName() == QLatin1String("edit"))
+            press(Qt::Key_F5);
+        const QStringList expected(button->objectName() == QLatin1String("edit") ? "F5" : "None");
+        QTRY_COMPARE(shown(kSpeech), expected);
+        QVERIFY2(button->hasFocus(), name);
+    }
 }
 
 void ShortcutsPageTest::editModeChanges()

@@ -6,6 +6,7 @@
 
 #include <zcc/widgets/settingsgroup.h>
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -107,12 +108,16 @@ ShortcutsPage::Line *ShortcutsPage::line(const QString &id)
     return found == m_lines.end() ? nullptr : &*found;
 }
 
-/** A new shortcut ends a row's edit mode, the page's goes on. */
+/** A new shortcut ends a row's edit mode, the page's goes on, and the focus stays where it was. */
 void ShortcutsPage::showLine(const Line &line)
 {
+    QWidget *focus = QApplication::focusWidget();
     line.row->setShortcut(line.accelerator);
-    if (m_edit->isChecked())
-        line.row->onEditMode(true);
+    if (!m_edit->isChecked())
+        return;
+    line.row->onEditMode(true);
+    if (focus && line.row->isAncestorOf(focus))
+        focus->setFocus();
 }
 
 void ShortcutsPage::setEditMode(bool on)

@@ -3,6 +3,7 @@
 #include "sandbox/controlcenter/tour/keyboardsteps.h"
 #include "sandbox/controlcenter/tour/pagesteps.h"
 #include "sandbox/controlcenter/tour/searchsteps.h"
+#include "sandbox/controlcenter/tour/shortcutsteps.h"
 #include "sandbox/controlcenter/tour/switchsteps.h"
 
 namespace controlcenter {
@@ -17,9 +18,8 @@ struct Section
 const QVector<Section> &sections()
 {
     static const QVector<Section> all = {
-        {QStringLiteral("pages"), pageSteps},
-        {QStringLiteral("search"), searchSteps},
-        {QStringLiteral("switches"), switchSteps},
+        {QStringLiteral("pages"), pageSteps},        {QStringLiteral("search"), searchSteps},
+        {QStringLiteral("switches"), switchSteps},   {QStringLiteral("shortcuts"), shortcutSteps},
         {QStringLiteral("keyboard"), keyboardSteps},
     };
     return all;

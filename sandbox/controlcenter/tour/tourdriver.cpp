@@ -70,7 +70,16 @@ void TourDriver::settle()
 QImage TourDriver::grab()
 {
     settle();
-    return m_window->grab().toImage();
+    const qreal scale = m_window->devicePixelRatioF() * m_pictureScale;
+    QImage picture((QSizeF(m_window->size()) * scale).toSize(), QImage::Format_RGB32);
+    picture.setDevicePixelRatio(scale);
+    m_window->render(&picture);
+    return picture;
+}
+
+void TourDriver::setPictureScale(int factor)
+{
+    m_pictureScale = factor;
 }
 
 QString TourDriver::openPage(const QString &name)

@@ -39,6 +39,9 @@ public:
     /** The window's picture. */
     QImage grab();
 
+    /** From now on pictures have @p factor times the window's pixels in each direction. */
+    void setPictureScale(int factor);
+
     /** Opens page @p name (untranslated) and waits until the heading shows it. */
     QString openPage(const QString &name);
 
@@ -53,6 +56,7 @@ public:
 
 private:
     ControlCenterWindow *m_window;
+    int m_pictureScale = 1;
 };
 
 } // namespace controlcenter

@@ -1,0 +1,278 @@
+#include "sandbox/controlcenter/tour/shortcutsteps.h"
+
+#include "pages/shortcutitem.h"
+#include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/shortcuts/shortcutspage.h"
+#include "sandbox/controlcenter/shortcuts/shortcutstore.h"
+#include "sandbox/controlcenter/tour/servicecontrol.h"
+#include "sandbox/controlcenter/tour/tourdriver.h"
+
+#include <zcc/widgets/tipslabel.h>
+
+#include <QApplication>
+#include <QMap>
+#include <QPushButton>
+
+#include <memory>
+
+namespace controlcenter {
+namespace {
+
+const QString speech = QStringLiteral("speech-to-text");
+const QString translation = QStringLiteral("translation");
+const QStringList identifiers = {speech, QStringLiteral("text-to-speech"), translation};
+
+/** Far from any default, so that it is free. */
+constexpr Qt::Key newKey = Qt::Key_F11;
+const QString newKeyText = QStringLiteral("Ctrl+Alt+F11");
+
+/** The shortcuts before the tour, by identifier. */
+struct Kept
+{
+    QMap<QString, QString> accelerators; ///< in the service
+    QMap<QString, QString> shown;        ///< on the page
+};
+
+ShortcutItem *row(TourDriver &driver, const QString &id)
+{
+    return driver.window()->shortcutsPage()->row(id);
+}
+
+/** Waits until the row says that its shortcut is @p text. */
+QString waitForShortcut(TourDriver &driver, const QString &id, const QString &text)
+{
+    const ShortcutItem *shown = row(driver, id);
+    if (driver.waitFor([&] { return shown->accessibleDescription() == text; }))
+        return QString();
+    return QStringLiteral("the row shows \"%1\", not \"%2\"")
+        .arg(shown->accessibleDescription(), text);
+}
+
+QString openShortcuts(TourDriver &driver)
+{
+    driver.window()->openShortcuts();
+    for (const QString &id : identifiers) {
+        const ShortcutItem *shown = row(driver, id);
+        if (!driver.waitFor([shown] { return !shown->accessibleDescription().isEmpty(); }))
+            return QStringLiteral("no shortcut is shown: ") +
+                   driver.window()->shortcutsPage()->message();
+    }
+    driver.settle();
+    return QString();
+}
+
+QString remember(TourDriver &driver, Kept *kept)
+{
+    const QString problem = openShortcuts(driver);
+    if (!problem.isEmpty())
+        return problem;
+    ServiceControl service(QStringLiteral("keybinding"));
+    for (const QString &id : identifiers) {
+        const QVariant value = service.value(id);
+        if (!value.isValid())
+            return service.error();
+        kept->accelerators.insert(id, value.toStringList().value(0));
+        kept->shown.insert(id, row(driver, id)->accessibleDescription());
+    }
+    return QString();
+}
+
+QString giveBack(TourDriver &driver, const Kept &kept)
+{
+    ShortcutStore store;
+    QMap<QString, QString> known;
+    QObject::connect(
+        &store, &ShortcutStore::known, driver.window(),
+        [&known](const QString &id, const QString &accelerator) { known.insert(id, accelerator); });
+    for (const QString &id : identifiers)
+        store.write(id, kept.accelerators.value(id));
+    if (!driver.waitFor([&] { return known == kept.accelerators; }))
+        return QStringLiteral("the service does not take its old shortcuts back");
+
+    driver.window()->openModule(); // the page asks again when it is opened again
+    driver.window()->openShortcuts();
+    QString problem;
+    for (const QString &id : identifiers)
+        problem += waitForShortcut(driver, id, kept.shown.value(id));
+    driver.settle();
+    return problem;
+}
+
+TourStep lookStep(bool dark)
+{
+    const QString theme = dark ? QStringLiteral("dark") : QStringLiteral("light");
+    return {QStringLiteral("show the shortcuts (%1)").arg(theme),
+            [dark](TourDriver &driver) {
+                driver.setDark(dark);
+                return openShortcuts(driver);
+            },
+            QStringLiteral("shortcuts-") + theme};
+}
+
+TourStep sharpnessStep(int factor, const QString &picture)
+{
+    return {QStringLiteral("take pictures at %1x").arg(factor),
+            [factor](TourDriver &driver) {
+                driver.setPictureScale(factor);
+                return QString();
+            },
+            picture};
+}
+
+TourStep awaitStep()
+{
+    return {QStringLiteral("ask for a new shortcut with the keyboard"),
+            [](TourDriver &driver) {
+                ShortcutItem *asking = row(driver, translation);
+                if (!driver.tabTo(asking))
+                    return QStringLiteral("Tab does not lead to the row");
+                driver.press(Qt::Key_Space);
+                return driver.window()->shortcutsPage()->message().isEmpty()
+                           ? QStringLiteral("the page does not wait for a key")
+                           : QString();
+            },
+            QStringLiteral("shortcuts-awaiting")};
+}
+
+TourStep typeStep()
+{
+    return {QStringLiteral("type the new shortcut"),
+            [](TourDriver &driver) {
+                driver.press(newKey, Qt::ControlModifier | Qt::AltModifier);
+                return waitForShortcut(driver, translation, newKeyText);
+            },
+            QStringLiteral("shortcuts-changed")};
+}
+
+TourStep hintStep(const QString &page)
+{
+    return {QStringLiteral("find the new shortcut on '%1'").arg(page),
+            [page](TourDriver &driver) {
+                const QString problem = driver.openPage(page);
+                if (!problem.isEmpty())
+                    return problem;
+                const auto *hint =
+                    driver.window()->currentPage()->findChild<zcc::widgets::TipsLabel *>();
+                return hint && hint->text().contains(newKeyText)
+                           ? QString()
+                           : QStringLiteral("its hint does not tell the new shortcut");
+            },
+            QStringLiteral("shortcuts-hint")};
+}
+
+TourStep editStep()
+{
+    return {QStringLiteral("enter the edit mode"),
+            [](TourDriver &driver) {
+                const QString problem = openShortcuts(driver);
+                if (!problem.isEmpty())
+                    return problem;
+                QPushButton *edit = driver.window()->shortcutsPage()->editButton();
+                if (!driver.tabTo(edit))
+                    return QStringLiteral("Tab does not lead to the edit button");
+                driver.press(Qt::Key_Space);
+                return edit->isChecked() ? QString()
+                                         : QStringLiteral("the edit button does not react");
+            },
+            QStringLiteral("shortcuts-edit")};
+}
+
+TourStep removeStep()
+{
+    return {QStringLiteral("remove a shortcut"),
+            [](TourDriver &driver) {
+                const ShortcutItem *shown = row(driver, speech);
+                const QString before = shown->accessibleDescription();
+                auto *remove = shown->findChild<QWidget *>(QStringLiteral("remove"));
+                if (!driver.tabTo(remove))
+                    return QStringLiteral("Tab does not lead to the remove button");
+                driver.press(Qt::Key_Space);
+                if (!driver.waitFor([&] { return shown->accessibleDescription() != before; }))
+                    return QStringLiteral("the row keeps the shortcut");
+                ServiceControl service(QStringLiteral("keybinding"));
+                if (!service.value(speech).toStringList().isEmpty())
+                    return QStringLiteral("the service keeps the shortcut");
+                if (!remove->hasFocus())
+                    return QStringLiteral("the focus has left the button");
+                driver.window()->shortcutsPage()->editButton()->click();
+                driver.settle();
+                return QString();
+            },
+            QStringLiteral("shortcuts-removed")};
+}
+
+TourStep giveBackStep(const std::shared_ptr<Kept> &kept)
+{
+    return {QStringLiteral("give the service its old shortcuts back"),
+            [kept](TourDriver &driver) { return giveBack(driver, *kept); }, QString()};
+}
+
+/** The page's title text stands in the row again afterwards. */
+TourStep elideStep()
+{
+    return {QStringLiteral("elide a long title"),
+            [](TourDriver &driver) {
+                ShortcutItem *shown = row(driver, translation);
+                const QString title = shown->accessibleName();
+                QStringList words;
+                while (words.size() < 20)
+                    words.append(title);
+                shown->setTitle(words.join(QStringLiteral(", ")));
+                const auto *label = shown->findChild<QLabel *>(QStringLiteral("title"));
+                return driver.waitFor([label] { return label->text().endsWith(QChar(0x2026)); })
+                           ? QString()
+                           : QStringLiteral("the title is not elided");
+            },
+            QStringLiteral("shortcuts-elided")};
+}
+
+TourStep usualTitleStep(const QString &title)
+{
+    return {QStringLiteral("go back to the usual title"),
+            [title](TourDriver &driver) {
+                row(driver, translation)->setTitle(title);
+                driver.settle();
+                return QString();
+            },
+            QString()};
+}
+
+TourStep directionStep(Qt::LayoutDirection direction, const QString &picture)
+{
+    const bool mirrored = direction == Qt::RightToLeft;
+    return {mirrored ? QStringLiteral("show the shortcuts from right to left")
+                     : QStringLiteral("show the shortcuts from left to right"),
+            [direction](TourDriver &driver) {
+                QApplication::setLayoutDirection(direction);
+                return openShortcuts(driver);
+            },
+            picture};
+}
+
+} // namespace
+
+TourSteps shortcutSteps(const ControlCenterWindow *window)
+{
+    const auto kept = std::make_shared<Kept>();
+    const QString title = window->pageTitle(QStringLiteral("Translation"));
+    return {
+        {QStringLiteral("remember the service's shortcuts"),
+         [kept](TourDriver &driver) { return remember(driver, kept.get()); }, QString()},
+        lookStep(true),
+        lookStep(false),
+        sharpnessStep(2, QStringLiteral("shortcuts-sharp")),
+        sharpnessStep(1, QString()),
+        awaitStep(),
+        typeStep(),
+        hintStep(QStringLiteral("Translation")),
+        editStep(),
+        removeStep(),
+        giveBackStep(kept),
+        elideStep(),
+        usualTitleStep(title),
+        directionStep(Qt::RightToLeft, QStringLiteral("shortcuts-mirrored")),
+        directionStep(QApplication::layoutDirection(), QString()),
+    };
+}
+
+} // namespace controlcenter
