@@ -1,0 +1,6 @@
+# The four settings pages, on the services they talk to.
+foreach(test pageform)
+    assistant_add_test(${test} TIER gui BUSES
+        SOURCES ${test}.cpp
+        LIBRARIES assistantcontrol test-support)
+endforeach()
