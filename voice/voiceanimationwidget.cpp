@@ -112,7 +112,8 @@ void VoiceAnimationWidget::paintEvent(QPaintEvent *)
     QPainterPath waves[3];
     for (QPainterPath &wave : waves)
         wave.moveTo(left, 0);
-    for (double x = left; x <= right; x += 1.0) {
+    for (int column = 0; left + column <= right; ++column) {
+        const double x = left + column;
         for (int i = 0; i < 3; ++i)
             waves[i].lineTo(x, getAudioLineY(x, i + 1));
     }

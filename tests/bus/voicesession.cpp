@@ -7,6 +7,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "tests/bus/voiceimpatientbus.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/logspy.h"
 #include "tests/support/serviceprocess.h"
@@ -50,6 +51,7 @@ private Q_SLOTS:
     void errorReply();
     void serviceDiesInTheMiddle();
     void slowAnswer();
+    void serviceHangs();
     void freeDoesNotWait();
     void noSessionBus();
 };
@@ -243,6 +245,22 @@ void VoiceSessionTest::slowAnswer()
     QVERIFY2(time.elapsed() >= 290, qPrintable(QString::number(time.elapsed())));
     QCOMPARE(eventsMeanwhile, 0); // it blocks outright
     QCOMPARE(sessions()->queryObjectPath(aqc), QStringLiteral("/session/aqc/1"));
+}
+
+void VoiceSessionTest::serviceHangs()
+{
+    ImpatientBus bus;
+    QVERIFY(bus.start());
+    ServiceProcess service(QStringLiteral("voicescript"));
+    QVERIFY(service.start());
+    QCOMPARE(sessions()->createSession(aqc), 0);
+    service.suspend();
+    QCOMPARE(sessions()->createSession(aqc), 0);
+    QCOMPARE(sessions()->queryObjectPath(aqc), QString());
+    service.resume();
+    QCOMPARE(sessions()->createSession(aqc), 0);
+    // The hung call was answered in the end, to nobody.
+    QCOMPARE(sessions()->queryObjectPath(aqc), QStringLiteral("/session/aqc/3"));
 }
 
 void VoiceSessionTest::freeDoesNotWait()

@@ -15,6 +15,7 @@
 #include <memory>
 
 #include "comcorvaneaiserviceaqcinterface.h"
+#include "tests/bus/voiceimpatientbus.h"
 #include "tests/fakeaudio/scriptedaudio.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/logspy.h"
@@ -191,6 +192,8 @@ private Q_SLOTS:
 
     void noMicrophone();
     void microphoneVanishes();
+    void serviceHangs();
+    void recognitionHangs();
     void serviceDiesInTheMiddle();
     void audioWithoutASession();
 
@@ -574,6 +577,7 @@ void VoiceTestRunTest::hundredRuns()
     };
     QCOMPARE(oneRun(0), QByteArray());
     const int rules = matchRules();
+    const int objects = tracker.objects();
     QVERIFY2(rules > 0, "the bus does not tell its match rules");
     AudioRecorder *recorder = AudioRecorder::getInstance();
     for (int number = 1; number < 100; ++number)
@@ -584,6 +588,8 @@ void VoiceTestRunTest::hundredRuns()
     QCOMPARE(run.levels.size(), 100);
     QCOMPARE(tracker.timers(testMs).size(), 1);
     QCOMPARE(matchRules(), rules);
+    // Room for what Qt's own threads have in hand.
+    QVERIFY2(tracker.objects() <= objects + 5, qPrintable(QString::number(tracker.objects())));
     QCOMPARE(run.wrapper->findChildren<ComCorvaneAiserviceAqcInterface *>().size(), 1);
 }
 
@@ -678,6 +684,56 @@ void VoiceTestRunTest::microphoneVanishes()
     QCOMPARE(audio().hear(block(2)), 1);
     QVERIFY(service.waitForCalls(putAudio, 4));
     QCOMPARE(service.heard(QStringLiteral("/session/aqc/2")), block(2));
+}
+
+// Longer than the bus waits: as if the service were absent, and the next run works.
+void VoiceTestRunTest::serviceHangs()
+{
+    ImpatientBus bus;
+    QVERIFY(bus.start());
+    VoiceService service;
+    QVERIFY(service.start());
+    Run run;
+    service.suspend();
+    QCOMPARE(run.wrapper->start(), 0);
+    QVERIFY(AudioRecorder::getInstance()->isRecording());
+    audio().hear(block(1));
+    run.wrapper->stop();
+    QVERIFY(microphoneIsClosed());
+    service.resume();
+    QVERIFY(service.waitForCalls(freeSession));
+    service.reset();
+
+    QCOMPARE(run.wrapper->start(), 0);
+    audio().hear(block(2));
+    QVERIFY(service.waitForCalls(putAudio, 2));
+    QCOMPARE(service.heard(QStringLiteral("/session/aqc/2")), block(2));
+    QCOMPARE(service.heard(QStringLiteral("/session/iat/2")), block(2));
+}
+
+void VoiceTestRunTest::recognitionHangs()
+{
+    ImpatientBus bus;
+    QVERIFY(bus.start());
+    VoiceService service;
+    QVERIFY(service.start());
+    service.script(startIat, QStringLiteral("hold"));
+    Run run;
+    QCOMPARE(run.wrapper->start(), 0);
+    // The quality check runs, and hears what it should.
+    audio().hear(block(1));
+    QVERIFY(service.waitForCalls(putAudio, 2));
+    QCOMPARE(service.heard(aqcPath), block(1));
+    service.notify(aqcPath, QStringLiteral("1000"));
+    QTRY_COMPARE(run.verdicts, QStringList(QStringLiteral("1000")));
+    QCOMPARE(service.release(startIat), 1); // to nobody
+    run.wrapper->stop();
+    QVERIFY(microphoneIsClosed());
+
+    service.reset();
+    QCOMPARE(run.wrapper->start(), 0);
+    service.recognise(QStringLiteral("/session/iat/2"), QStringLiteral("a"));
+    QTRY_COMPARE(run.texts, QStringList(QStringLiteral("a 1 1")));
 }
 
 void VoiceTestRunTest::serviceDiesInTheMiddle()

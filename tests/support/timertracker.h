@@ -10,7 +10,7 @@ extern Q_CORE_EXPORT quintptr qtHookData[];
 
 /**
  * Finds the timers that are created while it lives, parentless ones included, so that tests look at
- * them and let them tick without waiting. One at a time.
+ * them and let them tick without waiting. Counts all objects on the way. One at a time.
  */
 class TimerTracker
 {
@@ -46,6 +46,13 @@ public:
                 found.append(timer);
         }
         return found;
+    }
+
+    /** How many objects of any kind are there that were created while this one lives. */
+    int objects() const
+    {
+        const QMutexLocker locker(&m_mutex);
+        return m_objects.size();
     }
 
     /** Lets @p timer fire once, as if its time had come. */
