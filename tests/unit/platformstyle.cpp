@@ -232,6 +232,15 @@ void PlatformStyle::comboBoxOpensAListAndTakesAChoice()
     QSignalSpy changed(box, QOverload<int>::of(&QComboBox::currentIndexChanged));
     QTest::mouseMove(list->viewport(), list->visualRect(third).center());
     QVERIFY(pictures::count(pictures::of(list), color(QPalette::Highlight)) > 1000);
+    // The panel's frame is seen on all four sides, and the entries lie on one surface with it.
+    const QImage panel = pictures::of(list->window());
+    const int middle = panel.height() / 2;
+    const QColor frame = panel.pixelColor(0, middle);
+    QCOMPARE(panel.pixelColor(panel.width() - 1, middle), frame);
+    QCOMPARE(panel.pixelColor(panel.width() / 2, 0), frame);
+    QCOMPARE(panel.pixelColor(panel.width() / 2, panel.height() - 1), frame);
+    QVERIFY(panel.pixelColor(1, middle) != frame);
+    QCOMPARE(panel.pixelColor(panel.width() / 2, 1), panel.pixelColor(1, middle));
     // A release right after the press that opened the list is taken for the end of that press.
     QTest::keyClick(list, Qt::Key_Down);
     QTest::keyClick(list, Qt::Key_End);

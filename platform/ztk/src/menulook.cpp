@@ -4,6 +4,7 @@
 #include "ztk/zpainting.h"
 #include "ztk/zstyle.h"
 
+#include <QApplication>
 #include <QIcon>
 #include <QPainter>
 #include <QStyleOption>
@@ -21,6 +22,7 @@ constexpr int itemPadding = 8; ///< Between that mark's edge and what stands on 
 constexpr int symbolSize = 16;
 constexpr int gap = 8;
 constexpr int separatorHeight = 9;
+constexpr qreal frameAmount = 0.2; ///< Of the text's colour in the frame.
 
 bool hasIcon(const QStyleOptionMenuItem *option)
 {
@@ -29,13 +31,18 @@ bool hasIcon(const QStyleOptionMenuItem *option)
 
 } // namespace
 
-void drawPanel(QPainter *painter, const QStyleOption *option, QPalette::ColorRole surface)
+QColor surface()
+{
+    return QApplication::palette("QMenu").color(QPalette::Window);
+}
+
+void drawPanel(QPainter *painter, const QStyleOption *option, const QColor &fill)
 {
     // Square: without a compositing manager a rounded window has black corners.
-    const QPalette &palette = option->palette;
-    painter->fillRect(option->rect, palette.color(surface));
-    ZPainting::frameRounded(painter, option->rect, 0, palette.color(QPalette::Mid),
-                            ZPainting::hairline(painter));
+    painter->fillRect(option->rect, fill);
+    const QColor frame =
+        ZPainting::blend(fill, option->palette.color(QPalette::WindowText), frameAmount);
+    ZPainting::frameRounded(painter, option->rect, 0, frame, ZPainting::hairline(painter));
 }
 
 void drawItem(QPainter *painter, const QStyleOptionMenuItem *option)
@@ -71,7 +78,6 @@ void drawItem(QPainter *painter, const QStyleOptionMenuItem *option)
     if (hasIcon(option))
         ZPainting::drawIcon(painter, place(takeSymbol()), option->icon, textColor);
     if (option->menuItemType == QStyleOptionMenuItem::SubMenu) {
-        QStyleOption arrow = *option;
         const QRect right(rest.right() - symbolSize, rest.center().y() - symbolSize / 2 + 1,
                           symbolSize, symbolSize);
         painter->save();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QPalette>
+#include <QColor>
 #include <QSize>
 
 class QPainter;
@@ -13,8 +13,11 @@ namespace Widget {
 /** Menus and the lists that combo boxes open, of ZStyle. */
 namespace MenuLook {
 
-/** Background, in the palette's role @p surface, and frame of an open menu, list or tool tip. */
-void drawPanel(QPainter *painter, const QStyleOption *option, QPalette::ColorRole surface);
+/** What entries lie on. The window that a combo box opens has not the palette of menus. */
+QColor surface();
+
+/** Background, in @p fill, and frame of an open menu, list or tool tip. */
+void drawPanel(QPainter *painter, const QStyleOption *option, const QColor &fill);
 
 /** One entry: check mark, icon, text, short cut, arrow of a sub-menu; or a separator. */
 void drawItem(QPainter *painter, const QStyleOptionMenuItem *option);

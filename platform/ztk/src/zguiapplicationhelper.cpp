@@ -30,7 +30,7 @@ void ZGuiApplicationHelper::setThemeType(ColorType type)
     QApplication::setPalette(palette);
     // Menus, and the lists that combo boxes open, lie on a surface of their own like cards.
     QPalette menuPalette = palette;
-    menuPalette.setColor(QPalette::Window, palette.color(QPalette::Base));
+    menuPalette.setColor(QPalette::Window, palette.color(QPalette::ToolTipBase));
     QApplication::setPalette(menuPalette, "QMenu");
     if (changed)
         Q_EMIT themeTypeChanged(type);

@@ -7,6 +7,7 @@
 #include "scrollbarlook.h"
 #include "ztk/zpainting.h"
 
+#include <QFrame>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QLineEdit>
@@ -49,6 +50,8 @@ void ZStyle::polish(QWidget *widget)
     QProxyStyle::polish(widget);
     if (qobject_cast<QLineEdit *>(widget))
         widget->setAttribute(Qt::WA_Hover);
+    else if (widget->inherits("QComboBoxPrivateContainer"))
+        widget->setContentsMargins(1, 0, 1, 0); // the list must not cover the panel's frame
 }
 
 void ZStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
@@ -77,10 +80,10 @@ void ZStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
         return;
     }
     case PE_PanelMenu:
-        MenuLook::drawPanel(painter, option, QPalette::Window);
+        MenuLook::drawPanel(painter, option, MenuLook::surface());
         return;
     case PE_PanelTipLabel:
-        MenuLook::drawPanel(painter, option, QPalette::ToolTipBase);
+        MenuLook::drawPanel(painter, option, option->palette.color(QPalette::ToolTipBase));
         return;
     case PE_FrameMenu:
         return; // part of the panel
@@ -113,7 +116,7 @@ void ZStyle::drawControl(ControlElement element, const QStyleOption *option, QPa
             return;
         }
     } else if (element == CE_MenuEmptyArea) {
-        painter->fillRect(option->rect, option->palette.color(QPalette::Window));
+        painter->fillRect(option->rect, MenuLook::surface());
         return;
     } else if (element == CE_MenuItem) {
         if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option)) {
@@ -259,6 +262,8 @@ int ZStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget 
         break;
     case SH_ComboBox_Popup:
         return 1; // a menu-like list that opens over the combo box
+    case SH_ComboBox_PopupFrameStyle:
+        return QFrame::NoFrame; // the panel has a frame
     case SH_ComboBox_AllowWheelScrolling:
         return 0; // scrolling a page must not change a setting under the mouse
     case SH_EtchDisabledText:
