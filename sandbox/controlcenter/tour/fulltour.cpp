@@ -5,6 +5,7 @@
 #include "sandbox/controlcenter/tour/searchsteps.h"
 #include "sandbox/controlcenter/tour/shortcutsteps.h"
 #include "sandbox/controlcenter/tour/switchsteps.h"
+#include "sandbox/controlcenter/tour/voicesteps.h"
 
 namespace controlcenter {
 namespace {
@@ -21,6 +22,9 @@ const QVector<Section> &sections()
         {QStringLiteral("pages"), pageSteps},        {QStringLiteral("search"), searchSteps},
         {QStringLiteral("switches"), switchSteps},   {QStringLiteral("shortcuts"), shortcutSteps},
         {QStringLiteral("keyboard"), keyboardSteps},
+        {QStringLiteral("pages"), pageSteps},      {QStringLiteral("search"), searchSteps},
+        {QStringLiteral("switches"), switchSteps}, {QStringLiteral("keyboard"), keyboardSteps},
+        {QStringLiteral("voice"), voiceSteps},
     };
     return all;
 }

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+namespace controlcenter {
+
+/**
+ * The sandbox's virtual microphone, whose folder stands in the environment variable
+ * SANDBOX_MICROPHONE. The next program that records hears what was chosen last.
+ */
+class Microphone
+{
+public:
+    /** Whether a virtual microphone is running; the tour must not listen to a room. */
+    static bool isVirtual();
+
+    /** @p kind is "speech", "noise", "loud", "quiet" or "silence". False when it cannot be told. */
+    static bool choose(const QString &kind);
+};
+
+} // namespace controlcenter

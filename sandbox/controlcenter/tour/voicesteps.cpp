@@ -1,0 +1,229 @@
+#include "sandbox/controlcenter/tour/voicesteps.h"
+
+#include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/tour/microphone.h"
+#include "sandbox/controlcenter/tour/servicecontrol.h"
+#include "sandbox/controlcenter/tour/tourdriver.h"
+
+#include <QCoreApplication>
+#include <QDBusObjectPath>
+#include <QLabel>
+#include <QTest>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace controlcenter {
+namespace {
+
+/** A test takes ten seconds; this is what a slow machine may add. */
+constexpr int longestTest = 25000; // ms
+
+/** How soon the panel must follow an action that waits for nothing. */
+constexpr int longestReaction = 5000; // ms
+
+constexpr uint networkConnected = 70; // states of the network manager's interface
+constexpr uint networkDisconnected = 20;
+
+const QString assistantPage = QStringLiteral("Desktop AI Assistant");
+
+/** The page's text for @p source in the language of the window. */
+QString shown(const char *source)
+{
+    return QCoreApplication::translate("AssistantSettingWidget", source);
+}
+
+bool pageShows(const TourDriver &driver, const QString &text)
+{
+    const QWidget *page = driver.window()->currentPage();
+    const auto labels = page ? page->findChildren<QLabel *>() : QList<QLabel *>();
+    return std::any_of(labels.cbegin(), labels.cend(), [&](const QLabel *label) {
+        return label->isVisible() && label->text() == text;
+    });
+}
+
+QWidget *wave(const TourDriver &driver)
+{
+    return driver.control(shown("Microphone level"));
+}
+
+QWidget *firstLink(const TourDriver &driver)
+{
+    return driver.control(shown("Click here to test"));
+}
+
+QWidget *againLink(const TourDriver &driver)
+{
+    return driver.control(shown("Click here to test again"));
+}
+
+/** Opens the page afresh and presses its link. */
+QString pressLink(TourDriver &driver)
+{
+    const QString problem = driver.openPage(assistantPage);
+    if (!problem.isEmpty())
+        return problem;
+    QWidget *link = firstLink(driver);
+    if (!link)
+        return QStringLiteral("the link is not there");
+    if (!driver.tabTo(link))
+        return QStringLiteral("Tab does not lead to the link");
+    driver.press(Qt::Key_Space);
+    return QString();
+}
+
+QString startTest(TourDriver &driver, const QString &microphone)
+{
+    if (!Microphone::isVirtual())
+        return QStringLiteral("no virtual microphone is running");
+    if (!Microphone::choose(microphone))
+        return QStringLiteral("the microphone cannot be told what to hear");
+    const QString problem = pressLink(driver);
+    if (!problem.isEmpty())
+        return problem;
+    if (!driver.waitFor([&] { return wave(driver) != nullptr; }, longestReaction))
+        return QStringLiteral("the wave is not shown");
+    return QString();
+}
+
+QString awaitVerdict(TourDriver &driver, const QString &verdict, int milliseconds)
+{
+    if (!driver.waitFor([&] { return againLink(driver) != nullptr; }, milliseconds))
+        return QStringLiteral("the test does not end");
+    if (pageShows(driver, verdict))
+        return QString();
+    QStringList texts;
+    for (const QLabel *label : driver.window()->currentPage()->findChildren<QLabel *>()) {
+        if (label->isVisible())
+            texts.append(label->text());
+    }
+    return QStringLiteral("the page does not say \"%1\", but: %2")
+        .arg(verdict, texts.join(QStringLiteral(" | ")));
+}
+
+/** Words of the phrase that the user is asked to say; a recogniser may miss some of them. */
+bool wordsRecognised(const TourDriver &driver)
+{
+    const QStringList words = {QStringLiteral("预约"), QStringLiteral("明天"),
+                               QStringLiteral("早上"), QStringLiteral("视频"),
+                               QStringLiteral("会议")};
+    const auto labels = driver.window()->currentPage()->findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        // The phrase to say is on the page, too, in quotes.
+        if (!label->isVisible() || label->text().contains(QLatin1Char('"')))
+            continue;
+        for (const QString &word : words) {
+            if (label->text().contains(word))
+                return true;
+        }
+    }
+    return false;
+}
+
+TourSteps spokenTest()
+{
+    return {{QStringLiteral("voice test, a voice: start"),
+             [](TourDriver &driver) { return startTest(driver, QStringLiteral("speech")); },
+             QString()},
+            {QStringLiteral("voice test, a voice: words are recognised while it runs"),
+             [](TourDriver &driver) {
+                 const bool recognised = driver.waitFor(
+                     [&] { return wordsRecognised(driver) || !wave(driver); }, longestTest);
+                 return recognised && wave(driver)
+                            ? QString()
+                            : QStringLiteral("no words before the test was over");
+             },
+             QStringLiteral("voice-running")},
+            {QStringLiteral("voice test, a voice: the verdict"),
+             [](TourDriver &driver) {
+                 const QString problem = awaitVerdict(driver, shown("It sounds good"), longestTest);
+                 if (problem.isEmpty() && !wordsRecognised(driver))
+                     return QStringLiteral("the recognised words are gone");
+                 return problem;
+             },
+             QStringLiteral("voice-good")}};
+}
+
+TourStep heardTest(const QString &microphone, const char *verdict)
+{
+    return {QStringLiteral("voice test, %1").arg(microphone),
+            [microphone, verdict](TourDriver &driver) {
+                const QString problem = startTest(driver, microphone);
+                return problem.isEmpty() ? awaitVerdict(driver, shown(verdict), longestTest)
+                                         : problem;
+            },
+            QStringLiteral("voice-") + microphone};
+}
+
+TourStep cancelledTest()
+{
+    return {QStringLiteral("voice test, cancelled by a click on the wave"),
+            [](TourDriver &driver) {
+                const QString problem = startTest(driver, QStringLiteral("silence"));
+                if (!problem.isEmpty())
+                    return problem;
+                const QWidget *target = wave(driver);
+                const ControlCenterWindow *window = driver.window();
+                QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                                  target->mapTo(window, target->rect().center()));
+                driver.settle();
+                return firstLink(driver) && !wave(driver)
+                           ? QString()
+                           : QStringLiteral("the panel is not back at its beginning");
+            },
+            QStringLiteral("voice-cancelled")};
+}
+
+TourStep offlineTest()
+{
+    return {QStringLiteral("voice test, without network"),
+            [](TourDriver &driver) {
+                ServiceControl network(QStringLiteral("networkmanager"),
+                                       QDBusConnection::systemBus());
+                if (!network.setValue(QStringLiteral("state"), networkDisconnected))
+                    return network.error();
+                QString problem = pressLink(driver);
+                if (problem.isEmpty())
+                    problem = awaitVerdict(driver, shown("Network unavailable"), longestReaction);
+                if (!network.setValue(QStringLiteral("state"), networkConnected))
+                    return network.error();
+                return problem;
+            },
+            QStringLiteral("voice-offline")};
+}
+
+TourStep refusedTest()
+{
+    return {
+        QStringLiteral("voice test, refused by the AI service"),
+        [](TourDriver &driver) {
+            constexpr int refusal = 1; // any error code but 0
+            ServiceControl service(QStringLiteral("aiservice"));
+            if (!service.script(QStringLiteral("createSession"), QStringLiteral("reply-list"),
+                                QVariantList{QVariant::fromValue(QDBusObjectPath("/")), refusal}))
+                return service.error();
+            QString problem = pressLink(driver);
+            if (problem.isEmpty())
+                problem = awaitVerdict(driver, shown("Service exception"), longestReaction);
+            if (!service.reset())
+                return service.error();
+            return problem;
+        },
+        QStringLiteral("voice-refused")};
+}
+
+} // namespace
+
+TourSteps voiceSteps(const ControlCenterWindow *)
+{
+    return spokenTest() +
+           TourSteps{heardTest(QStringLiteral("loud"), "Turn down the input volume and try again"),
+                     heardTest(QStringLiteral("quiet"), "Turn up the input volume and try again"),
+                     heardTest(QStringLiteral("noise"), "Too many noises"),
+                     heardTest(QStringLiteral("silence"), "No sound recorded"),
+                     cancelledTest(),
+                     offlineTest(),
+                     refusedTest()};
+}
+
+} // namespace controlcenter

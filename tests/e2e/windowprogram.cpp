@@ -1,0 +1,56 @@
+#include "tests/e2e/windowprogram.h"
+
+#include <QDir>
+#include <QImage>
+#include <QProcess>
+#include <QRegularExpression>
+
+WindowRun runWindow(const QStringList &arguments)
+{
+    constexpr int limit = 280000; // ms
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TRANSLATIONS_DIR"), QStringLiteral(CATALOGUES));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(WITH_TRANSLATIONS),
+                  QStringList{QStringLiteral(WINDOW_PROGRAM)} + arguments);
+    const bool ended = process.waitForFinished(limit);
+    if (!ended) {
+        process.kill();
+        process.waitForFinished();
+    }
+    WindowRun run;
+    if (ended && process.exitStatus() == QProcess::NormalExit)
+        run.exitCode = process.exitCode();
+    run.lines =
+        QString::fromUtf8(process.readAllStandardOutput()).trimmed().split(QLatin1Char('\n'));
+    run.messages = QString::fromUtf8(process.readAllStandardError());
+    return run;
+}
+
+WindowRun runTour(const QString &folder, const QStringList &arguments)
+{
+    return runWindow(QStringList{QStringLiteral("--plugin"), QStringLiteral(MODULE_FILE),
+                                 QStringLiteral("--tour"), folder} +
+                     arguments);
+}
+
+QString failureOf(const WindowRun &run, const QString &folder)
+{
+    const QString everything = run.lines.join(QLatin1Char('\n'));
+    if (run.exitCode != 0)
+        return everything + QStringLiteral("\nexit code %1\n").arg(run.exitCode) + run.messages;
+
+    int pictures = 0;
+    for (const QString &line : run.lines) {
+        if (line.startsWith(QLatin1String("FAIL")))
+            return line + QStringLiteral(", and yet the exit code is 0");
+        const auto picture = QRegularExpression(QStringLiteral("^ok .* -> (\\S+)$")).match(line);
+        if (!picture.hasMatch())
+            continue;
+        ++pictures;
+        if (QImage(QDir(folder).filePath(picture.captured(1))).isNull())
+            return line + QStringLiteral(": there is no such picture");
+    }
+    return pictures > 0 ? QString() : QStringLiteral("no pictures\n") + everything;
+}
