@@ -19,11 +19,11 @@ struct Section
 const QVector<Section> &sections()
 {
     static const QVector<Section> all = {
-        {QStringLiteral("pages"), pageSteps},        {QStringLiteral("search"), searchSteps},
-        {QStringLiteral("switches"), switchSteps},   {QStringLiteral("shortcuts"), shortcutSteps},
-        {QStringLiteral("keyboard"), keyboardSteps},
-        {QStringLiteral("pages"), pageSteps},      {QStringLiteral("search"), searchSteps},
-        {QStringLiteral("switches"), switchSteps}, {QStringLiteral("keyboard"), keyboardSteps},
+        {QStringLiteral("pages"), pageSteps},         //
+        {QStringLiteral("search"), searchSteps},      //
+        {QStringLiteral("switches"), switchSteps},    //
+        {QStringLiteral("shortcuts"), shortcutSteps}, //
+        {QStringLiteral("keyboard"), keyboardSteps},  //
         {QStringLiteral("voice"), voiceSteps},
     };
     return all;
