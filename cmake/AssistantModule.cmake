@@ -75,6 +75,8 @@ add_library(shortcutwidgets OBJECT
     pages/keylabel.h
     pages/shortcutitem.cpp
     pages/shortcutitem.h
+    pages/shortcutitemaccessible.cpp
+    pages/shortcutitemaccessible.h
     pages/shortcutkey.cpp
     pages/shortcutkey.h)
 assistant_configure_target(shortcutwidgets)

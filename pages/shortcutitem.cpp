@@ -1,5 +1,6 @@
 #include "pages/shortcutitem.h"
 
+#include "pages/shortcutitemaccessible.h"
 #include "pages/shortcutkey.h"
 
 #include <QHBoxLayout>
@@ -50,6 +51,7 @@ ShortcutItem::ShortcutItem(QFrame *parent)
     , m_editButton(new ZIconButton(this))
     , m_key(new ShortcutKey)
 {
+    ShortcutItemAccessible::install();
     setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Minimum);
     setMinimumHeight(kMinimumHeight);
     setAttribute(Qt::WA_MouseTracking);
@@ -141,6 +143,16 @@ void ShortcutItem::onEditMode(bool on)
     update();
 }
 
+bool ShortcutItem::isInEditMode() const
+{
+    return m_removeButton->isVisible();
+}
+
+void ShortcutItem::press()
+{
+    activate(true);
+}
+
 void ShortcutItem::updateTitleSize()
 {
     show();
@@ -194,7 +206,7 @@ void ShortcutItem::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Enter:
     case Qt::Key_Select:
         if (!event->isAutoRepeat())
-            activate(true);
+            press();
         break;
     default:
         zcc::widgets::SettingsItem::keyPressEvent(event);
@@ -204,7 +216,7 @@ void ShortcutItem::keyPressEvent(QKeyEvent *event)
 void ShortcutItem::paintEvent(QPaintEvent *event)
 {
     zcc::widgets::SettingsItem::paintEvent(event);
-    if (!hasFocus() || m_removeButton->isVisible())
+    if (!hasFocus() || isInEditMode())
         return;
     const QWidget *control = m_key->isVisible() ? static_cast<QWidget *>(m_key) : m_shortcutEdit;
     QStyleOptionFocusRect option;
@@ -238,7 +250,7 @@ void ShortcutItem::showShortcut()
 // What a click does; @p onCaps says whether it fell on the key caps.
 void ShortcutItem::activate(bool onCaps)
 {
-    if (m_removeButton->isVisible())
+    if (isInEditMode())
         return;
     if (m_shortcutEdit->isVisible() || !onCaps) {
         showShortcut();

@@ -59,6 +59,15 @@ public:
     /** Asks the owner, by shortcutEditChanged(), to edit this shortcut. */
     void onShortcutEdit();
 
+    /** Whether the row shows its two buttons. */
+    bool isInEditMode() const;
+
+    /**
+     * Does what a click on the caps does: asks for a new shortcut, or gives up waiting for one. In
+     * edit mode it does nothing.
+     */
+    void press();
+
     /** Elides the title to half of the width left for it if it does not fit. Shows the row. */
     void updateTitleSize();
 

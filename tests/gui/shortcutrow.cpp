@@ -1,5 +1,6 @@
 #include "shortcutparts.h"
 
+#include <QAccessible>
 #include <QHBoxLayout>
 #include <QScrollArea>
 #include <QStyleFactory>
@@ -90,6 +91,7 @@ private slots:
     void buttonsSignal();
     void operableByKeyboard();
     void keyboardDoesNothingInEditMode();
+    void operableByAssistiveTechnology();
     void acceptsReleaseItself();
     void titleStaysPlain();
     void titleThatFitsIsWhole();
@@ -382,6 +384,46 @@ void ShortcutRow::keyboardDoesNothingInEditMode()
     QCOMPARE(log.lines, QStringList());
     window.row->onEditMode(false);
     QCOMPARE(window.row->focusPolicy(), Qt::TabFocus);
+}
+
+void ShortcutRow::operableByAssistiveTechnology()
+{
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("Title"));
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showAndWait());
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const RowParts parts(*window.row);
+    SignalLog log(window.row);
+    const QString press = QAccessibleActionInterface::pressAction();
+
+    QAccessibleInterface *row = QAccessible::queryAccessibleInterface(window.row);
+    QVERIFY(row);
+    QCOMPARE(row->role(), QAccessible::Button);
+    QCOMPARE(row->text(QAccessible::Name), QStringLiteral("Title"));
+    QCOMPARE(row->text(QAccessible::Description), QStringLiteral("Ctrl+Alt+T"));
+    QVERIFY(row->state().focusable);
+    QVERIFY(row->actionInterface()->actionNames().contains(press));
+    row->actionInterface()->doAction(press);
+    QCOMPARE(parts.visible(), QStringLiteral("line"));
+    QCOMPARE(log.lines, QStringList(QStringLiteral("update: Title, ") + kAccels));
+    row->actionInterface()->doAction(press);
+    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    row->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    QVERIFY(window.row->hasFocus());
+
+    window.row->onEditMode(true);
+    QCOMPARE(row->role(), QAccessible::Grouping);
+    QVERIFY(!row->actionInterface()->actionNames().contains(press));
+    row->actionInterface()->doAction(press);
+    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
+    QCOMPARE(log.lines.size(), 1);
+    for (ZIconButton *button : {parts.edit, parts.remove}) {
+        const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(button);
+        QCOMPARE(accessible->role(), QAccessible::Button);
+        QVERIFY(!accessible->text(QAccessible::Name).isEmpty());
+    }
 }
 
 // The row takes the release; what stands behind it must not see it.

@@ -6,6 +6,7 @@
 
 #include <zcc/widgets/settingsgroup.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
@@ -127,14 +128,22 @@ void ShortcutsPage::setEditMode(bool on)
         line.row->onEditMode(on);
 }
 
+/** Says @p text in writing, and aloud to those who listen. */
+void ShortcutsPage::say(const QString &text)
+{
+    m_message->setText(text);
+    QAccessibleEvent alert(m_message, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
 void ShortcutsPage::await(const QString &id)
 {
     if (!m_awaited.isEmpty() && m_awaited != id)
         endWait();
     m_awaited = id;
     const Line &awaited = *line(id);
-    m_message->setText(tr("Press the new shortcut for “%1”. Escape keeps the old one.")
-                           .arg(awaited.shortcut.title));
+    say(tr("Press the new shortcut for “%1”. Escape keeps the old one.")
+            .arg(awaited.shortcut.title));
     m_grabber->start(awaited.row);
 }
 
@@ -152,8 +161,8 @@ void ShortcutsPage::store(const QString &accelerator)
     endWait();
     for (const Line &other : qAsConst(m_lines)) {
         if (other.shortcut.id != id && other.accelerator == accelerator) {
-            m_message->setText(tr("%1 is the shortcut for “%2” already.")
-                                   .arg(spoken(accelerator), other.shortcut.title));
+            say(tr("%1 is the shortcut for “%2” already.")
+                    .arg(spoken(accelerator), other.shortcut.title));
             return;
         }
     }
@@ -170,7 +179,7 @@ void ShortcutsPage::onKnown(const QString &id, const QString &accelerator)
 
 void ShortcutsPage::onFailed(const QString &id, const QString &reason)
 {
-    m_message->setText(tr("The shortcut for “%1”: %2").arg(line(id)->shortcut.title, reason));
+    say(tr("The shortcut for “%1”: %2").arg(line(id)->shortcut.title, reason));
 }
 
 } // namespace controlcenter
