@@ -8,6 +8,10 @@
 #include <QProxyStyle>
 #include <QStyleOptionButton>
 
+#include <ztk/zguiapplicationhelper.h>
+
+using Ztk::Gui::ZGuiApplicationHelper;
+
 namespace {
 
 /** Remembers the push buttons that it was asked to draw, and draws them. */
@@ -67,6 +71,7 @@ private slots:
     void capDrawsOneButton();
     void capColoursAreThoseOfThePalette();
     void capFollowsTheme();
+    void capFollowsDesktopTheme();
     void hoverRepaintsOnly();
     void rowLayout();
     void rowReplacesCaps();
@@ -191,6 +196,22 @@ void ShortcutCaps::capFollowsTheme()
     QVERIFY(light != dark);
     QVERIFY(light.pixelColor(30, 4).lightness() > dark.pixelColor(30, 4).lightness() + 50);
     QVERIFY2(light != picture(QColor(250, 250, 250), QColor(200, 0, 0)), "the text has no colour");
+}
+
+void ShortcutCaps::capFollowsDesktopTheme()
+{
+    auto *desktop = ZGuiApplicationHelper::instance();
+    KeyLabel cap(QStringLiteral("Ctrl"));
+    cap.resize(60, 30);
+    const auto picture = [&](ZGuiApplicationHelper::ColorType theme) {
+        desktop->setThemeType(theme);
+        return cap.grab().toImage();
+    };
+    const QImage light = picture(ZGuiApplicationHelper::LightType);
+    const QImage dark = picture(ZGuiApplicationHelper::DarkType);
+    QVERIFY(light != dark);
+    QVERIFY(light.pixelColor(30, 4).lightness() > dark.pixelColor(30, 4).lightness() + 50);
+    QCOMPARE(picture(ZGuiApplicationHelper::LightType), light);
 }
 
 void ShortcutCaps::hoverRepaintsOnly()
