@@ -12,6 +12,8 @@
 
 #include <memory>
 
+#include <unistd.h>
+
 using testsupport::ServiceProcess;
 
 namespace {
@@ -34,6 +36,15 @@ QByteArray spokenPhrase()
 QJsonObject parsed(const QString &text)
 {
     return QJsonDocument::fromJson(text.toUtf8()).object();
+}
+
+/** Memory that the process really takes; 0 when that cannot be read. */
+qint64 residentBytes(qint64 process)
+{
+    QFile file(QStringLiteral("/proc/%1/statm").arg(process));
+    return file.open(QIODevice::ReadOnly)
+               ? file.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE)
+               : 0;
 }
 
 /** The words of a recognition result, joined. */
@@ -188,6 +199,7 @@ private Q_SLOTS:
     void endsWhileRecognising();
 
     void recordsWhatItHears();
+    void memoryStaysFlat();
 
 private:
     QString startRecognition(const QString &path, const QVariantMap &parameters = {});
@@ -582,6 +594,32 @@ void AiServiceSessions::recordsWhatItHears()
     m_client->putAudio(check, QStringLiteral("aqc"), audio, true);
     QVERIFY(m_service->waitForCalls(QStringLiteral("putAudio"), 480));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+}
+
+void AiServiceSessions::memoryStaysFlat()
+{
+    const QByteArray audio = spokenPhrase().left(64000); // 2 s
+    int ends = 0;
+    const auto runs = [&](int count) {
+        for (int i = 0; i < count; ++i) {
+            const QString path = m_client->open(QStringLiteral("iat"));
+            QVERIFY(m_client->listen(path));
+            startRecognition(path);
+            m_client->putAudio(path, QStringLiteral("iat"), audio, true);
+            ++ends;
+            QTRY_COMPARE_WITH_TIMEOUT(m_client->signalsOf(QStringLiteral("onEnd")).size(), ends,
+                                      30000);
+        }
+        m_service->reset(); // the log of calls
+    };
+    runs(10);
+    const qint64 before = residentBytes(m_service->processId());
+    QVERIFY(before > 0);
+    runs(30);
+    const qint64 growth = residentBytes(m_service->processId()) - before;
+
+    // One recogniser alone takes 17 MB.
+    QVERIFY2(growth < 5000000, qPrintable(QString::number(growth)));
 }
 
 QTEST_GUILESS_MAIN(AiServiceSessions)
