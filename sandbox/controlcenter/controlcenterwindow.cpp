@@ -15,7 +15,9 @@
 
 #include <ztk/zguiapplicationhelper.h>
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QShortcut>
 #include <QStackedWidget>
 
@@ -86,6 +88,7 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
             &ControlCenterWindow::showTheme);
     showTheme();
     addShortcuts();
+    setFocus(); // nothing is chosen yet; the first Tab leads to the search field
 }
 
 ControlCenterWindow::~ControlCenterWindow()
@@ -153,6 +156,18 @@ void ControlCenterWindow::closeEvent(QCloseEvent *event)
 {
     m_frame->leave();
     QWidget::closeEvent(event);
+}
+
+void ControlCenterWindow::keyPressEvent(QKeyEvent *event)
+{
+    // Typing anywhere but in a control searches.
+    const QString text = event->text();
+    if (hasFocus() && !text.isEmpty() && text.at(0).isLetterOrNumber()) {
+        m_searchField->setFocus(Qt::ShortcutFocusReason);
+        QCoreApplication::sendEvent(m_searchField, event);
+        return;
+    }
+    QWidget::keyPressEvent(event);
 }
 
 QWidget *ControlCenterWindow::buildSideBar()

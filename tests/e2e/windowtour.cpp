@@ -21,6 +21,7 @@ private Q_SLOTS:
     void everyStepSucceedsAndItsPictureExists();
     void eachPageLooksDifferentInTheTwoThemes();
     void picturesScale();
+    void onlyPicturesOfAnEarlierTourAreRemoved();
     void theWindowMirrorsInUyghur();
     void largeTextsKeepEverythingReachable();
     void aMissingServiceFailsTheTour();
@@ -62,9 +63,6 @@ void WindowTour::initTestCase()
 
 void WindowTour::init()
 {
-    QDir folder(m_pictures.path());
-    for (const QString &file : folder.entryList(QDir::Files))
-        QVERIFY(folder.remove(file));
     for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network}) {
         if (!service->isRunning())
             QVERIFY(service->start());
@@ -116,6 +114,20 @@ void WindowTour::picturesScale()
                  .exitCode,
              0);
     QCOMPARE(picture(QStringLiteral("translation-light")).size(), QSize(2200, 1440));
+}
+
+void WindowTour::onlyPicturesOfAnEarlierTourAreRemoved()
+{
+    const QTemporaryDir folder;
+    for (const char *name : {"01-old.png", "123-old.png", "holiday.png", "01-notes.txt"}) {
+        QFile file(folder.filePath(QLatin1String(name)));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    QCOMPARE(runTour(folder.path(), {QStringLiteral("--section=search")}).exitCode, 0);
+    QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("01-old.png"))));
+    QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("123-old.png"))));
+    QVERIFY(QFile::exists(folder.filePath(QStringLiteral("holiday.png"))));
+    QVERIFY(QFile::exists(folder.filePath(QStringLiteral("01-notes.txt"))));
 }
 
 void WindowTour::theWindowMirrorsInUyghur()

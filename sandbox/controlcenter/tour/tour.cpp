@@ -2,6 +2,7 @@
 
 #include "sandbox/controlcenter/controlcenterwindow.h"
 
+#include <QRegularExpression>
 #include <QTextStream>
 
 namespace controlcenter {
@@ -19,6 +20,7 @@ bool Tour::run(const TourSteps &steps)
         out << "FAIL  the folder " << m_folder.path() << " cannot be made" << '\n';
         return false;
     }
+    removeOldPictures();
     m_driver.window()->activateWindow();
     if (!m_driver.waitFor([this] { return m_driver.window()->isActiveWindow(); })) {
         out << "FAIL  the window does not become active" << '\n';
@@ -46,6 +48,15 @@ bool Tour::run(const TourSteps &steps)
     out << steps.size() << " steps, " << failures << " failed, " << pictures << " pictures in "
         << m_folder.path() << '\n';
     return failures == 0;
+}
+
+void Tour::removeOldPictures()
+{
+    const QRegularExpression ours(QStringLiteral("^\\d{2,}-.*\\.png$"));
+    for (const QString &file : m_folder.entryList(QDir::Files)) {
+        if (ours.match(file).hasMatch())
+            m_folder.remove(file);
+    }
 }
 
 QString Tour::runStep(const TourStep &step, const QString &file)

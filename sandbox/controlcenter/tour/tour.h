@@ -11,13 +11,18 @@ namespace controlcenter {
 class Tour
 {
 public:
-    /** Pictures go to @p folder, which is made when it is missing. */
+    /**
+     * Pictures go to @p folder, which is made when it is missing; those of an earlier tour are
+     * removed.
+     */
     Tour(ControlCenterWindow *window, const QString &folder);
 
     /** True when every step was as expected and every picture could be written. */
     bool run(const TourSteps &steps);
 
 private:
+    void removeOldPictures();
+
     /** What was not as expected; empty when all was well. @p file is the picture, or empty. */
     QString runStep(const TourStep &step, const QString &file);
     QString savePicture(const QString &file);
