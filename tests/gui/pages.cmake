@@ -1,5 +1,5 @@
 # The four settings pages, on the services they talk to.
-foreach(test pageform pageactions)
+foreach(test pageform pageactions assistantpage)
     assistant_add_test(${test} TIER gui BUSES
         SOURCES ${test}.cpp
         LIBRARIES assistantcontrol test-support)

@@ -37,7 +37,27 @@ SwitchButton::SwitchButton(QWidget *parent)
         m_position = value.toReal();
         update();
     });
-    connect(this, &QAbstractButton::toggled, this, &SwitchButton::slideTo);
+    connect(this, &QAbstractButton::toggled, this, [this](bool on) {
+        slideTo(on);
+        // Changed past setSwitched(), by an assistive technology for instance.
+        if (!m_settling)
+            Q_EMIT switched(on);
+    });
+}
+
+void SwitchButton::setSwitched(bool on)
+{
+    if (on == isChecked())
+        return;
+    m_settling = true;
+    setChecked(on);
+    m_settling = false;
+    Q_EMIT switched(on);
+}
+
+void SwitchButton::nextCheckState()
+{
+    setSwitched(!isChecked());
 }
 
 QSize SwitchButton::sizeHint() const

@@ -36,7 +36,7 @@ SwitchWidget::SwitchWidget(const QString &title, QWidget *parent)
     mirrorParts();
     setTitle(title);
 
-    connect(m_button, &QAbstractButton::toggled, this, &SwitchWidget::checkedChanged);
+    connect(m_button, &SwitchButton::switched, this, &SwitchWidget::checkedChanged);
 }
 
 bool SwitchWidget::checked() const
@@ -51,7 +51,7 @@ QString SwitchWidget::title() const
 
 void SwitchWidget::setChecked(bool checked)
 {
-    m_button->setChecked(checked);
+    m_button->setSwitched(checked);
 }
 
 void SwitchWidget::setTitle(const QString &title)
