@@ -1,0 +1,83 @@
+#include "bench/suite.h"
+#include "pages/assistantsettingwidget.h"
+
+#include <ztk/zcommandlinkbutton.h>
+
+#include <QAudioFormat>
+#include <QAudioInput>
+#include <QEventLoop>
+#include <QLabel>
+#include <QTimer>
+
+using Ztk::Widget::ZCommandLinkButton;
+
+namespace {
+
+constexpr int runMs = 10000; // a whole voice test
+
+class DiscardingSink : public QIODevice
+{
+public:
+    DiscardingSink() { open(QIODevice::WriteOnly); }
+
+protected:
+    qint64 readData(char *, qint64) override { return 0; }
+    qint64 writeData(const char *, qint64 length) override { return length; }
+};
+
+void runEvents(int ms)
+{
+    QEventLoop loop;
+    QTimer timer;
+    timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+    timer.start(ms);
+    loop.exec();
+}
+
+/** Share of one core that this process takes while @p run lasts, in per cent. */
+double processorShare(const std::function<void()> &run)
+{
+    const double before = processorMs();
+    const double ms = timedMs(run);
+    return (processorMs() - before) / ms * 100.0;
+}
+
+double voiceTestShare()
+{
+    AssistantSettingWidget page(nullptr);
+    page.resize(400, 560); // a panel as wide as its wave: 340 by 42
+    page.show();
+    runEvents(200);
+    return processorShare([&page] {
+        page.findChild<ZCommandLinkButton *>()->click();
+        runEvents(runMs - 200);
+    });
+}
+
+double captureShare()
+{
+    QAudioFormat format;
+    format.setSampleRate(16000);
+    format.setChannelCount(1);
+    format.setSampleSize(16);
+    format.setCodec(QStringLiteral("audio/pcm"));
+    format.setByteOrder(QAudioFormat::LittleEndian);
+    format.setSampleType(QAudioFormat::SignedInt);
+    DiscardingSink sink;
+    QAudioInput input(QAudioDeviceInfo::defaultInputDevice(), format);
+    return processorShare([&] {
+        input.start(&sink);
+        runEvents(runMs - 200);
+        input.stop();
+    });
+}
+
+} // namespace
+
+QVector<Ratio> benchVoiceTest()
+{
+    return {compare(QStringLiteral("voice test"), QStringLiteral("processor time of a whole run"),
+                    QStringLiteral("the audio backend capturing alone"), 1,
+                    QStringLiteral("% of a core"), voiceTestShare, captureShare)};
+}
