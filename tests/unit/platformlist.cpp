@@ -156,6 +156,9 @@ void PlatformList::longTextWrapsAndTheRowGrows()
     const int narrow = m_view->visualRect(m_model->index(2, 0)).height();
     m_view->resize(900, 400);
     QTRY_VERIFY(m_view->visualRect(m_model->index(2, 0)).height() < narrow);
+    // The row below moves up along with it.
+    QTRY_COMPARE(m_view->visualRect(m_model->index(3, 0)).top(),
+                 m_view->visualRect(m_model->index(2, 0)).bottom() + 1);
 }
 
 void PlatformList::currentRowIsHighlighted()

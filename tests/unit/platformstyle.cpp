@@ -267,13 +267,24 @@ void PlatformStyle::comboBoxElidesWhatDoesNotFit()
 {
     auto *box = qobject_cast<QComboBox *>(make(QStringLiteral("combo box")));
     QVERIFY(box);
-    box->setItemText(0, QString(200, QLatin1Char('W')));
+    const QString text(200, QLatin1Char('W'));
+    box->setItemText(0, text);
     box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     box->setFixedWidth(120);
     const QImage image = pictures::of(box);
     // Nothing of the text comes under the arrow.
     const QRect beforeArrow(120 - 34, 4, 8, image.height() - 8);
     QCOMPARE(pictures::count(image, color(QPalette::ButtonText), beforeArrow, 60), 0);
+    // It ends in an ellipsis, like a text that was shortened by hand.
+    QStyleOptionComboBox option;
+    option.initFrom(box);
+    const int field =
+        QApplication::style()
+            ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, box)
+            .width();
+    box->setItemText(0, box->fontMetrics().elidedText(text, Qt::ElideRight, field));
+    QVERIFY(box->currentText().size() < 20);
+    QCOMPARE(pictures::of(box), image);
 }
 
 void PlatformStyle::comboBoxMirrors()

@@ -10,8 +10,7 @@ ZListView::ZListView(QWidget *parent)
 {
     setItemDelegate(new ZItemDelegate(this));
     setFrameShape(QFrame::NoFrame);
-    setResizeMode(Adjust);
-    setWordWrap(true);
+    setWordWrap(true); // also lays the rows out anew when the width changes
     setVerticalScrollMode(ScrollPerPixel);
     setMouseTracking(true);
     viewport()->setAttribute(Qt::WA_Hover);
