@@ -1,6 +1,6 @@
 #include "pages/assistantsettingwidget.h"
+#include "tests/gui/pagelog.h"
 #include "tests/support/isolatedhome.h"
-#include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/widgets.h"
 
@@ -293,7 +293,7 @@ void AssistantPageTest::wakeupLogsNothing()
     page.clickWakeup();
     page.clickOneShot();
     page.clickWakeup();
-    QCOMPARE(log.texts(QtDebugMsg), QStringList());
+    QCOMPARE(pageLines(log), QStringList());
 }
 
 void AssistantPageTest::keysAloneOperateTheFirstGroup()
@@ -440,8 +440,8 @@ void AssistantPageTest::dockSwitchFollowsTheServiceAndSendsNothingBack()
     m_dock.setValue(QStringLiteral("hidden"), false);
     QTRY_VERIFY(page.dock()->checked());
     QCOMPARE(m_dock.calls().size(), 0);
-    QCOMPARE(log.texts(QtDebugMsg), (QStringList{QStringLiteral("slotdockHideChange | true"),
-                                                 QStringLiteral("slotdockHideChange | false")}));
+    QCOMPARE(pageLines(log), (QStringList{QStringLiteral("slotdockHideChange | true"),
+                                          QStringLiteral("slotdockHideChange | false")}));
     // The user's own flips are sent again afterwards.
     QTest::keyClick(testsupport::switchButton(page.dock()), Qt::Key_Space);
     QVERIFY(m_dock.waitForCalls(QStringLiteral("setDockHideStatus")));
@@ -463,7 +463,7 @@ void AssistantPageTest::dockSlotSendsNothingBack()
     const LogCapture log;
     QVERIFY(QMetaObject::invokeMethod(page.widget(), "slotdockHideChange", Q_ARG(bool, hide)));
     QCOMPARE(page.dock()->checked(), !hide);
-    QCOMPARE(log.texts(QtDebugMsg),
+    QCOMPARE(pageLines(log),
              QStringList{QStringLiteral("slotdockHideChange | ") +
                          (hide ? QStringLiteral("true") : QStringLiteral("false"))});
     QCOMPARE(m_dock.calls().size(), 0);

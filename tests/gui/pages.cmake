@@ -1,6 +1,6 @@
 # The four settings pages, on the services they talk to.
 foreach(test pageform pageactions assistantpage)
     assistant_add_test(${test} TIER gui BUSES
-        SOURCES ${test}.cpp
+        SOURCES ${test}.cpp pagelog.h
         LIBRARIES assistantcontrol test-support)
 endforeach()
