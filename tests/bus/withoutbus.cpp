@@ -1,0 +1,122 @@
+#include "pages/assistantsettingwidget.h"
+#include "plugin/tavrenaiassitantcontrolplugin.h"
+#include "proxy/assistantstateproxy.h"
+#include "tests/support/fakeframe.h"
+#include "tests/support/logcapture.h"
+#include "tests/support/widgets.h"
+
+#include <zcc/widgets/switchwidget.h>
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDBusConnection>
+#include <QtTest>
+
+// A session without any bus: the addresses that this test is started with lead nowhere. It is the
+// one world in which a write that nobody waits for fails at once.
+
+using testsupport::LogCapture;
+
+class WithoutBusTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void failedWritesLogTheBusErrorAndReturnZero_data();
+    void failedWritesLogTheBusErrorAndReturnZero();
+    void twoWritesLogNothing();
+    void readsFallBack();
+    void theNetworkCountsAsOffline();
+    void everyPageOpensAndItsControlsWork();
+};
+
+using Write = qint32 (*)();
+Q_DECLARE_METATYPE(Write)
+
+void WithoutBusTest::initTestCase()
+{
+    QVERIFY(!QDBusConnection::sessionBus().isConnected());
+    QVERIFY(!QDBusConnection::systemBus().isConnected());
+}
+
+void WithoutBusTest::failedWritesLogTheBusErrorAndReturnZero_data()
+{
+    using Proxy = AssistantStateProxy;
+    QTest::addColumn<Write>("write");
+    QTest::newRow("dictation") << Write([] { return Proxy::setVoiceIatState(true); });
+    QTest::newRow("reading") << Write([] { return Proxy::setVoiceTTSState(true); });
+    QTest::newRow("speech widget") << Write([] { return Proxy::setVoiceTTSWindowState(true); });
+    QTest::newRow("reader") << Write([] { return Proxy::setVoiceTTSSpeaker(1); });
+    QTest::newRow("translation") << Write([] { return Proxy::setAssistantTransState(true); });
+    QTest::newRow("direction") << Write(
+        [] { return Proxy::setAssistantTransLang(QStringLiteral("cn|en")); });
+    QTest::newRow("assistant's voice") << Write([] { return Proxy::setAssistantSpeaker(1); });
+}
+
+void WithoutBusTest::failedWritesLogTheBusErrorAndReturnZero()
+{
+    QFETCH(Write, write);
+    const LogCapture log;
+    QCOMPARE(write(), 0);
+    const QStringList errors = log.texts(QtCriticalMsg);
+    QCOMPARE(errors.size(), 1);
+    const QRegularExpression form(QStringLiteral("^Error Message:  \"[^\"]+\" \n$"));
+    QVERIFY2(form.match(errors.constFirst()).hasMatch(), qPrintable(errors.constFirst()));
+    QCOMPARE(log.records(QtCriticalMsg).constFirst().category, QStringLiteral("default"));
+}
+
+void WithoutBusTest::twoWritesLogNothing()
+{
+    const LogCapture log;
+    QCOMPARE(AssistantStateProxy::setOneShotMode(1), 0);
+    QCOMPARE(AssistantStateProxy::setVoiceIatLanguage(QStringLiteral("en_us")), 0);
+    QCOMPARE(log.texts(), QStringList());
+}
+
+void WithoutBusTest::readsFallBack()
+{
+    QVERIFY(!AssistantStateProxy::queryVoiceIatState());
+    QVERIFY(!AssistantStateProxy::queryVoiceTTSState());
+    QVERIFY(!AssistantStateProxy::queryVoiceTTSWindowState());
+    QVERIFY(!AssistantStateProxy::queryAssistantTransState());
+    QCOMPARE(AssistantStateProxy::getVoiceIatLanguage(), QStringLiteral("zh_cn"));
+    QCOMPARE(AssistantStateProxy::getAssistantTransLang(), QStringLiteral("en|cn"));
+    QCOMPARE(AssistantStateProxy::getVoiceTTSSpeaker(), 2);
+    QVERIFY(AssistantStateProxy::getShortCut(QStringLiteral("translation"), 0).isEmpty());
+}
+
+void WithoutBusTest::theNetworkCountsAsOffline()
+{
+    const LogCapture log;
+    QVERIFY(!AssistantStateProxy::checkNetworkState());
+    QCOMPARE(log.count(QtCriticalMsg, QStringLiteral("dbus call network manager state failed")), 1);
+}
+
+void WithoutBusTest::everyPageOpensAndItsControlsWork()
+{
+    testsupport::FakeFrame frame(testsupport::FakeFrame::OnDemand);
+    TavrenAIAssitantControlPlugin module;
+    module.setFrameProxy(&frame);
+    module.active();
+    for (const char *page : {"Speech to Text", "Text to Speech", "Translation"})
+        module.load(QLatin1String(page));
+    QCOMPARE(frame.pushes().size(), 5);
+    for (int i = 1; i < frame.pushes().size(); ++i) {
+        QWidget *page = frame.pushes().at(i).widget;
+        for (auto *row : page->findChildren<zcc::widgets::SwitchWidget *>()) {
+            const bool before = row->checked();
+            QTest::keyClick(testsupport::switchButton(row), Qt::Key_Space);
+            QCOMPARE(row->checked(), !before);
+        }
+        for (auto *list : page->findChildren<QComboBox *>())
+            list->setCurrentIndex(-1);
+    }
+    QVERIFY(testsupport::checkBoxTitled(frame.pushes().at(1).widget, QStringLiteral("OneShot"))
+                ->isEnabled());
+}
+
+QTEST_MAIN(WithoutBusTest)
+#include "withoutbus.moc"
