@@ -47,7 +47,12 @@ ServiceProcess::ServiceProcess(const QString &name, QObject *parent)
 
 ServiceProcess::~ServiceProcess()
 {
-    kill();
+    if (isRunning()) {
+        resume(); // a suspended one could not end in order
+        if (!stop()) {
+            kill();
+        }
+    }
     m_control.reset();
     QDBusConnection::disconnectFromBus(m_connectionName);
 }

@@ -21,7 +21,8 @@ QString introspectionOf(const QDBusAbstractAdaptor *adaptor);
  */
 QDBusMessage dispatch(const QDBusMessage &call, QObject *object);
 
-/** The unique bus name of the client whose call is being dispatched now; empty outside of a call. */
+/** The unique bus name of the client whose call is being dispatched now; empty outside of a call.
+ */
 QString caller();
 
 } // namespace sandbox

@@ -13,8 +13,8 @@ class ReplyDesk;
  * types: writes it to the log and lets the reply desk decide how it is answered. The work itself is
  * done by the object's generated adaptors. It belongs to the object.
  *
- * An object with an owner, a client's unique bus name, is that client's alone: others are denied, and
- * only the owner gets its signals.
+ * An object with an owner, a client's unique bus name, is that client's alone: others are denied,
+ * and only the owner gets its signals.
  */
 class CallGate : public QDBusVirtualObject
 {

@@ -8,6 +8,7 @@
 #include "sandbox/services/common/terminationsignals.h"
 
 #include <QCoreApplication>
+#include <QDBusConnectionInterface>
 #include <QDBusError>
 #include <QStandardPaths>
 #include <QTextStream>
@@ -95,7 +96,7 @@ int Service::run()
     m_control->publish();
     for (const QString &name : names) {
         if (!bus.registerService(name)) {
-            say(QStringLiteral("%1 cannot be owned; another process owns it").arg(name));
+            say(QStringLiteral("%1 cannot be owned: %2").arg(name, whyNotOwned(name)));
             return NameTaken;
         }
     }
@@ -107,6 +108,13 @@ void Service::busGone()
 {
     say(QStringLiteral("the bus has gone away"));
     QCoreApplication::quit();
+}
+
+QString Service::whyNotOwned(const QString &name) const
+{
+    const QString problem = connection().lastError().message(); // before the next call replaces it
+    const QDBusReply<uint> owner = connection().interface()->servicePid(name);
+    return owner.isValid() ? QStringLiteral("process %1 owns it").arg(owner.value()) : problem;
 }
 
 QString Service::busWord() const

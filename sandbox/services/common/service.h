@@ -43,7 +43,8 @@ public:
     enum ExitCode {
         Ended = 0,
         BusUnreachable = 3,
-        NameTaken = 4, ///< Another process, perhaps the real service, owns the bus name.
+        NameTaken = 4, ///< Another process, perhaps the real service, owns the bus name, or the bus
+                       ///< does not let this one own it.
     };
 
     /** Reads the arguments of the process, to which @p options are added; ends it on --help etc. */
@@ -74,6 +75,7 @@ private Q_SLOTS:
     void busGone();
 
 private:
+    QString whyNotOwned(const QString &name) const;
     QString busWord() const;
     QDBusConnection connection() const;
 

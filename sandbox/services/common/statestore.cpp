@@ -36,11 +36,10 @@ StateStore::StateStore(const QString &file, QObject *parent)
 void StateStore::declare(const QString &key, const QVariant &initial, Lifetime lifetime)
 {
     QVariant start = initial;
-    if (lifetime == Kept && m_kept.contains(key)) {
-        QVariant kept = m_kept.value(key).toVariant();
-        if (kept.convert(initial.userType())) {
-            start = kept;
-        }
+    const QJsonValue kept = m_kept.value(key);
+    if (lifetime == Kept && kept.type() == QJsonValue::fromVariant(initial).type()) {
+        start = kept.toVariant();
+        start.convert(initial.userType());
     }
     m_values.insert(key, start);
     m_entries.insert(key, {[this, key] { return m_values.value(key); },

@@ -135,7 +135,9 @@ void AssistantServiceTest::brokenStateFileGivesTheDefaults_data()
     QTest::newRow("nothing in it") << QByteArray();
     QTest::newRow("no JSON") << QByteArray("enabled = yes");
     QTest::newRow("an array") << QByteArray("[true]");
-    QTest::newRow("another type") << QByteArray("{\"trans.language\": {\"to\": \"en\"}}");
+    QTest::newRow("an object") << QByteArray("{\"trans.language\": {\"to\": \"en\"}}");
+    QTest::newRow("a number") << QByteArray("{\"trans.language\": 7}");
+    QTest::newRow("a bool") << QByteArray("{\"trans.language\": true}");
 }
 
 void AssistantServiceTest::brokenStateFileGivesTheDefaults()

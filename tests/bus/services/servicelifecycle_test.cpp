@@ -4,6 +4,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QProcessEnvironment>
+#include <QTemporaryFile>
 #include <QtTest>
 
 #include <csignal>
@@ -54,6 +55,7 @@ private Q_SLOTS:
     void endsInOrderOnSignals();
     void takenNameHasItsOwnExitCode_data();
     void takenNameHasItsOwnExitCode();
+    void refusedNameSaysWhatTheBusSays();
     void unreachableBusHasItsOwnExitCode_data();
     void unreachableBusHasItsOwnExitCode();
     void endsWhenTheBusGoesAway();
@@ -141,7 +143,39 @@ void ServiceLifecycleTest::takenNameHasItsOwnExitCode()
     QVERIFY(owner.unregisterService(busName));
     QCOMPARE(run.exitCode, 4);
     QCOMPARE(run.output, QByteArray());
-    QVERIFY2(run.error.contains(busName.toUtf8() + " cannot be owned"), run.error.constData());
+    QCOMPARE(run.error, QStringLiteral("%1: %2 cannot be owned: process %3 owns it\n")
+                            .arg(service, busName)
+                            .arg(QCoreApplication::applicationPid())
+                            .toUtf8());
+}
+
+void ServiceLifecycleTest::refusedNameSaysWhatTheBusSays()
+{
+    QTemporaryFile config;
+    QVERIFY(config.open());
+    config.write("<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen>"
+                 "<policy context='default'><allow send_destination='*'/>"
+                 "<allow receive_sender='*'/>"
+                 "<deny own='*'/></policy></busconfig>");
+    config.close();
+    ChildProcess daemon;
+    daemon.start("dbus-daemon",
+                 {"--config-file=" + config.fileName(), "--nofork", "--print-address"});
+    const QByteArray address = daemon.waitForLine(limitMs);
+    QVERIFY(!address.isEmpty());
+
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("DBUS_SYSTEM_BUS_ADDRESS", QString::fromLatin1(address));
+    ChildProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(programOf("networkmanager"), QStringList());
+    const Run run = finish(process);
+    QCOMPARE(run.exitCode, 4);
+    QVERIFY2(run.error.contains("cannot be owned: ") &&
+                 run.error.contains("not allowed to own the service"),
+             run.error.constData());
+    daemon.kill();
+    QVERIFY(daemon.waitForFinished(limitMs));
 }
 
 void ServiceLifecycleTest::unreachableBusHasItsOwnExitCode_data()
