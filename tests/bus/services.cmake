@@ -1,12 +1,12 @@
 # The sandbox's services, what they are made of, and the recorder of the bus.
 foreach(test assistantservice busrecorder desktopservices dockservice sandboxcontrol servicelifecycle)
-    assistant_add_test(${test}_test TIER bus BUSES
-        SOURCES services/${test}_test.cpp
+    assistant_add_test(${test} TIER bus BUSES
+        SOURCES services/${test}.cpp
         LIBRARIES test-support)
 endforeach()
-target_compile_definitions(sandboxcontrol_test PRIVATE
+target_compile_definitions(sandboxcontrol PRIVATE
     SANDBOX_CONTROL="$<TARGET_FILE:sandbox-control>")
-target_compile_definitions(servicelifecycle_test PRIVATE
+target_compile_definitions(servicelifecycle PRIVATE
     SANDBOX_SERVICES_DIR="${PROJECT_BINARY_DIR}/sandbox/services"
     BUS_CONFIG="${PROJECT_SOURCE_DIR}/tests/support/bus.conf")
 
@@ -21,7 +21,7 @@ foreach(interface session iat)
     qt5_add_dbus_interface(callgate_generated "${contracts}/com.corvane.aiservice.${interface}.xml"
         callgate${interface}interface)
 endforeach()
-assistant_add_test(callgate_test TIER bus BUSES
-    SOURCES services/callgate_test.cpp services/recognitionstub.h ${callgate_generated}
+assistant_add_test(callgate TIER bus BUSES
+    SOURCES services/callgate.cpp services/recognitionstub.h ${callgate_generated}
     LIBRARIES sandbox-common)
-target_include_directories(callgate_test PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")
+target_include_directories(callgate PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")

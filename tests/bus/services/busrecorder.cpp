@@ -200,4 +200,4 @@ void BusRecorderTest::clearForgets()
 
 QTEST_GUILESS_MAIN(BusRecorderTest)
 
-#include "busrecorder_test.moc"
+#include "busrecorder.moc"

@@ -208,4 +208,4 @@ void CallGateTest::ownedObjectIsItsClientsAlone()
 
 QTEST_GUILESS_MAIN(CallGateTest)
 
-#include "callgate_test.moc"
+#include "callgate.moc"

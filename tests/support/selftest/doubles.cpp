@@ -180,7 +180,7 @@ void DoublesTest::logRecordsCarryTheirContext()
     QCOMPARE(record.type, QtDebugMsg);
     QCOMPARE(record.category, QStringLiteral("default"));
     QCOMPARE(record.line, line);
-    QVERIFY2(record.file.endsWith("doubles_test.cpp"), qPrintable(record.file));
+    QVERIFY2(record.file.endsWith("doubles.cpp"), qPrintable(record.file));
     QCOMPARE(record.function, QStringLiteral("void DoublesTest::logRecordsCarryTheirContext()"));
     QCOMPARE(log.find("never said").text, QString());
     log.clear();
@@ -301,4 +301,4 @@ void DoublesTest::forgottenWindowsAreListed()
 
 QTEST_MAIN(DoublesTest)
 
-#include "doubles_test.moc"
+#include "doubles.moc"

@@ -123,4 +123,4 @@ void DesktopServicesTest::networkStateIsSettableAndStartsAfresh()
 
 QTEST_GUILESS_MAIN(DesktopServicesTest)
 
-#include "desktopservices_test.moc"
+#include "desktopservices.moc"

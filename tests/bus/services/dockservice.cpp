@@ -339,4 +339,4 @@ void DockServiceTest::endsOnRequestWithExitCodeZero()
 
 QTEST_GUILESS_MAIN(DockServiceTest)
 
-#include "dockservice_test.moc"
+#include "dockservice.moc"

@@ -200,4 +200,4 @@ void SandboxControlTest::helpNamesEveryVerb()
 
 QTEST_GUILESS_MAIN(SandboxControlTest)
 
-#include "sandboxcontrol_test.moc"
+#include "sandboxcontrol.moc"

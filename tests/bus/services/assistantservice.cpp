@@ -229,4 +229,4 @@ void AssistantServiceTest::interfaceAndPathMustFit()
 
 QTEST_GUILESS_MAIN(AssistantServiceTest)
 
-#include "assistantservice_test.moc"
+#include "assistantservice.moc"

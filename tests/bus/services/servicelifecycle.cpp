@@ -274,4 +274,4 @@ void ServiceLifecycleTest::unwritableStateIsSaidAndServed()
 
 QTEST_GUILESS_MAIN(ServiceLifecycleTest)
 
-#include "servicelifecycle_test.moc"
+#include "servicelifecycle.moc"
