@@ -14,6 +14,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <sys/wait.h>
 
 namespace testsupport {
 
@@ -96,6 +97,7 @@ void ServiceProcess::kill()
 void ServiceProcess::suspend()
 {
     ::kill(pid_t(processId()), SIGSTOP);
+    waitUntilStopped();
 }
 
 void ServiceProcess::resume()
@@ -173,6 +175,7 @@ void ServiceProcess::joinBus()
 void ServiceProcess::hang()
 {
     finished(m_control->Hang(), "Hang");
+    waitUntilStopped();
 }
 
 void ServiceProcess::crash()
@@ -225,6 +228,14 @@ bool ServiceProcess::waitForCalls(const QString &member, int count, int limitMs)
         loop.exec();
     }
     return true;
+}
+
+// Continuing it before it has stopped would be lost. It is our child, so the kernel tells; its end,
+// if that comes instead, is left for QProcess to collect.
+void ServiceProcess::waitUntilStopped() const
+{
+    siginfo_t info;
+    waitid(P_PID, id_t(processId()), &info, WSTOPPED | WEXITED | WNOWAIT);
 }
 
 bool ServiceProcess::connectControl(QDBusConnection::BusType bus)

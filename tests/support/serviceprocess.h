@@ -122,6 +122,7 @@ public:
     bool waitForCalls(const QString &member, int count = 1, int limitMs = 5000);
 
 private:
+    void waitUntilStopped() const;
     bool connectControl(QDBusConnection::BusType bus);
 
     QString m_name;

@@ -144,7 +144,7 @@ const QList<Verb> &verbs()
          }},
         {"hang", "", "Stop the process; it keeps its name and answers nothing.", 0, 0,
          [](ServiceLink &link, const Words &) {
-             return outcome(link.control().Hang());
+             return signalled(link, SIGSTOP);
          }},
         {"resume", "", "Let a hung process run on.", 0, 0,
          [](ServiceLink &link, const Words &) {
