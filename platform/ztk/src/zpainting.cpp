@@ -55,7 +55,7 @@ qreal ZPainting::hairline(const QPainter *painter)
 
 QRectF ZPainting::snapped(const QPainter *painter, const QRectF &rect)
 {
-    const QTransform toDevice = painter->deviceTransform();
+    const QTransform &toDevice = painter->deviceTransform();
     if (toDevice.type() > QTransform::TxScale)
         return rect;
     const QRectF device = toDevice.mapRect(rect);

@@ -263,9 +263,9 @@ int ZStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget 
     case SH_ComboBox_Popup:
         return 1; // a menu-like list that opens over the combo box
     case SH_ComboBox_PopupFrameStyle:
-        return QFrame::NoFrame; // the panel has a frame
-    case SH_ComboBox_AllowWheelScrolling:
-        return 0; // scrolling a page must not change a setting under the mouse
+        return QFrame::NoFrame;           // the panel has a frame
+    case SH_ComboBox_AllowWheelScrolling: // scrolling a page must not change what is under the
+                                          // mouse
     case SH_EtchDisabledText:
     case SH_DialogButtonBox_ButtonsHaveIcons:
         return 0;

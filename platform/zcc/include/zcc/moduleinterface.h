@@ -15,9 +15,9 @@ namespace zccV20 {
  * One module of the control center, as the control center drives it.
  *
  * A module is a Qt plugin whose root object implements this interface. The control center calls
- * everything on the GUI thread, in this order: setFrameProxy(), preInitialize(), initialize(); then,
- * each time the user opens the module, active() (followed by load() when a certain page is wanted);
- * deactive() when the user leaves it.
+ * everything on the GUI thread, in this order: setFrameProxy(), preInitialize(), initialize();
+ * then, each time the user opens the module, active() (followed by load() when a certain page is
+ * wanted); deactive() when the user leaves it.
  *
  * Binary contract: the destructor pair, then the nineteen operations in exactly this order.
  */
@@ -27,9 +27,10 @@ public:
     virtual ~ModuleInterface() = default;
 
     /**
-     * Called once, before the module's entry is shown, with the frame proxy set. The module registers
-     * its page names and search entries here. @p sync is false when the control center prepares its
-     * modules in the background; @p type is where the module's first widget will be pushed.
+     * Called once, before the module's entry is shown, with the frame proxy set. The module
+     * registers its page names and search entries here. @p sync is false when the control center
+     * prepares its modules in the background; @p type is where the module's first widget will be
+     * pushed.
      */
     virtual void
     preInitialize(bool sync = false,
@@ -92,11 +93,13 @@ public:
     /** Registers the module's search entries with the frame proxy; part of preInitialize(). */
     virtual void initSearchData() = 0;
 
-    /** Called once by the control center before preInitialize(); the module does not own @p proxy. */
+    /** Called once by the control center before preInitialize(); the module does not own @p proxy.
+     */
     void setFrameProxy(FrameProxyInterface *proxy) { m_frameProxy = proxy; }
 
 protected:
-    FrameProxyInterface *m_frameProxy = nullptr; ///< Not owned; null until the control center set it.
+    FrameProxyInterface *m_frameProxy =
+        nullptr; ///< Not owned; null until the control center set it.
 };
 
 } // namespace zccV20
