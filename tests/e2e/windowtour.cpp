@@ -46,9 +46,9 @@ namespace {
 
 /** All sections but the one that needs a microphone, which has a test of its own. */
 const QStringList sectionsWithoutSound = {
-    QStringLiteral("--section=pages"), QStringLiteral("--section=search"),
-    QStringLiteral("--section=switches"), QStringLiteral("--section=shortcuts"),
-    QStringLiteral("--section=keyboard")};
+    QStringLiteral("--section=pages"),     QStringLiteral("--section=search"),
+    QStringLiteral("--section=switches"),  QStringLiteral("--section=choices"),
+    QStringLiteral("--section=shortcuts"), QStringLiteral("--section=keyboard")};
 
 const QStringList pages = {QStringLiteral("desktop-ai-assistant"), QStringLiteral("speech-to-text"),
                            QStringLiteral("text-to-speech"), QStringLiteral("translation")};

@@ -1,5 +1,6 @@
 #include "sandbox/controlcenter/tour/fulltour.h"
 
+#include "sandbox/controlcenter/tour/choicesteps.h"
 #include "sandbox/controlcenter/tour/keyboardsteps.h"
 #include "sandbox/controlcenter/tour/pagesteps.h"
 #include "sandbox/controlcenter/tour/searchsteps.h"
@@ -22,6 +23,7 @@ const QVector<Section> &sections()
         {QStringLiteral("pages"), pageSteps},         //
         {QStringLiteral("search"), searchSteps},      //
         {QStringLiteral("switches"), switchSteps},    //
+        {QStringLiteral("choices"), choiceSteps},     //
         {QStringLiteral("shortcuts"), shortcutSteps}, //
         {QStringLiteral("keyboard"), keyboardSteps},  //
         {QStringLiteral("voice"), voiceSteps},

@@ -1,7 +1,6 @@
 #include "sandbox/controlcenter/tour/switchsteps.h"
 
 #include "sandbox/controlcenter/controlcenterwindow.h"
-#include "sandbox/controlcenter/pagecontrols.h"
 #include "sandbox/controlcenter/tour/servicecontrol.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
 
@@ -20,19 +19,9 @@ struct Switch
     bool inverted;   ///< the service keeps the opposite
 };
 
-QWidget *checkBox(QWidget *page, int index)
+bool isChecked(const QWidget *box)
 {
-    for (QWidget *control : controlsOf(page)) {
-        const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(control);
-        if (accessible->role() == QAccessible::CheckBox && index-- == 0)
-            return control;
-    }
-    return nullptr;
-}
-
-bool isChecked(QWidget *box)
-{
-    return QAccessible::queryAccessibleInterface(box)->state().checked;
+    return QAccessible::queryAccessibleInterface(const_cast<QWidget *>(box))->state().checked;
 }
 
 /** Flips @p what once; empty when window, service and a fresh page agree on the new state. */
@@ -41,7 +30,7 @@ QString flip(TourDriver &driver, const Switch &what)
     const QString problem = driver.openPage(what.page);
     if (!problem.isEmpty())
         return problem;
-    QWidget *box = checkBox(driver.window()->currentPage(), what.index);
+    QWidget *box = driver.control(QAccessible::CheckBox, what.index);
     if (!box)
         return QStringLiteral("the page has no such switch");
     const bool wanted = !isChecked(box);
@@ -61,16 +50,52 @@ QString flip(TourDriver &driver, const Switch &what)
     const QString reopened = driver.openPage(what.page);
     if (!reopened.isEmpty())
         return reopened;
-    box = checkBox(driver.window()->currentPage(), what.index);
+    box = driver.control(QAccessible::CheckBox, what.index);
     if (!box || isChecked(box) != wanted)
         return QStringLiteral("the page shows the old state when it is opened again");
     return QString();
 }
 
-TourStep flipStep(const Switch &what, const QString &way, const QString &picture)
+QString pictureOf(const Switch &what)
 {
-    return {QStringLiteral("flip %1 of '%2' (%3)").arg(what.key, what.page, way),
-            [what](TourDriver &driver) { return flip(driver, what); }, picture};
+    return QString(what.key).replace(QLatin1Char('.'), QLatin1Char('-')) +
+           QStringLiteral("-flipped");
+}
+
+TourStep flipStep(const Switch &what)
+{
+    return {QStringLiteral("flip %1 of '%2'").arg(what.key, what.page),
+            [what](TourDriver &driver) { return flip(driver, what); }, pictureOf(what)};
+}
+
+TourStep flipBackStep(const Switch &what)
+{
+    return {QStringLiteral("flip %1 of '%2' back").arg(what.key, what.page),
+            [what](TourDriver &driver) { return flip(driver, what); }, QString()};
+}
+
+/** Another program changes the state; the open page must follow. */
+TourStep followStep(const Switch &what)
+{
+    return {QStringLiteral("see %1 of '%2' follow a change from outside").arg(what.key, what.page),
+            [what](TourDriver &driver) {
+                const QString problem = driver.openPage(what.page);
+                if (!problem.isEmpty())
+                    return problem;
+                const QWidget *box = driver.control(QAccessible::CheckBox, what.index);
+                if (!box)
+                    return QStringLiteral("the page has no such switch");
+                const bool before = isChecked(box);
+                ServiceControl service(what.service);
+                for (const bool wanted : {!before, before}) {
+                    if (!service.setValue(what.key, wanted != what.inverted))
+                        return service.error();
+                    if (!driver.waitFor([&] { return isChecked(box) == wanted; }))
+                        return QStringLiteral("the switch does not follow");
+                }
+                return QString();
+            },
+            QString()};
 }
 
 } // namespace
@@ -80,22 +105,24 @@ TourSteps switchSteps(const ControlCenterWindow *)
     const QString assistant = QStringLiteral("assistant");
     const QString firstPage = QStringLiteral("Desktop AI Assistant");
     const QString speechPage = QStringLiteral("Text to Speech");
-    const QVector<Switch> switches = {
-        {firstPage, 0, assistant, QStringLiteral("wakeup.enabled"), false},
-        {firstPage, 1, QStringLiteral("dock"), QStringLiteral("hidden"), true},
+
+    // The one-shot check box can be operated, and so is counted, while wake-up is on.
+    const Switch wakeup = {firstPage, 0, assistant, QStringLiteral("wakeup.enabled"), false};
+    const Switch oneShot = {firstPage, 1, assistant, QStringLiteral("wakeup.oneshot"), false};
+    TourSteps steps = {flipStep(wakeup), flipStep(oneShot), flipBackStep(oneShot),
+                       flipBackStep(wakeup)};
+
+    const Switch dock = {firstPage, 1, QStringLiteral("dock"), QStringLiteral("hidden"), true};
+    const QVector<Switch> others = {
+        dock,
         {QStringLiteral("Speech to Text"), 0, assistant, QStringLiteral("iat.enabled"), false},
         {speechPage, 0, assistant, QStringLiteral("tts.enabled"), false},
         {speechPage, 1, assistant, QStringLiteral("tts.window"), false},
         {QStringLiteral("Translation"), 0, assistant, QStringLiteral("trans.enabled"), false},
     };
-    TourSteps steps;
-    for (const Switch &what : switches) {
-        steps.append(flipStep(what, QStringLiteral("there"),
-                              QString(what.key).replace(QLatin1Char('.'), QLatin1Char('-')) +
-                                  QStringLiteral("-flipped")));
-        steps.append(flipStep(what, QStringLiteral("and back"), QString()));
-    }
-    return steps;
+    for (const Switch &what : others)
+        steps += {flipStep(what), flipBackStep(what)};
+    return steps + TourSteps{followStep(dock)};
 }
 
 } // namespace controlcenter

@@ -108,6 +108,19 @@ QWidget *TourDriver::control(const QString &name) const
     return page ? findControl(page, name) : nullptr;
 }
 
+QWidget *TourDriver::control(QAccessible::Role role, int index) const
+{
+    QWidget *page = m_window->currentPage();
+    if (!page)
+        return nullptr;
+    for (QWidget *control : controlsOf(page)) {
+        const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(control);
+        if (accessible && accessible->role() == role && index-- == 0)
+            return control;
+    }
+    return nullptr;
+}
+
 bool TourDriver::tabTo(QWidget *target)
 {
     m_window->searchField()->setFocus(Qt::ShortcutFocusReason);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAccessible>
 #include <QImage>
 #include <QString>
 
@@ -49,6 +50,9 @@ public:
 
     /** The shown page's control called @p name, or null. */
     QWidget *control(const QString &name) const;
+
+    /** The shown page's control number @p index, in tab order, of those with @p role; or null. */
+    QWidget *control(QAccessible::Role role, int index) const;
 
     /** Presses Tab from the search field until @p target has the focus. False when it never gets
      * it. */
