@@ -1,0 +1,177 @@
+#include "pages/assistantsettingwidget.h"
+#include "tests/support/busrecorder.h"
+#include "tests/support/serviceprocess.h"
+#include "tests/support/virtualmicrophone.h"
+#include "tests/support/widgets.h"
+#include "voice/audiorecorder.h"
+#include "voice/voiceanimationwidget.h"
+
+#include <ztk/zcommandlinkbutton.h>
+
+#include <QAudioInput>
+#include <QDBusConnection>
+#include <QDBusReply>
+#include <QDir>
+#include <QtTest>
+
+#include <algorithm>
+
+#include <malloc.h>
+
+using testsupport::BusRecorder;
+using testsupport::ServiceProcess;
+using testsupport::VirtualMicrophone;
+using Ztk::Widget::ZCommandLinkButton;
+
+namespace {
+
+constexpr int runs = 100;
+constexpr int warmUp = 20;     // runs in which caches fill: backend, bus, styles
+constexpr int runBytes = 6400; // 0.2 s of audio
+constexpr int wavHeaderBytes = 44;
+
+double heapBytes()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return double(info.uordblks) + double(info.hblkhd);
+}
+
+template <typename T>
+T median(QVector<T> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
+}
+
+/** Match rules that the bus keeps for this process, as the bus daemon counts them. */
+uint matchRules()
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus.Debug.Stats"), QStringLiteral("GetConnectionStats"));
+    call << bus.baseService();
+    const QDBusReply<QVariantMap> stats = bus.call(call);
+    return stats.value().value(QStringLiteral("MatchRules")).toUInt();
+}
+
+/** What the sessions of one ability heard, in the order in which they were opened. */
+QVector<QByteArray> heardBy(const QString &ability, const QString &folder)
+{
+    QMap<int, QByteArray> sessions;
+    const QDir directory(folder);
+    for (const QString &name : directory.entryList({ability + QStringLiteral("-*.wav")})) {
+        QFile file(directory.filePath(name));
+        if (file.open(QIODevice::ReadOnly))
+            sessions.insert(
+                name.section(QLatin1Char('-'), 1).section(QLatin1Char('.'), 0, 0).toInt(),
+                file.readAll().mid(wavHeaderBytes));
+    }
+    return sessions.values().toVector();
+}
+
+} // namespace
+
+/** What must not grow, get lost or get slower when somebody tests the microphone again and again.
+ */
+class HundredRuns : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void hundredRunsInARow();
+
+private:
+    VirtualMicrophone m_microphone;
+    ServiceProcess m_network{QStringLiteral("networkmanager")};
+    ServiceProcess m_aiService{QStringLiteral("aiservice")};
+    ServiceProcess m_audioDaemon{QStringLiteral("audio")};
+};
+
+void HundredRuns::hundredRunsInARow()
+{
+    QVERIFY(m_microphone.start(QStringLiteral("speech")));
+    QVERIFY(m_network.start());
+    QVERIFY(m_audioDaemon.start());
+    QVERIFY(m_aiService.start());
+    const QTemporaryDir recordings;
+    m_aiService.setValue(QStringLiteral("recordDirectory"), recordings.path());
+
+    AssistantSettingWidget page;
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    BusRecorder bus;
+    QVERIFY(bus.start());
+
+    AudioRecorder *const recorder = AudioRecorder::getInstance();
+    QVector<QByteArray> captured;
+    connect(recorder, &AudioRecorder::audioRecorded, this,
+            [&captured](const QByteArray &block) { captured.last() += block; });
+
+    QVector<qint64> startMs;
+    QVector<int> addMatches;
+    QVector<uint> rules;
+    double heapAfterWarmUp = 0.0;
+    for (int run = 0; run < runs + 1; ++run) {
+        captured.append(QByteArray());
+        auto *link = page.findChild<ZCommandLinkButton *>();
+        QTRY_VERIFY(link->isVisible());
+        QElapsedTimer clock;
+        clock.start();
+        QTest::mouseClick(link, Qt::LeftButton);
+        startMs.append(clock.elapsed());
+        QTRY_VERIFY2(captured.last().size() >= runBytes, qPrintable(QString::number(run)));
+
+        auto *wave = page.findChild<VoiceAnimationWidget *>();
+        QVERIFY(wave && wave->isVisible());
+        QTest::mouseClick(wave, Qt::LeftButton);
+        QVERIFY(!recorder->isRecording());
+        testsupport::flushDeferredDeletes();
+        QCOMPARE(AudioRecorder::getInstance(), recorder);
+        QCOMPARE(recorder->findChildren<QAudioInput *>().size(), 0);
+
+        QVERIFY(bus.sync());
+        int added = 0;
+        for (const auto &message : bus.messages())
+            added += message.member == QLatin1String("AddMatch") ? 1 : 0;
+        addMatches.append(added);
+        QVERIFY(bus.clear());
+        rules.append(matchRules());
+        if (run == warmUp)
+            heapAfterWarmUp = heapBytes();
+    }
+    double kept = 0.0; // by this test itself
+    for (int run = warmUp + 1; run <= runs; ++run)
+        kept += captured.at(run).capacity();
+    const double perRun = (heapBytes() - heapAfterWarmUp - kept) / (runs - warmUp);
+    const auto afterWarmUp = [](const auto &values) {
+        return values.mid(warmUp);
+    };
+    qInfo() << "AddMatch per run" << addMatches.last() << "match rules" << rules.last()
+            << "heap growth per run" << perRun << "start" << startMs.first() << "then"
+            << median(afterWarmUp(startMs)) << "ms";
+
+    // Nothing grows. Each run keeps one connection of the recognised words, by design.
+    QVERIFY(rules.last() > 0);
+    QCOMPARE(afterWarmUp(rules), QVector<uint>(runs + 1 - warmUp, rules.at(warmUp)));
+    QCOMPARE(afterWarmUp(addMatches), QVector<int>(runs + 1 - warmUp, addMatches.at(warmUp)));
+    QVERIFY2(perRun < 4096, qPrintable(QString::number(perRun)));
+    QVERIFY(median(afterWarmUp(startMs)) <= startMs.first());
+
+    // Every block reached both sessions, once. The last run closed the session before it.
+    for (const char *ability : {"aqc", "iat"}) {
+        const QVector<QByteArray> heard = heardBy(QLatin1String(ability), recordings.path());
+        QVERIFY(heard.size() >= runs);
+        for (int run = 0; run < runs; ++run) {
+            QVERIFY2(heard.at(run) == captured.at(run),
+                     qPrintable(QStringLiteral("%1, run %2: %3 of %4 bytes")
+                                    .arg(QLatin1String(ability))
+                                    .arg(run)
+                                    .arg(heard.at(run).size())
+                                    .arg(captured.at(run).size())));
+        }
+    }
+}
+
+QTEST_MAIN(HundredRuns)
+#include "hundredruns.moc"
