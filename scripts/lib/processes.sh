@@ -38,13 +38,18 @@ show_messages() {
     process_names[$!]=messages
 }
 
-# end_processes: ends everything that start_process started, the latest first, and waits for it.
+# end_processes: ends everything that was started, the latest first, and waits for it. Who does not end
+# within five seconds is killed.
 end_processes() {
-    local pid pids
-    pids=$(printf '%s\n' "${!process_names[@]}" | sort -rn)
-    for pid in $pids; do
+    local pid killer
+    for pid in $(printf '%s\n' "${!process_names[@]}" | sort -rn); do
         kill "$pid" 2>/dev/null || true
+        kill -CONT "$pid" 2>/dev/null || true # a stopped one could not end
+        (sleep 5 && kill -KILL "$pid") 2>/dev/null &
+        killer=$!
         wait "$pid" 2>/dev/null || true
+        kill "$killer" 2>/dev/null || true
+        wait "$killer" 2>/dev/null || true
         unset "process_names[$pid]"
     done
 }
