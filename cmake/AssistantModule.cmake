@@ -8,6 +8,7 @@ set(module_headers
     pages/leftvoicetests.h
     pages/pagelayout.h
     pages/texttranslatesettingwidget.h
+    pages/themedtip.h
     pages/voiceiatsettingwidget.h
     pages/voicetestverdict.h
     pages/voicettssettingwidget.h
@@ -32,6 +33,7 @@ set(module_sources
     pages/leftvoicetests.cpp
     pages/pagelayout.cpp
     pages/texttranslatesettingwidget.cpp
+    pages/themedtip.cpp
     pages/voiceiatsettingwidget.cpp
     pages/voicetestpanel.cpp
     pages/voicetestverdict.cpp

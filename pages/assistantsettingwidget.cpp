@@ -12,6 +12,7 @@
 #include <zcc/widgets/settingsitem.h>
 #include <zcc/widgets/switchwidget.h>
 #include <zcc/widgets/tipslabel.h>
+#include <ztk/zguiapplicationhelper.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -25,6 +26,7 @@
 using zcc::widgets::SettingsItem;
 using zcc::widgets::SwitchWidget;
 using zcc::widgets::TipsLabel;
+using Ztk::Gui::ZGuiApplicationHelper;
 using Ztk::Widget::ZFontSizeManager;
 
 namespace {
@@ -148,6 +150,8 @@ void AssistantSettingWidget::addSettingsGroup()
             &AssistantSettingWidget::slotPluginShowSet);
 
     refreshVoiceTestUI(VoiceTestInit);
+    connect(ZGuiApplicationHelper::instance(), &ZGuiApplicationHelper::themeTypeChanged, this,
+            &AssistantSettingWidget::recolourVoiceTest);
 }
 
 bool AssistantSettingWidget::dockIconShown() const

@@ -76,6 +76,7 @@ private:
     void beginVoiceTestPanel(const QMargins &margins);
     void addPrompt(const QString &text);
     void addTestButton(const QString &text, Qt::Alignment alignment);
+    void recolourVoiceTest();
     void startVoiceTest();
     void announce(QLabel *label);
 

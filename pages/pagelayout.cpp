@@ -1,5 +1,7 @@
 #include "pages/pagelayout.h"
 
+#include "pages/themedtip.h"
+
 #include <zcc/widgets/settingsgroup.h>
 #include <zcc/widgets/settingsitem.h>
 #include <zcc/widgets/tipslabel.h>
@@ -55,6 +57,7 @@ TipsLabel *newTip(QWidget *page, const QString &text, const QColor &color)
     tip->setWordWrap(true);
     setFontStep(tip, ZFontSizeManager::T8);
     setTextColor(tip, color);
+    new ThemedTip(tip, page); // the tip's
     return tip;
 }
 

@@ -35,7 +35,10 @@ void setTextColor(QLabel *label, const QColor &color);
 /** Sets the font of @p widget to a size step of its own font. */
 void setFontStep(QWidget *widget, Ztk::Widget::ZFontSizeManager::SizeType step);
 
-/** Adds a tip to @p page: plain text, word wrap, small, in @p color; not yet in a layout. */
+/**
+ * Adds a tip to @p page: plain text, word wrap, small, in @p color until the theme changes; not yet
+ * in a layout.
+ */
 zcc::widgets::TipsLabel *newTip(QWidget *page, const QString &text, const QColor &color);
 
 /** Left contents margin of tips and hints: they begin where the rows' texts do. */

@@ -240,6 +240,14 @@ void AssistantSettingWidget::addTestButton(const QString &text, Qt::Alignment al
     m_voiceTestLayout->addWidget(m_testButton, 0, alignment);
 }
 
+void AssistantSettingWidget::recolourVoiceTest()
+{
+    for (QLabel *label : {m_promptLabel.data(), m_recognisedLabel.data()}) {
+        if (label)
+            PageLayout::setTextColor(label, panelTipColor());
+    }
+}
+
 void AssistantSettingWidget::startVoiceTest()
 {
     if (AssistantStateProxy::checkNetworkState()) {

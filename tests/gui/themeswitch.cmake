@@ -1,0 +1,3 @@
+assistant_add_test(themeswitch TIER gui BUSES
+    SOURCES themeswitch.cpp
+    LIBRARIES assistantcontrol test-support)
