@@ -74,17 +74,27 @@ QStringList members(const QList<ServiceCall> &calls)
     return list;
 }
 
-// Everything that the service has sent until now has arrived when this returns: its signals and the
-// answer to this call come over one connection, in order.
-bool everythingArrived()
+// Waits for an answer of the service, which comes behind whatever it has sent until now.
+bool ping(QDBus::CallMode mode)
 {
-    const QDBusMessage ping = QDBusMessage::createMethodCall(
+    const QDBusMessage message = QDBusMessage::createMethodCall(
         QStringLiteral("com.corvane.aiservice"), QStringLiteral("/"),
         QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
-    const bool answered = QDBusConnection::sessionBus().call(ping, QDBus::BlockWithGui).type() ==
-                          QDBusMessage::ReplyMessage;
+    return QDBusConnection::sessionBus().call(message, mode).type() == QDBusMessage::ReplyMessage;
+}
+
+// All signals that the service has sent until now have reached their slots when this returns.
+bool everythingArrived()
+{
+    const bool answered = ping(QDBus::BlockWithGui);
     QCoreApplication::processEvents();
     return answered;
+}
+
+// All signals that the service has sent until now wait in this process's event queue.
+bool everythingIsQueued()
+{
+    return ping(QDBus::Block);
 }
 
 } // namespace
@@ -458,6 +468,11 @@ void VoiceRecogniserTest::nothingArrivesAfterStop()
     QVERIFY(service.start());
     Client client;
     QVERIFY(client.iat.startIat());
+    // One that was on its way, and one that comes later.
+    service.setValue(QStringLiteral("result"),
+                     QStringList({firstPath, result(idOf(firstPath), QStringLiteral("rpl"),
+                                                    QStringLiteral("queued"))}));
+    QVERIFY(everythingIsQueued());
     client.iat.stopIat();
     service.setValue(QStringLiteral("result"),
                      QStringList({firstPath, result(idOf(firstPath), QStringLiteral("rpl"),

@@ -120,16 +120,27 @@ public:
     }
 };
 
-// Everything that the service has sent until now has arrived when this returns.
-bool everythingArrived()
+// Waits for an answer of the service, which comes behind whatever it has sent until now.
+bool ping(QDBus::CallMode mode)
 {
-    const QDBusMessage ping = QDBusMessage::createMethodCall(
+    const QDBusMessage message = QDBusMessage::createMethodCall(
         QStringLiteral("com.corvane.aiservice"), QStringLiteral("/"),
         QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
-    const bool answered = QDBusConnection::sessionBus().call(ping, QDBus::BlockWithGui).type() ==
-                          QDBusMessage::ReplyMessage;
+    return QDBusConnection::sessionBus().call(message, mode).type() == QDBusMessage::ReplyMessage;
+}
+
+// All signals that the service has sent until now have reached their slots when this returns.
+bool everythingArrived()
+{
+    const bool answered = ping(QDBus::BlockWithGui);
     QCoreApplication::processEvents();
     return answered;
+}
+
+// All signals that the service has sent until now wait in this process's event queue.
+bool everythingIsQueued()
+{
+    return ping(QDBus::Block);
 }
 
 // The microphone is closed when the event loop runs again, not by the stop itself.
@@ -537,6 +548,9 @@ void VoiceTestRunTest::secondRun()
     run.wrapper->stop();
     QVERIFY(microphoneIsClosed());
 
+    // A verdict that was on its way when the next run begins is not that run's.
+    service.notify(aqcPath, QStringLiteral("queued verdict of the first"));
+    QVERIFY(everythingIsQueued());
     QCOMPARE(run.wrapper->start(), 0);
     const QString secondAqc = QStringLiteral("/session/aqc/2");
     const QString secondIat = QStringLiteral("/session/iat/2");
