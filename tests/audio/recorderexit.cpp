@@ -41,6 +41,10 @@ int main(int argc, char **argv)
     }
 
     AudioRecorder *recorder = AudioRecorder::getInstance();
+    QObject::connect(recorder, &QObject::destroyed, [] {
+        if (!QCoreApplication::instance())
+            qFatal("the recorder outlives the application object");
+    });
     if (way == QLatin1String("idle"))
         return 0;
 

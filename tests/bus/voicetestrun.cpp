@@ -129,15 +129,17 @@ bool ping(QDBus::CallMode mode)
     return QDBusConnection::sessionBus().call(message, mode).type() == QDBusMessage::ReplyMessage;
 }
 
-// All signals that the service has sent until now have reached their slots when this returns.
+// All signals that the service has sent until now have reached their slots when this returns. The
+// first round lets QtDBus begin: it holds signals back until the event loop has run once.
 bool everythingArrived()
 {
-    const bool answered = ping(QDBus::BlockWithGui);
+    const bool answered = ping(QDBus::BlockWithGui) && ping(QDBus::BlockWithGui);
     QCoreApplication::processEvents();
     return answered;
 }
 
-// All signals that the service has sent until now wait in this process's event queue.
+// All signals that the service has sent until now wait in this process's event queue, if
+// the event loop has run before.
 bool everythingIsQueued()
 {
     return ping(QDBus::Block);
