@@ -45,7 +45,7 @@ end_processes() {
     for pid in $(printf '%s\n' "${!process_names[@]}" | sort -rn); do
         kill "$pid" 2>/dev/null || true
         kill -CONT "$pid" 2>/dev/null || true # a stopped one could not end
-        (sleep 5 && kill -KILL "$pid") 2>/dev/null &
+        (sleep 5 && kill -KILL "$pid") >/dev/null 2>&1 &
         killer=$!
         wait "$pid" 2>/dev/null || true
         kill "$killer" 2>/dev/null || true
