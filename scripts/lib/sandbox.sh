@@ -48,6 +48,7 @@ start_microphone() {
 # start_window ARGUMENT...: the control-center window with the built module.
 start_window() {
     export TRANSLATIONS_DIR=$sandbox_build/translations
+    "$project_dir/sandbox/with-translations" true # says on the terminal when it cannot do its work
     start_shown_process control-center "$project_dir/sandbox/with-translations" \
         "$sandbox_build/sandbox/controlcenter/control-center" \
         --plugin "$sandbox_build/libassistant-control-plugin.so" "$@"

@@ -2,15 +2,22 @@
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 
 namespace controlcenter {
 namespace {
 
-/** The file that says what is heard; empty without a virtual microphone. */
-QString kindFile()
+/** The file @p name in the microphone's folder; empty without a virtual microphone. */
+QString microphoneFile(const QString &name)
 {
     const QString folder = qEnvironmentVariable("SANDBOX_MICROPHONE");
-    return folder.isEmpty() ? QString() : QDir(folder).filePath(QStringLiteral("kind"));
+    return folder.isEmpty() ? QString() : QDir(folder).filePath(name);
+}
+
+/** The file that says what is heard. */
+QString kindFile()
+{
+    return microphoneFile(QStringLiteral("kind"));
 }
 
 } // namespace
@@ -25,6 +32,12 @@ bool Microphone::choose(const QString &kind)
     QFile file(kindFile());
     return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
            file.write(kind.toLatin1() + '\n') > 0;
+}
+
+bool Microphone::plug(bool in)
+{
+    return QProcess::execute(microphoneFile(QStringLiteral("plug")),
+                             {in ? QStringLiteral("in") : QStringLiteral("out")}) == 0;
 }
 
 } // namespace controlcenter

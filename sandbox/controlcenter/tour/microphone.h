@@ -16,6 +16,9 @@ public:
 
     /** @p kind is "speech", "noise", "loud", "quiet" or "silence". False when it cannot be told. */
     static bool choose(const QString &kind);
+
+    /** Brings the microphone, or takes it away. False when that fails. */
+    static bool plug(bool in);
 };
 
 } // namespace controlcenter

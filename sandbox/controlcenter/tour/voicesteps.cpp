@@ -120,6 +120,17 @@ bool wordsRecognised(const TourDriver &driver)
     return false;
 }
 
+/** The theme changes while the wave runs; the test goes on. */
+TourStep darkStep()
+{
+    return {QStringLiteral("voice test, a voice: the theme changes while it runs"),
+            [](TourDriver &driver) {
+                driver.setDark(true);
+                return wave(driver) ? QString() : QStringLiteral("the test is over");
+            },
+            QStringLiteral("voice-running-dark")};
+}
+
 TourSteps spokenTest()
 {
     return {{QStringLiteral("voice test, a voice: start"),
@@ -134,8 +145,10 @@ TourSteps spokenTest()
                             : QStringLiteral("no words before the test was over");
              },
              QStringLiteral("voice-running")},
+            darkStep(),
             {QStringLiteral("voice test, a voice: the verdict"),
              [](TourDriver &driver) {
+                 driver.setDark(false);
                  const QString problem = awaitVerdict(driver, shown("It sounds good"), longestTest);
                  if (problem.isEmpty() && !wordsRecognised(driver))
                      return QStringLiteral("the recognised words are gone");
@@ -153,6 +166,22 @@ TourStep heardTest(const QString &microphone, const char *verdict)
                                          : problem;
             },
             QStringLiteral("voice-") + microphone};
+}
+
+TourStep unpluggedTest()
+{
+    return {QStringLiteral("voice test, no microphone"),
+            [](TourDriver &driver) {
+                if (!Microphone::isVirtual() || !Microphone::plug(false))
+                    return QStringLiteral("the microphone cannot be taken away");
+                QString problem = startTest(driver, QStringLiteral("silence"));
+                if (problem.isEmpty())
+                    problem = awaitVerdict(driver, shown("No sound recorded"), longestTest);
+                if (!Microphone::plug(true))
+                    return QStringLiteral("the microphone cannot be brought back");
+                return problem;
+            },
+            QStringLiteral("voice-unplugged")};
 }
 
 TourStep cancelledTest()
@@ -221,6 +250,7 @@ TourSteps voiceSteps(const ControlCenterWindow *)
                      heardTest(QStringLiteral("quiet"), "Turn up the input volume and try again"),
                      heardTest(QStringLiteral("noise"), "Too many noises"),
                      heardTest(QStringLiteral("silence"), "No sound recorded"),
+                     unpluggedTest(),
                      cancelledTest(),
                      offlineTest(),
                      refusedTest()};
