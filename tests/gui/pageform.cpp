@@ -110,6 +110,32 @@ QStringList entries(const QComboBox *list)
     return texts;
 }
 
+/**
+ * While it lives, every tip has these contents margins of its own from the moment it is given its
+ * font, as under a desktop whose tips keep a distance.
+ */
+class TipsKeepDistance : public QObject
+{
+public:
+    explicit TipsKeepDistance(const QMargins &margins)
+        : m_margins(margins)
+    {
+        qApp->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        auto *tip = qobject_cast<TipsLabel *>(watched);
+        if (tip && event->type() == QEvent::FontChange)
+            tip->setContentsMargins(m_margins);
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    const QMargins m_margins;
+};
+
 void usePalette(const QColor &brightText)
 {
     QPalette palette = QApplication::palette();
@@ -149,6 +175,8 @@ private Q_SLOTS:
     void tipsTakeTheirColourFromTheBrightText_data();
     void tipsTakeTheirColourFromTheBrightText();
     void tipsBeginAtAMarginOf7();
+    void tipsWithMarginsOfTheirOwn_data();
+    void tipsWithMarginsOfTheirOwn();
 
     void languagesOfSpeechToText();
     void voicesOfTextToSpeech();
@@ -486,6 +514,27 @@ void PageFormTest::tipsBeginAtAMarginOf7()
         for (const auto *tip : page->findChildren<TipsLabel *>())
             QCOMPARE(tip->contentsMargins(), QMargins(7, 0, 0, 0));
     }
+}
+
+void PageFormTest::tipsWithMarginsOfTheirOwn_data()
+{
+    QTest::addColumn<PageMaker>("make");
+    QTest::addColumn<bool>("exchanged"); // the right one for the top one and the other way round
+    QTest::newRow("assistant") << PageMaker(makeAssistant) << true;
+    for (const NamedPage &page : featurePages)
+        QTest::newRow(page.name) << page.make << false;
+}
+
+void PageFormTest::tipsWithMarginsOfTheirOwn()
+{
+    QFETCH(PageMaker, make);
+    QFETCH(bool, exchanged);
+    const TipsKeepDistance distance(QMargins(1, 2, 3, 4));
+    const std::unique_ptr<QWidget> page(make());
+    const auto tips = page->findChildren<TipsLabel *>();
+    QVERIFY(!tips.isEmpty());
+    for (const TipsLabel *tip : tips)
+        QCOMPARE(tip->contentsMargins(), exchanged ? QMargins(7, 3, 2, 4) : QMargins(7, 2, 3, 4));
 }
 
 void PageFormTest::languagesOfSpeechToText()
