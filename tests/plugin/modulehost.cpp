@@ -118,6 +118,8 @@ private Q_SLOTS:
 
     void carriesItsIconsAndCatalogues_data();
     void carriesItsIconsAndCatalogues();
+    void translationPathLeadsToTheCatalogueOfALocale_data();
+    void translationPathLeadsToTheCatalogueOfALocale();
 
 private:
     QWidget *pushed(int index) const { return m_frame->pushes().at(index).widget; }
@@ -666,6 +668,33 @@ void ModuleHostTest::carriesItsIconsAndCatalogues()
     QVERIFY(root >= 0);
     const QByteArray rootElement = content.mid(root, content.indexOf('>', root) - root);
     QVERIFY2(rootElement.contains(attribute), rootElement.constData());
+}
+
+void ModuleHostTest::translationPathLeadsToTheCatalogueOfALocale_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<bool>("found");
+    for (const char *locale : {"zh_CN", "bo", "ug", "zh_HK", "zh_TW"})
+        QTest::newRow(locale) << QString::fromLatin1(locale) << true;
+    QTest::newRow("English in its long form") << "en_US" << true;
+    QTest::newRow("English in its short form") << "en" << true;
+    QTest::newRow("another English has none") << "en_GB" << false;
+    QTest::newRow("German has none") << "de_DE" << false;
+}
+
+void ModuleHostTest::translationPathLeadsToTheCatalogueOfALocale()
+{
+    QFETCH(QString, locale);
+    QFETCH(bool, found);
+    QFile catalogue(m_module->translationPath().arg(locale));
+    QCOMPARE(catalogue.open(QIODevice::ReadOnly), found);
+    if (!found)
+        return;
+    // The file of this very locale, not another one under its name.
+    QXmlStreamReader reader(&catalogue);
+    QVERIFY(reader.readNextStartElement());
+    QCOMPARE(reader.name().toString(), QStringLiteral("TS"));
+    QCOMPARE(reader.attributes().value(QLatin1String("language")).toString(), locale);
 }
 
 QTEST_MAIN(ModuleHostTest)
