@@ -372,6 +372,7 @@ void AudioRecorderTest::defaultSourceChanges()
     AudioRecorder *recorder = AudioRecorder::getInstance();
     QSignalSpy stopped(recorder, &AudioRecorder::recordStoped);
     recorder->start();
+    QVERIFY(busIsQuiet()); // the bus knows by now what the recorder listens to
     LogSpy log;
     QVERIFY(sourceChangedSignal(daemon, QStringLiteral("/com/tavren/daemon/Audio/Source3")));
     QTRY_COMPARE(stopped.count(), 1);
@@ -410,6 +411,7 @@ void AudioRecorderTest::foreignSourceSignals()
 
     AudioRecorder *recorder = AudioRecorder::getInstance();
     recorder->start();
+    QVERIFY(busIsQuiet()); // the bus knows by now what the recorder listens to
     // Not from the daemon, and not of the daemon's object.
     QVERIFY(sourceChangedSignal(stranger, QStringLiteral("/s")));
     QDBusMessage elsewhere = QDBusMessage::createSignal(QStringLiteral("/elsewhere"), audioService,
@@ -444,6 +446,7 @@ void AudioRecorderTest::daemonComesLater()
     QDBusConnection daemon =
         QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("daemon"));
     QVERIFY(daemon.registerService(audioService));
+    QVERIFY(busIsQuiet()); // the bus knows by now what the recorder listens to
     QSignalSpy stopped(recorder, &AudioRecorder::recordStoped);
     QVERIFY(sourceChangedSignal(daemon, QStringLiteral("/s")));
     QTRY_COMPARE(stopped.count(), 1);
