@@ -124,6 +124,7 @@ private Q_SLOTS:
     void dockSlotSendsNothingBack();
     void dockSwitchWorksAfterTheServiceCameLate();
     void thePageLetsGoOfTheDockWhenItGoes();
+    void logsItsEnd();
 
 private:
     /** Starts @p wait, which waits for the held reply of @p member, and runs @p meanwhile in it. */
@@ -496,6 +497,21 @@ void AssistantPageTest::thePageLetsGoOfTheDockWhenItGoes()
     QTRY_VERIFY(next.dock()->checked());
     QCOMPARE(log.count(QtDebugMsg, QStringLiteral("slotdockHideChange | true")), 0);
     QCOMPARE(log.count(QtDebugMsg, QStringLiteral("slotdockHideChange | false")), 1);
+}
+
+void AssistantPageTest::logsItsEnd()
+{
+    const LogCapture log;
+    {
+        const AssistantSettingWidget page(nullptr);
+    }
+    const testsupport::LogRecord end = log.find(QStringLiteral("~AssistantSettingWidget"));
+    QCOMPARE(end.type, QtDebugMsg);
+    QCOMPARE(end.category, QStringLiteral("default"));
+    QCOMPARE(end.function,
+             QStringLiteral("virtual AssistantSettingWidget::~AssistantSettingWidget()"));
+    QCOMPARE(pageLines(log), (QStringList{QStringLiteral("AssistantSettingWidget"),
+                                          QStringLiteral("~AssistantSettingWidget")}));
 }
 
 QTEST_MAIN(AssistantPageTest)

@@ -35,6 +35,11 @@ void ModuleLocaleTest::asksForTheCatalogueOfTheLocale_data()
                                                  << "aassistant-control-plugin_en.qm";
     QTest::newRow("British English, the same") << "en_GB.UTF-8"
                                                << "aassistant-control-plugin_en.qm";
+    // Anywhere in the name counts.
+    QTest::newRow("Kenyang holds \"en\"") << "ken_CM.UTF-8"
+                                          << "aassistant-control-plugin_en.qm";
+    QTest::newRow("Lojban holds \"bo\"") << "jbo_001.UTF-8"
+                                         << "assistant-control-plugin_bo.qm";
     QTest::newRow("German has none") << "de_DE.UTF-8" << QString();
     QTest::newRow("the C locale has none") << "C.UTF-8" << QString();
 }
