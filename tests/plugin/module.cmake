@@ -17,7 +17,10 @@ assistant_add_host_test(modulefile SOURCES modulefile.cpp)
 target_compile_definitions(modulefile PRIVATE NM_PROGRAM="${NM_PROGRAM}")
 
 assistant_add_host_test(modulehost SOURCES modulehost.cpp BUSES)
-assistant_add_host_test(moduleunload SOURCES moduleunload.cpp BUSES)
+# Leaks of a library that is gone have no names, so the one that the module has on purpose cannot be
+# told apart; modulehost looks for the others.
+assistant_add_host_test(moduleunload SOURCES moduleunload.cpp BUSES
+    ENVIRONMENT "ASAN_OPTIONS=detect_leaks=0")
 
 # Says which catalogue the module asked for; run by the test once per locale. Its symbols must be
 # exported, since it stands in for two functions of QtCore.
