@@ -2,6 +2,9 @@
 
 #include "proxy/dynamicinterface.h"
 
+#include <QDBusPendingCall>
+#include <QEventLoop>
+
 namespace BusCalls {
 
 namespace {
@@ -19,7 +22,16 @@ QDBusMessage callProcessingEvents(const ServiceNames::Endpoint &endpoint, const 
 {
     QDBusMessage call = methodCall(endpoint, method);
     call.setArguments(arguments);
-    return QDBusConnection::sessionBus().call(call, QDBus::BlockWithGui);
+
+    // What QDBus::BlockWithGui does, but for its flaw (up to Qt 5.15): it waits for ever when the
+    // reply comes between sending and waiting. The watcher tells of such a reply too.
+    const QDBusPendingCall pending = QDBusConnection::sessionBus().asyncCall(call);
+    QDBusPendingCallWatcher watcher(pending);
+    QEventLoop loop;
+    QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
+    if (!watcher.isFinished())
+        loop.exec(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+    return pending.reply();
 }
 
 QDBusMessage callBlocking(const QDBusConnection &bus, const ServiceNames::Endpoint &endpoint,

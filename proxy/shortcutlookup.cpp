@@ -1,7 +1,6 @@
 #include "proxy/assistantstateproxy.h"
 
 #include "proxy/buscalls.h"
-#include "proxy/dynamicinterface.h"
 #include "proxy/servicenames.h"
 
 #include <QDebug>
@@ -11,9 +10,8 @@
 
 QString AssistantStateProxy::getShortCut(QString id, int type)
 {
-    DynamicInterface daemon(ServiceNames::keybinding(), QDBusConnection::sessionBus());
-    const QDBusReply<QString> reply =
-        daemon.call(QDBus::BlockWithGui, QStringLiteral("GetShortcut"), id, type);
+    const QDBusReply<QString> reply = BusCalls::callProcessingEvents(
+        ServiceNames::keybinding(), QStringLiteral("GetShortcut"), {id, type});
 
     const QJsonObject shortcut =
         QJsonDocument::fromJson(BusCalls::valueOr<QString>(reply, QString()).toUtf8()).object();

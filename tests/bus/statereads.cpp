@@ -72,6 +72,8 @@ private Q_SLOTS:
     void onlyGlobalConnectivityCountsAsOnline();
     void theNetworkCheckProcessesNoEvents();
     void readsProcessEventsWhileTheyWait();
+    void everyWaitEndsHoweverQuickTheReply();
+    void aWaitEndsWithTheApplication();
     void writesToAnAbsentServiceReturnZeroAndLogNoError();
     void dictationWritesLogTheTimeTheyTook();
 
@@ -302,6 +304,36 @@ void StateReadsTest::readsProcessEventsWhileTheyWait()
     QTimer::singleShot(0, this, [&processed] { ++processed; });
     AssistantStateProxy::getShortCut(QStringLiteral("translation"), 0);
     QCOMPARE(processed, 2);
+}
+
+void StateReadsTest::everyWaitEndsHoweverQuickTheReply()
+{
+    // The bus itself refuses calls to a name that nobody owns, so fast that now and then the reply
+    // is there before the wait for it has begun.
+    service(QStringLiteral("assistant")).leaveBus();
+    constexpr int reads = 20000;
+    int read = 0;
+    int readBefore = -1;
+    QTimer watchdog;
+    connect(&watchdog, &QTimer::timeout, this, [&] {
+        if (read == readBefore)
+            qFatal("read %d never ends", read);
+        readBefore = read;
+    });
+    watchdog.start(10000);
+    for (; read < reads; ++read)
+        AssistantStateProxy::queryVoiceIatState();
+    QCOMPARE(read, reads);
+}
+
+void StateReadsTest::aWaitEndsWithTheApplication()
+{
+    ServiceProcess &assistant = service(QStringLiteral("assistant"));
+    assistant.script(QStringLiteral("getTransLanguage"), QStringLiteral("hold"));
+    QTimer::singleShot(0, this, &QCoreApplication::quit);
+    QCOMPARE(AssistantStateProxy::getAssistantTransLang(), QStringLiteral("en|cn"));
+    QVERIFY(assistant.waitForCalls(QStringLiteral("getTransLanguage")));
+    QCOMPARE(assistant.release(QStringLiteral("getTransLanguage")), 1);
 }
 
 void StateReadsTest::writesToAnAbsentServiceReturnZeroAndLogNoError()
