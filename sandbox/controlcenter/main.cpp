@@ -52,7 +52,9 @@ int main(int argc, char **argv)
     }
 
     prepareEnvironment(options);
-    QApplication application(argc, argv);
+    int qtArgumentCount =
+        1; // the options are the window's; Qt would take --plugin for one of its own
+    QApplication application(qtArgumentCount, argv);
     QApplication::setApplicationName(QStringLiteral("control-center"));
     if (options.help) {
         QTextStream(stdout) << helpText();

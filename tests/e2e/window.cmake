@@ -15,7 +15,7 @@ add_dependencies(windowprogram control-center assistant-control-plugin translati
 
 assistant_add_test(windowtour TIER e2e BUSES TIMEOUT 300
     SOURCES windowtour.cpp
-    LIBRARIES windowprogram test-support)
+    LIBRARIES windowprogram virtualmicrophone)
 
 assistant_add_test(windowvoicetour TIER e2e BUSES TIMEOUT 300
     SOURCES windowvoicetour.cpp

@@ -5,12 +5,14 @@
 #include <QProcess>
 #include <QRegularExpression>
 
-WindowRun runWindow(const QStringList &arguments)
+WindowRun runWindow(const QStringList &arguments, Warnings warnings)
 {
     constexpr int limit = 280000; // ms
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("TRANSLATIONS_DIR"), QStringLiteral(CATALOGUES));
+    if (warnings == Warnings::Fatal)
+        environment.insert(QStringLiteral("QT_FATAL_WARNINGS"), QStringLiteral("1"));
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(WITH_TRANSLATIONS),
                   QStringList{QStringLiteral(WINDOW_PROGRAM)} + arguments);
@@ -28,18 +30,22 @@ WindowRun runWindow(const QStringList &arguments)
     return run;
 }
 
-WindowRun runTour(const QString &folder, const QStringList &arguments)
+WindowRun runTour(const QString &folder, const QStringList &arguments, Warnings warnings)
 {
     return runWindow(QStringList{QStringLiteral("--plugin"), QStringLiteral(MODULE_FILE),
                                  QStringLiteral("--tour"), folder} +
-                     arguments);
+                         arguments,
+                     warnings);
 }
 
 QString failureOf(const WindowRun &run, const QString &folder)
 {
     const QString everything = run.lines.join(QLatin1Char('\n'));
     if (run.exitCode != 0)
-        return everything + QStringLiteral("\nexit code %1\n").arg(run.exitCode) + run.messages;
+        return QStringLiteral("exit code %1, last message: %2\n")
+                   .arg(run.exitCode)
+                   .arg(run.messages.trimmed().section(QLatin1Char('\n'), -1)) +
+               everything;
 
     int pictures = 0;
     for (const QString &line : run.lines) {
