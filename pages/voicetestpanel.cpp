@@ -294,9 +294,12 @@ void AssistantSettingWidget::slotIatResult(QString text, int, bool)
 {
     if (!m_recognisedLabel)
         return;
+    // Each run adds a connection to this slot: the same text comes as often, and is read out once.
+    const bool isNew = m_recognisedLabel->text() != text;
     m_recognisedLabel->clear();
     m_recognisedLabel->setText(text);
-    announce(m_recognisedLabel);
+    if (isNew)
+        announce(m_recognisedLabel);
 }
 
 void AssistantSettingWidget::announce(QLabel *label)

@@ -6,8 +6,6 @@
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <QElapsedTimer>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
@@ -16,6 +14,7 @@
 
 #include "comcorvaneaiserviceaqcinterface.h"
 #include "tests/bus/voiceimpatientbus.h"
+#include "tests/bus/voiceservice.h"
 #include "tests/fakeaudio/scriptedaudio.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/logspy.h"
@@ -58,19 +57,6 @@ QStringList calls(ServiceProcess &service)
     return list;
 }
 
-QString recognised(const QString &path, const QString &word)
-{
-    const QJsonObject candidate{{QStringLiteral("w"), word}};
-    const QJsonObject slot{{QStringLiteral("cw"), QJsonArray{candidate}}};
-    const QJsonObject hypothesis{{QStringLiteral("pgs"), QStringLiteral("rpl")},
-                                 {QStringLiteral("ws"), QJsonArray{slot}}};
-    const QJsonObject message{
-        {QStringLiteral("session_id"), QStringLiteral("id of ") + path},
-        {QStringLiteral("text"), QString::fromUtf8(QJsonDocument(hypothesis).toJson())},
-        {QStringLiteral("finish"), true}};
-    return QString::fromUtf8(QJsonDocument(message).toJson());
-}
-
 // A voice test with what it reports.
 class Run : public QObject
 {
@@ -92,32 +78,6 @@ public:
     QStringList verdicts;
     QVector<double> levels;
     QStringList texts;
-};
-
-// A service with one good microphone.
-class VoiceService : public ServiceProcess
-{
-public:
-    VoiceService()
-        : ServiceProcess(QStringLiteral("voicescript"))
-    {
-        audio().setDevices({{"mic", true}});
-    }
-
-    void notify(const QString &path, const QString &text)
-    {
-        setValue(QStringLiteral("notify"), QStringList({path, text}));
-    }
-
-    void recognise(const QString &path, const QString &word)
-    {
-        setValue(QStringLiteral("result"), QStringList({path, recognised(path, word)}));
-    }
-
-    QByteArray heard(const QString &path)
-    {
-        return QByteArray::fromHex(value(QStringLiteral("audio ") + path).toString().toLatin1());
-    }
 };
 
 // Waits for an answer of the service, which comes behind whatever it has sent until now.
