@@ -9,7 +9,7 @@ use_state_folder() {
     export XDG_CONFIG_HOME=$1/config XDG_DATA_HOME=$1/data XDG_CACHE_HOME=$1/cache
 }
 
-# Two daemons, so that a call on the wrong bus fails here as it does on the desktop.
+# A daemon for each bus, as on the desktop: one for both would answer calls on the wrong one.
 start_buses() {
     start_process session-bus dbus-daemon --session --nofork --print-address=1
     DBUS_SESSION_BUS_ADDRESS=$(wait_for_line .)
@@ -18,12 +18,14 @@ start_buses() {
     export DBUS_SESSION_BUS_ADDRESS DBUS_SYSTEM_BUS_ADDRESS
 }
 
-# Every service of the sandbox; each says "ready" when it owns its names.
+# Every service of the sandbox; each says "ready" when it owns its names. The folders in the sources say
+# which there are: tests build doubles, for the same names, beside the services.
 start_services() {
-    local program
-    for program in "$sandbox_build"/sandbox/services/sandbox-*; do
-        [[ ${program##*/} == sandbox-control ]] && continue
-        start_process "${program##*/}" "$program"
+    local folder name
+    for folder in "$project_dir"/sandbox/services/*/; do
+        name=sandbox-$(basename "$folder")
+        [[ $name != sandbox-control && -x $sandbox_build/sandbox/services/$name ]] || continue
+        start_process "$name" "$sandbox_build/sandbox/services/$name"
         wait_for_line '^ready' >/dev/null
     done
 }
