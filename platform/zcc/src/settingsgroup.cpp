@@ -1,5 +1,7 @@
 #include "zcc/widgets/settingsgroup.h"
 
+#include "groupingrole.h"
+
 #include <ztk/zpainting.h>
 
 #include <QPainter>
@@ -20,6 +22,7 @@ SettingsGroup::SettingsGroup(QFrame *parent, BackgroundStyle style)
     , m_style(style)
     , m_layout(new QVBoxLayout(this))
 {
+    GroupingRole::install();
     setFrameShape(QFrame::NoFrame);
     // Rows keep their natural height; what is left over belongs to the page.
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);

@@ -1,5 +1,6 @@
 #include "zcc/widgets/settingsitem.h"
 
+#include "groupingrole.h"
 #include "zcc/widgets/settingsgroup.h"
 
 #include <ztk/zpainting.h>
@@ -14,6 +15,7 @@ using Ztk::Widget::ZPainting;
 SettingsItem::SettingsItem(QWidget *parent)
     : QFrame(parent)
 {
+    GroupingRole::install();
     setFrameShape(QFrame::NoFrame);
 }
 

@@ -1,5 +1,6 @@
 #include "ztk/zstyle.h"
 
+#include "assistedchoice.h"
 #include "buttonlook.h"
 #include "controllook.h"
 #include "inputlook.h"
@@ -11,6 +12,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QLineEdit>
+#include <QListView>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
@@ -52,6 +54,8 @@ void ZStyle::polish(QWidget *widget)
         widget->setAttribute(Qt::WA_Hover);
     else if (widget->inherits("QComboBoxPrivateContainer"))
         widget->setContentsMargins(1, 0, 1, 0); // the list must not cover the panel's frame
+    else if (auto *list = qobject_cast<QListView *>(widget))
+        AssistedChoice::serve(list);
 }
 
 void ZStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
