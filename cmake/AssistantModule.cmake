@@ -12,6 +12,7 @@ set(module_headers
     pages/voiceiatsettingwidget.h
     pages/voicetestverdict.h
     pages/voicettssettingwidget.h
+    pages/waveaccessible.h
     plugin/tavrenaiassitantcontrolplugin.h
     plugin/assistzlistview.h
     plugin/thirdlistwidget.h
@@ -38,6 +39,7 @@ set(module_sources
     pages/voicetestpanel.cpp
     pages/voicetestverdict.cpp
     pages/voicettssettingwidget.cpp
+    pages/waveaccessible.cpp
     plugin/assistzlistview.cpp
     plugin/searchentries.cpp
     plugin/tavrenaiassitantcontrolplugin.cpp
@@ -72,6 +74,7 @@ qt5_add_resources(module_generated plugin/voice.qrc plugin/translation.qrc
 # The shortcut widgets are compiled apart, so that the sandbox's window can show them without taking in
 # the rest of the module. Who links assistantcontrol gets them with it.
 add_library(shortcutwidgets OBJECT
+    pages/accessiblefactory.h
     pages/keydisplaynames.h
     pages/keylabel.cpp
     pages/keylabel.h

@@ -1,24 +1,7 @@
 #include "pages/shortcutitemaccessible.h"
 
+#include "pages/accessiblefactory.h"
 #include "pages/shortcutitem.h"
-
-namespace {
-
-QAccessibleInterface *create(const QString &, QObject *object)
-{
-    auto *row = qobject_cast<ShortcutItem *>(object);
-    return row ? new ShortcutItemAccessible(row) : nullptr;
-}
-
-/** The registration; Qt must not call a factory whose code is gone. */
-class Registration
-{
-public:
-    Registration() { QAccessible::installFactory(create); }
-    ~Registration() { QAccessible::removeFactory(create); }
-};
-
-} // namespace
 
 ShortcutItemAccessible::ShortcutItemAccessible(ShortcutItem *row)
     : QAccessibleWidget(row)
@@ -27,7 +10,7 @@ ShortcutItemAccessible::ShortcutItemAccessible(ShortcutItem *row)
 
 void ShortcutItemAccessible::install()
 {
-    static const Registration registration;
+    AccessibleFactory::install<ShortcutItem, ShortcutItemAccessible>();
 }
 
 QAccessible::Role ShortcutItemAccessible::role() const

@@ -1,7 +1,9 @@
 #include "pages/assistantsettingwidget.h"
 
+#include "pages/accessiblefactory.h"
 #include "pages/pagelayout.h"
 #include "pages/voicetestverdict.h"
+#include "pages/waveaccessible.h"
 #include "proxy/assistantstateproxy.h"
 #include "voice/aqcwrapper.h"
 #include "voice/voiceanimationwidget.h"
@@ -52,8 +54,11 @@ void release(QVBoxLayout *layout, QPointer<Widget> &widget)
 
 void AssistantSettingWidget::refreshVoiceTestUI(VoiceTestUIType state)
 {
-    const bool panelHadFocus = (m_testButton && m_testButton->hasFocus()) ||
-                               (m_animationWidget && m_animationWidget->hasFocus());
+    // The window's focus, which it keeps while another window is in use.
+    QWidget *focused = window()->focusWidget();
+    const bool panelHadFocus = focused && (focused == m_testButton || focused == m_animationWidget);
+    if (panelHadFocus)
+        focused->clearFocus(); // or it would wander to a control elsewhere while the panel is gone
 
     aqcClean(state);
     switch (state) {
@@ -150,6 +155,7 @@ void AssistantSettingWidget::voiceTesting()
     addPrompt(QStringLiteral("现在请说\"阿岚，帮我预约明天早上10点的视频会议\""));
 
     qDebug() << "animationwidget start";
+    AccessibleFactory::install<VoiceAnimationWidget, WaveAccessible>();
     m_animationWidget = new VoiceAnimationWidget(m_voiceTestItem);
     connect(m_animationWidget, &VoiceAnimationWidget::signalStopPaint, this,
             [this] { refreshVoiceTestUI(VoiceTestInit); });
@@ -178,6 +184,8 @@ void AssistantSettingWidget::voiceTesting()
     // After a failed start these are the finished panel's: it keeps its layout and gains a stretch.
     m_voiceTestItem->setLayout(m_voiceTestLayout);
     m_voiceTestLayout->addStretch();
+    if (m_animationWidget)
+        m_animationWidget->raise(); // the panel's last part, also to assistive technologies
 }
 
 void AssistantSettingWidget::voiceTestEnd()
@@ -193,6 +201,8 @@ void AssistantSettingWidget::voiceTestEnd()
     m_voiceTestLayout->addSpacing(0);
 
     addTestButton(tr("Click here to test again"), Qt::AlignHCenter | Qt::AlignTop);
+    m_testButton->setAccessibleDescription(
+        m_verdict); // read out with the link, which gets the focus
     m_voiceTestItem->setLayout(m_voiceTestLayout);
 }
 
