@@ -1,5 +1,6 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
 
+#include "sandbox/controlcenter/accessibleroles.h"
 #include "sandbox/controlcenter/breadcrumb.h"
 #include "sandbox/controlcenter/frame.h"
 #include "sandbox/controlcenter/hostpage.h"
@@ -48,6 +49,7 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     , m_hostPage(new HostPage)
     , m_frame(new Frame(&m_registry, m_moduleView, this))
 {
+    installAccessibleRoles();
     setWindowTitle(tr("Control Center"));
     setMinimumSize(leastSize);
     resize(usualSize);
@@ -57,14 +59,19 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
 
     auto *content = new QVBoxLayout;
     content->setSpacing(0);
-    content->addWidget(buildHeader());
+    QWidget *header = buildHeader();
+    content->addWidget(header);
     content->addWidget(m_stack, 1);
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(buildSideBar());
+    QWidget *sideBar = buildSideBar();
+    layout->addWidget(sideBar);
     layout->addLayout(content, 1);
+    // The lowest comes first when the window is read out.
+    header->lower();
+    sideBar->lower();
 
     m_frame->prepare(m_module);
     m_navigation->addEntry(keyboardEntry, tr("Keyboard"), QIcon::fromTheme("zcc_nav_keyboard"));

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace controlcenter {
+
+/** Makes the window a window to assistive technologies, and its heading a text of its own. */
+void installAccessibleRoles();
+
+} // namespace controlcenter
