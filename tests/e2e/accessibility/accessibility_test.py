@@ -1,0 +1,266 @@
+"""The whole module through the accessibility bus alone: no key is pressed, no mouse is moved."""
+
+import os
+import unittest
+
+import pyatspi
+from desktop import Desktop
+from tree import CONTROL_ROLES, ROLES_WITHOUT_MEANING, Tree, has_state, name_of, press
+
+PAGES = ("Desktop AI Assistant", "Speech to Text", "Text to Speech", "Translation")
+
+# page, title of the switch, service and key that it changes, what "on" is there
+SWITCHES = (
+    ("Desktop AI Assistant", "Voice Wakeup", "assistant", "wakeup.enabled", "true"),
+    ("Desktop AI Assistant", "Show in the Dock", "dock", "hidden", "false"),
+    ("Speech to Text", "Speech to Text", "assistant", "iat.enabled", "true"),
+    ("Text to Speech", "Text to Speech", "assistant", "tts.enabled", "true"),
+    ("Text to Speech", "Show Speech Widget", "assistant", "tts.window", "true"),
+    ("Translation", "Translation", "assistant", "trans.enabled", "true"),
+)
+
+# page, label of the list, key in the service "assistant", and what each entry stands for
+LISTS = (
+    (
+        "Speech to Text",
+        "Language",
+        "iat.language",
+        (("English", "en_us"), ("中文-普通话", "zh_cn")),
+    ),
+    (
+        "Text to Speech",
+        "Voice Gender",
+        "tts.speaker",
+        (("Male", "x_morven"), ("Children", "x2_pella"), ("Female", "x_tovali")),
+    ),
+    ("Translation", "Language", "trans.language", (("EN-CN", "en|cn"), ("CN-EN", "cn|en"))),
+)
+
+TEST_LIMIT = 40  # seconds; a test takes ten, and a loaded machine may add to it
+
+
+class AccessibilityJourney(unittest.TestCase):
+    """Each test starts where the one before it left the window, as a user would."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = Desktop(microphone="speech")
+        cls.addClassCleanup(cls.desktop.end)
+        cls.window = cls.desktop.open_window()
+        cls.tree = Tree("control-center")
+
+    def tearDown(self):
+        self.assertIsNone(self.window.poll(), self.desktop.window_log())
+
+    def open(self, page):
+        """Chooses PAGE in the module's list and waits for its heading."""
+        modules = self.tree.control(pyatspi.ROLE_LIST, "Assistive Tools")
+        row = self.tree.control(pyatspi.ROLE_LIST_ITEM, page, modules)
+        if not has_state(row, pyatspi.STATE_SELECTED):
+            press(row, "Toggle")
+        self.tree.control(pyatspi.ROLE_LABEL, f"Assistive Tools, {page}")
+
+    def wait_for_value(self, service, key, value):
+        """Waits until a service's state has the value."""
+        self.tree.wait_for(
+            lambda: self.desktop.value(service, key) == value, f"{key} = {value} in {service}"
+        )
+
+    def start_voice_test(self):
+        """Opens the assistant's page, presses the link, and returns the wave."""
+        self.open("Desktop AI Assistant")
+        link = self.tree.wait_for(
+            lambda: self.tree.find(pyatspi.ROLE_PUSH_BUTTON, "Click here to test")
+            or self.tree.find(pyatspi.ROLE_PUSH_BUTTON, "Click here to test again"),
+            "link to the voice test",
+        )
+        link.queryComponent().grabFocus()
+        self.tree.clear()
+        press(link, "Press")
+
+    def test_window_has_a_heading_and_parts_in_reading_order(self):
+        """Side bar, heading, list and page come in the order in which people read the window."""
+        self.open("Translation")
+        order = [
+            (pyatspi.ROLE_FRAME, "Control Center"),
+            (pyatspi.ROLE_TEXT, "Search settings"),
+            (pyatspi.ROLE_LIST, "Settings"),
+            (pyatspi.ROLE_LABEL, "Assistive Tools, Translation"),
+            (pyatspi.ROLE_CHECK_BOX, "Dark theme"),
+            (pyatspi.ROLE_LIST, "Assistive Tools"),
+            (pyatspi.ROLE_CHECK_BOX, "Translation"),
+            (pyatspi.ROLE_COMBO_BOX, "Language"),
+        ]
+        parts = [(part.getRole(), name_of(part)) for part in self.tree.parts()]
+        self.assertEqual([part for part in parts if part in order], order)
+
+    def test_every_page_opens_by_name(self):
+        """There and back through the list, and once by way of another entry of the window."""
+        for page in (*PAGES, *reversed(PAGES)):
+            with self.subTest(page):
+                self.open(page)
+        entries = self.tree.control(pyatspi.ROLE_LIST, "Settings")
+        press(self.tree.control(pyatspi.ROLE_LIST_ITEM, "Keyboard", entries), "Toggle")
+        self.tree.control(pyatspi.ROLE_LABEL, "Keyboard")
+        press(self.tree.control(pyatspi.ROLE_LIST_ITEM, "Assistive Tools", entries), "Toggle")
+        self.tree.control(pyatspi.ROLE_LABEL, "Assistive Tools, Desktop AI Assistant")
+
+    def test_every_control_has_a_name_and_a_role(self):
+        """Also what takes the focus and is no control by its role."""
+        for page in PAGES:
+            self.open(page)
+            controls = 0
+            for part in self.tree.parts():
+                focusable = has_state(part, pyatspi.STATE_FOCUSABLE)
+                if not focusable and part.getRole() not in CONTROL_ROLES:
+                    continue
+                if part.parent.getRole() == pyatspi.ROLE_COMBO_BOX:
+                    continue  # the list of a closed combo box, which has the box's name
+                with self.subTest(page=page, part=str(part)):
+                    self.assertTrue(name_of(part))
+                    self.assertNotIn(part.getRole(), ROLES_WITHOUT_MEANING)
+                controls += 1
+            self.assertGreater(controls, 4)
+
+    def test_search_opens_a_page_and_leads_to_the_control(self):
+        """What is typed and chosen through the bus does what keys and clicks do."""
+        field = self.tree.control(pyatspi.ROLE_TEXT, "Search settings")
+        field.queryEditableText().setTextContents("speech")
+        results = self.tree.control(pyatspi.ROLE_LIST, "Search results")
+        # The first result is chosen already, for Enter.
+        found = "Show Speech Widget, Assistive Tools › Text to Speech"
+        press(self.tree.control(pyatspi.ROLE_LIST_ITEM, found, results), "Toggle")
+        self.tree.control(pyatspi.ROLE_LABEL, "Assistive Tools, Text to Speech")
+        self.tree.wait_for(
+            lambda: name_of(self.tree.focused()) == "Show Speech Widget",
+            "focus on the control found",
+        )
+
+    def test_switches_change_the_services(self):
+        """Each switch is a check box named by its title, and flips its service there and back."""
+        for page, title, service, key, on in SWITCHES:
+            with self.subTest(page=page, title=title):
+                self.open(page)
+                off = "false" if on == "true" else "true"
+                switch = self.tree.control(pyatspi.ROLE_CHECK_BOX, title)
+                was_on = has_state(switch, pyatspi.STATE_CHECKED)
+                self.assertEqual(self.desktop.value(service, key), on if was_on else off)
+                for now_on in (not was_on, was_on):
+                    press(switch, "Toggle")
+                    self.wait_for_value(service, key, on if now_on else off)
+                    switch.clear_cache()
+                    self.assertEqual(has_state(switch, pyatspi.STATE_CHECKED), now_on)
+
+    def test_one_shot_depends_on_the_wakeup(self):
+        """The check box below a switch can be operated while the switch is on, and only then."""
+        self.open("Desktop AI Assistant")
+        wakeup = self.tree.control(pyatspi.ROLE_CHECK_BOX, "Voice Wakeup")
+        self.assertFalse(has_state(wakeup, pyatspi.STATE_CHECKED))
+        one_shot = self.tree.control(pyatspi.ROLE_CHECK_BOX, "OneShot")
+        self.assertFalse(has_state(one_shot, pyatspi.STATE_ENABLED))
+        press(wakeup, "Toggle")
+        one_shot = self.tree.wait_for(
+            lambda: has_state(
+                self.tree.find(pyatspi.ROLE_CHECK_BOX, "OneShot"), pyatspi.STATE_ENABLED
+            )
+            and self.tree.find(pyatspi.ROLE_CHECK_BOX, "OneShot"),
+            "check box that can be operated",
+        )
+        press(one_shot, "Toggle")
+        self.wait_for_value("assistant", "wakeup.oneshot", "true")
+        press(wakeup, "Toggle")
+        self.wait_for_value("assistant", "wakeup.oneshot", "false")
+        self.wait_for_value("assistant", "wakeup.enabled", "false")
+
+    def test_lists_change_the_services(self):
+        """Each combo box is named by its row's label; every entry can be chosen."""
+        for page, label, key, entries in LISTS:
+            self.open(page)
+            for text, value in entries:
+                with self.subTest(page=page, entry=text):
+                    box = self.tree.control(pyatspi.ROLE_COMBO_BOX, label)
+                    press(box, "ShowMenu")
+                    press(self.tree.control(pyatspi.ROLE_LIST_ITEM, text, box), "Toggle")
+                    self.wait_for_value("assistant", key, value)
+                    box.clear_cache()
+                    self.assertEqual(box.name, text)
+
+    def test_voice_test_announces_words_and_verdict(self):
+        """From the link to the verdict; the focus goes along and never leaves the panel."""
+        self.desktop.choose_microphone("speech")
+        self.start_voice_test()
+        wave = self.tree.control(pyatspi.ROLE_ANIMATION, "Microphone level")
+        self.assertTrue(has_state(wave, pyatspi.STATE_FOCUSED))
+        self.assertIn("Escape", wave.description)
+        panel = [part.name for part in self.tree.parts(wave.parent)][1:]
+        self.assertEqual([panel[0], panel[-1]], ["Voice Test", "Microphone level"])
+        self.assertTrue(panel[2].startswith("现在请说"), panel)
+
+        again = self.tree.wait_for(
+            lambda: self.tree.find(pyatspi.ROLE_PUSH_BUTTON, "Click here to test again"),
+            "end of the test",
+            TEST_LIMIT,
+        )
+        self.assertIn("It sounds good", self.tree.texts())
+        self.assertTrue(has_state(again, pyatspi.STATE_FOCUSED))
+        self.assertEqual(again.description, "It sounds good")
+        words = [
+            name
+            for event, name, role in self.tree.announced
+            if event.startswith("object:property-change:accessible-name")
+            and role == pyatspi.ROLE_LABEL
+            and "明天" in name
+            and "现在请说" not in name
+        ]
+        self.assertGreater(len(words), 1, self.tree.announced)
+        self.assertIn(words[-1], self.tree.texts())
+        self.assertTrue(self.tree.heard("object:state-changed:showing", "It sounds good"))
+        elsewhere = [
+            name
+            for event, name, _ in self.tree.announced
+            if event.startswith("object:state-changed:focused")
+            and name not in ("Click here to test", "Microphone level", "Click here to test again")
+        ]
+        self.assertEqual(elsewhere, [])
+
+    def test_voice_test_is_cancelled_by_pressing_the_wave(self):
+        """The recording ends, and the panel is back at its beginning."""
+        self.desktop.reset("aiservice")
+        self.start_voice_test()
+        wave = self.tree.control(pyatspi.ROLE_ANIMATION, "Microphone level")
+        press(wave, "Press")
+        link = self.tree.control(pyatspi.ROLE_PUSH_BUTTON, "Click here to test")
+        self.assertTrue(has_state(link, pyatspi.STATE_FOCUSED))
+        for call in ("stopAqc", "stopIat"):
+            self.tree.wait_for(lambda call=call: self.desktop.calls("aiservice", call), call)
+
+    def test_voice_test_without_network_says_so(self):
+        """The verdict comes at once and is read out with the link that has the focus."""
+        self.desktop.set_value("networkmanager", "state", "20")
+        self.addCleanup(self.desktop.set_value, "networkmanager", "state", "70")
+        self.start_voice_test()
+        self.tree.wait_for(
+            lambda: "Network unavailable" in self.tree.texts(), "verdict about the network"
+        )
+        again = self.tree.control(pyatspi.ROLE_PUSH_BUTTON, "Click here to test again")
+        self.assertTrue(has_state(again, pyatspi.STATE_FOCUSED))
+        self.assertEqual(again.description, "Network unavailable")
+
+    def test_a_page_follows_its_service(self):
+        """What another program changes is announced by the check box."""
+        self.open("Desktop AI Assistant")
+        dock = self.tree.control(pyatspi.ROLE_CHECK_BOX, "Show in the Dock")
+        self.assertTrue(has_state(dock, pyatspi.STATE_CHECKED))
+        self.desktop.set_value("dock", "hidden", "true")
+        self.addCleanup(self.desktop.set_value, "dock", "hidden", "false")
+        self.tree.wait_for(
+            lambda: not has_state(
+                self.tree.find(pyatspi.ROLE_CHECK_BOX, "Show in the Dock"), pyatspi.STATE_CHECKED
+            ),
+            "unchecked switch",
+        )
+
+
+if __name__ == "__main__":
+    os.environ.setdefault("LC_ALL", "C.UTF-8")
+    unittest.main(verbosity=2)

@@ -1,0 +1,160 @@
+"""A desktop session for tests: display, window manager, accessibility bus, services, microphone.
+
+It needs a session bus and a system bus, see tests/support/with-buses, and is told by the environment
+where the built programs are:
+
+  CONTROL_CENTER, MODULE_FILE, SERVICES_DIR, MICROPHONE_SCRIPT
+"""
+
+import json
+import os
+import shlex
+import subprocess
+import tempfile
+
+from gi.repository import Gio, GLib
+from processes import START_LIMIT, Processes
+
+SERVICES = ("assistant", "dock", "keybinding", "networkmanager", "audio", "aiservice")
+SCREEN = "1400x900x24"
+
+
+def wait_for_name(bus, name):
+    """Waits until somebody owns the name on the bus."""
+    loop = GLib.MainLoop()
+    owners = []
+
+    def appeared(_bus, _name, owner):
+        owners.append(owner)
+        loop.quit()
+
+    watch = Gio.bus_watch_name_on_connection(bus, name, 0, appeared, None)
+    limit = GLib.timeout_add_seconds(START_LIMIT, loop.quit)
+    loop.run()
+    Gio.bus_unwatch_name(watch)
+    if not owners:
+        raise TimeoutError(f"nobody owns {name}")
+    GLib.source_remove(limit)
+
+
+class Desktop:
+    """Started by the constructor; to be ended by end(), also when a test fails."""
+
+    def __init__(self, microphone):
+        self._folder = tempfile.TemporaryDirectory(prefix="desktop.")
+        self._processes = Processes(self._folder.name)
+        try:
+            self._start_display()
+            self._start_accessibility_bus()
+            self._start_microphone(microphone)
+            for service in SERVICES:
+                program = f"{os.environ['SERVICES_DIR']}/sandbox-{service}"
+                state = f"{self._folder.name}/{service}.json"
+                self._processes.start(service, [program, "--state", state], ready="ready")
+        except BaseException:
+            self.end()
+            raise
+
+    def end(self):
+        """Ends all of it; raises when something had ended too early or did not end in order."""
+        problems = self._processes.end()
+        self._folder.cleanup()
+        if problems:
+            raise RuntimeError("; ".join(problems))
+
+    def open_window(self, *arguments):
+        """Starts the control center with the built module."""
+        command = [os.environ["CONTROL_CENTER"], "--plugin", os.environ["MODULE_FILE"], *arguments]
+        fatal = {"QT_FATAL_WARNINGS": "1"}  # whatever Qt or the module warns of is a defect
+        return self._processes.start("control-center", command, environment=fatal)
+
+    def window_log(self):
+        """What the control center has written to standard error."""
+        return self._processes.log("control-center")
+
+    def value(self, service, key):
+        """A value of a service's state, as text."""
+        return self._control(service, "get", key)
+
+    def set_value(self, service, key, value):
+        """Changes a value of a service's state as if another program had done it."""
+        self._control(service, "set", key, value)
+
+    def calls(self, service, member):
+        """The calls of MEMBER that a service has received, each with its list of "arguments"."""
+        lines = self._control(service, "calls").splitlines()
+        calls = [json.loads(line) for line in lines]
+        return [call for call in calls if call["member"] == member]
+
+    def script(self, service, member, *behaviour):
+        """Changes how a service answers a call; see sandbox-control --help."""
+        self._control(service, "script", member, *behaviour)
+
+    def reset(self, service):
+        """Makes a service answer truly again, and forget the calls received."""
+        self._control(service, "reset")
+
+    def choose_microphone(self, kind):
+        """What the microphone hears from the next recording on."""
+        with open(f"{self._folder.name}/microphone/kind", "w", encoding="ascii") as file:
+            file.write(kind + "\n")
+
+    def _start_display(self):
+        display = self._processes.start(
+            "display",
+            ["Xvfb", "-displayfd", "1", "-screen", "0", SCREEN, "-nolisten", "tcp", "-noreset"],
+            ready="",
+        )
+        os.environ["DISPLAY"] = ":" + display
+        # openbox says nothing when it is ready; a window that comes earlier is managed all the same.
+        self._processes.start("window-manager", ["openbox", "--sm-disable"])
+
+    def _start_accessibility_bus(self):
+        """The buses of tests start no services by themselves, so the launcher is started here."""
+        os.environ["XDG_RUNTIME_DIR"] = self._folder.name
+        self._processes.start(
+            "accessibility-bus", ["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"]
+        )
+        session = Gio.bus_get_sync(Gio.BusType.SESSION)
+        wait_for_name(session, "org.a11y.Bus")
+        (address,) = session.call_sync(
+            "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None, 0, -1
+        ).unpack()
+        # Programs enlist themselves when they start, once; the registry must be up by then.
+        bus = Gio.DBusConnection.new_for_address_sync(
+            address,
+            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION,
+        )
+        bus.call_sync(
+            "org.a11y.atspi.Registry",
+            "/org/a11y/atspi/accessible/root",
+            "org.a11y.atspi.Accessible",
+            "GetChildren",
+            None,
+            None,
+            0,
+            START_LIMIT * 1000,
+        )
+        bus.close_sync()
+        os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        os.environ["QT_XCB_GL_INTEGRATION"] = "none"
+        os.environ["QT_QPA_PLATFORM"] = "xcb"
+
+    def _start_microphone(self, kind):
+        folder = f"{self._folder.name}/microphone"
+        self._processes.start(
+            "microphone", [os.environ["MICROPHONE_SCRIPT"], kind, folder], ready="ready"
+        )
+        with open(f"{folder}/environment", encoding="utf-8") as file:
+            words = shlex.split(file.read())
+        os.environ.update(word.split("=", 1) for word in words if "=" in word)
+
+    def _control(self, service, *words):
+        program = f"{os.environ['SERVICES_DIR']}/sandbox-control"
+        done = subprocess.run(
+            [program, service, *words], capture_output=True, text=True, check=False
+        )
+        if done.returncode != 0:
+            raise RuntimeError(f"sandbox-control {service} {words}: {done.stderr}")
+        return done.stdout.rstrip("\n")

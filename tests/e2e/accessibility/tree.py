@@ -1,0 +1,160 @@
+"""A program's accessibility tree, as assistive technologies see it on the accessibility bus."""
+
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+# pylint: disable=wrong-import-position
+import pyatspi
+from gi.repository import GLib
+
+LIMIT = 30  # seconds, on a loaded machine
+
+CONTROL_ROLES = {
+    pyatspi.ROLE_CHECK_BOX,
+    pyatspi.ROLE_COMBO_BOX,
+    pyatspi.ROLE_LINK,
+    pyatspi.ROLE_LIST,
+    pyatspi.ROLE_LIST_ITEM,
+    pyatspi.ROLE_PUSH_BUTTON,
+    pyatspi.ROLE_TEXT,
+    pyatspi.ROLE_ANIMATION,
+}
+
+# What Qt calls a widget of which nobody has said what it is, and what it thinks of a bare frame.
+ROLES_WITHOUT_MEANING = {pyatspi.ROLE_FILLER, pyatspi.ROLE_UNKNOWN, pyatspi.ROLE_INVALID}
+
+EVENTS = (
+    "object:property-change:accessible-name",
+    "object:property-change:accessible-description",
+    "object:state-changed:focused",
+    "object:state-changed:showing",
+)
+
+
+def name_of(accessible):
+    """How assistive technologies call it: by its label, if it has one, as combo boxes have."""
+    for relation in accessible.getRelationSet():
+        if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY:
+            return relation.getTarget(0).name
+    return accessible.name
+
+
+def has_state(accessible, state):
+    """Whether it is, for instance, pyatspi.STATE_CHECKED."""
+    return accessible.getState().contains(state)
+
+
+def press(accessible, *names):
+    """Does the first action that has one of NAMES."""
+    action = accessible.queryAction()
+    offered = [action.getName(index) for index in range(action.nActions)]
+    for name in names:
+        if name in offered:
+            action.doAction(offered.index(name))
+            return
+    raise AssertionError(f"{accessible} offers {offered}, not {names}")
+
+
+class Tree:
+    """The tree of the program PROGRAM, which may still be starting, and what it announces.
+
+    Everything is asked of the program afresh each time: nothing is kept from one look to the next.
+    """
+
+    def __init__(self, program):
+        self.announced = []  # (event, name, role) since the last clear()
+        for event in EVENTS:
+            pyatspi.Registry.registerEventListener(self._keep, event)
+        GLib.timeout_add(50, lambda: True)  # how often a condition is looked at without any event
+        self._application = None
+        self.wait_for(lambda: self._found(program), f"the program {program}")
+        self.wait_for(lambda: self._application.childCount > 0, "a window")
+
+    def wait_for(self, condition, what, limit=LIMIT):
+        """Waits, taking in events, until CONDITION() is true, and returns its value."""
+        deadline = time.monotonic() + limit
+        while True:
+            try:
+                value = condition()
+            except (GLib.Error, LookupError, AttributeError):
+                value = None  # a part of the tree that has just gone
+            if value:
+                return value
+            if time.monotonic() > deadline:
+                raise AssertionError(f"in {limit} seconds there was no {what}\n{self.picture()}")
+            GLib.MainContext.default().iteration(True)
+
+    def parts(self, within=None):
+        """Everything that is showing, in the order of the tree."""
+        top = within or self._application
+        top.clear_cache()
+        if has_state(top, pyatspi.STATE_SHOWING):
+            yield top
+            for index in range(top.childCount):
+                child = top.getChildAtIndex(index)
+                if child is not None:
+                    yield from self.parts(child)
+
+    def find(self, role, name, within=None):
+        """The first part with this role and name that is showing; None when there is none."""
+        for part in self.parts(within):
+            if part.getRole() == role and name_of(part) == name:
+                return part
+        return None
+
+    def control(self, role, name, within=None):
+        """The same, as soon as it is there."""
+        what = f"{role!r} called {name!r}"
+        return self.wait_for(lambda: self.find(role, name, within), what)
+
+    def focused(self):
+        """What has the keyboard focus: its innermost part."""
+        found = None
+        for part in self.parts():
+            if part.getRole() != pyatspi.ROLE_LIST_ITEM and has_state(part, pyatspi.STATE_FOCUSED):
+                found = part
+        return found
+
+    def texts(self):
+        """The names of all labels that are showing."""
+        return [part.name for part in self.parts() if part.getRole() == pyatspi.ROLE_LABEL]
+
+    def clear(self):
+        """Forgets what was announced."""
+        self.announced.clear()
+
+    def heard(self, event, *names):
+        """Whether EVENT was announced for something with one of NAMES, or for anything."""
+        return any(
+            happened.startswith(event) and (not names or name in names)
+            for happened, name, _ in self.announced
+        )
+
+    def picture(self):
+        """The tree as text, for messages."""
+        lines = []
+        try:
+            lines = [f"{part.getRoleName()} {name_of(part)!r}" for part in self.parts()]
+        except (GLib.Error, LookupError, AttributeError):
+            lines.append("(changing)")
+        return "\n".join(lines)
+
+    def _found(self, program):
+        desktop = pyatspi.Registry.getDesktop(0)
+        desktop.clear_cache()
+        for index in range(desktop.childCount):
+            application = desktop.getChildAtIndex(index)
+            if application is not None and application.name == program:
+                self._application = application
+                return True
+        return False
+
+    def _keep(self, event):
+        try:
+            source = event.source
+            source.clear_cache()
+            self.announced.append((str(event.type), source.name, source.getRole()))
+        except (GLib.Error, LookupError, AttributeError):
+            pass  # it has gone; nobody would be told about it either
