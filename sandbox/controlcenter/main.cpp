@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QTextStream>
+#include <QTimer>
 
 using namespace controlcenter;
 
@@ -68,12 +69,15 @@ int main(int argc, char **argv)
 
     ControlCenterWindow window(loaded.module);
     window.show();
-    if (options.page.isEmpty())
-        window.openModule();
-    else
-        window.openPage(options.page);
-
-    if (!options.tour.isEmpty())
-        return goOnTour(&window, options) ? 0 : TourFailed;
+    // From inside the event loop: a page may wait for a service while the user closes the window,
+    // which would go unheard before the loop.
+    QTimer::singleShot(0, &window, [&window, &options] {
+        if (options.page.isEmpty())
+            window.openModule();
+        else
+            window.openPage(options.page);
+        if (!options.tour.isEmpty())
+            QCoreApplication::exit(goOnTour(&window, options) ? 0 : TourFailed);
+    });
     return QApplication::exec();
 }

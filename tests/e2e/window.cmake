@@ -22,3 +22,10 @@ assistant_add_test(windowvoicetour TIER e2e BUSES TIMEOUT 300
     LIBRARIES windowprogram virtualmicrophone)
 # The microphone plays in real time; a busy machine would tear the sound.
 set_tests_properties(e2e.windowvoicetour PROPERTIES RUN_SERIAL TRUE)
+
+assistant_add_test(windowwaiting TIER e2e BUSES
+    SOURCES windowwaiting.cpp
+    LIBRARIES controlcenterwindow test-support
+    DEPENDS assistant-control-plugin)
+target_compile_definitions(windowwaiting PRIVATE
+    MODULE_FILE="$<TARGET_FILE:assistant-control-plugin>")

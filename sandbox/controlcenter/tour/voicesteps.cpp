@@ -88,8 +88,10 @@ QString startTest(TourDriver &driver, const QString &microphone)
 
 QString awaitVerdict(TourDriver &driver, const QString &verdict, int milliseconds)
 {
-    if (!driver.waitFor([&] { return againLink(driver) != nullptr; }, milliseconds))
+    if (!driver.waitFor([&] { return againLink(driver) || firstLink(driver); }, milliseconds))
         return QStringLiteral("the test does not end");
+    if (!againLink(driver))
+        return QStringLiteral("no test is running");
     if (pageShows(driver, verdict))
         return QString();
     QStringList texts;
