@@ -94,8 +94,7 @@ void AssistantSettingWidget::addWakeupGroup()
     const bool oneShotOn =
         wakeupOn && store.value(QStringLiteral("base/enableOneshot"), false).toBool();
 
-    m_voiceWakeupSwitch = new SwitchWidget(tr("Voice Wakeup"));
-    PageLayout::setFontStep(m_voiceWakeupSwitch, ZFontSizeManager::T6);
+    m_voiceWakeupSwitch = PageLayout::newSwitch(tr("Voice Wakeup"));
     m_voiceWakeupSwitch->setChecked(wakeupOn);
     connect(m_voiceWakeupSwitch, &SwitchWidget::checkedChanged, this,
             &AssistantSettingWidget::slotVoiceWakeupSetting);
@@ -131,7 +130,6 @@ void AssistantSettingWidget::addSettingsGroup()
     const PageLayout::ComboBoxRow language =
         PageLayout::addComboBoxRow(m_settingsGroup, tr("Language"));
     m_languageItem = language.item;
-    PageLayout::setFontStep(language.label, ZFontSizeManager::T6);
     //: Name of a spoken language: Mandarin Chinese.
     language.comboBox->addItem(tr("中文-普通话"));
     connect(language.comboBox, qOverload<int>(&QComboBox::currentIndexChanged), this,
@@ -140,8 +138,7 @@ void AssistantSettingWidget::addSettingsGroup()
     m_dockInterface = new AssistantDockServiceInterface(
         ServiceNames::dockService(), ServiceNames::dockPath(), QDBusConnection::sessionBus(), this);
     //: Switch: the assistant's icon in the desktop's dock (taskbar).
-    m_dockSwitch = new SwitchWidget(tr("Show in the Dock"));
-    PageLayout::setFontStep(m_dockSwitch, ZFontSizeManager::T6);
+    m_dockSwitch = PageLayout::newSwitch(tr("Show in the Dock"));
     m_settingsGroup->appendItem(m_dockSwitch);
     m_dockSwitch->setChecked(dockIconShown());
     connect(m_dockInterface, &AssistantDockServiceInterface::dockHideChange, this,

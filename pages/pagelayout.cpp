@@ -4,6 +4,7 @@
 
 #include <zcc/widgets/settingsgroup.h>
 #include <zcc/widgets/settingsitem.h>
+#include <zcc/widgets/switchwidget.h>
 #include <zcc/widgets/tipslabel.h>
 
 #include <QComboBox>
@@ -13,6 +14,7 @@
 
 using zcc::widgets::SettingsGroup;
 using zcc::widgets::SettingsItem;
+using zcc::widgets::SwitchWidget;
 using zcc::widgets::TipsLabel;
 using Ztk::Widget::ZFontSizeManager;
 
@@ -80,12 +82,20 @@ SettingsGroup *addGroup(QVBoxLayout *layout, int spacing)
     return group;
 }
 
+SwitchWidget *newSwitch(const QString &title)
+{
+    auto *row = new SwitchWidget(title);
+    setFontStep(row, ZFontSizeManager::T6);
+    return row;
+}
+
 ComboBoxRow addComboBoxRow(SettingsGroup *group, const QString &label)
 {
     const ComboBoxRow row = {new SettingsItem, new QLabel(label), new QComboBox};
     row.item->addBackground();
     group->appendItem(row.item);
 
+    setFontStep(row.label, ZFontSizeManager::T6);
     row.label->setBuddy(row.comboBox);
     row.comboBox->setAccessibleName(label);
     auto *layout = new QHBoxLayout(row.item);

@@ -13,6 +13,7 @@ namespace zcc {
 namespace widgets {
 class SettingsGroup;
 class SettingsItem;
+class SwitchWidget;
 class TipsLabel;
 } // namespace widgets
 } // namespace zcc
@@ -49,6 +50,9 @@ void addHint(QVBoxLayout *layout, const QString &text, const QColor &color);
 
 /** Appends a group of rows to @p layout, with @p spacing between the rows. */
 zcc::widgets::SettingsGroup *addGroup(QVBoxLayout *layout, int spacing);
+
+/** A switch with its title, which is a row; not yet in a group. */
+zcc::widgets::SwitchWidget *newSwitch(const QString &title);
 
 /** A row with a label and a list; the label names the list. */
 struct ComboBoxRow

@@ -31,7 +31,7 @@ TextTranslateSettingWidget::TextTranslateSettingWidget(QWidget *parent)
 
     auto *group = PageLayout::addGroup(layout, 10);
 
-    m_switch = new SwitchWidget(tr("Translation"));
+    m_switch = PageLayout::newSwitch(tr("Translation"));
     group->appendItem(m_switch);
     m_switch->setChecked(AssistantStateProxy::queryAssistantTransState());
     connect(m_switch, &SwitchWidget::checkedChanged, this,

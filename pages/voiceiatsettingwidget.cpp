@@ -31,7 +31,7 @@ VoiceIatSettingWidget::VoiceIatSettingWidget(QWidget *parent)
 
     auto *group = PageLayout::addGroup(layout, 10);
 
-    m_switch = new SwitchWidget(tr("Speech to Text"));
+    m_switch = PageLayout::newSwitch(tr("Speech to Text"));
     group->appendItem(m_switch);
     const bool on = AssistantStateProxy::queryVoiceIatState();
     qDebug() << "AssistantStateProxy::queryVoiceIatState()" << (on ? "true" : "false");

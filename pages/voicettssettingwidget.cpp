@@ -31,7 +31,7 @@ VoiceTTSSettingWidget::VoiceTTSSettingWidget(QWidget *parent)
 
     auto *group = PageLayout::addGroup(layout, 10);
 
-    m_switch = new SwitchWidget(tr("Text to Speech"));
+    m_switch = PageLayout::newSwitch(tr("Text to Speech"));
     group->appendItem(m_switch);
     if (AssistantStateProxy::queryVoiceTTSState())
         m_switch->setChecked(true);
@@ -39,7 +39,7 @@ VoiceTTSSettingWidget::VoiceTTSSettingWidget(QWidget *parent)
             &VoiceTTSSettingWidget::slotVoiceTTSSetting);
 
     //: Switch: the small floating window that is there while text is read aloud.
-    m_windowSwitch = new SwitchWidget(tr("Show Speech Widget"));
+    m_windowSwitch = PageLayout::newSwitch(tr("Show Speech Widget"));
     group->appendItem(m_windowSwitch);
     if (AssistantStateProxy::queryVoiceTTSWindowState())
         m_windowSwitch->setChecked(true);

@@ -454,8 +454,9 @@ void PageFormTest::tipsAreSmallAndTitlesAreNormal()
 {
     QFETCH(PageMaker, make);
     QFETCH(qreal, scale);
+    // In points, so that a size in pixels is a size step and not what a row has inherited.
     QFont font = QApplication::font();
-    font.setPixelSize(qRound(QFontInfo(font).pixelSize() * scale));
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * scale);
     QApplication::setFont(font);
 
     const std::unique_ptr<QWidget> page(make());
@@ -466,13 +467,15 @@ void PageFormTest::tipsAreSmallAndTitlesAreNormal()
     const auto tips = page->findChildren<TipsLabel *>();
     QVERIFY(!tips.isEmpty());
     for (const TipsLabel *tip : tips)
-        QCOMPARE(QFontInfo(tip->font()).pixelSize(), small);
+        QCOMPARE(tip->font().pixelSize(), small);
     for (const auto *row : page->findChildren<SwitchWidget *>())
-        QCOMPARE(QFontInfo(row->font()).pixelSize(), normal);
+        QCOMPARE(row->font().pixelSize(), normal);
     for (const auto *box : page->findChildren<QCheckBox *>())
-        QCOMPARE(QFontInfo(box->font()).pixelSize(), normal);
-    if (const QLabel *label = testsupport::labelWithText(page.get(), QStringLiteral("Language")))
-        QCOMPARE(QFontInfo(label->font()).pixelSize(), normal);
+        QCOMPARE(box->font().pixelSize(), normal);
+    for (const char *text : {"Language", "Voice Gender"}) {
+        if (const QLabel *label = testsupport::labelWithText(page.get(), QLatin1String(text)))
+            QCOMPARE(label->font().pixelSize(), normal);
+    }
 }
 
 void PageFormTest::tipsTakeTheirColourFromTheBrightText_data()

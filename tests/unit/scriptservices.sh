@@ -1,0 +1,29 @@
+# Which programs an entry point starts as services: in a project of its own, whose programs
+# only say that they are ready.
+set -uo pipefail
+
+project_dir=$(mktemp -d)
+work=$project_dir/work
+trap 'rm -rf "$project_dir"' EXIT
+mkdir "$work"
+. "$1/scripts/lib/processes.sh"
+. "$1/scripts/lib/sandbox.sh"
+
+built=$project_dir/build/dev/sandbox/services
+mkdir -p "$built" "$project_dir/sandbox/services"/{common,control,dock,keybinding}
+# "common" has no program, "control" is a tool, and "script" is a double that tests have built.
+for name in control dock keybinding script; do
+    printf '#!/bin/sh\necho ready\nexec tail -f /dev/null\n' >"$built/sandbox-$name"
+    chmod +x "$built/sandbox-$name"
+done
+
+status=0
+start_services || status=$?
+started=$(printf '%s\n' "${process_names[@]}" | sort | xargs)
+end_processes
+
+if ((status)) || [[ $started != "sandbox-dock sandbox-keybinding" ]]; then
+    echo "FAIL  status $status, started: $started"
+    exit 1
+fi
+echo "ok    started: $started"
