@@ -73,6 +73,7 @@ void ModuleFileTest::holdsNoPathOfTheMachineThatBuiltIt()
     QVERIFY(!content.contains(SOURCE_ROOT "/plugin/"));
     QVERIFY(!content.contains(SOURCE_ROOT "/pages/"));
     QVERIFY(!content.contains(SOURCE_ROOT "/proxy/"));
+    QVERIFY(!content.contains(SOURCE_ROOT "/voice/"));
 }
 
 void ModuleFileTest::bundlesListTheirFilesInOrder_data()
