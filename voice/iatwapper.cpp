@@ -8,6 +8,7 @@
 #include "comcorvaneaiserviceiatinterface.h"
 #include "voice/aiservice.h"
 #include "voice/aiservicesession.h"
+#include "voice/processwide.h"
 
 namespace {
 
@@ -46,7 +47,12 @@ QString sessionIdOf(const QJsonObject &message)
 
 } // namespace
 
-IatWapper::IatWapper() = default;
+IatWapper::IatWapper()
+{
+    // A program that calls exit() ends a running test only after main(), and that frees the
+    // session.
+    ProcessWide<AIServiceSession>::keepUntilEndOfCaller();
+}
 
 bool IatWapper::startIat()
 {

@@ -36,6 +36,13 @@ public:
         return owner.m_object;
     }
 
+    /**
+     * Promises that the object can be used until its caller's own end, also where that comes after
+     * main(). Builds nothing. For objects that live in another ProcessWide and use this one in
+     * their destructor: call it in their constructor.
+     */
+    static void keepUntilEndOfCaller() { self(); }
+
     /** Deletes the object at once, if there is one. */
     static void dispose() { delete self().m_object; }
 
