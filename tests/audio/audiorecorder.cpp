@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include "tests/fakeaudio/scriptedaudio.h"
+#include "tests/support/bustalk.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/logspy.h"
 #include "tests/support/timertracker.h"
@@ -44,16 +45,7 @@ bool sourceChangedSignal(const QDBusConnection &daemon, const QString &source)
 // round lets QtDBus begin: it holds signals back until the event loop has run once.
 bool busIsQuiet()
 {
-    const QDBusMessage ask = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId"));
-    for (int round = 0; round < 2; ++round) {
-        if (QDBusConnection::sessionBus().call(ask, QDBus::BlockWithGui).type() !=
-            QDBusMessage::ReplyMessage)
-            return false;
-    }
-    QCoreApplication::processEvents();
-    return true;
+    return testsupport::everythingArrivedFrom(QStringLiteral("org.freedesktop.DBus"));
 }
 
 } // namespace
@@ -425,11 +417,9 @@ void AudioRecorderTest::foreignSourceSignals()
     QVERIFY(daemon.send(text));
 
     // Each sender's signals are on the bus when its own call is answered.
-    const QDBusMessage ask = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId"));
-    QCOMPARE(daemon.call(ask, QDBus::BlockWithGui).type(), QDBusMessage::ReplyMessage);
-    QCOMPARE(stranger.call(ask, QDBus::BlockWithGui).type(), QDBusMessage::ReplyMessage);
+    for (const QDBusConnection &sender : {daemon, stranger})
+        QCOMPARE(testsupport::callProcessingEvents(sender, testsupport::pingCall()).type(),
+                 QDBusMessage::ReplyMessage);
     QVERIFY(busIsQuiet());
     QVERIFY(recorder->isRecording());
 

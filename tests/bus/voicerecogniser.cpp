@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "comcorvaneaiserviceiatinterface.h"
+#include "tests/bus/voiceservice.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/logspy.h"
 #include "tests/support/serviceprocess.h"
@@ -72,31 +73,6 @@ QStringList members(const QList<ServiceCall> &calls)
     for (const ServiceCall &call : calls)
         list << call.member;
     return list;
-}
-
-// Waits for an answer of the service, which comes behind whatever it has sent until now.
-bool ping(QDBus::CallMode mode)
-{
-    const QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("com.corvane.aiservice"), QStringLiteral("/"),
-        QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
-    return QDBusConnection::sessionBus().call(message, mode).type() == QDBusMessage::ReplyMessage;
-}
-
-// All signals that the service has sent until now have reached their slots when this returns. The
-// first round lets QtDBus begin: it holds signals back until the event loop has run once.
-bool everythingArrived()
-{
-    const bool answered = ping(QDBus::BlockWithGui) && ping(QDBus::BlockWithGui);
-    QCoreApplication::processEvents();
-    return answered;
-}
-
-// All signals that the service has sent until now wait in this process's event queue, if
-// the event loop has run before.
-bool everythingIsQueued()
-{
-    return ping(QDBus::Block);
 }
 
 } // namespace

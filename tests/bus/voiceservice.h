@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include "tests/fakeaudio/scriptedaudio.h"
+#include "tests/support/bustalk.h"
 #include "tests/support/serviceprocess.h"
 
 /** The scripted AI service, on a machine with one good microphone. */
@@ -52,3 +53,20 @@ private:
         return QString::fromUtf8(QJsonDocument(message).toJson());
     }
 };
+
+/** All signals that the service has sent until now have reached their slots when this returns. */
+inline bool everythingArrived()
+{
+    return testsupport::everythingArrivedFrom(QStringLiteral("com.corvane.aiservice"));
+}
+
+/**
+ * All signals that the service has sent until now wait in this process's event queue, if the event
+ * loop has run before.
+ */
+inline bool everythingIsQueued()
+{
+    return QDBusConnection::sessionBus()
+               .call(testsupport::pingCall(QStringLiteral("com.corvane.aiservice")), QDBus::Block)
+               .type() == QDBusMessage::ReplyMessage;
+}
