@@ -10,6 +10,7 @@
 #include "sandbox/controlcenter/search.h"
 #include "sandbox/controlcenter/searchfield.h"
 #include "sandbox/controlcenter/searchpopup.h"
+#include "sandbox/controlcenter/services/servicespage.h"
 #include "sandbox/controlcenter/shortcuts/shortcutspage.h"
 #include "sandbox/controlcenter/sidebar.h"
 #include "sandbox/controlcenter/themebutton.h"
@@ -31,10 +32,10 @@ constexpr QSize usualSize(1100, 720);
 constexpr QSize leastSize(880, 540);
 constexpr int headerHeight = 60; // px
 
-/** Internal names of the entries beside the module's: a sample without a page, and one with its
- * own. */
+/** Internal names of the window's own entries. */
 const QLatin1String keyboardEntry("keyboard");
 const QLatin1String shortcutsEntry("shortcuts");
+const QLatin1String servicesEntry("services");
 
 } // namespace
 
@@ -46,7 +47,6 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     , m_themeButton(new ThemeButton(this))
     , m_stack(new QStackedWidget(this))
     , m_moduleView(new ModuleView)
-    , m_hostPage(new HostPage)
     , m_frame(new Frame(&m_registry, m_moduleView, this))
 {
     installAccessibleRoles();
@@ -55,7 +55,6 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     resize(usualSize);
 
     m_stack->addWidget(m_moduleView);
-    m_stack->addWidget(m_hostPage);
 
     auto *content = new QVBoxLayout;
     content->setSpacing(0);
@@ -74,12 +73,14 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     sideBar->lower();
 
     m_frame->prepare(m_module);
-    m_navigation->addEntry(keyboardEntry, tr("Keyboard"), QIcon::fromTheme("zcc_nav_keyboard"));
+    addOwnEntry(keyboardEntry, tr("Keyboard"), QStringLiteral("zcc_nav_keyboard"), new HostPage);
     m_navigation->addEntry(m_module->name(), m_module->displayName(), m_module->icon(),
                            m_module->follow());
-    m_navigation->addEntry(shortcutsEntry, tr("Shortcuts"), QIcon::fromTheme("zcc_nav_shortcuts"));
     m_shortcutsPage = new ShortcutsPage(assistantShortcuts());
-    m_stack->addWidget(m_shortcutsPage);
+    addOwnEntry(shortcutsEntry, tr("Shortcuts"), QStringLiteral("zcc_nav_shortcuts"),
+                m_shortcutsPage);
+    addOwnEntry(servicesEntry, tr("Services"), QStringLiteral("zcc_nav_services"),
+                new ServicesPage);
 
     auto *search = new Search(&m_registry, m_searchField, new SearchPopup(this), this);
     connect(search, &Search::chosen, this, &ControlCenterWindow::openSearchEntry);
@@ -119,6 +120,11 @@ void ControlCenterWindow::openShortcuts()
     m_navigation->setCurrentEntry(shortcutsEntry);
 }
 
+void ControlCenterWindow::openServices()
+{
+    m_navigation->setCurrentEntry(servicesEntry);
+}
+
 ShortcutsPage *ControlCenterWindow::shortcutsPage() const
 {
     return m_shortcutsPage;
@@ -142,6 +148,11 @@ QVector<SearchEntry> ControlCenterWindow::searchEntries() const
 QString ControlCenterWindow::currentTitle() const
 {
     return m_breadcrumb->page();
+}
+
+QWidget *ControlCenterWindow::currentContent() const
+{
+    return m_stack;
 }
 
 QWidget *ControlCenterWindow::currentPage() const
@@ -207,6 +218,14 @@ QVector<ShortcutsPage::Shortcut> ControlCenterWindow::assistantShortcuts() const
             {QStringLiteral("translation"), pageTitle(QStringLiteral("Translation"))}};
 }
 
+void ControlCenterWindow::addOwnEntry(const QString &name, const QString &text, const QString &icon,
+                                      QWidget *page)
+{
+    m_navigation->addEntry(name, text, QIcon::fromTheme(icon));
+    m_stack->addWidget(page);
+    m_ownPages.insert(name, page);
+}
+
 void ControlCenterWindow::addShortcuts()
 {
     for (const QKeySequence &keys : {QKeySequence(QKeySequence::Find), QKeySequence(Qt::Key_F6)}) {
@@ -227,10 +246,7 @@ void ControlCenterWindow::openEntry(const QString &name)
         return;
     }
     m_frame->leave();
-    if (name == shortcutsEntry)
-        m_stack->setCurrentWidget(m_shortcutsPage);
-    else
-        m_stack->setCurrentWidget(m_hostPage);
+    m_stack->setCurrentWidget(m_ownPages.value(name));
     m_breadcrumb->setPath(m_navigation->entryText(name), QString());
 }
 

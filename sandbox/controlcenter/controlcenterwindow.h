@@ -5,6 +5,7 @@
 
 #include <zcc/moduleinterface.h>
 
+#include <QHash>
 #include <QWidget>
 
 class QStackedWidget;
@@ -13,7 +14,6 @@ namespace controlcenter {
 
 class Breadcrumb;
 class Frame;
-class HostPage;
 class ModuleView;
 class NavigationColumn;
 class SearchField;
@@ -43,6 +43,9 @@ public:
     /** Opens the window's own page of shortcuts. */
     void openShortcuts();
 
+    /** Opens the window's own page of services. */
+    void openServices();
+
     /** The window's own page of shortcuts, shown or not; the window owns it. */
     ShortcutsPage *shortcutsPage() const;
 
@@ -58,7 +61,10 @@ public:
     /** Name of the page that is shown, as the heading says it. */
     QString currentTitle() const;
 
-    /** The page that is shown, or null; the window owns it. */
+    /** What is shown for the open entry, all of it; the window owns it. */
+    QWidget *currentContent() const;
+
+    /** The module's page that is shown, or null; the window owns it. */
     QWidget *currentPage() const;
 
     /** The module's list beside the page, or null; the window owns it. */
@@ -74,6 +80,8 @@ private:
     QWidget *buildSideBar();
     QWidget *buildHeader();
     QVector<ShortcutsPage::Shortcut> assistantShortcuts() const;
+    /** Adds an entry of the window's own with its page; @p icon is an icon's name. */
+    void addOwnEntry(const QString &name, const QString &text, const QString &icon, QWidget *page);
     void addShortcuts();
     void openEntry(const QString &name);
     void openSearchEntry(const SearchEntry &entry);
@@ -87,7 +95,7 @@ private:
     ThemeButton *m_themeButton;
     QStackedWidget *m_stack;
     ModuleView *m_moduleView;
-    HostPage *m_hostPage;
+    QHash<QString, QWidget *> m_ownPages; ///< by entry
     ShortcutsPage *m_shortcutsPage;
     Frame *m_frame;
 };

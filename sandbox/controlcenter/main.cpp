@@ -53,8 +53,7 @@ int main(int argc, char **argv)
     }
 
     prepareEnvironment(options);
-    int qtArgumentCount =
-        1; // the options are the window's; Qt would take --plugin for one of its own
+    int qtArgumentCount = 1; // Qt would take --plugin for one of its own options
     QApplication application(qtArgumentCount, argv);
     QApplication::setApplicationName(QStringLiteral("control-center"));
     if (options.help) {
@@ -69,8 +68,8 @@ int main(int argc, char **argv)
 
     ControlCenterWindow window(loaded.module);
     window.show();
-    // From inside the event loop: a page may wait for a service while the user closes the window,
-    // which would go unheard before the loop.
+    // From inside the event loop: before it, nobody would hear that the application shall quit
+    // while a page waits for its service.
     QTimer::singleShot(0, &window, [&window, &options] {
         if (options.page.isEmpty())
             window.openModule();

@@ -50,7 +50,8 @@ namespace {
 const QStringList sectionsWithoutSound = {
     QStringLiteral("--section=pages"),     QStringLiteral("--section=search"),
     QStringLiteral("--section=switches"),  QStringLiteral("--section=choices"),
-    QStringLiteral("--section=shortcuts"), QStringLiteral("--section=keyboard")};
+    QStringLiteral("--section=shortcuts"), QStringLiteral("--section=services"),
+    QStringLiteral("--section=keyboard")};
 
 const QStringList pages = {QStringLiteral("desktop-ai-assistant"), QStringLiteral("speech-to-text"),
                            QStringLiteral("text-to-speech"), QStringLiteral("translation")};

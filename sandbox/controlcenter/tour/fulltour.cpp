@@ -4,6 +4,7 @@
 #include "sandbox/controlcenter/tour/keyboardsteps.h"
 #include "sandbox/controlcenter/tour/pagesteps.h"
 #include "sandbox/controlcenter/tour/searchsteps.h"
+#include "sandbox/controlcenter/tour/servicesteps.h"
 #include "sandbox/controlcenter/tour/shortcutsteps.h"
 #include "sandbox/controlcenter/tour/switchsteps.h"
 #include "sandbox/controlcenter/tour/voicesteps.h"
@@ -25,6 +26,7 @@ const QVector<Section> &sections()
         {QStringLiteral("switches"), switchSteps},    //
         {QStringLiteral("choices"), choiceSteps},     //
         {QStringLiteral("shortcuts"), shortcutSteps}, //
+        {QStringLiteral("services"), serviceSteps},   //
         {QStringLiteral("keyboard"), keyboardSteps},  //
         {QStringLiteral("voice"), voiceSteps},
     };

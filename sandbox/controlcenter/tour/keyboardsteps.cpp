@@ -55,18 +55,15 @@ QString goRound(TourDriver &driver, int key, Qt::KeyboardModifiers modifiers,
     return QStringLiteral("the focus does not come round");
 }
 
-QString walk(TourDriver &driver, const QString &page)
+/** Goes from the search field to all of @p controls and back; what is on the way must be seen. */
+QString walk(TourDriver &driver, const QVector<QWidget *> &controls)
 {
-    QString problem = driver.openPage(page);
-    if (!problem.isEmpty())
-        return problem;
-    QVector<QWidget *> there;
-    problem = goRound(driver, Qt::Key_Tab, Qt::NoModifier, &there);
-    if (!problem.isEmpty())
-        return problem;
-    const QVector<QWidget *> controls = controlsOf(driver.window()->currentPage());
     if (controls.isEmpty())
         return QStringLiteral("the page has no controls");
+    QVector<QWidget *> there;
+    QString problem = goRound(driver, Qt::Key_Tab, Qt::NoModifier, &there);
+    if (!problem.isEmpty())
+        return problem;
     for (QWidget *control : controls) {
         if (!there.contains(control))
             return QStringLiteral("Tab does not lead to \"%1\"").arg(describe(control));
@@ -85,7 +82,24 @@ QString walk(TourDriver &driver, const QString &page)
 TourStep walkStep(const QString &page)
 {
     return {QStringLiteral("reach every control of '%1' by keyboard").arg(page),
-            [page](TourDriver &driver) { return walk(driver, page); }, QString()};
+            [page](TourDriver &driver) {
+                const QString problem = driver.openPage(page);
+                return problem.isEmpty() ? walk(driver, controlsOf(driver.window()->currentPage()))
+                                         : problem;
+            },
+            QString()};
+}
+
+/** The same for a page of the window's own, which @p open shows. */
+TourStep walkOwnStep(const QString &page, void (ControlCenterWindow::*open)())
+{
+    return {QStringLiteral("reach every control of '%1' by keyboard").arg(page),
+            [open](TourDriver &driver) {
+                (driver.window()->*open)();
+                driver.settle();
+                return walk(driver, controlsOf(driver.window()->currentContent()));
+            },
+            QString()};
 }
 
 } // namespace
@@ -95,6 +109,8 @@ TourSteps keyboardSteps(const ControlCenterWindow *window)
     TourSteps steps;
     for (const QString &page : window->pageNames())
         steps.append(walkStep(page));
+    steps.append(walkOwnStep(QStringLiteral("Shortcuts"), &ControlCenterWindow::openShortcuts));
+    steps.append(walkOwnStep(QStringLiteral("Services"), &ControlCenterWindow::openServices));
     return steps;
 }
 

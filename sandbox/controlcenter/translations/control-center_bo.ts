@@ -22,6 +22,10 @@
         <source>Shortcuts</source>
         <translation>མྱུར་མཐེབ།</translation>
     </message>
+    <message>
+        <source>Services</source>
+        <translation>ཞབས་ཞུ།</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::HostPage</name>
@@ -53,6 +57,44 @@
     <message>
         <source>Search results</source>
         <translation>འཚོལ་འབྲས།</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ServiceCard</name>
+    <message>
+        <source>%1 is not running</source>
+        <translation>%1 འཁོར་མི་འདུག</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ServicesPage</name>
+    <message>
+        <source>Services</source>
+        <translation>ཞབས་ཞུ།</translation>
+    </message>
+    <message>
+        <source>Assistant</source>
+        <translation>ལག་རོགས།</translation>
+    </message>
+    <message>
+        <source>Dock icon</source>
+        <translation>ལས་འགན་སྡེ་ཚན་གྱི་རི་མོ།</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>མྱུར་མཐེབ།</translation>
+    </message>
+    <message>
+        <source>AI service</source>
+        <translation>AI ཞབས་ཞུ།</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>སྒྲ།</translation>
+    </message>
+    <message>
+        <source>Network</source>
+        <translation>དྲ་རྒྱ།</translation>
     </message>
 </context>
 <context>

@@ -22,6 +22,10 @@
         <source>Shortcuts</source>
         <translation>تېزلەتمىلەر</translation>
     </message>
+    <message>
+        <source>Services</source>
+        <translation>مۇلازىمەتلەر</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::HostPage</name>
@@ -53,6 +57,44 @@
     <message>
         <source>Search results</source>
         <translation>ئىزدەش نەتىجىسى</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ServiceCard</name>
+    <message>
+        <source>%1 is not running</source>
+        <translation>%1 ئىجرا بولمايۋاتىدۇ</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ServicesPage</name>
+    <message>
+        <source>Services</source>
+        <translation>مۇلازىمەتلەر</translation>
+    </message>
+    <message>
+        <source>Assistant</source>
+        <translation>ياردەمچى</translation>
+    </message>
+    <message>
+        <source>Dock icon</source>
+        <translation>ۋەزىپە بالداق سىنبەلگىسى</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>تېزلەتمىلەر</translation>
+    </message>
+    <message>
+        <source>AI service</source>
+        <translation>AI مۇلازىمىتى</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>ئاۋاز</translation>
+    </message>
+    <message>
+        <source>Network</source>
+        <translation>تور</translation>
     </message>
 </context>
 <context>

@@ -22,6 +22,10 @@
         <source>Shortcuts</source>
         <translation>快捷键</translation>
     </message>
+    <message>
+        <source>Services</source>
+        <translation>服务</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::HostPage</name>
@@ -53,6 +57,44 @@
     <message>
         <source>Search results</source>
         <translation>搜索结果</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ServiceCard</name>
+    <message>
+        <source>%1 is not running</source>
+        <translation>%1 未运行</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ServicesPage</name>
+    <message>
+        <source>Services</source>
+        <translation>服务</translation>
+    </message>
+    <message>
+        <source>Assistant</source>
+        <translation>助手</translation>
+    </message>
+    <message>
+        <source>Dock icon</source>
+        <translation>任务栏图标</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快捷键</translation>
+    </message>
+    <message>
+        <source>AI service</source>
+        <translation>AI 服务</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>声音</translation>
+    </message>
+    <message>
+        <source>Network</source>
+        <translation>网络</translation>
     </message>
 </context>
 <context>

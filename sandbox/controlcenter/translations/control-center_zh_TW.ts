@@ -22,6 +22,10 @@
         <source>Shortcuts</source>
         <translation>快速鍵</translation>
     </message>
+    <message>
+        <source>Services</source>
+        <translation>服務</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::HostPage</name>
@@ -53,6 +57,44 @@
     <message>
         <source>Search results</source>
         <translation>搜尋結果</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ServiceCard</name>
+    <message>
+        <source>%1 is not running</source>
+        <translation>%1 未執行</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ServicesPage</name>
+    <message>
+        <source>Services</source>
+        <translation>服務</translation>
+    </message>
+    <message>
+        <source>Assistant</source>
+        <translation>助理</translation>
+    </message>
+    <message>
+        <source>Dock icon</source>
+        <translation>工作列圖示</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快速鍵</translation>
+    </message>
+    <message>
+        <source>AI service</source>
+        <translation>AI 服務</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>音效</translation>
+    </message>
+    <message>
+        <source>Network</source>
+        <translation>網路</translation>
     </message>
 </context>
 <context>

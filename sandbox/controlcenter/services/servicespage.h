@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QScrollArea>
+#include <QVector>
+
+namespace controlcenter {
+
+class ServiceWatch;
+
+/**
+ * The services that the module talks to, and their values while the user changes them. It takes the
+ * focus so that the arrow keys scroll it.
+ */
+class ServicesPage : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    explicit ServicesPage(QWidget *parent = nullptr);
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    QVector<ServiceWatch *> m_watches;
+};
+
+} // namespace controlcenter

@@ -1,0 +1,114 @@
+#include "sandbox/controlcenter/services/servicewatch.h"
+
+#include "comcorvanesandboxcontrolinterface.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+
+namespace controlcenter {
+namespace {
+
+QString shownText(const QVariant &value)
+{
+    return value.userType() == QMetaType::QStringList
+               ? value.toStringList().join(QStringLiteral(", "))
+               : value.toString();
+}
+
+/** Calls @p then with the reply to @p call, unless @p owner is gone by then. */
+template <typename Then>
+void whenAnswered(const QDBusPendingCall &call, QObject *owner, Then then)
+{
+    auto *watcher = new QDBusPendingCallWatcher(call, owner);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, owner,
+                     [then](QDBusPendingCallWatcher *finished) {
+                         finished->deleteLater();
+                         then(*finished);
+                     });
+}
+
+} // namespace
+
+ServiceWatch::ServiceWatch(const QString &name, const QString &busName, const QDBusConnection &bus,
+                           QObject *parent)
+    : QObject(parent)
+    , m_busName(busName)
+    , m_bus(bus)
+    , m_control(new ComCorvaneSandboxControlInterface(QStringLiteral("com.corvane.sandbox.") + name,
+                                                      QStringLiteral("/sandbox/control"), bus,
+                                                      this))
+{
+    auto *names = new QDBusServiceWatcher(busName, bus,
+                                          QDBusServiceWatcher::WatchForRegistration |
+                                              QDBusServiceWatcher::WatchForUnregistration,
+                                          this);
+    connect(names, &QDBusServiceWatcher::serviceRegistered, this, &ServiceWatch::refresh);
+    connect(names, &QDBusServiceWatcher::serviceUnregistered, this, [this] { setRunning(false); });
+    connect(m_control, &ComCorvaneSandboxControlInterface::CallReceived, this,
+            &ServiceWatch::refresh);
+}
+
+void ServiceWatch::refresh()
+{
+    askOwner();
+    whenAnswered(m_control->Keys(), this, [this](const QDBusPendingCall &call) {
+        const QDBusPendingReply<QStringList> keys = call;
+        if (keys.isError())
+            return;
+        for (const QString &key : keys.value())
+            askValue(key);
+    });
+}
+
+QString ServiceWatch::busName() const
+{
+    return m_busName;
+}
+
+bool ServiceWatch::isRunning() const
+{
+    return m_running;
+}
+
+QMap<QString, QString> ServiceWatch::values() const
+{
+    return m_values;
+}
+
+void ServiceWatch::setRunning(bool running)
+{
+    if (running == m_running)
+        return;
+    m_running = running;
+    Q_EMIT changed();
+}
+
+void ServiceWatch::askOwner()
+{
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
+    question.setArguments({m_busName});
+    whenAnswered(m_bus.asyncCall(question), this, [this](const QDBusPendingCall &call) {
+        const QDBusPendingReply<bool> owned = call;
+        setRunning(!owned.isError() && owned.value());
+    });
+}
+
+void ServiceWatch::askValue(const QString &key)
+{
+    whenAnswered(m_control->Value(key), this, [this, key](const QDBusPendingCall &call) {
+        const QDBusPendingReply<QDBusVariant> value = call;
+        if (value.isError())
+            return;
+        const QString text = shownText(value.value().variant());
+        if (m_values.contains(key) && m_values.value(key) == text)
+            return;
+        m_values.insert(key, text);
+        Q_EMIT changed();
+    });
+}
+
+} // namespace controlcenter

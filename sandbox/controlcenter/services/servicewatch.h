@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QMap>
+#include <QObject>
+#include <QString>
+
+class ComCorvaneSandboxControlInterface;
+
+namespace controlcenter {
+
+/**
+ * The state of one sandbox service, followed while it changes. Everything is asked asynchronously:
+ * a service that hangs never holds up the window.
+ */
+class ServiceWatch : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Watches the service with the short name @p name, which owns @p busName on @p bus. */
+    ServiceWatch(const QString &name, const QString &busName, const QDBusConnection &bus,
+                 QObject *parent = nullptr);
+
+    /** Asks for everything anew; changed() tells when the answers differ from what is known. */
+    void refresh();
+
+    QString busName() const;
+
+    /** Whether somebody owns the service's bus name. */
+    bool isRunning() const;
+
+    /** The service's values, as text, by key. */
+    QMap<QString, QString> values() const;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void setRunning(bool running);
+    void askOwner();
+    void askValue(const QString &key);
+
+    QString m_busName;
+    QDBusConnection m_bus;
+    ComCorvaneSandboxControlInterface *m_control;
+    bool m_running = false;
+    QMap<QString, QString> m_values;
+};
+
+} // namespace controlcenter
