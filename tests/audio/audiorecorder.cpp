@@ -12,7 +12,7 @@
 #include "tests/fakeaudio/scriptedaudio.h"
 #include "tests/support/bustalk.h"
 #include "tests/support/isolatedtests.h"
-#include "tests/support/logspy.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/timertracker.h"
 #include "voice/audiorecorder.h"
 
@@ -118,7 +118,7 @@ void AudioRecorderTest::defaultDeviceFits()
 void AudioRecorderTest::lastFittingDeviceWins()
 {
     audio().setDevices({{"default", false}, {"second", true}, {"third", true}, {"last", false}});
-    LogSpy log;
+    testsupport::LogCapture log;
     QVERIFY(AudioRecorder::getInstance()->start());
     QCOMPARE(openDevice(), QByteArray("third"));
     QCOMPARE(log.take(),
@@ -131,7 +131,7 @@ void AudioRecorderTest::noDeviceFits()
     AudioRecorder *recorder = AudioRecorder::getInstance();
     QSignalSpy started(recorder, &AudioRecorder::recordStarted);
     QSignalSpy stopped(recorder, &AudioRecorder::recordStoped);
-    LogSpy log;
+    testsupport::LogCapture log;
     QVERIFY(recorder->start());
     const QStringList lines = log.take();
     QCOMPARE(lines.mid(0, 2),
@@ -149,7 +149,7 @@ void AudioRecorderTest::noDeviceAtAll()
 {
     audio().setDevices({});
     AudioRecorder *recorder = AudioRecorder::getInstance();
-    LogSpy log;
+    testsupport::LogCapture log;
     QVERIFY(!recorder->checkDevice());
     QVERIFY(recorder->start());
     QVERIFY(recorder->isRecording());
@@ -216,7 +216,7 @@ void AudioRecorderTest::deviceIsCheckedAllTheTime()
     QVERIFY(!timer->isSingleShot());
     QVERIFY(!timer->parent());
     // Idle without a device, each check says so.
-    LogSpy log;
+    testsupport::LogCapture log;
     QVERIFY(TimerTracker::fire(timer));
     QCOMPARE(log.take(), QStringList(QStringLiteral("debug|recorder already stopped")));
     recorder->start();
@@ -272,7 +272,7 @@ void AudioRecorderTest::startTwice()
     AudioRecorder *recorder = AudioRecorder::getInstance();
     QSignalSpy started(recorder, &AudioRecorder::recordStarted);
     QVERIFY(recorder->start());
-    LogSpy log;
+    testsupport::LogCapture log;
     QVERIFY(recorder->start());
     QCOMPARE(log.take(), QStringList(QStringLiteral("warning|recorder already started")));
     QCOMPARE(started.count(), 1);
@@ -285,7 +285,7 @@ void AudioRecorderTest::stopTwice()
     AudioRecorder *recorder = AudioRecorder::getInstance();
     QSignalSpy stopped(recorder, &AudioRecorder::recordStoped);
     recorder->start();
-    LogSpy log;
+    testsupport::LogCapture log;
     recorder->stop();
     QCOMPARE(log.take(), QStringList(QStringLiteral("info|recorder stopped")));
     recorder->stop();
@@ -348,7 +348,7 @@ void AudioRecorderTest::stateIsSetWhenReported()
 void AudioRecorderTest::inputStateIsLogged()
 {
     audio().setDevices({{"mic", true}});
-    LogSpy log;
+    testsupport::LogCapture log;
     AudioRecorder::getInstance()->start();
     QCOMPARE(log.take(),
              QStringList(QStringLiteral("debug|internal QAudioInput change state: ActiveState")));
@@ -365,7 +365,7 @@ void AudioRecorderTest::defaultSourceChanges()
     QSignalSpy stopped(recorder, &AudioRecorder::recordStoped);
     recorder->start();
     QVERIFY(busIsQuiet()); // the bus knows by now what the recorder listens to
-    LogSpy log;
+    testsupport::LogCapture log;
     QVERIFY(sourceChangedSignal(daemon, QStringLiteral("/com/tavren/daemon/Audio/Source3")));
     QTRY_COMPARE(stopped.count(), 1);
     QCOMPARE(
@@ -383,7 +383,7 @@ void AudioRecorderTest::defaultSourceChangesWhileIdle()
     audio().setDevices({{"mic", true}});
     AudioRecorder *recorder = AudioRecorder::getInstance();
     QSignalSpy stopped(recorder, &AudioRecorder::recordStoped);
-    LogSpy log;
+    testsupport::LogCapture log;
     recorder->DefaultSourceChanged(QDBusObjectPath(QStringLiteral("/s")));
     QCOMPARE(log.take(),
              QStringList({QStringLiteral(

@@ -1,6 +1,6 @@
 assistant_add_test(audiorecorder TIER audio BUSES
     SOURCES audiorecorder.cpp
-    LIBRARIES assistantcontrol scriptedaudio
+    LIBRARIES assistantcontrol scriptedaudio test-support
     DEPENDS fakeaudioplugin recorderexit)
 
 # Ends in the ways in which programs end; run by the test above.

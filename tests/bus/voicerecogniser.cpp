@@ -10,7 +10,7 @@
 #include "comcorvaneaiserviceiatinterface.h"
 #include "tests/bus/voiceservice.h"
 #include "tests/support/isolatedtests.h"
-#include "tests/support/logspy.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
 #include "voice/aiservicesession.h"
 #include "voice/iatwapper.h"
@@ -112,7 +112,7 @@ void VoiceRecogniserTest::startOnTheWire()
     ServiceProcess service(QStringLiteral("voicescript"));
     QVERIFY(service.start());
     Client client;
-    LogSpy log;
+    testsupport::LogCapture log;
     QVERIFY(client.iat.startIat());
     QCOMPARE(log.take(), QStringList());
     const QList<ServiceCall> calls = service.calls();
@@ -149,7 +149,7 @@ void VoiceRecogniserTest::refusedSession()
     QVERIFY(service.start());
     service.setValue(QStringLiteral("code.iat"), 5);
     Client client;
-    LogSpy log;
+    testsupport::LogCapture log;
     QVERIFY(!client.iat.startIat());
     QCOMPARE(log.take(), QStringList(QStringLiteral("debug|Iat createSession failed")));
     QVERIFY(client.proxies().isEmpty());
@@ -259,7 +259,7 @@ void VoiceRecogniserTest::serviceDiesWhileStarting()
 void VoiceRecogniserTest::serviceIsAbsent()
 {
     Client client;
-    LogSpy log;
+    testsupport::LogCapture log;
     QVERIFY(client.iat.startIat());
     QCOMPARE(client.proxies().size(), 1);
     QCOMPARE(client.iat.appendAudio("ab"), 0);
@@ -295,7 +295,7 @@ void VoiceRecogniserTest::errorsArrive()
     QVERIFY(service.start());
     Client client;
     QVERIFY(client.iat.startIat());
-    LogSpy log;
+    testsupport::LogCapture log;
     const QString error = QStringLiteral(R"({"session_id":"%1","errCode":%2,"errInfo":"bad"})");
     service.setValue(QStringLiteral("error"),
                      QStringList({firstPath, error.arg(QStringLiteral("other")).arg(8)}));
@@ -333,7 +333,7 @@ void VoiceRecogniserTest::resultsOfAnotherSession()
     QVERIFY(service.start());
     Client client;
     QVERIFY(client.iat.startIat());
-    LogSpy log;
+    testsupport::LogCapture log;
     service.setValue(QStringLiteral("result"),
                      QStringList({firstPath, result(QStringLiteral("old"), QStringLiteral("rpl"),
                                                     QStringLiteral("a"))}));
@@ -352,7 +352,7 @@ void VoiceRecogniserTest::resultsOfAnotherObject()
     QVERIFY(service.start());
     Client client;
     QVERIFY(client.iat.startIat());
-    LogSpy log;
+    testsupport::LogCapture log;
     service.setValue(
         QStringLiteral("result"),
         QStringList({QStringLiteral("/somebody/else"),
@@ -371,7 +371,7 @@ void VoiceRecogniserTest::emptyPathHearsNobody()
     Client client;
     QVERIFY(client.iat.startIat());
     QCOMPARE(client.proxies().size(), 1);
-    LogSpy log;
+    testsupport::LogCapture log;
     service.setValue(QStringLiteral("result"),
                      QStringList({QStringLiteral("/somebody/else"),
                                   result(QString(), QStringLiteral("rpl"), QStringLiteral("a"))}));
@@ -423,7 +423,7 @@ void VoiceRecogniserTest::stopOnTheWire()
     // Neither answer is waited for.
     service.script(QStringLiteral("stopIat"), QStringLiteral("hold"));
     service.script(QStringLiteral("freeSession"), QStringLiteral("hold"));
-    LogSpy log;
+    testsupport::LogCapture log;
     QCOMPARE(client.iat.stopIat(), 0);
     QCOMPARE(log.take(), QStringList(QStringLiteral("info|IatWapper stop iat")));
     QVERIFY(proxy); // later

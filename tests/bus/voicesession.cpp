@@ -9,7 +9,7 @@
 
 #include "tests/bus/voiceimpatientbus.h"
 #include "tests/support/isolatedtests.h"
-#include "tests/support/logspy.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
 #include "voice/aiservicesession.h"
 
@@ -87,7 +87,7 @@ void VoiceSessionTest::createOnTheWire()
 {
     ServiceProcess service(QStringLiteral("voicescript"));
     QVERIFY(service.start());
-    LogSpy log;
+    testsupport::LogCapture log;
     QCOMPARE(sessions()->createSession(aqc), 0);
     QCOMPARE(sessions()->queryObjectPath(aqc), QStringLiteral("/session/aqc/1"));
     QCOMPARE(log.take(), QStringList());
@@ -138,7 +138,7 @@ void VoiceSessionTest::everyKnownAbility()
 
 void VoiceSessionTest::serviceIsAbsent()
 {
-    LogSpy log;
+    testsupport::LogCapture log;
     QCOMPARE(sessions()->createSession(aqc), 0);
     QCOMPARE(sessions()->queryObjectPath(aqc), QString());
     sessions()->destroySession(aqc);
@@ -207,7 +207,7 @@ void VoiceSessionTest::errorReply()
     QCOMPARE(sessions()->createSession(aqc), 0);
     service.script(QStringLiteral("createSession"), QStringLiteral("error"),
                    QStringLiteral("no room"));
-    LogSpy log;
+    testsupport::LogCapture log;
     QCOMPARE(sessions()->createSession(aqc), 0);
     QCOMPARE(sessions()->queryObjectPath(aqc), QString());
     service.script(QStringLiteral("freeSession"), QStringLiteral("error"),

@@ -17,7 +17,7 @@
 #include "tests/bus/voiceservice.h"
 #include "tests/fakeaudio/scriptedaudio.h"
 #include "tests/support/isolatedtests.h"
-#include "tests/support/logspy.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/timertracker.h"
 #include "voice/aqcwrapper.h"
@@ -173,7 +173,7 @@ void VoiceTestRunTest::startOrder()
         order << QStringLiteral("recording");
         order << calls(service).mid(2); // nothing of the recognition yet
     });
-    LogSpy log;
+    testsupport::LogCapture log;
     QCOMPARE(run.wrapper->start(), 0);
     QCOMPARE(order, QStringList(QStringLiteral("recording")));
     QVERIFY(AudioRecorder::getInstance()->isRecording());
@@ -195,7 +195,7 @@ void VoiceTestRunTest::serviceRefuses()
     service.setValue(QStringLiteral("code.aqc"), 5);
     TimerTracker tracker;
     Run run;
-    LogSpy log;
+    testsupport::LogCapture log;
     QCOMPARE(run.wrapper->start(), 5);
     QCOMPARE(log.take(), QStringList(QStringLiteral("debug|aiservice createsession error!")));
     QVERIFY(!AudioRecorder::getInstance()->isRecording());
@@ -223,7 +223,7 @@ void VoiceTestRunTest::recognitionIsRefused()
     QVERIFY(service.start());
     service.setValue(QStringLiteral("code.iat"), 5);
     Run run;
-    LogSpy log;
+    testsupport::LogCapture log;
     QCOMPARE(run.wrapper->start(), 0);
     QVERIFY(log.take().contains(QStringLiteral("debug|Iat createSession failed")));
     QCOMPARE(audio().hear(block(1)), 1);
@@ -372,7 +372,7 @@ void VoiceTestRunTest::stopOrder()
     QCOMPARE(run.wrapper->start(), 0);
     service.reset();
     service.script(stopAqc, QStringLiteral("hold")); // not waited for
-    LogSpy log;
+    testsupport::LogCapture log;
     run.wrapper->stop();
     QCOMPARE(log.take(),
              QStringList({QStringLiteral("info|stop"), QStringLiteral("info|recorder stopped"),
@@ -391,7 +391,7 @@ void VoiceTestRunTest::stopWithoutStart()
     VoiceService service;
     QVERIFY(service.start());
     Run run;
-    LogSpy log;
+    testsupport::LogCapture log;
     run.wrapper->stop();
     QCOMPARE(log.take(), QStringList({QStringLiteral("info|stop"),
                                       QStringLiteral("debug|recorder already stopped")}));
@@ -412,7 +412,7 @@ void VoiceTestRunTest::stopTwice()
     // The timer runs on, and stops the test once more.
     QCOMPARE(tracker.timers(testMs).size(), 1);
     QVERIFY(tracker.timers(testMs).first()->isActive());
-    LogSpy log;
+    testsupport::LogCapture log;
     QVERIFY(TimerTracker::fire(tracker.timers(testMs).first()));
     QCOMPARE(log.take(), QStringList({QStringLiteral("info|stop"),
                                       QStringLiteral("debug|recorder already stopped")}));
@@ -450,7 +450,7 @@ void VoiceTestRunTest::startTwice()
     QPointer<ComCorvaneAiserviceAqcInterface> first =
         run.wrapper->findChild<ComCorvaneAiserviceAqcInterface *>();
     QVERIFY(first);
-    LogSpy log;
+    testsupport::LogCapture log;
     QCOMPARE(run.wrapper->start(), 0);
     QCOMPARE(log.take(), QStringList(QStringLiteral("warning|recorder already started")));
     QTRY_VERIFY(!first);
@@ -730,7 +730,7 @@ void VoiceTestRunTest::deletedWhileRunning()
     QPointer<AudioRecorder> recorder = AudioRecorder::getInstance();
     QCOMPARE(run.wrapper->start(), 0);
     service.reset();
-    LogSpy log;
+    testsupport::LogCapture log;
     run.wrapper.reset();
     QCOMPARE(log.take(),
              QStringList({QStringLiteral("info|stop"), QStringLiteral("info|recorder stopped"),

@@ -30,6 +30,23 @@ QStringList textsOf(const QList<LogRecord> &records)
     return texts;
 }
 
+QString levelName(QtMsgType type)
+{
+    switch (type) {
+    case QtDebugMsg:
+        return QStringLiteral("debug");
+    case QtInfoMsg:
+        return QStringLiteral("info");
+    case QtWarningMsg:
+        return QStringLiteral("warning");
+    case QtCriticalMsg:
+        return QStringLiteral("critical");
+    case QtFatalMsg:
+        break;
+    }
+    return QStringLiteral("fatal");
+}
+
 } // namespace
 
 LogCapture::LogCapture()
@@ -46,6 +63,21 @@ LogCapture::~LogCapture()
     qInstallMessageHandler(m_previous);
     const QMutexLocker lock(&store().mutex);
     store().previous = nullptr;
+}
+
+QStringList LogCapture::take()
+{
+    QList<LogRecord> taken;
+    {
+        const QMutexLocker lock(&store().mutex);
+        taken.swap(store().records);
+    }
+    QStringList lines;
+    for (const LogRecord &record : qAsConst(taken)) {
+        if (record.category == QLatin1String("default"))
+            lines.append(levelName(record.type) + QLatin1Char('|') + record.text);
+    }
+    return lines;
 }
 
 QList<LogRecord> LogCapture::records() const

@@ -48,6 +48,12 @@ public:
 
     void clear();
 
+    /**
+     * The default category's records since the last call as lines, "level|text" with the levels
+     * debug, info, warning, critical and fatal; for comparing what was logged in which order.
+     */
+    QStringList take();
+
 private:
     static void handle(QtMsgType type, const QMessageLogContext &context, const QString &text);
 
