@@ -1,6 +1,6 @@
 // A host that loads the module and tells on standard output what the module did about translations:
 // "load FILE|DIRECTORY|DELIMITERS|SUFFIX" for each catalogue that it asked for and
-// "install EMPTY|FILLED" for each translator that it installed.
+// "install EMPTY|FILLED" for each translator that it installed, and whether somebody owns it.
 //
 // The two functions below stand in for QtCore's: the loader finds an exported symbol of the program
 // first. They write down what they are called with and pass it on. A member function's "this" is
@@ -33,7 +33,8 @@ bool interposedLoad(QTranslator *self, const QString &file, const QString &direc
 
 bool interposedInstall(QTranslator *translator)
 {
-    std::printf("install %s\n", translator->isEmpty() ? "EMPTY" : "FILLED");
+    std::printf("install %s%s\n", translator->isEmpty() ? "EMPTY" : "FILLED",
+                translator->parent() ? ", owned" : "");
     const auto real =
         reinterpret_cast<decltype(&interposedInstall)>(dlsym(RTLD_NEXT, INSTALL_TRANSLATOR));
     return real(translator);

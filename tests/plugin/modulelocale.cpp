@@ -70,7 +70,7 @@ void ModuleLocaleTest::asksForTheCatalogueOfTheLocale()
     const QStringList lines = output.split(QLatin1Char('\n'));
     QCOMPARE(lines.size(), 3); // the last one is what follows the last line break
     QCOMPARE(lines.at(0), QStringLiteral("load %1|||").arg(path));
-    // A missing file is no reason not to install the translator.
+    // A missing file is no reason not to install the translator, which has no parent.
     QCOMPARE(lines.at(1), QFile::exists(path) ? QStringLiteral("install FILLED")
                                               : QStringLiteral("install EMPTY"));
 }
