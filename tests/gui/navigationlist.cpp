@@ -69,7 +69,7 @@ private Q_SLOTS:
     void cleanup();
 
     void isAWidgetNamedVoiceWithOneListView();
-    void hasFourRowsWithIconsTextsAndMargins();
+    void hasFourRowsWithTextsAndMargins();
     void cannotBeEditedAndShowsNoHorizontalScrollBar();
     void firstRowIsCurrentFromTheStart();
     void sayingNothingWhileItIsBuilt();
@@ -153,7 +153,7 @@ void NavigationListTest::isAWidgetNamedVoiceWithOneListView()
     QCOMPARE(layout->itemAt(0)->alignment(), Qt::Alignment());
 }
 
-void NavigationListTest::hasFourRowsWithIconsTextsAndMargins()
+void NavigationListTest::hasFourRowsWithTextsAndMargins()
 {
     const QStringList texts = {QStringLiteral("Desktop AI Assistant"),
                                QStringLiteral("Speech to Text"), QStringLiteral("Text to Speech"),

@@ -19,6 +19,7 @@ target_compile_definitions(modulefile PRIVATE NM_PROGRAM="${NM_PROGRAM}")
 assistant_add_host_test(modulehost SOURCES modulehost.cpp BUSES)
 # Leaks of a library that is gone have no names, so the one that the module has on purpose cannot be
 # told apart; modulehost looks for the others.
+assistant_add_host_test(moduleicons SOURCES moduleicons.cpp BUSES)
 assistant_add_host_test(moduleunload SOURCES moduleunload.cpp BUSES
     ENVIRONMENT "ASAN_OPTIONS=detect_leaks=0")
 
