@@ -65,7 +65,7 @@ qint32 AssistantStateProxy::setVoiceIatState(bool on)
     timer.start();
     const QDBusMessage result =
         BusCalls::sendNoReply(ServiceNames::speechToText(), QStringLiteral("setIatEnable"), {on});
-    qDebug() << "setVoiceIatState" << timer.elapsed() / 1000.0 << "s";
+    qDebug() << "setVoiceIatState" << double(timer.elapsed()) / 1000.0 << "s";
     logError(result);
     return 0;
 }
