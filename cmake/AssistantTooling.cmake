@@ -9,6 +9,13 @@ file(GLOB_RECURSE assistant_format_sources CONFIGURE_DEPENDS
 find_program(CLANG_FORMAT NAMES clang-format-14 clang-format)
 find_program(RUN_CLANG_TIDY NAMES run-clang-tidy-14 run-clang-tidy)
 
+# A target whose tool is not installed says which Debian package brings it.
+function(assistant_missing_tool target package)
+    add_custom_target(${target}
+        COMMAND ${CMAKE_COMMAND} -E echo "${target} needs the Debian package ${package}"
+        COMMAND ${CMAKE_COMMAND} -E false VERBATIM)
+endfunction()
+
 if(CLANG_FORMAT)
     add_custom_target(format
         COMMAND "${CLANG_FORMAT}" -i ${assistant_format_sources}
@@ -16,12 +23,17 @@ if(CLANG_FORMAT)
     add_custom_target(format-check
         COMMAND "${CLANG_FORMAT}" --dry-run --Werror ${assistant_format_sources}
         WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
+else()
+    assistant_missing_tool(format clang-format)
+    assistant_missing_tool(format-check clang-format)
 endif()
 
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 if(RUN_CLANG_TIDY)
-    set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
     add_custom_target(lint
         COMMAND "${RUN_CLANG_TIDY}" -quiet -p "${PROJECT_BINARY_DIR}"
                 "${PROJECT_SOURCE_DIR}/(plugin|proxy|pages|voice|platform)/.*"
         WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
+else()
+    assistant_missing_tool(lint clang-tidy)
 endif()
