@@ -133,11 +133,51 @@ TourStep darkStep()
             QStringLiteral("voice-running-dark")};
 }
 
+/**
+ * How far the coloured wave rises above the focus ring in the window's picture, in pixels; 0 when
+ * there is none.
+ */
+int waveHeight(TourDriver &driver)
+{
+    constexpr int focusRing = 6;        // px, inside the widget
+    constexpr int leastSaturation = 40; // 0 to 255; backgrounds are nearly grey
+    const QWidget *widget = wave(driver);
+    if (!widget)
+        return 0;
+    const QPoint corner = widget->mapTo(driver.window(), QPoint());
+    const QRect inside =
+        QRect(corner, widget->size()).adjusted(focusRing, focusRing, -focusRing, -focusRing);
+    const QImage picture = driver.grab();
+    const qreal scale = picture.devicePixelRatio();
+    const QImage drawn = picture.copy(QRect(inside.topLeft() * scale, inside.size() * scale));
+    for (int y = 0; y < drawn.height(); ++y) {
+        for (int x = 0; x < drawn.width(); ++x) {
+            if (drawn.pixelColor(x, y).saturation() > leastSaturation)
+                return qRound((drawn.height() - y) / scale);
+        }
+    }
+    return 0;
+}
+
+TourStep waveStep()
+{
+    return {QStringLiteral("voice test, a voice: the wave rises with it"),
+            [](TourDriver &driver) {
+                constexpr int clearlyRisen = 4; // px; a silent room gives 2
+                const bool risen = driver.waitFor(
+                    [&] { return !wave(driver) || waveHeight(driver) >= clearlyRisen; },
+                    longestTest);
+                return risen && wave(driver) ? QString() : QStringLiteral("the wave stays flat");
+            },
+            QStringLiteral("voice-wave")};
+}
+
 TourSteps spokenTest()
 {
     return {{QStringLiteral("voice test, a voice: start"),
              [](TourDriver &driver) { return startTest(driver, QStringLiteral("speech")); },
              QString()},
+            waveStep(),
             {QStringLiteral("voice test, a voice: words are recognised while it runs"),
              [](TourDriver &driver) {
                  const bool recognised = driver.waitFor(
