@@ -7,8 +7,10 @@ foreach(test voicesession voicerecogniser voicetestrun)
 endforeach()
 
 # The page over all of it.
-assistant_add_test(voicetestpage TIER bus BUSES
-    SOURCES voicetestpage.cpp voiceservice.h
-    LIBRARIES assistantcontrol test-support scriptedaudio
-    DEPENDS sandbox-voicescript sandbox-networkmanager fakeaudioplugin)
+foreach(test voicetestpage voicetestbad)
+    assistant_add_test(${test} TIER bus BUSES TIMEOUT 240
+        SOURCES ${test}.cpp voiceservice.h
+        LIBRARIES assistantcontrol test-support scriptedaudio
+        DEPENDS sandbox-voicescript sandbox-networkmanager fakeaudioplugin)
+endforeach()
 target_link_libraries(voicetestpage PRIVATE ${CMAKE_DL_LIBS})

@@ -28,9 +28,12 @@ public:
     }
 
     /** The recognition of the session at @p path has understood @p word, all in all. */
-    void recognise(const QString &path, const QString &word)
+    void recognise(const QString &path, const QString &word) { send(path, recognised(path, word)); }
+
+    /** The recognition of the session at @p path sends @p message, whatever that is. */
+    void send(const QString &path, const QString &message)
     {
-        setValue(QStringLiteral("result"), QStringList({path, recognised(path, word)}));
+        setValue(QStringLiteral("result"), QStringList({path, message}));
     }
 
     /** The audio that the session at @p path got. */

@@ -1,17 +1,11 @@
-#include "pages/assistantsettingwidget.h"
+#include "tests/gui/voicepage.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/widgets.h"
 #include "voice/audiorecorder.h"
-#include "voice/voiceanimationwidget.h"
 
-#include <zcc/widgets/settingsgroup.h>
-#include <zcc/widgets/settingsitem.h>
-#include <ztk/zcommandlinkbutton.h>
 #include <ztk/zfontsizemanager.h>
 #include <ztk/zguiapplicationhelper.h>
 
-#include <QLabel>
-#include <QVBoxLayout>
 #include <QtTest>
 
 using testsupport::flushDeferredDeletes;
@@ -21,94 +15,6 @@ using zcc::widgets::SettingsItem;
 using Ztk::Gui::ZGuiApplicationHelper;
 using Ztk::Widget::ZCommandLinkButton;
 using Ztk::Widget::ZFontSizeManager;
-
-namespace {
-
-const QString phrase = QStringLiteral("现在请说\"阿岚，帮我预约明天早上10点的视频会议\"");
-const QString runLink = QStringLiteral("Click here to test");
-const QString againLink = QStringLiteral("Click here to test again");
-
-/** A shown assistant page, and its voice test panel as a user sees it. */
-class Page
-{
-public:
-    Page()
-        : m_page(new AssistantSettingWidget(nullptr))
-    {
-        m_page->resize(640, 600);
-        m_page->show();
-        m_page->activateWindow();
-        if (!QTest::qWaitForWindowActive(m_page))
-            QTest::qFail("the page does not become active", __FILE__, __LINE__);
-    }
-    ~Page() { delete m_page; }
-
-    AssistantSettingWidget *operator->() const { return m_page; }
-    AssistantSettingWidget *get() const { return m_page; }
-    void destroy() { delete m_page; }
-
-    SettingsGroup *group() const
-    {
-        const auto groups =
-            m_page->findChildren<SettingsGroup *>(QString(), Qt::FindDirectChildrenOnly);
-        return groups.last();
-    }
-
-    /** The panel: always the last row. */
-    SettingsItem *panel() const { return group()->item(group()->itemCount() - 1); }
-
-    QVBoxLayout *layout() const { return qobject_cast<QVBoxLayout *>(panel()->layout()); }
-
-    QLabel *label(const QString &text) const
-    {
-        for (QLabel *candidate : panel()->findChildren<QLabel *>()) {
-            if (candidate->text() == text && candidate->isVisible())
-                return candidate;
-        }
-        return nullptr;
-    }
-
-    QStringList texts() const
-    {
-        QStringList result;
-        for (int i = 0; i < layout()->count(); ++i) {
-            QWidget *widget = layout()->itemAt(i)->widget();
-            if (auto *text = qobject_cast<QLabel *>(widget))
-                result << text->text();
-            else if (auto *link = qobject_cast<ZCommandLinkButton *>(widget))
-                result << link->text();
-            else if (qobject_cast<VoiceAnimationWidget *>(widget))
-                result << QStringLiteral("(wave)");
-        }
-        return result;
-    }
-
-    ZCommandLinkButton *link() const { return panel()->findChild<ZCommandLinkButton *>(); }
-    VoiceAnimationWidget *wave() const { return panel()->findChild<VoiceAnimationWidget *>(); }
-
-    void clickLink() const
-    {
-        ZCommandLinkButton *button = link();
-        QTRY_VERIFY(button->isVisible());
-        QTest::mouseClick(button, Qt::LeftButton);
-    }
-
-    void hear(const QString &words) const
-    {
-        QMetaObject::invokeMethod(m_page, "slotIatResult", Q_ARG(QString, words), Q_ARG(int, 1),
-                                  Q_ARG(bool, false));
-    }
-
-    void finish(const QString &result) const
-    {
-        QMetaObject::invokeMethod(m_page, "slotAqcResult", Q_ARG(QString, result));
-    }
-
-private:
-    QPointer<AssistantSettingWidget> m_page;
-};
-
-} // namespace
 
 class TestVoiceTestPanel : public QObject
 {
@@ -167,8 +73,8 @@ void TestVoiceTestPanel::cleanup()
 
 void TestVoiceTestPanel::firstStateShowsTitleAndLink()
 {
-    Page page;
-    QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), runLink}));
+    VoicePage page;
+    QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), VoicePage::runLink()}));
     QCOMPARE(page.panel()->minimumHeight(), 120);
     QVERIFY(page.panel()->hasBackground());
     QCOMPARE(page.layout()->contentsMargins(), QMargins(10, 10, 10, 10));
@@ -188,10 +94,10 @@ void TestVoiceTestPanel::firstStateShowsTitleAndLink()
 
 void TestVoiceTestPanel::testingStateShowsWordsPhraseAndWave()
 {
-    Page page;
+    VoicePage page;
     page.clickLink();
-    QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), QString(), phrase,
-                                        QStringLiteral("(wave)")}));
+    QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), QString(),
+                                        VoicePage::phrase(), QStringLiteral("(wave)")}));
     QCOMPARE(page.layout()->contentsMargins(), QMargins(10, 10, 0, 0));
     QVERIFY(!page.link() || !page.link()->isVisible());
 
@@ -208,19 +114,19 @@ void TestVoiceTestPanel::testingStateShowsWordsPhraseAndWave()
     QCOMPARE(words->alignment(), Qt::Alignment(Qt::AlignCenter));
     QCOMPARE(page.layout()->itemAt(1)->alignment(), Qt::AlignHCenter | Qt::AlignTop);
     QCOMPARE(page.layout()->itemAt(3)->alignment(), Qt::Alignment(Qt::AlignBottom));
-    QVERIFY(page.label(phrase)->wordWrap());
+    QVERIFY(page.label(VoicePage::phrase())->wordWrap());
     // A stretch closes the panel.
     QVERIFY(page.layout()->itemAt(page.layout()->count() - 1)->spacerItem());
 }
 
 void TestVoiceTestPanel::finishedStateKeepsTheRecognisedWords()
 {
-    Page page;
+    VoicePage page;
     page.clickLink();
     page.hear(QStringLiteral("明天早上"));
     page.finish(QStringLiteral("1000"));
     QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), QStringLiteral("明天早上"),
-                                        QStringLiteral("It sounds good"), againLink}));
+                                        QStringLiteral("It sounds good"), VoicePage::againLink()}));
     QCOMPARE(page.layout()->contentsMargins(), QMargins(10, 10, 10, 10));
 
     // The kept labels survive their old panel.
@@ -237,24 +143,25 @@ void TestVoiceTestPanel::finishedStateKeepsTheRecognisedWords()
 void TestVoiceTestPanel::withoutNetworkTheTestEndsAtOnceAndWithoutARecognisedTextRow()
 {
     m_network->setValue(QStringLiteral("state"), 60u);
-    Page page;
+    VoicePage page;
     page.clickLink();
-    QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"),
-                                        QStringLiteral("Network unavailable"), againLink}));
+    QCOMPARE(page.texts(),
+             QStringList({QStringLiteral("Voice Test"), QStringLiteral("Network unavailable"),
+                          VoicePage::againLink()}));
     QVERIFY(m_aiService->calls().isEmpty());
     QVERIFY(!AudioRecorder::getInstance()->isRecording());
 
     // Back on the network the other link starts a run.
     m_network->setValue(QStringLiteral("state"), 70u);
     page.clickLink();
-    QVERIFY(page.texts().contains(phrase));
+    QVERIFY(page.texts().contains(VoicePage::phrase()));
 }
 
 void TestVoiceTestPanel::withoutNetworkManagerTheTestEndsAtOnce()
 {
     m_network->leaveBus();
     {
-        Page page;
+        VoicePage page;
         QTest::ignoreMessage(QtCriticalMsg, "dbus call network manager state failed");
         page.clickLink();
         QCOMPARE(page.texts().at(1), QStringLiteral("Network unavailable"));
@@ -265,10 +172,10 @@ void TestVoiceTestPanel::withoutNetworkManagerTheTestEndsAtOnce()
 void TestVoiceTestPanel::refusedSessionIsAServiceException()
 {
     m_aiService->setValue(QStringLiteral("createSession.errorcode"), 5);
-    Page page;
+    VoicePage page;
     page.clickLink();
     const QStringList expected = {QStringLiteral("Voice Test"), QString(),
-                                  QStringLiteral("Service exception"), againLink};
+                                  QStringLiteral("Service exception"), VoicePage::againLink()};
     QCOMPARE(page.texts(), expected);
     QVERIFY(!AudioRecorder::getInstance()->isRecording());
 
@@ -286,11 +193,11 @@ void TestVoiceTestPanel::refusedSessionIsAServiceException()
 void TestVoiceTestPanel::afterARefusalTheNextRunWorks()
 {
     m_aiService->setValue(QStringLiteral("createSession.errorcode"), 5);
-    Page page;
+    VoicePage page;
     page.clickLink();
     m_aiService->setValue(QStringLiteral("createSession.errorcode"), 0);
     page.clickLink();
-    QVERIFY(page.texts().contains(phrase));
+    QVERIFY(page.texts().contains(VoicePage::phrase()));
     QVERIFY(page.wave()->isVisible());
     page.hear(QStringLiteral("明天"));
     page.finish(QStringLiteral("1008"));
@@ -340,16 +247,17 @@ void TestVoiceTestPanel::verdictsAsTexts()
     QFETCH(QString, result);
     QFETCH(QString, words);
     QFETCH(QString, verdict);
-    Page page;
+    VoicePage page;
     page.clickLink();
     page.hear(words);
     page.finish(result);
-    QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), words, verdict, againLink}));
+    QCOMPARE(page.texts(),
+             QStringList({QStringLiteral("Voice Test"), words, verdict, VoicePage::againLink()}));
 }
 
 void TestVoiceTestPanel::verdictStaysUntilTheNextOne()
 {
-    Page page;
+    VoicePage page;
     page.clickLink();
     page.hear(QStringLiteral("words"));
     page.finish(QStringLiteral("1000"));
@@ -361,14 +269,14 @@ void TestVoiceTestPanel::verdictStaysUntilTheNextOne()
 
 void TestVoiceTestPanel::clickOnTheWaveGoesBackAndForgetsTheWords()
 {
-    Page page;
+    VoicePage page;
     page.clickLink();
     page.hear(QStringLiteral("明天"));
     QVERIFY(AudioRecorder::getInstance()->isRecording());
     QTRY_VERIFY(page.wave()->isVisible());
     QTest::mouseClick(page.wave(), Qt::LeftButton);
 
-    QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), runLink}));
+    QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), VoicePage::runLink()}));
     QVERIFY(!AudioRecorder::getInstance()->isRecording());
     QVERIFY(m_aiService->waitForCalls(QStringLiteral("stopAqc")));
     QVERIFY(m_aiService->waitForCalls(QStringLiteral("stopIat")));
@@ -381,18 +289,18 @@ void TestVoiceTestPanel::clickOnTheWaveGoesBackAndForgetsTheWords()
 void TestVoiceTestPanel::keyOnTheWaveGoesBack()
 {
     for (int key : {Qt::Key_Escape, Qt::Key_Space}) {
-        Page page;
+        VoicePage page;
         page.clickLink();
         page.wave()->setFocus();
         QTRY_VERIFY(page.wave()->hasFocus());
         QTest::keyClick(page.wave(), static_cast<Qt::Key>(key));
-        QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), runLink}));
+        QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), VoicePage::runLink()}));
     }
 }
 
 void TestVoiceTestPanel::partialResultsReplaceEachOther()
 {
-    Page page;
+    VoicePage page;
     page.clickLink();
     for (const char *words : {"a", "a b", "", "c"}) {
         page.hear(QLatin1String(words));
@@ -402,7 +310,7 @@ void TestVoiceTestPanel::partialResultsReplaceEachOther()
 
 void TestVoiceTestPanel::textsFromServicesArePlain()
 {
-    Page page;
+    VoicePage page;
     page.clickLink();
     page.hear(QStringLiteral("<b>bold</b><img src='file:///etc/hostname'>"));
     auto *words = qobject_cast<QLabel *>(page.layout()->itemAt(1)->widget());
@@ -414,13 +322,13 @@ void TestVoiceTestPanel::textsFromServicesArePlain()
 
 void TestVoiceTestPanel::lateResultsAndVerdictsDoNoHarm()
 {
-    Page page;
+    VoicePage page;
     page.hear(QStringLiteral("nobody is listening"));
-    QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), runLink}));
+    QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), VoicePage::runLink()}));
     page.finish(QStringLiteral("1000"));
-    QCOMPARE(page.texts(),
-             QStringList({QStringLiteral("Voice Test"),
-                          QStringLiteral("Turn up the input volume and try again"), againLink}));
+    QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"),
+                                        QStringLiteral("Turn up the input volume and try again"),
+                                        VoicePage::againLink()}));
     page.finish(QStringLiteral("1003"));
     page.finish(QStringLiteral("1003"));
     QCOMPARE(page.texts().at(1), QStringLiteral("No sound recorded"));
@@ -428,7 +336,7 @@ void TestVoiceTestPanel::lateResultsAndVerdictsDoNoHarm()
 
 void TestVoiceTestPanel::microphoneIsOpenOnlyDuringARun()
 {
-    Page page;
+    VoicePage page;
     QVERIFY(!AudioRecorder::getInstance()->isRecording());
     page.clickLink();
     QVERIFY(AudioRecorder::getInstance()->isRecording());
@@ -438,7 +346,7 @@ void TestVoiceTestPanel::microphoneIsOpenOnlyDuringARun()
 
 void TestVoiceTestPanel::pageDestroyedInARunClosesTheMicrophone()
 {
-    Page page;
+    VoicePage page;
     page.clickLink();
     QVERIFY(AudioRecorder::getInstance()->isRecording());
     page.destroy();
@@ -454,15 +362,15 @@ void TestVoiceTestPanel::tipColourFollowsTheToolkitsTheme()
     };
     for (const auto &theme : themes) {
         helper->setThemeType(theme.first);
-        Page page;
+        VoicePage page;
         page.clickLink();
         for (QPalette::ColorGroup group :
              {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-            const QPalette palette = page.label(phrase)->palette();
+            const QPalette palette = page.label(VoicePage::phrase())->palette();
             QCOMPARE(palette.color(group, QPalette::Text).name(), theme.second);
             QCOMPARE(palette.brush(group, QPalette::Text).style(), Qt::SolidPattern);
         }
-        QCOMPARE(page.label(phrase)->font().pixelSize(),
+        QCOMPARE(page.label(VoicePage::phrase())->font().pixelSize(),
                  ZFontSizeManager::instance()->fontPixelSize(ZFontSizeManager::T8));
         page.finish(QStringLiteral("1008"));
         QCOMPARE(page.label(QStringLiteral("Too many noises"))->palette().text().color().name(),
@@ -472,7 +380,7 @@ void TestVoiceTestPanel::tipColourFollowsTheToolkitsTheme()
 
 void TestVoiceTestPanel::focusGoesToTheControlThatReplacesTheOneThatHadIt()
 {
-    Page page;
+    VoicePage page;
     page.link()->setFocus();
     QTRY_VERIFY(page.link()->hasFocus());
     QTest::keyClick(page.link(), Qt::Key_Space);
@@ -489,7 +397,7 @@ void TestVoiceTestPanel::focusGoesToTheControlThatReplacesTheOneThatHadIt()
 
 void TestVoiceTestPanel::panelsDoNotPileUp()
 {
-    Page page;
+    VoicePage page;
     for (int run = 0; run < 10; ++run) {
         page.clickLink();
         page.finish(QStringLiteral("1003"));
