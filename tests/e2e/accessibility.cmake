@@ -15,3 +15,4 @@ endfunction()
 
 assistant_add_desktop_test(accessibility
     "${CMAKE_CURRENT_SOURCE_DIR}/accessibility/accessibility_test.py")
+assistant_add_desktop_test(keyboard "${CMAKE_CURRENT_SOURCE_DIR}/keyboard/keyboard_test.py")

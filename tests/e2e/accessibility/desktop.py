@@ -68,6 +68,32 @@ class Desktop:
         fatal = {"QT_FATAL_WARNINGS": "1"}  # whatever Qt or the module warns of is a defect
         return self._processes.start("control-center", command, environment=fatal)
 
+    def wait_for_end(self, program):
+        """Waits for the end of what open_window() returned; its exit code."""
+        return self._processes.wait_for_end(program)
+
+    def press(self, *keys):
+        """Presses keys as xdotool names them, such as Tab, space, or ctrl+f."""
+        subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], check=True)
+
+    def type(self, text):
+        """Types TEXT."""
+        subprocess.run(["xdotool", "type", "--clearmodifiers", text], check=True)
+
+    def picture(self, left, top, width, height):
+        """What an area of the screen shows: its rows of pixels."""
+        with open(f"{self._folder.name}/Xvfb_screen0", "rb") as file:
+            # The format of xwd: a header of numbers, a table of colours of 12 bytes, the pixels.
+            header = file.read(100)
+            size, stride, colours = (
+                int.from_bytes(header[at : at + 4], "big") for at in (0, 48, 76)
+            )
+            rows = []
+            for row in range(top, top + height):
+                file.seek(size + 12 * colours + row * stride + 4 * left)
+                rows.append(file.read(4 * width))
+        return rows
+
     def window_log(self):
         """What the control center has written to standard error."""
         return self._processes.log("control-center")
@@ -102,7 +128,8 @@ class Desktop:
     def _start_display(self):
         display = self._processes.start(
             "display",
-            ["Xvfb", "-displayfd", "1", "-screen", "0", SCREEN, "-nolisten", "tcp", "-noreset"],
+            ["Xvfb", "-displayfd", "1", "-screen", "0", SCREEN, "-nolisten", "tcp", "-noreset"]
+            + ["-fbdir", self._folder.name],
             ready="",
         )
         os.environ["DISPLAY"] = ":" + display

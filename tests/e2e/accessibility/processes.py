@@ -40,6 +40,12 @@ class Processes:
             return process
         return self._wait_for_line(name, process, ready)
 
+    def wait_for_end(self, process):
+        """Waits until a process ends by itself, as is expected of it; returns its exit code."""
+        code = process.wait(END_LIMIT)
+        self._started.remove(process)
+        return code
+
     def end(self):
         """Ends everything, the latest first. Returns what had ended before, or did not end well."""
         problems = []

@@ -65,6 +65,7 @@ class Tree:
 
     def __init__(self, program):
         self.announced = []  # (event, name, role) since the last clear()
+        self.focus = None  # name of what got the keyboard focus last
         for event in EVENTS:
             pyatspi.Registry.registerEventListener(self._keep, event)
         GLib.timeout_add(50, lambda: True)  # how often a condition is looked at without any event
@@ -83,7 +84,10 @@ class Tree:
             if value:
                 return value
             if time.monotonic() > deadline:
-                raise AssertionError(f"in {limit} seconds there was no {what}\n{self.picture()}")
+                raise AssertionError(
+                    f"in {limit} seconds there was no {what}; "
+                    f"the focus came to {self.focus!r}\n{self.picture()}"
+                )
             GLib.MainContext.default().iteration(True)
 
     def parts(self, within=None):
@@ -156,5 +160,7 @@ class Tree:
             source = event.source
             source.clear_cache()
             self.announced.append((str(event.type), source.name, source.getRole()))
+            if str(event.type) == "object:state-changed:focused" and event.detail1:
+                self.focus = name_of(source)
         except (GLib.Error, LookupError, AttributeError):
             pass  # it has gone; nobody would be told about it either
