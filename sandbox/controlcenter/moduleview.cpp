@@ -1,17 +1,13 @@
 #include "sandbox/controlcenter/moduleview.h"
 
+#include "sandbox/controlcenter/windowmetrics.h"
+
 #include <QAbstractItemView>
 #include <QHBoxLayout>
 #include <QScrollArea>
 #include <QScrollBar>
 
 namespace controlcenter {
-namespace {
-
-/** Rows wider than this are hard to follow from their title to their control. */
-constexpr int widestPage = 820; // px
-
-} // namespace
 
 ModuleView::ModuleView(QWidget *parent)
     : QWidget(parent)

@@ -4,3 +4,5 @@ assistant_add_test(windowsearch TIER unit
     SOURCES windowsearch.cpp LIBRARIES controlcenterwindow)
 assistant_add_test(windowframe TIER gui
     SOURCES windowframe.cpp LIBRARIES controlcenterwindow)
+assistant_add_test(windownavigation TIER gui
+    SOURCES windownavigation.cpp LIBRARIES controlcenterwindow)

@@ -2,6 +2,7 @@
 
 #include "sandbox/controlcenter/services/servicecard.h"
 #include "sandbox/controlcenter/services/servicewatch.h"
+#include "sandbox/controlcenter/windowmetrics.h"
 
 #include <ztk/zfocustracker.h>
 #include <ztk/zpainting.h>
@@ -17,9 +18,7 @@ using Ztk::Widget::ZPainting;
 namespace controlcenter {
 namespace {
 
-constexpr int margin = 20;      // px, the window's usual distance from its edges
 constexpr int cardSpacing = 18; // px
-constexpr int widestPage = 820; // px, as the module's pages
 
 } // namespace
 
@@ -53,7 +52,7 @@ ServicesPage::ServicesPage(QWidget *parent)
     auto *page = new QWidget;
     page->setMaximumWidth(widestPage);
     auto *layout = new QVBoxLayout(page);
-    layout->setContentsMargins(margin, 0, margin, margin);
+    layout->setContentsMargins(pageMargin, 0, pageMargin, pageMargin);
     layout->setSpacing(cardSpacing);
     for (const Service &service : services) {
         auto *watch = new ServiceWatch(QLatin1String(service.name), QLatin1String(service.busName),

@@ -3,6 +3,7 @@
 #include "pages/shortcutitem.h"
 #include "sandbox/controlcenter/shortcuts/keygrabber.h"
 #include "sandbox/controlcenter/shortcuts/shortcutstore.h"
+#include "sandbox/controlcenter/windowmetrics.h"
 
 #include <zcc/widgets/settingsgroup.h>
 
@@ -19,7 +20,6 @@ using zcc::widgets::SettingsGroup;
 namespace controlcenter {
 namespace {
 
-constexpr int margin = 20;         // px, the window's usual distance from its edges
 constexpr int rowSpacing = 1;      // px: the rows stand as one block
 constexpr int messageSpacing = 12; // px
 
@@ -42,7 +42,7 @@ ShortcutsPage::ShortcutsPage(const QVector<Shortcut> &shortcuts, QWidget *parent
     m_message->setWordWrap(true);
 
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(margin, 0, margin, margin);
+    layout->setContentsMargins(pageMargin, 0, pageMargin, pageMargin);
     layout->setSpacing(messageSpacing);
     layout->addWidget(m_edit, 0, Qt::AlignRight);
     auto *group = new SettingsGroup;

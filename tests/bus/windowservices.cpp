@@ -1,0 +1,105 @@
+#include "sandbox/controlcenter/services/servicewatch.h"
+#include "tests/support/serviceprocess.h"
+
+#include <QDBusMessage>
+#include <QtTest>
+
+using controlcenter::ServiceWatch;
+using testsupport::ServiceProcess;
+
+/** The page of services follows services that change, come, go and hang, without ever waiting. */
+class WindowServices : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void itKnowsTheValues();
+    void itFollowsACall();
+    void itFollowsAServiceThatEndsAndComesBack();
+    void aServiceThatHangsDoesNotHoldUpTheWindow();
+    void aServiceThatWasNeverThere();
+
+private:
+    QScopedPointer<ServiceProcess> m_dock;
+    QScopedPointer<ServiceWatch> m_watch;
+};
+
+namespace {
+
+const QString key = QStringLiteral("hidden");
+const QString busName = QStringLiteral("com.corvane.aiassistant.dock");
+
+} // namespace
+
+void WindowServices::init()
+{
+    m_watch.reset();
+    m_dock.reset(new ServiceProcess(QStringLiteral("dock")));
+    QVERIFY(m_dock->start());
+    m_watch.reset(new ServiceWatch(QStringLiteral("dock"), busName, QDBusConnection::sessionBus()));
+}
+
+void WindowServices::itKnowsTheValues()
+{
+    QVERIFY(!m_watch->isRunning());
+    m_watch->refresh();
+    QTRY_VERIFY(m_watch->isRunning());
+    QTRY_COMPARE(m_watch->values().value(key), QStringLiteral("false"));
+    QCOMPARE(m_watch->busName(), busName);
+}
+
+void WindowServices::itFollowsACall()
+{
+    m_watch->refresh();
+    QTRY_COMPARE(m_watch->values().value(key), QStringLiteral("false"));
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        busName, QStringLiteral("/com/corvane/aiassistant/dockIconControl"), busName,
+        QStringLiteral("setDockHideStatus"));
+    call.setArguments({true});
+    QVERIFY(QDBusConnection::sessionBus().send(call));
+    QTRY_COMPARE(m_watch->values().value(key), QStringLiteral("true"));
+}
+
+void WindowServices::itFollowsAServiceThatEndsAndComesBack()
+{
+    m_watch->refresh();
+    QTRY_VERIFY(m_watch->isRunning());
+    QSignalSpy changed(m_watch.data(), &ServiceWatch::changed);
+    QVERIFY(m_dock->stop());
+    QTRY_VERIFY(!m_watch->isRunning());
+    QVERIFY(changed.count() > 0);
+    QVERIFY(m_dock->start());
+    QTRY_VERIFY(m_watch->isRunning());
+}
+
+void WindowServices::aServiceThatHangsDoesNotHoldUpTheWindow()
+{
+    m_dock->suspend();
+    QElapsedTimer timer;
+    timer.start();
+    m_watch->refresh();
+    QCoreApplication::processEvents();
+    QVERIFY(timer.elapsed() < 1000); // the bus itself would wait for 25 seconds
+    m_dock->resume();
+    QTRY_COMPARE(m_watch->values().value(key), QStringLiteral("false"));
+}
+
+void WindowServices::aServiceThatWasNeverThere()
+{
+    ServiceWatch watch(QStringLiteral("cellar"), QStringLiteral("com.corvane.cellar"),
+                       QDBusConnection::sessionBus());
+    QSignalSpy changed(&watch, &ServiceWatch::changed);
+    watch.refresh();
+    // Answers come in the order of the questions: this one is behind those of the refresh.
+    QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId")));
+    QCoreApplication::processEvents();
+    QVERIFY(!watch.isRunning());
+    QVERIFY(watch.values().isEmpty());
+    QCOMPARE(changed.count(), 0);
+}
+
+QTEST_GUILESS_MAIN(WindowServices)
+#include "windowservices.moc"
