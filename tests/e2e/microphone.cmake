@@ -16,3 +16,7 @@ assistant_add_test(test_microphonenone TIER e2e BUSES
 assistant_add_test(test_microphonechange TIER e2e BUSES
     SOURCES microphonechange.cpp
     LIBRARIES zframeworkdbus virtualmicrophone)
+assistant_add_test(test_microphonelost TIER e2e BUSES
+    SOURCES microphonelost.cpp
+    LIBRARIES assistantcontrol virtualmicrophone
+    DEPENDS sandbox-networkmanager sandbox-aiservice)
