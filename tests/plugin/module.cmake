@@ -22,6 +22,7 @@ assistant_add_host_test(modulehost SOURCES modulehost.cpp BUSES)
 assistant_add_host_test(moduleicons SOURCES moduleicons.cpp BUSES)
 assistant_add_host_test(moduleunload SOURCES moduleunload.cpp BUSES
     ENVIRONMENT "ASAN_OPTIONS=detect_leaks=0")
+add_dependencies(moduleunload sandbox-networkmanager)
 
 # Says which catalogue the module asked for; run by the test once per locale. Its symbols must be
 # exported, since it stands in for two functions of QtCore.

@@ -1,4 +1,5 @@
 #include "tests/support/fakeframe.h"
+#include "tests/support/serviceprocess.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/moduleinterface.h>
@@ -16,11 +17,23 @@ class ModuleUnloadTest : public QObject
 private Q_SLOTS:
     void theBundlesComeAndGoWithTheLibrary();
     void unloadsAfterItsPagesWereOpen();
+    void unloadsWhileAVoiceTestRuns();
 };
 
 namespace {
 
 const QString catalogue = QStringLiteral(":/translation/assistant-control-plugin_en.ts");
+/** The widget of that class that somebody sees now. */
+QWidget *visibleWidget(const char *className)
+{
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget *widget : widgets) {
+        if (widget->inherits(className) && widget->isVisible())
+            return widget;
+    }
+    return nullptr;
+}
+
 const QString icon = QStringLiteral(":/icons/tavren/builtin/actions/zcc_nav_voice_42px.svg");
 
 } // namespace
@@ -55,6 +68,37 @@ void ModuleUnloadTest::unloadsAfterItsPagesWereOpen()
         module->active();
         for (const char *page : {"Speech to Text", "Text to Speech", "Translation"})
             module->load(QLatin1String(page));
+        module->deactive();
+    }
+    testsupport::flushDeferredDeletes();
+    QVERIFY(loader.unload());
+    QVERIFY(!QFile::exists(catalogue));
+    QCoreApplication::processEvents();
+}
+
+// The page leaves the test to itself; whatever of it is called after this ends the process.
+void ModuleUnloadTest::unloadsWhileAVoiceTestRuns()
+{
+    qputenv("PULSE_SERVER", "unix:/nowhere/pulse");
+    testsupport::ServiceProcess network(QStringLiteral("networkmanager"));
+    QVERIFY(network.start());
+    network.setValue(QStringLiteral("state"), 70u);
+
+    QPluginLoader loader(QStringLiteral(MODULE_FILE));
+    loader.setLoadHints({});
+    auto *module = qobject_cast<zccV20::ModuleInterface *>(loader.instance());
+    QVERIFY2(module, qPrintable(loader.errorString()));
+    {
+        testsupport::FakeFrame frame;
+        module->setFrameProxy(&frame);
+        module->preInitialize();
+        module->initialize();
+        module->active();
+        QVERIFY(frame.showActive());
+        QWidget *link = visibleWidget("Ztk::Widget::ZCommandLinkButton");
+        QVERIFY(link);
+        QTest::mouseClick(link, Qt::LeftButton);
+        QVERIFY(visibleWidget("VoiceAnimationWidget"));
         module->deactive();
     }
     testsupport::flushDeferredDeletes();
