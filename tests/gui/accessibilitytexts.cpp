@@ -1,0 +1,255 @@
+#include "tests/gui/accessibilitypages.h"
+
+#include <zcc/widgets/switchwidget.h>
+#include <ztk/zapplicationsetup.h>
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QScrollBar>
+#include <QTranslator>
+#include <QVBoxLayout>
+#include <QtTest>
+
+using accessibility::Pages;
+
+namespace {
+
+constexpr double usualFontSize = 10.5; // points
+constexpr double largeFontSize = 1.5 * usualFontSize;
+constexpr int narrowWidth = 600; // px, of a page in the smallest window
+constexpr int usualWidth = 820;
+
+/** A language in which every text of the module is twice as long as in English. */
+class LongTexts : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *sourceText, const char *, int) const override
+    {
+        if (!QByteArray(context).endsWith("SettingWidget"))
+            return QString();
+        const QString text = QString::fromUtf8(sourceText);
+        return text + QLatin1Char(' ') + QString(text).remove(QStringLiteral("%1"));
+    }
+};
+
+/** The parts of @p page that show text, and are shown. */
+QVector<QWidget *> textsOf(const QWidget *page)
+{
+    QVector<QWidget *> texts;
+    for (QWidget *widget : page->findChildren<QWidget *>()) {
+        const auto *label = qobject_cast<QLabel *>(widget);
+        if (widget->isVisible() &&
+            ((label && !label->text().isEmpty()) || qobject_cast<QAbstractButton *>(widget) ||
+             qobject_cast<QComboBox *>(widget)))
+            texts.append(widget);
+    }
+    return texts;
+}
+
+QString describe(const QWidget *widget)
+{
+    const auto *label = qobject_cast<const QLabel *>(widget);
+    const QString name = label ? label->text() : widget->accessibleName();
+    return QStringLiteral("%1 \"%2\", %3 x %4")
+        .arg(QLatin1String(widget->metaObject()->className()), name)
+        .arg(widget->width())
+        .arg(widget->height());
+}
+
+/** Whether all of the widget's text has room in it. */
+bool hasRoom(const QWidget *widget)
+{
+    const bool wraps = widget->hasHeightForWidth();
+    const QSize least =
+        wraps ? QSize(widget->minimumSizeHint().width(), widget->heightForWidth(widget->width()))
+              : widget->sizeHint();
+    return widget->width() >= least.width() && widget->height() >= least.height();
+}
+
+QRect placeIn(const QWidget *page, const QWidget *widget)
+{
+    return QRect(widget->mapTo(page, QPoint()), widget->size());
+}
+
+/** What is cut off or covered on the page; empty when all is well. */
+QStringList faultsOf(const QWidget *page)
+{
+    QStringList faults;
+    const QVector<QWidget *> texts = textsOf(page);
+    for (int i = 0; i < texts.size(); ++i) {
+        const QWidget *text = texts.at(i);
+        if (!hasRoom(text))
+            faults.append(QStringLiteral("no room: ") + describe(text));
+        const QWidget *row = text->parentWidget();
+        if (!row->rect().contains(text->geometry()))
+            faults.append(QStringLiteral("cut off by its row: ") + describe(text));
+        for (int j = 0; j < i; ++j) {
+            if (placeIn(page, text).intersects(placeIn(page, texts.at(j))))
+                faults.append(QStringLiteral("overlap: %1 and %2")
+                                  .arg(describe(texts.at(j)), describe(text)));
+        }
+    }
+    return faults;
+}
+
+} // namespace
+
+/** Whether every page in every state has room for its texts, and mirrors. */
+class AccessibilityTexts : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+
+    void textsHaveRoom_data();
+    void textsHaveRoom();
+    void pagesScroll();
+    void pagesMirror_data();
+    void pagesMirror();
+    void faultsAreFound_data();
+    void faultsAreFound();
+
+private:
+    Pages m_pages;
+};
+
+void AccessibilityTexts::initTestCase()
+{
+    Ztk::Widget::ZApplicationSetup::install();
+    QVERIFY(m_pages.start());
+}
+
+void AccessibilityTexts::cleanup()
+{
+    m_pages.close();
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+void AccessibilityTexts::textsHaveRoom_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<double>("fontSize");
+    QTest::addColumn<bool>("longTexts");
+    QTest::addColumn<int>("width");
+
+    for (const QString &state : Pages::states()) {
+        QTest::newRow(qPrintable(state)) << state << usualFontSize << false << usualWidth;
+        QTest::newRow(qPrintable(state + ", large"))
+            << state << largeFontSize << false << narrowWidth;
+        QTest::newRow(qPrintable(state + ", long"))
+            << state << usualFontSize << true << narrowWidth;
+        QTest::newRow(qPrintable(state + ", large and long"))
+            << state << largeFontSize << true << narrowWidth;
+    }
+}
+
+void AccessibilityTexts::textsHaveRoom()
+{
+    QFETCH(QString, state);
+    QFETCH(double, fontSize);
+    QFETCH(bool, longTexts);
+    QFETCH(int, width);
+
+    QFont font = QApplication::font();
+    font.setPointSizeF(fontSize);
+    QApplication::setFont(font);
+    LongTexts translator;
+    if (longTexts)
+        QVERIFY(QCoreApplication::installTranslator(&translator));
+    QVERIFY(m_pages.open(state, width));
+    QVERIFY(textsOf(m_pages.page()).size() > 3);
+    QCOMPARE(m_pages.page()->font().pointSizeF(), fontSize);
+    const QString title = m_pages.page()->findChild<zcc::widgets::SwitchWidget *>()->title();
+    QCOMPARE(title.left(title.size() / 2) == title.right(title.size() / 2), longTexts);
+    QTRY_VERIFY2(faultsOf(m_pages.page()).isEmpty(),
+                 qPrintable(faultsOf(m_pages.page()).join(QLatin1Char('\n'))));
+}
+
+void AccessibilityTexts::pagesScroll()
+{
+    QFont font = QApplication::font();
+    font.setPointSizeF(largeFontSize);
+    QApplication::setFont(font);
+    QVERIFY(m_pages.open(Pages::states().constFirst(), narrowWidth));
+    auto *area = qobject_cast<QScrollArea *>(m_pages.window());
+    area->resize(narrowWidth, 300);
+    QTRY_VERIFY(area->verticalScrollBar()->maximum() > 0);
+    QCOMPARE(faultsOf(m_pages.page()), QStringList());
+    // Tab brings what it leads to into view.
+    for (int i = 0; i < 4; ++i) {
+        QTest::keyClick(area, Qt::Key_Tab);
+        const QWidget *focus = QApplication::focusWidget();
+        QVERIFY(area->viewport()->rect().contains(
+            QRect(focus->mapTo(area->viewport(), QPoint()), focus->size())));
+    }
+    QVERIFY(area->verticalScrollBar()->value() > 0);
+}
+
+void AccessibilityTexts::pagesMirror_data()
+{
+    QTest::addColumn<QString>("state");
+    for (const QString &state : Pages::states())
+        QTest::newRow(qPrintable(state)) << state;
+}
+
+void AccessibilityTexts::pagesMirror()
+{
+    // Tips and the running voice test keep margins that differ on their two sides.
+    constexpr int fixedMargins = 12; // px
+
+    QFETCH(QString, state);
+    QVERIFY(m_pages.open(state, usualWidth));
+    QVector<QRect> places;
+    for (const QWidget *text : textsOf(m_pages.page()))
+        places.append(placeIn(m_pages.page(), text));
+    m_pages.close();
+
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    QVERIFY(m_pages.open(state, usualWidth));
+    const int width = m_pages.page()->width();
+    const QVector<QWidget *> mirrored = textsOf(m_pages.page());
+    QCOMPARE(mirrored.size(), places.size());
+    for (int i = 0; i < mirrored.size(); ++i) {
+        const QRect place = placeIn(m_pages.page(), mirrored.at(i));
+        const int wanted = width - places.at(i).left() - places.at(i).width();
+        QVERIFY2(qAbs(place.left() - wanted) <= fixedMargins, qPrintable(describe(mirrored.at(i))));
+        QCOMPARE(place.top(), places.at(i).top());
+    }
+}
+
+// The faults that the tests above look for, made on purpose.
+void AccessibilityTexts::faultsAreFound_data()
+{
+    QTest::addColumn<QString>("fault");
+    for (const char *fault : {"no room", "cut off by its row", "overlap"})
+        QTest::newRow(fault) << QString::fromLatin1(fault);
+}
+
+void AccessibilityTexts::faultsAreFound()
+{
+    QFETCH(QString, fault);
+    QWidget page;
+    auto *first = new QLabel(QStringLiteral("first"), &page);
+    auto *second = new QLabel(QStringLiteral("second"), &page);
+    page.resize(300, 200);
+    first->setGeometry(10, 10, 100, 50);
+    second->setGeometry(10, 100, 100, 50);
+    page.show();
+    QCOMPARE(faultsOf(&page), QStringList());
+
+    if (fault == QLatin1String("no room"))
+        second->setText(QString(40, QLatin1Char('w')));
+    else if (fault == QLatin1String("overlap"))
+        second->move(50, 30);
+    else
+        second->move(250, 100);
+    QCOMPARE(faultsOf(&page).size(), 1);
+    QVERIFY(faultsOf(&page).constFirst().startsWith(fault));
+}
+
+QTEST_MAIN(AccessibilityTexts)
+#include "accessibilitytexts.moc"
