@@ -40,6 +40,13 @@ QColor panelTipColor()
                                 ZGuiApplicationHelper::LightType);
 }
 
+/** Draws the label in the tip colour. A plain label would draw in its window text colour. */
+void showTipColor(QLabel *label)
+{
+    label->setForegroundRole(QPalette::Text);
+    PageLayout::setTextColor(label, panelTipColor());
+}
+
 /** Takes a widget out of the panel; it goes when events are next processed. */
 template <typename Widget>
 void release(QVBoxLayout *layout, QPointer<Widget> &widget)
@@ -148,7 +155,7 @@ void AssistantSettingWidget::voiceTesting()
     m_recognisedLabel->setWordWrap(true);
     m_recognisedLabel->setAlignment(Qt::AlignCenter);
     PageLayout::setFontStep(m_recognisedLabel, ZFontSizeManager::T8);
-    PageLayout::setTextColor(m_recognisedLabel, panelTipColor());
+    showTipColor(m_recognisedLabel);
     m_voiceTestLayout->addWidget(m_recognisedLabel, 0, Qt::AlignHCenter | Qt::AlignTop);
 
     // The phrase is said in the recogniser's language, whatever the interface's.
@@ -223,6 +230,9 @@ void AssistantSettingWidget::beginVoiceTestPanel(const QMargins &margins)
     PageLayout::setFontStep(m_voiceTestTitle, ZFontSizeManager::T6);
     m_voiceTestTitle->setAlignment(Qt::AlignLeft | Qt::AlignHCenter);
     m_voiceTestTitle->setMargin(0);
+    // The margins are the same in mirrored layouts, where the title begins on the other side.
+    const bool mirrored = layoutDirection() == Qt::RightToLeft;
+    m_voiceTestTitle->setIndent(mirrored ? margins.left() - margins.right() : 0);
     m_voiceTestLayout->addWidget(m_voiceTestTitle, 0, Qt::AlignLeft);
 }
 
@@ -237,7 +247,7 @@ void AssistantSettingWidget::addPrompt(const QString &text)
     m_promptLabel->adjustSize();
     m_voiceTestLayout->addWidget(m_promptLabel);
     PageLayout::setFontStep(m_promptLabel, ZFontSizeManager::T8);
-    PageLayout::setTextColor(m_promptLabel, panelTipColor());
+    showTipColor(m_promptLabel);
 }
 
 void AssistantSettingWidget::addTestButton(const QString &text, Qt::Alignment alignment)

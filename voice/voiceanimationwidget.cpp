@@ -135,6 +135,7 @@ void VoiceAnimationWidget::paintEvent(QPaintEvent *)
         QStyleOptionFocusRect option;
         option.initFrom(this);
         option.state |= QStyle::State_KeyboardFocusChange;
+        option.rect.adjust(0, 0, -2, 0); // off the edge of the panel, which the wave reaches
         style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
     }
 }

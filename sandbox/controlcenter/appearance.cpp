@@ -49,7 +49,10 @@ QFont windowFont(const Options &options)
 {
     QFont font = QApplication::font();
     if (!desktopHasFont()) {
-        const QString family = QStringLiteral("Noto Sans");
+        // The size of a line is that of the first family, whichever one has the letters.
+        const QString family = QLocale::system().language() == QLocale::Tibetan
+                                   ? QStringLiteral("Noto Serif Tibetan")
+                                   : QStringLiteral("Noto Sans");
         if (QFontDatabase().hasFamily(family))
             font.setFamily(family);
         font.setPointSizeF(usualFontSize);

@@ -47,6 +47,12 @@ void Breadcrumb::setPath(const QString &entry, const QString &page)
     setAccessibleName(both ? entry + QStringLiteral(", ") + page : entry);
 }
 
+void Breadcrumb::keepRoomFor(const QString &entry, const QString &page)
+{
+    setPath(entry, page);
+    setMinimumWidth(qMax(minimumWidth(), layout()->totalMinimumSize().width()));
+}
+
 QString Breadcrumb::page() const
 {
     return m_page->text();

@@ -17,6 +17,9 @@ public:
     /** @p page may be empty: then the entry is the heading. */
     void setPath(const QString &entry, const QString &page);
 
+    /** Never gets too narrow for this path any more. */
+    void keepRoomFor(const QString &entry, const QString &page);
+
     QString page() const;
 
 protected:

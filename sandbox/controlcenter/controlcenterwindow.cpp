@@ -15,26 +15,39 @@
 #include "sandbox/controlcenter/sidebar.h"
 #include "sandbox/controlcenter/themebutton.h"
 
+#include <ztk/zfontsizemanager.h>
 #include <ztk/zguiapplicationhelper.h>
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
 
 using Ztk::Gui::ZGuiApplicationHelper;
+using Ztk::Widget::ZFontSizeManager;
 
 namespace controlcenter {
 namespace {
 
 constexpr QSize usualSize(1100, 720);
-constexpr QSize leastSize(880, 540);
-constexpr int headerHeight = 60; // px
+constexpr QSize leastContent(652, 480); // beside the side bar and below the heading
+constexpr int headerHeight = 60;        // px
 
 /** Internal names of the window's own entries. */
 const QLatin1String keyboardEntry("keyboard");
 const QLatin1String shortcutsEntry("shortcuts");
+
+/** Larger texts get a larger window, as far as the screen has room for it. */
+QSize initialSize()
+{
+    constexpr double usualTextSize = 14; // px
+    const int textSize = ZFontSizeManager::instance()->fontPixelSize(ZFontSizeManager::T6);
+    const QSize wanted = usualSize * (textSize / usualTextSize);
+    return wanted.boundedTo(QGuiApplication::primaryScreen()->availableSize())
+        .expandedTo(usualSize);
+}
 const QLatin1String servicesEntry("services");
 
 } // namespace
@@ -51,9 +64,9 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
 {
     installAccessibleRoles();
     setWindowTitle(tr("Control Center"));
-    setMinimumSize(leastSize);
-    resize(usualSize);
+    resize(initialSize());
 
+    m_stack->setMinimumSize(leastContent);
     m_stack->addWidget(m_moduleView);
 
     auto *content = new QVBoxLayout;
@@ -96,6 +109,10 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
             &ControlCenterWindow::showTheme);
     showTheme();
     addShortcuts();
+    for (const QString &name : pageNames())
+        m_breadcrumb->keepRoomFor(m_module->displayName(), pageTitle(name));
+    // Once: what changes later, a heading for instance, is not to move the window's edges.
+    setMinimumSize(layout->totalMinimumSize());
     setFocus(); // nothing is chosen yet; the first Tab leads to the search field
 }
 
@@ -202,7 +219,8 @@ QWidget *ControlCenterWindow::buildSideBar()
 QWidget *ControlCenterWindow::buildHeader()
 {
     auto *header = new QWidget(this);
-    header->setFixedHeight(headerHeight);
+    header->setMinimumHeight(headerHeight);
+    header->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto *layout = new QHBoxLayout(header);
     layout->setContentsMargins(20, 0, 12, 0);
     layout->addWidget(m_breadcrumb, 1);

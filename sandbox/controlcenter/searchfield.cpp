@@ -10,6 +10,7 @@ namespace {
 
 constexpr int fieldHeight = 36; // px, a comfortable target
 constexpr int glassRoom = 28;   // px, on the leading side
+constexpr int textEdge = 12;    // px, around the text
 constexpr qreal glassRadius = 4.5;
 
 } // namespace
@@ -22,6 +23,13 @@ SearchField::SearchField(QWidget *parent)
     setMinimumHeight(fieldHeight);
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     setTextMargins(mirrored ? 0 : glassRoom, 0, mirrored ? glassRoom : 0, 0);
+}
+
+QSize SearchField::sizeHint() const
+{
+    const QSize usual = QLineEdit::sizeHint();
+    const int text = fontMetrics().horizontalAdvance(placeholderText());
+    return usual.expandedTo(QSize(glassRoom + text + 2 * textEdge, fieldHeight));
 }
 
 void SearchField::keyPressEvent(QKeyEvent *event)

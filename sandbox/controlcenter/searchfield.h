@@ -15,6 +15,9 @@ class SearchField : public QLineEdit
 public:
     explicit SearchField(QWidget *parent = nullptr);
 
+    /** Wide enough for all of the placeholder. */
+    QSize sizeHint() const override;
+
 Q_SIGNALS:
     /** The user moves @p rows down (negative: up) in the results. */
     void moved(int rows);

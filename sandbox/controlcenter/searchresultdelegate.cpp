@@ -17,9 +17,18 @@ constexpr int paddingX = 12; // px
 constexpr int paddingY = 6;  // px
 constexpr qreal radius = 7;  // px
 
+constexpr int lineGap = 2; // px
+
 QFont whereFont(const QFont &base)
 {
     return ZFontSizeManager::instance()->get(ZFontSizeManager::T8, base);
+}
+
+/** The height of the line as it is drawn: some scripts need more than the font's usual height. */
+int lineHeight(const QFont &font, const QString &text)
+{
+    const QFontMetrics metrics(font);
+    return qMax(metrics.height(), metrics.boundingRect(QRect(), Qt::TextSingleLine, text).height());
 }
 
 } // namespace
@@ -63,10 +72,12 @@ void SearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
     painter->restore();
 }
 
-QSize SearchResultDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
+QSize SearchResultDelegate::sizeHint(const QStyleOptionViewItem &option,
+                                     const QModelIndex &index) const
 {
-    const int lines = option.fontMetrics.height() + QFontMetrics(whereFont(option.font)).height();
-    return {0, lines + 2 + 2 * paddingY};
+    const int name = lineHeight(option.font, index.data(Qt::DisplayRole).toString());
+    const int where = lineHeight(whereFont(option.font), index.data(WhereRole).toString());
+    return {0, name + lineGap + where + 2 * paddingY};
 }
 
 } // namespace controlcenter

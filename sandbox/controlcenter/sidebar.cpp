@@ -9,9 +9,13 @@ namespace controlcenter {
 SideBar::SideBar(QWidget *parent)
     : QWidget(parent)
 {
-    constexpr int leastWidth = 228; // px
-    setMinimumWidth(leastWidth);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+}
+
+QSize SideBar::sizeHint() const
+{
+    constexpr int leastWidth = 228; // px
+    return QWidget::sizeHint().expandedTo(QSize(leastWidth, 0));
 }
 
 void SideBar::paintEvent(QPaintEvent *)

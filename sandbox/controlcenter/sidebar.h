@@ -12,6 +12,8 @@ class SideBar : public QWidget
 public:
     explicit SideBar(QWidget *parent = nullptr);
 
+    QSize sizeHint() const override;
+
 protected:
     void paintEvent(QPaintEvent *event) override;
 };

@@ -17,8 +17,9 @@ using namespace ControlLook;
 namespace {
 constexpr int arrowSize = 16;
 constexpr int arrowPadding = 9; ///< Between the arrow and the edge of the combo box.
-constexpr int verticalPadding = 8;
+constexpr int verticalPadding = 6;
 constexpr int iconGap = 8;
+constexpr int bearings = 6; ///< Combo boxes measure the ink of their texts, and lines are wider.
 } // namespace
 
 void drawComboBox(QPainter *painter, const QStyleOptionComboBox *option)
@@ -56,7 +57,7 @@ void drawComboBoxLabel(QPainter *painter, const QStyleOptionComboBox *option, co
 
 QSize comboBoxSize(const QSize &contents)
 {
-    const int width = sidePadding + contents.width() + 2 * arrowPadding + arrowSize;
+    const int width = sidePadding + contents.width() + bearings + 2 * arrowPadding + arrowSize;
     return QSize(width, qMax(contents.height() + 2 * verticalPadding, ZStyle::MinimumHitHeight));
 }
 

@@ -13,6 +13,7 @@ namespace Widget {
 
 namespace {
 constexpr int padding = 10; ///< On either side of the text, so that the focus ring has room.
+constexpr int edge = 3;     ///< Above and below the ring: it keeps off what is next to the link.
 } // namespace
 
 ZCommandLinkButton::ZCommandLinkButton(const QString &text, QWidget *parent)
@@ -41,16 +42,17 @@ void ZCommandLinkButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     const QColor link = palette().color(QPalette::Link);
+    const QRect panel = rect().adjusted(0, edge, 0, -edge);
     const bool over = isEnabled() && (isDown() || underMouse());
     if (over) {
         QColor wash = link;
         wash.setAlphaF(isDown() ? 0.18 : 0.10);
-        ZPainting::fillRounded(&painter, rect(), ZPainting::ControlRadius, wash);
+        ZPainting::fillRounded(&painter, panel, ZPainting::ControlRadius, wash);
     }
     painter.setPen(link);
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
     if (ZFocusTracker::showsFocus(this))
-        ZPainting::drawFocusRing(&painter, rect(), ZPainting::ControlRadius, palette());
+        ZPainting::drawFocusRing(&painter, panel, ZPainting::ControlRadius, palette());
 }
 
 void ZCommandLinkButton::keyPressEvent(QKeyEvent *event)

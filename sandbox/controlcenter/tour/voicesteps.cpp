@@ -22,6 +22,12 @@ constexpr int longestTest = 25000; // ms
 /** How soon the panel must follow an action that waits for nothing. */
 constexpr int longestReaction = 5000; // ms
 
+/** A pause between two words. */
+constexpr int longestPause = 1500; // ms
+
+/** Above the focus ring, in pixels; a silent room gives 2. */
+constexpr int clearlyRisen = 4;
+
 constexpr uint networkConnected = 70; // states of the network manager's interface
 constexpr uint networkDisconnected = 20;
 
@@ -163,7 +169,6 @@ TourStep waveStep()
 {
     return {QStringLiteral("voice test, a voice: the wave rises with it"),
             [](TourDriver &driver) {
-                constexpr int clearlyRisen = 4; // px; a silent room gives 2
                 const bool risen = driver.waitFor(
                     [&] { return !wave(driver) || waveHeight(driver) >= clearlyRisen; },
                     longestTest);
@@ -182,9 +187,11 @@ TourSteps spokenTest()
              [](TourDriver &driver) {
                  const bool recognised = driver.waitFor(
                      [&] { return wordsRecognised(driver) || !wave(driver); }, longestTest);
-                 return recognised && wave(driver)
-                            ? QString()
-                            : QStringLiteral("no words before the test was over");
+                 if (!recognised || !wave(driver))
+                     return QStringLiteral("no words before the test was over");
+                 // For the picture alone: the voice may pause just now.
+                 driver.waitFor([&] { return waveHeight(driver) >= clearlyRisen; }, longestPause);
+                 return QString();
              },
              QStringLiteral("voice-running")},
             darkStep(),
@@ -196,7 +203,19 @@ TourSteps spokenTest()
                      return QStringLiteral("the recognised words are gone");
                  return problem;
              },
-             QStringLiteral("voice-good")}};
+             QStringLiteral("voice-good")},
+            {QStringLiteral("voice test, a voice: the verdict in the dark"),
+             [](TourDriver &driver) {
+                 driver.setDark(true);
+                 return againLink(driver) ? QString() : QStringLiteral("the verdict is gone");
+             },
+             QStringLiteral("voice-good-dark")},
+            {QStringLiteral("go back to the light theme"),
+             [](TourDriver &driver) {
+                 driver.setDark(false);
+                 return QString();
+             },
+             QString()}};
 }
 
 TourStep heardTest(const QString &microphone, const char *verdict)
