@@ -48,11 +48,11 @@ void Search::showResults(const QString &text)
     announce();
 }
 
-void Search::choose(const SearchEntry &entry)
+// By value: clearing the field empties the results that the entry stands in.
+void Search::choose(SearchEntry entry)
 {
-    const SearchEntry chosenEntry = entry; // clearing the field empties the results it stands in
     m_field->clear();
-    Q_EMIT chosen(chosenEntry);
+    Q_EMIT chosen(entry);
 }
 
 void Search::announce()

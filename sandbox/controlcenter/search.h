@@ -25,7 +25,7 @@ Q_SIGNALS:
 
 private:
     void showResults(const QString &text);
-    void choose(const SearchEntry &entry);
+    void choose(SearchEntry entry);
     void announce();
 
     const ModuleRegistry *m_registry;

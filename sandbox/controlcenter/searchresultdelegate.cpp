@@ -59,14 +59,14 @@ void SearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
     painter->setLayoutDirection(option.direction);
     painter->setFont(option.font);
     painter->setPen(name);
-    const int alignment = QStyle::visualAlignment(option.direction, Qt::AlignLeading);
-    painter->drawText(room, alignment | Qt::AlignTop,
+    const Qt::Alignment lead = QStyle::visualAlignment(option.direction, Qt::AlignLeading);
+    painter->drawText(room, int(lead | Qt::AlignTop),
                       option.fontMetrics.elidedText(index.data(Qt::DisplayRole).toString(),
                                                     Qt::ElideRight, room.width()));
     const QFont small = whereFont(option.font);
     painter->setFont(small);
     painter->setPen(where);
-    painter->drawText(room, alignment | Qt::AlignBottom,
+    painter->drawText(room, int(lead | Qt::AlignBottom),
                       QFontMetrics(small).elidedText(index.data(WhereRole).toString(),
                                                      Qt::ElideRight, room.width()));
     painter->restore();

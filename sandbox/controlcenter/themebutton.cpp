@@ -49,7 +49,7 @@ ThemeButton::ThemeButton(QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Dark theme"));
     setToolTip(tr("Light or dark theme"));
-    setFixedSize(sizeHint());
+    setFixedSize(side, side);
 }
 
 QSize ThemeButton::sizeHint() const

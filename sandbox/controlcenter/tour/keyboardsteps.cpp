@@ -83,7 +83,7 @@ TourStep walkStep(const QString &page)
 {
     return {QStringLiteral("reach every control of '%1' by keyboard").arg(page),
             [page](TourDriver &driver) {
-                const QString problem = driver.openPage(page);
+                QString problem = driver.openPage(page);
                 return problem.isEmpty() ? walk(driver, controlsOf(driver.window()->currentPage()))
                                          : problem;
             },

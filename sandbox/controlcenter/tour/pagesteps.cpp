@@ -28,7 +28,7 @@ TourStep smallWindowStep(const QString &page)
 {
     return {QStringLiteral("scroll '%1' in the smallest window").arg(page),
             [page](TourDriver &driver) {
-                const QString problem = driver.openPage(page);
+                QString problem = driver.openPage(page);
                 if (!problem.isEmpty())
                     return problem;
                 ControlCenterWindow *window = driver.window();

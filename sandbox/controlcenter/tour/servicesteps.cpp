@@ -43,7 +43,7 @@ TourStep flipStep()
 {
     return {QStringLiteral("see a flipped switch among the services"),
             [](TourDriver &driver) {
-                const QString problem = driver.openPage(page);
+                QString problem = driver.openPage(page);
                 if (!problem.isEmpty())
                     return problem;
                 QWidget *box = driver.control(QAccessible::CheckBox, 0);

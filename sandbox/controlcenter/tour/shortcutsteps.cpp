@@ -63,7 +63,7 @@ QString openShortcuts(TourDriver &driver)
 
 QString remember(TourDriver &driver, Kept *kept)
 {
-    const QString problem = openShortcuts(driver);
+    QString problem = openShortcuts(driver);
     if (!problem.isEmpty())
         return problem;
     ServiceControl service(QStringLiteral("keybinding"));
@@ -148,7 +148,7 @@ TourStep hintStep(const QString &page)
 {
     return {QStringLiteral("find the new shortcut on '%1'").arg(page),
             [page](TourDriver &driver) {
-                const QString problem = driver.openPage(page);
+                QString problem = driver.openPage(page);
                 if (!problem.isEmpty())
                     return problem;
                 const auto *hint =
@@ -164,7 +164,7 @@ TourStep editStep()
 {
     return {QStringLiteral("enter the edit mode"),
             [](TourDriver &driver) {
-                const QString problem = openShortcuts(driver);
+                QString problem = openShortcuts(driver);
                 if (!problem.isEmpty())
                     return problem;
                 QPushButton *edit = driver.window()->shortcutsPage()->editButton();

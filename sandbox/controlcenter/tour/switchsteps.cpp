@@ -27,7 +27,7 @@ bool isChecked(const QWidget *box)
 /** Flips @p what once; empty when window, service and a fresh page agree on the new state. */
 QString flip(TourDriver &driver, const Switch &what)
 {
-    const QString problem = driver.openPage(what.page);
+    QString problem = driver.openPage(what.page);
     if (!problem.isEmpty())
         return problem;
     QWidget *box = driver.control(QAccessible::CheckBox, what.index);
@@ -47,7 +47,7 @@ QString flip(TourDriver &driver, const Switch &what)
     if ((state.toBool() != what.inverted) != wanted)
         return QStringLiteral("the service keeps %1 = %2").arg(what.key, state.toString());
 
-    const QString reopened = driver.openPage(what.page);
+    QString reopened = driver.openPage(what.page);
     if (!reopened.isEmpty())
         return reopened;
     box = driver.control(QAccessible::CheckBox, what.index);
@@ -79,7 +79,7 @@ TourStep followStep(const Switch &what)
 {
     return {QStringLiteral("see %1 of '%2' follow a change from outside").arg(what.key, what.page),
             [what](TourDriver &driver) {
-                const QString problem = driver.openPage(what.page);
+                QString problem = driver.openPage(what.page);
                 if (!problem.isEmpty())
                     return problem;
                 const QWidget *box = driver.control(QAccessible::CheckBox, what.index);

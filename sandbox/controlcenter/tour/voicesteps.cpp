@@ -66,7 +66,7 @@ QWidget *againLink(const TourDriver &driver)
 /** Opens the page afresh and presses its link. */
 QString pressLink(TourDriver &driver)
 {
-    const QString problem = driver.openPage(assistantPage);
+    QString problem = driver.openPage(assistantPage);
     if (!problem.isEmpty())
         return problem;
     QWidget *link = firstLink(driver);
@@ -84,7 +84,7 @@ QString startTest(TourDriver &driver, const QString &microphone)
         return QStringLiteral("no virtual microphone is running");
     if (!Microphone::choose(microphone))
         return QStringLiteral("the microphone cannot be told what to hear");
-    const QString problem = pressLink(driver);
+    QString problem = pressLink(driver);
     if (!problem.isEmpty())
         return problem;
     if (!driver.waitFor([&] { return wave(driver) != nullptr; }, longestReaction))
@@ -198,7 +198,7 @@ TourSteps spokenTest()
             {QStringLiteral("voice test, a voice: the verdict"),
              [](TourDriver &driver) {
                  driver.setDark(false);
-                 const QString problem = awaitVerdict(driver, shown("It sounds good"), longestTest);
+                 QString problem = awaitVerdict(driver, shown("It sounds good"), longestTest);
                  if (problem.isEmpty() && !wordsRecognised(driver))
                      return QStringLiteral("the recognised words are gone");
                  return problem;
@@ -222,7 +222,7 @@ TourStep heardTest(const QString &microphone, const char *verdict)
 {
     return {QStringLiteral("voice test, %1").arg(microphone),
             [microphone, verdict](TourDriver &driver) {
-                const QString problem = startTest(driver, microphone);
+                QString problem = startTest(driver, microphone);
                 return problem.isEmpty() ? awaitVerdict(driver, shown(verdict), longestTest)
                                          : problem;
             },
@@ -249,7 +249,7 @@ TourStep cancelledTest()
 {
     return {QStringLiteral("voice test, cancelled by a click on the wave"),
             [](TourDriver &driver) {
-                const QString problem = startTest(driver, QStringLiteral("silence"));
+                QString problem = startTest(driver, QStringLiteral("silence"));
                 if (!problem.isEmpty())
                     return problem;
                 const QWidget *target = wave(driver);
