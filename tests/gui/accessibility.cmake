@@ -5,6 +5,11 @@ foreach(topic tree texts)
         LIBRARIES assistantcontrol test-support)
 endforeach()
 
+# Assistive technologies choose in the toolkit's lists.
+assistant_add_test(accessibilitychoice TIER gui BUSES
+    SOURCES accessibilitychoice.cpp
+    LIBRARIES assistantcontrol)
+
 # What fails tests on warnings does so, and only on those that it should.
 add_test(NAME gui.warningfails
     COMMAND "${PROJECT_SOURCE_DIR}/tests/support/without-warnings"

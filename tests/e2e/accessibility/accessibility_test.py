@@ -78,6 +78,13 @@ class AccessibilityJourney(unittest.TestCase):
         self.tree.clear()
         press(link, "Press")
 
+    def is_dark(self):
+        """Whether the window's background is: below the page, near the lower edge."""
+        window = self.tree.control(pyatspi.ROLE_FRAME, "Control Center")
+        area = window.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        (pixel,) = self.desktop.picture(area.x + area.width - 30, area.y + area.height - 30, 1, 1)
+        return max(pixel[:3]) < 80
+
     def test_window_has_a_heading_and_parts_in_reading_order(self):
         """Side bar, heading, list and page come in the order in which people read the window."""
         self.open("Translation")
@@ -233,6 +240,19 @@ class AccessibilityJourney(unittest.TestCase):
         self.assertTrue(has_state(link, pyatspi.STATE_FOCUSED))
         for call in ("stopAqc", "stopIat"):
             self.tree.wait_for(lambda call=call: self.desktop.calls("aiservice", call), call)
+
+    def test_theme_is_switched_while_a_voice_test_runs(self):
+        """The window changes its colours, and the test goes on."""
+        theme = self.tree.control(pyatspi.ROLE_CHECK_BOX, "Dark theme")
+        self.assertFalse(self.is_dark())
+        self.start_voice_test()
+        wave = self.tree.control(pyatspi.ROLE_ANIMATION, "Microphone level")
+        press(theme, "Toggle")
+        self.addCleanup(press, theme, "Toggle")
+        self.tree.wait_for(self.is_dark, "dark window")
+        self.assertTrue(has_state(wave, pyatspi.STATE_SHOWING))
+        press(wave, "Press")
+        self.tree.control(pyatspi.ROLE_PUSH_BUTTON, "Click here to test")
 
     def test_voice_test_without_network_says_so(self):
         """The verdict comes at once and is read out with the link that has the focus."""
