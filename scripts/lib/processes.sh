@@ -41,15 +41,12 @@ show_messages() {
 # end_processes: ends everything that was started, the latest first, and waits for it. Who does not end
 # within five seconds is killed.
 end_processes() {
-    local pid killer
+    local pid
     for pid in $(printf '%s\n' "${!process_names[@]}" | sort -rn); do
         kill "$pid" 2>/dev/null || true
         kill -CONT "$pid" 2>/dev/null || true # a stopped one could not end
-        (sleep 5 && kill -KILL "$pid") >/dev/null 2>&1 &
-        killer=$!
+        timeout 5 tail -s 0.05 -f /dev/null --pid="$pid" || kill -KILL "$pid" 2>/dev/null || true
         wait "$pid" 2>/dev/null || true
-        kill "$killer" 2>/dev/null || true
-        wait "$killer" 2>/dev/null || true
         unset "process_names[$pid]"
     done
 }

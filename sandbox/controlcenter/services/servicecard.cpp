@@ -65,8 +65,9 @@ void ServiceCard::changeEvent(QEvent *event)
 
 void ServiceCard::showState()
 {
-    m_state->setText(m_watch->isRunning() ? m_watch->busName()
-                                          : tr("%1 is not running").arg(m_watch->busName()));
+    m_state->setText(m_watch->state() == ServiceWatch::Missing
+                         ? tr("%1 is not running").arg(m_watch->busName())
+                         : m_watch->busName());
     const QMap<QString, QString> values = m_watch->values();
     for (auto value = values.cbegin(); value != values.cend(); ++value)
         showValue(value.key(), value.value());
@@ -105,7 +106,7 @@ void ServiceCard::updateColors()
     m_state->setPalette(quiet);
     for (QLabel *value : qAsConst(m_values)) {
         value->setPalette(quiet);
-        value->setEnabled(m_watch->isRunning());
+        value->setEnabled(m_watch->state() == ServiceWatch::Running);
     }
 }
 

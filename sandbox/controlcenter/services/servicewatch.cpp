@@ -45,7 +45,7 @@ ServiceWatch::ServiceWatch(const QString &name, const QString &busName, const QD
                                               QDBusServiceWatcher::WatchForUnregistration,
                                           this);
     connect(names, &QDBusServiceWatcher::serviceRegistered, this, &ServiceWatch::refresh);
-    connect(names, &QDBusServiceWatcher::serviceUnregistered, this, [this] { setRunning(false); });
+    connect(names, &QDBusServiceWatcher::serviceUnregistered, this, [this] { setState(Missing); });
     connect(m_control, &ComCorvaneSandboxControlInterface::CallReceived, this,
             &ServiceWatch::refresh);
 }
@@ -67,9 +67,9 @@ QString ServiceWatch::busName() const
     return m_busName;
 }
 
-bool ServiceWatch::isRunning() const
+ServiceWatch::State ServiceWatch::state() const
 {
-    return m_running;
+    return m_state;
 }
 
 QMap<QString, QString> ServiceWatch::values() const
@@ -77,11 +77,11 @@ QMap<QString, QString> ServiceWatch::values() const
     return m_values;
 }
 
-void ServiceWatch::setRunning(bool running)
+void ServiceWatch::setState(State state)
 {
-    if (running == m_running)
+    if (state == m_state)
         return;
-    m_running = running;
+    m_state = state;
     Q_EMIT changed();
 }
 
@@ -93,7 +93,7 @@ void ServiceWatch::askOwner()
     question.setArguments({m_busName});
     whenAnswered(m_bus.asyncCall(question), this, [this](const QDBusPendingCall &call) {
         const QDBusPendingReply<bool> owned = call;
-        setRunning(!owned.isError() && owned.value());
+        setState(!owned.isError() && owned.value() ? Running : Missing);
     });
 }
 

@@ -18,6 +18,12 @@ class ServiceWatch : public QObject
     Q_OBJECT
 
 public:
+    enum State {
+        Unknown, ///< The bus has not answered yet.
+        Running, ///< Somebody owns the service's bus name.
+        Missing, ///< Nobody does.
+    };
+
     /** Watches the service with the short name @p name, which owns @p busName on @p bus. */
     ServiceWatch(const QString &name, const QString &busName, const QDBusConnection &bus,
                  QObject *parent = nullptr);
@@ -27,8 +33,7 @@ public:
 
     QString busName() const;
 
-    /** Whether somebody owns the service's bus name. */
-    bool isRunning() const;
+    State state() const;
 
     /** The service's values, as text, by key. */
     QMap<QString, QString> values() const;
@@ -37,14 +42,14 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void setRunning(bool running);
+    void setState(State state);
     void askOwner();
     void askValue(const QString &key);
 
     QString m_busName;
     QDBusConnection m_bus;
     ComCorvaneSandboxControlInterface *m_control;
-    bool m_running = false;
+    State m_state = Unknown;
     QMap<QString, QString> m_values;
 };
 
