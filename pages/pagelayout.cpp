@@ -96,7 +96,6 @@ ComboBoxRow addComboBoxRow(SettingsGroup *group, const QString &label)
     group->appendItem(row.item);
 
     setFontStep(row.label, ZFontSizeManager::T6);
-    row.label->setWordWrap(true);
     row.label->setBuddy(row.comboBox);
     row.comboBox->setAccessibleName(label);
     auto *layout = new QHBoxLayout(row.item);

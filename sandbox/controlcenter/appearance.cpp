@@ -49,10 +49,7 @@ QFont windowFont(const Options &options)
 {
     QFont font = QApplication::font();
     if (!desktopHasFont()) {
-        // The size of a line is that of the first family, whichever one has the letters.
-        const QString family = QLocale::system().language() == QLocale::Tibetan
-                                   ? QStringLiteral("Noto Serif Tibetan")
-                                   : QStringLiteral("Noto Sans");
+        const QString family = fontFamily(QLocale::system().language());
         if (QFontDatabase().hasFamily(family))
             font.setFamily(family);
         font.setPointSizeF(usualFontSize);
@@ -75,6 +72,13 @@ void prepareEnvironment(const Options &options)
         qputenv("QT_SCALE_FACTOR", QByteArray::number(options.scale));
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
+QString fontFamily(QLocale::Language language)
+{
+    // The size of a line is that of the first family, whichever one has the letters.
+    return language == QLocale::Tibetan ? QStringLiteral("Noto Serif Tibetan")
+                                        : QStringLiteral("Noto Sans");
 }
 
 void dressApplication(const Options &options)

@@ -111,6 +111,7 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     addShortcuts();
     for (const QString &name : pageNames())
         m_breadcrumb->keepRoomFor(m_module->displayName(), pageTitle(name));
+    header->setMinimumHeight(qMax(headerHeight, header->minimumSizeHint().height()));
     // Once: what changes later, a heading for instance, is not to move the window's edges.
     setMinimumSize(layout->totalMinimumSize());
     setFocus(); // nothing is chosen yet; the first Tab leads to the search field
@@ -219,7 +220,6 @@ QWidget *ControlCenterWindow::buildSideBar()
 QWidget *ControlCenterWindow::buildHeader()
 {
     auto *header = new QWidget(this);
-    header->setMinimumHeight(headerHeight);
     header->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto *layout = new QHBoxLayout(header);
     layout->setContentsMargins(20, 0, 12, 0);

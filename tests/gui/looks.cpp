@@ -1,0 +1,269 @@
+#include "sandbox/controlcenter/appearance.h"
+#include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/moduleloader.h"
+#include "tests/gui/layoutcheck.h"
+#include "tests/support/isolatedhome.h"
+#include "tests/support/serviceprocess.h"
+#include "tests/support/widgets.h"
+
+#include <ztk/zapplicationsetup.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QTranslator>
+#include <QtTest>
+
+#include <memory>
+
+using namespace controlcenter;
+using testsupport::IsolatedHome;
+using testsupport::ServiceProcess;
+
+namespace {
+
+constexpr double usualText = 10.5;  // points
+constexpr double largeText = 15.75; // half as large again
+
+const QString assistantPage = QStringLiteral("Desktop AI Assistant");
+
+/** Every text half as long again, short ones twice as long, with long words: as in German. */
+class LongTexts : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *source, const char *, int) const override
+    {
+        if (qstrcmp(context, "QGuiApplication") == 0)
+            return QString(); // Qt reads the direction of the layout there
+        static const QStringList words = {QStringLiteral("Spracherkennung"), QStringLiteral("und"),
+                                          QStringLiteral("Tastenkombination"),
+                                          QStringLiteral("mit"),
+                                          QStringLiteral("Systemeinstellungen")};
+        QString text = QString::fromUtf8(source);
+        const int wanted = text.size() * (text.size() < 20 ? 2.0 : 1.5);
+        for (int i = 0; text.size() < wanted; ++i)
+            text += QLatin1Char(' ') + words.at(i % words.size());
+        return text;
+    }
+};
+
+} // namespace
+
+/** Every page in every language, with usual and with large texts, seen through a ruler. */
+class Looks : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Looks(IsolatedHome *home)
+        : m_home(home)
+    {
+    }
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+    void nothingIsCutOffOrLiesOverAnother_data();
+    void nothingIsCutOffOrLiesOverAnother();
+    void theVoiceTestKeepsItsHeight();
+
+private:
+    void speak(const QString &locale, double textSize);
+    void open(const QSize &size);
+    QString problems(const QString &where) const;
+    QAbstractButton *link() const;
+    void startVoiceTest();
+    void endVoiceTest(const char *code);
+
+    IsolatedHome *m_home;
+    ServiceProcess m_assistant{QStringLiteral("assistant")};
+    ServiceProcess m_dock{QStringLiteral("dock")};
+    ServiceProcess m_keybinding{QStringLiteral("keybinding")};
+    ServiceProcess m_network{QStringLiteral("networkmanager")};
+    ServiceProcess m_ai{QStringLiteral("aiservice")};
+    zccV20::ModuleInterface *m_module = nullptr;
+    std::vector<std::unique_ptr<QTranslator>> m_translators;
+    std::unique_ptr<ControlCenterWindow> m_window;
+};
+
+void Looks::initTestCase()
+{
+    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network, &m_ai})
+        QVERIFY(service->start());
+    m_network.setValue(QStringLiteral("state"), 70u);
+    QVERIFY(m_home->writeWakeupSettings("[base]\nenable=true\nenableOneshot=true\n"));
+    Ztk::Widget::ZApplicationSetup::install();
+    const LoadedModule loaded = loadModule(QStringLiteral(MODULE_FILE));
+    QVERIFY2(loaded.module, qPrintable(loaded.error));
+    m_module = loaded.module;
+}
+
+void Looks::cleanup()
+{
+    m_window.reset();
+    testsupport::flushDeferredDeletes();
+    m_translators.clear();
+}
+
+/** Texts of @p locale from now on; "long" is made up. */
+void Looks::speak(const QString &locale, double textSize)
+{
+    const QString language =
+        locale.startsWith(QLatin1String("zh")) ? locale : locale.section(QLatin1Char('_'), 0, 0);
+    if (locale == QLatin1String("long")) {
+        m_translators.emplace_back(new LongTexts);
+    } else {
+        const QString file = language == QLatin1String("en")
+                                 ? QStringLiteral("aassistant-control-plugin_en.qm")
+                                 : QStringLiteral("assistant-control-plugin_%1.qm").arg(language);
+        m_translators.emplace_back(new QTranslator);
+        QVERIFY(m_translators.back()->load(QStringLiteral(CATALOGUES "/") + file));
+        if (language != QLatin1String("en")) {
+            m_translators.emplace_back(new QTranslator);
+            QVERIFY(m_translators.back()->load(
+                QStringLiteral(":/control-center/control-center_%1.qm").arg(language)));
+        }
+    }
+    for (const auto &translator : m_translators)
+        QVERIFY(QCoreApplication::installTranslator(translator.get()));
+    QGuiApplication::setLayoutDirection(language == QLatin1String("ug") ? Qt::RightToLeft
+                                                                        : Qt::LeftToRight);
+
+    QFont font(fontFamily(QLocale(locale).language()));
+    QVERIFY2(QFontDatabase().hasFamily(font.family()), qPrintable(font.family()));
+    font.setPointSizeF(textSize);
+    QApplication::setFont(font);
+}
+
+void Looks::open(const QSize &size)
+{
+    m_window.reset(new ControlCenterWindow(m_module));
+    m_window->resize(size.isEmpty() ? m_window->minimumSize() : size);
+    m_window->show();
+    m_window->openModule();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+}
+
+QString Looks::problems(const QString &where) const
+{
+    constexpr int settled = 1000; // ms, in which layouts must have settled
+    QStringList found;
+    const bool well = QTest::qWaitFor(
+        [&] {
+            testsupport::flushDeferredDeletes();
+            found = layoutProblems(m_window.get());
+            return found.isEmpty();
+        },
+        settled);
+    return well ? QString() : where + QStringLiteral(":\n  ") + found.join(QStringLiteral("\n  "));
+}
+
+QAbstractButton *Looks::link() const
+{
+    for (QAbstractButton *button : m_window->currentPage()->findChildren<QAbstractButton *>()) {
+        if (button->inherits("Ztk::Widget::ZCommandLinkButton"))
+            return button;
+    }
+    return nullptr;
+}
+
+void Looks::startVoiceTest()
+{
+    m_window->openPage(assistantPage);
+    testsupport::flushDeferredDeletes();
+    QVERIFY(link());
+    link()->click();
+    testsupport::flushDeferredDeletes();
+    QVERIFY(!link());
+    QVERIFY(QMetaObject::invokeMethod(
+        m_window->currentPage(), "slotIatResult",
+        Q_ARG(QString, QStringLiteral("阿岚帮我预约明天早上10点的视频会议")), Q_ARG(int, 1),
+        Q_ARG(bool, false)));
+}
+
+void Looks::endVoiceTest(const char *code)
+{
+    QVERIFY(QMetaObject::invokeMethod(m_window->currentPage(), "slotAqcResult",
+                                      Q_ARG(QString, QString::fromLatin1(code))));
+    testsupport::flushDeferredDeletes();
+    QVERIFY(link());
+}
+
+void Looks::nothingIsCutOffOrLiesOverAnother_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<double>("textSize");
+    QTest::addColumn<QSize>("windowSize");
+
+    for (const char *locale :
+         {"en", "en_US", "zh_CN", "zh_HK", "zh_TW", "bo_CN", "ug_CN", "long"}) {
+        for (const double textSize : {usualText, largeText}) {
+            for (const QSize &size : {QSize(1100, 720), QSize()}) {
+                QTest::addRow("%s, %s texts, %s window", locale,
+                              textSize > usualText ? "large" : "usual",
+                              size.isEmpty() ? "least" : "usual")
+                    << QString::fromLatin1(locale) << textSize << size;
+            }
+        }
+    }
+}
+
+void Looks::nothingIsCutOffOrLiesOverAnother()
+{
+    QFETCH(QString, locale);
+    QFETCH(double, textSize);
+    QFETCH(QSize, windowSize);
+    speak(locale, textSize);
+    open(windowSize);
+
+    QString all;
+    const QStringList pages = m_window->pageNames();
+    QCOMPARE(pages.size(), 4);
+    for (const QString &page : pages) {
+        m_window->openPage(page);
+        all += problems(page);
+    }
+    startVoiceTest();
+    all += problems(QStringLiteral("running voice test"));
+    for (const char *code : {"1000", "1003", "1004", "1005", "1008"}) {
+        endVoiceTest(code);
+        all += problems(QStringLiteral("voice test with code %1").arg(QLatin1String(code)));
+    }
+    m_window->openShortcuts();
+    all += problems(QStringLiteral("shortcuts"));
+    QVERIFY2(all.isEmpty(), qPrintable(all));
+}
+
+/** Or what is below it would jump. */
+void Looks::theVoiceTestKeepsItsHeight()
+{
+    speak(QStringLiteral("en"), usualText);
+    open(QSize(1100, 720));
+    m_window->openPage(assistantPage);
+    testsupport::flushDeferredDeletes();
+    QCoreApplication::processEvents();
+    const auto height = [this] {
+        testsupport::flushDeferredDeletes();
+        QCoreApplication::processEvents();
+        const QLabel *title =
+            testsupport::labelWithText(m_window->currentPage(), QStringLiteral("Voice Test"));
+        return title ? title->parentWidget()->height() : 0;
+    };
+    QCOMPARE(height(), 120);
+    startVoiceTest();
+    QCOMPARE(height(), 120);
+    endVoiceTest("1000");
+    QCOMPARE(height(), 120);
+}
+
+int main(int argc, char **argv)
+{
+    IsolatedHome home;
+    QApplication application(argc, argv);
+    Looks test(&home);
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "looks.moc"
