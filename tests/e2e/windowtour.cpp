@@ -51,7 +51,7 @@ const QStringList sectionsWithoutSound = {
     QStringLiteral("--section=pages"),     QStringLiteral("--section=search"),
     QStringLiteral("--section=switches"),  QStringLiteral("--section=choices"),
     QStringLiteral("--section=shortcuts"), QStringLiteral("--section=services"),
-    QStringLiteral("--section=keyboard")};
+    QStringLiteral("--section=keyboard"),  QStringLiteral("--section=icons")};
 
 const QStringList pages = {QStringLiteral("desktop-ai-assistant"), QStringLiteral("speech-to-text"),
                            QStringLiteral("text-to-speech"), QStringLiteral("translation")};

@@ -1,6 +1,7 @@
 #include "sandbox/controlcenter/tour/fulltour.h"
 
 #include "sandbox/controlcenter/tour/choicesteps.h"
+#include "sandbox/controlcenter/tour/iconsteps.h"
 #include "sandbox/controlcenter/tour/keyboardsteps.h"
 #include "sandbox/controlcenter/tour/pagesteps.h"
 #include "sandbox/controlcenter/tour/searchsteps.h"
@@ -22,6 +23,7 @@ const QVector<Section> &sections()
 {
     static const QVector<Section> all = {
         {QStringLiteral("pages"), pageSteps},         //
+        {QStringLiteral("icons"), iconSteps},         //
         {QStringLiteral("search"), searchSteps},      //
         {QStringLiteral("switches"), switchSteps},    //
         {QStringLiteral("choices"), choiceSteps},     //
