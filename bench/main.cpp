@@ -43,7 +43,11 @@ int main(int argc, char *argv[])
                                   QStringLiteral("FILE"));
     QCommandLineOption timeLoad(QStringLiteral("time-load"), QString(), QStringLiteral("PLUGIN"));
     timeLoad.setFlags(QCommandLineOption::HiddenFromHelp); // for the program's own use
-    parser.addOptions({json, timeLoad});
+    const QCommandLineOption only(
+        QStringLiteral("only"),
+        QStringLiteral("Run one part: pages, wave, level, merge, load or voicetest."),
+        QStringLiteral("PART"));
+    parser.addOptions({json, only, timeLoad});
     parser.addHelpOption();
     parser.process(application);
 
@@ -73,9 +77,14 @@ int main(int argc, char *argv[])
                .arg(QStringLiteral("range"), -19)
                .arg(QStringLiteral("what"));
     QJsonArray all;
-    for (const auto &bench :
-         {benchPages, benchWave, benchLevel, benchMerge, benchLoad, benchVoiceTest}) {
-        for (const Ratio &ratio : bench()) {
+    const QVector<QPair<QString, QVector<Ratio> (*)()>> parts = {
+        {QStringLiteral("pages"), benchPages}, {QStringLiteral("wave"), benchWave},
+        {QStringLiteral("level"), benchLevel}, {QStringLiteral("merge"), benchMerge},
+        {QStringLiteral("load"), benchLoad},   {QStringLiteral("voicetest"), benchVoiceTest}};
+    for (const auto &part : parts) {
+        if (parser.isSet(only) && parser.value(only) != part.first)
+            continue;
+        for (const Ratio &ratio : part.second()) {
             out << QStringLiteral("%1 %2  %3: %4, against %5 (%6)\n")
                        .arg(ratio.median, 8, 'f', 3)
                        .arg(QStringLiteral("%1 to %2")

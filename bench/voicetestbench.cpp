@@ -46,7 +46,7 @@ double processorShare(const std::function<void()> &run)
 double voiceTestShare()
 {
     AssistantSettingWidget page(nullptr);
-    page.resize(400, 560); // a panel as wide as its wave: 340 by 42
+    page.resize(370, 560); // the wave is 340 by 42 then
     page.show();
     runEvents(200);
     return processorShare([&page] {
