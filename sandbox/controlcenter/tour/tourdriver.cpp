@@ -54,11 +54,14 @@ bool TourDriver::waitFor(const std::function<bool()> &condition, int millisecond
     QTimer limit;
     limit.setSingleShot(true);
     limit.start(milliseconds);
-    while (!condition() && limit.isActive()) {
+    // Asked once more, a condition that holds for a moment, as of a picture that moves, might not.
+    bool holds = condition();
+    while (!holds && limit.isActive()) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
         settle();
+        holds = condition();
     }
-    return condition();
+    return holds;
 }
 
 void TourDriver::settle()
