@@ -1,4 +1,5 @@
 #include "tests/support/fakeframe.h"
+#include "tests/support/isolatedtests.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/widgets.h"
 
@@ -8,7 +9,9 @@
 #include <QPluginLoader>
 #include <QtTest>
 
-// A host that takes the module's library out of the process again.
+// A host that takes the module's library out of the process again. Each test has a process of its
+// own: Qt remembers meta types by addresses in the library, so it can be used in a process only
+// once.
 
 class ModuleUnloadTest : public QObject
 {
@@ -107,5 +110,5 @@ void ModuleUnloadTest::unloadsWhileAVoiceTestRuns()
     QCoreApplication::processEvents();
 }
 
-QTEST_MAIN(ModuleUnloadTest)
+ISOLATED_TEST_MAIN(QApplication, ModuleUnloadTest, )
 #include "moduleunload.moc"
