@@ -71,8 +71,8 @@ endforeach()
 qt5_add_resources(module_generated plugin/voice.qrc plugin/translation.qrc
     OPTIONS --compress-algo zlib --threshold 0 --compress 9)
 
-# The shortcut widgets are compiled apart, so that the sandbox's window can show them without taking in
-# the rest of the module. Who links assistantcontrol gets them with it.
+# The shortcut widgets and what they need are compiled apart, so that the sandbox's window can show them
+# without taking in the rest of the module. Who links assistantcontrol gets them with it.
 add_library(shortcutwidgets OBJECT
     pages/accessiblefactory.h
     pages/keydisplaynames.h
@@ -83,7 +83,9 @@ add_library(shortcutwidgets OBJECT
     pages/shortcutitemaccessible.cpp
     pages/shortcutitemaccessible.h
     pages/shortcutkey.cpp
-    pages/shortcutkey.h)
+    pages/shortcutkey.h
+    pages/showntext.cpp
+    pages/showntext.h)
 assistant_configure_target(shortcutwidgets)
 target_include_directories(shortcutwidgets PUBLIC "${PROJECT_SOURCE_DIR}")
 target_link_libraries(shortcutwidgets PUBLIC Qt5::Widgets zcc ztk)

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+/**
+ * Texts that come from services, as they are shown. A service may send any amount, and laying out a
+ * megabyte would hold up the control center for seconds. What is stored, logged and merged is never
+ * cut.
+ */
+namespace ShownText {
+
+// Characters (UTF-16 units), the sign of the cut included.
+constexpr int longestWords = 2000;
+constexpr int longestShortcut = 256;
+constexpr int longestTitle = 512;
+
+/**
+ * @p text; where it has more than @p limit characters, only its beginning and "…". Never cut inside
+ * a character and the marks that combine with it, however many they are.
+ */
+QString cut(const QString &text, int limit);
+
+} // namespace ShownText

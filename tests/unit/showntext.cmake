@@ -1,0 +1,3 @@
+assistant_add_test(showntext TIER unit
+    SOURCES showntext.cpp
+    LIBRARIES assistantcontrol)
