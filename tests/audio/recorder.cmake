@@ -1,4 +1,4 @@
-assistant_add_test(audiorecorder TIER audio BUSES
+assistant_add_test(audiorecorder TIER audio BUSES REALTIME SANITIZERS
     SOURCES audiorecorder.cpp
     LIBRARIES assistantcontrol scriptedaudio test-support
     DEPENDS fakeaudioplugin recorderexit)

@@ -1,6 +1,7 @@
 # What the module and its services say to each other, read off the wire.
+set(hungassistant_kind REALTIME SANITIZERS) # measures milliseconds
 foreach(test statecontract statereads shortcutlookup pagecalls hungassistant)
-    assistant_add_test(${test} TIER bus BUSES
+    assistant_add_test(${test} TIER bus BUSES ${${test}_kind}
         SOURCES ${test}.cpp
         LIBRARIES assistantcontrol test-support)
 endforeach()

@@ -1,6 +1,7 @@
 add_subdirectory(voiceservice)
+set(voicetestrun_kind REALTIME SANITIZERS) # waits for the ten seconds of a test
 foreach(test voicesession voicerecogniser voicetestrun)
-    assistant_add_test(${test} TIER bus BUSES
+    assistant_add_test(${test} TIER bus BUSES ${${test}_kind}
         SOURCES ${test}.cpp voiceservice.h
         LIBRARIES assistantcontrol test-support scriptedaudio
         DEPENDS sandbox-voicescript fakeaudioplugin)

@@ -6,10 +6,9 @@ function(assistant_add_desktop_test name script)
         # Debian's own interpreter has the bindings of the accessibility bus.
         COMMAND "${PROJECT_SOURCE_DIR}/tests/support/with-buses" /usr/bin/python3 -B "${script}")
     set_tests_properties(e2e.${name} PROPERTIES
-        LABELS e2e
-        TIMEOUT 400
-        # The microphone plays in real time; a busy machine would tear the sound.
+        LABELS "e2e;realtime"
         RUN_SERIAL TRUE
+        TIMEOUT 400
         ENVIRONMENT "LC_ALL=C.UTF-8;PYTHONWARNINGS=ignore::DeprecationWarning;PYTHONPATH=${CMAKE_CURRENT_SOURCE_DIR}/accessibility;CONTROL_CENTER=$<TARGET_FILE:control-center>;MODULE_FILE=$<TARGET_FILE:assistant-control-plugin>;SERVICES_DIR=${PROJECT_BINARY_DIR}/sandbox/services;MICROPHONE_SCRIPT=${PROJECT_SOURCE_DIR}/sandbox/microphone/start;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
 

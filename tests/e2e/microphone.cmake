@@ -7,7 +7,7 @@ target_compile_definitions(virtualmicrophone PRIVATE
     MICROPHONE_SCRIPT="${PROJECT_SOURCE_DIR}/sandbox/microphone/start")
 target_link_libraries(virtualmicrophone PUBLIC test-support)
 
-assistant_add_test(test_microphonevoicetest TIER e2e BUSES TIMEOUT 300
+assistant_add_test(test_microphonevoicetest TIER e2e BUSES SANITIZERS TIMEOUT 300
     SOURCES microphonevoicetest.cpp
     LIBRARIES assistantcontrol virtualmicrophone spokenrecording)
 assistant_add_test(test_microphonenone TIER e2e BUSES

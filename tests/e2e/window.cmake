@@ -20,8 +20,6 @@ assistant_add_test(windowtour TIER e2e BUSES TIMEOUT 300
 assistant_add_test(windowvoicetour TIER e2e BUSES TIMEOUT 300
     SOURCES windowvoicetour.cpp
     LIBRARIES windowprogram virtualmicrophone)
-# The microphone plays in real time; a busy machine would tear the sound.
-set_tests_properties(e2e.windowvoicetour PROPERTIES RUN_SERIAL TRUE)
 
 assistant_add_test(windowwaiting TIER e2e BUSES
     SOURCES windowwaiting.cpp
