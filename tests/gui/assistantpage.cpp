@@ -389,6 +389,7 @@ void AssistantPageTest::otherControlsWorkWhileWakeupWaits()
 {
     m_assistant->setValue(QStringLiteral("wakeup.enabled"), true);
     const Page page;
+    bool dockFollowed = false;
     whileHeld(
         QStringLiteral("disableIvw"), [&] { page.clickWakeup(); },
         [&] {
@@ -396,8 +397,9 @@ void AssistantPageTest::otherControlsWorkWhileWakeupWaits()
             QVERIFY(page.oneShot()->isChecked());
             QCOMPARE(page.tip()->text(), oneShotTip);
             m_dock.setValue(QStringLiteral("hidden"), true);
-            QTRY_VERIFY(!page.dock()->checked());
+            dockFollowed = QTest::qWaitFor([&] { return !page.dock()->checked(); });
         });
+    QVERIFY(dockFollowed);
     QCOMPARE(page.state(), stateOff);
     QVERIFY(m_assistant->waitForCalls(QStringLiteral("disableOneshot")));
 }

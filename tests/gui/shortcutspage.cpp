@@ -60,7 +60,7 @@ private slots:
     void featurePageShowsNewShortcut();
 
 private:
-    void open();
+    bool open();
     QStringList stored(const QString &id);
     QStringList shown(const QString &id) const;
     QString visible(const QString &id) const;
@@ -85,7 +85,7 @@ void ShortcutsPageTest::cleanup()
     QCOMPARE(QApplication::topLevelWidgets().size(), 0);
 }
 
-void ShortcutsPageTest::open()
+bool ShortcutsPageTest::open()
 {
     m_window.reset(new QWidget);
     m_window->resize(700, 400);
@@ -94,9 +94,11 @@ void ShortcutsPageTest::open()
     layout->addWidget(m_page);
     m_window->show();
     m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    QTRY_VERIFY(!shown(kTranslation).isEmpty());
+    if (!QTest::qWaitForWindowActive(m_window.get()) ||
+        !QTest::qWaitFor([this] { return !shown(kTranslation).isEmpty(); }))
+        return false;
     QCoreApplication::processEvents(); // the rows take their places
+    return true;
 }
 
 QStringList ShortcutsPageTest::stored(const QString &id)
@@ -129,7 +131,7 @@ void ShortcutsPageTest::showsWhatTheServiceSays()
     m_service->setValue(kSpeech, QStringList({"<Super_L>minus", "<Alt>F1"}));
     m_service->setValue(kRead, QStringList());
     m_service->reset();
-    open();
+    QVERIFY(open());
     QCOMPARE(shown(kSpeech), QStringList({"Super", "-"}));
     QCOMPARE(shown(kRead), QStringList("None"));
     QCOMPARE(shown(kTranslation), QStringList({"Ctrl", "Alt", "T"}));
@@ -146,7 +148,7 @@ void ShortcutsPageTest::showsWhatTheServiceSays()
 
 void ShortcutsPageTest::asksAgainWhenShownAgain()
 {
-    open();
+    QVERIFY(open());
     m_page->hide();
     m_service->setValue(kSpeech, QStringList("<Alt>J"));
     m_page->show();
@@ -155,7 +157,7 @@ void ShortcutsPageTest::asksAgainWhenShownAgain()
 
 void ShortcutsPageTest::clickTakesNextCombination()
 {
-    open();
+    QVERIFY(open());
     clickCaps(kTranslation);
     QCOMPARE(visible(kTranslation), QStringLiteral("line"));
     QVERIFY(m_page->message().contains(QStringLiteral("Translation")));
@@ -174,7 +176,7 @@ void ShortcutsPageTest::clickTakesNextCombination()
 
 void ShortcutsPageTest::waitsOnForTrueCombination()
 {
-    open();
+    QVERIFY(open());
     clickCaps(kTranslation);
     press(Qt::Key_Control, Qt::ControlModifier);
     press(Qt::Key_X);
@@ -186,7 +188,7 @@ void ShortcutsPageTest::waitsOnForTrueCombination()
 
 void ShortcutsPageTest::escapeKeepsOldShortcut()
 {
-    open();
+    QVERIFY(open());
     clickCaps(kSpeech);
     press(Qt::Key_Escape);
     QCOMPARE(visible(kSpeech), QStringLiteral("caps"));
@@ -206,7 +208,7 @@ void ShortcutsPageTest::clickEndsWait_data()
 void ShortcutsPageTest::clickEndsWait()
 {
     QFETCH(QString, where);
-    open();
+    QVERIFY(open());
     clickCaps(kRead);
     QCOMPARE(visible(kRead), QStringLiteral("line"));
     QCoreApplication::processEvents();
@@ -223,7 +225,7 @@ void ShortcutsPageTest::clickEndsWait()
 
 void ShortcutsPageTest::hidingEndsWait()
 {
-    open();
+    QVERIFY(open());
     clickCaps(kRead);
     m_page->hide();
     m_page->show();
@@ -235,7 +237,7 @@ void ShortcutsPageTest::hidingEndsWait()
 
 void ShortcutsPageTest::otherRowTakesOverWait()
 {
-    open();
+    QVERIFY(open());
     clickCaps(kSpeech);
     clickCaps(kRead);
     QCOMPARE(visible(kSpeech), QStringLiteral("caps"));
@@ -250,7 +252,7 @@ void ShortcutsPageTest::otherRowTakesOverWait()
 
 void ShortcutsPageTest::windowShortcutsAreTaken()
 {
-    open();
+    QVERIFY(open());
     int found = 0;
     QShortcut find(QKeySequence(Qt::CTRL | Qt::Key_F), m_window.get());
     connect(&find, &QShortcut::activated, this, [&found] { ++found; });
@@ -264,7 +266,7 @@ void ShortcutsPageTest::windowShortcutsAreTaken()
 
 void ShortcutsPageTest::editModeRemoves()
 {
-    open();
+    QVERIFY(open());
     clickThroughWindow(m_page->editButton());
     for (const auto &shortcut : shortcuts())
         QCOMPARE(visible(shortcut.id), QStringLiteral("edit remove"));
@@ -286,7 +288,7 @@ void ShortcutsPageTest::editModeRemoves()
 
 void ShortcutsPageTest::editModeKeepsFocus()
 {
-    open();
+    QVERIFY(open());
     m_page->editButton()->setChecked(true);
     for (const char *name : {"remove", "edit"}) {
         auto *button = m_page->row(kSpeech)->findChild<QWidget *>(name);
@@ -302,7 +304,7 @@ void ShortcutsPageTest::editModeKeepsFocus()
 
 void ShortcutsPageTest::editModeChanges()
 {
-    open();
+    QVERIFY(open());
     clickThroughWindow(m_page->editButton());
     QCoreApplication::processEvents();
     clickThroughWindow(RowParts(*m_page->row(kRead)).edit);
@@ -315,7 +317,7 @@ void ShortcutsPageTest::editModeChanges()
 
 void ShortcutsPageTest::takenShortcutIsRefused()
 {
-    open();
+    QVERIFY(open());
     clickCaps(kSpeech);
     press(Qt::Key_T, kControlAlt);
     QCOMPARE(visible(kSpeech), QStringLiteral("caps"));
@@ -333,7 +335,7 @@ void ShortcutsPageTest::takenShortcutIsRefused()
 // the service does.
 void ShortcutsPageTest::serviceErrorIsTold()
 {
-    open();
+    QVERIFY(open());
     m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("error"),
                       QStringLiteral("no keyboard"));
     m_page->hide();
@@ -363,7 +365,7 @@ void ShortcutsPageTest::absentServiceIsTold()
 // on show, and the page says why.
 void ShortcutsPageTest::serviceThatVanishesIsTold()
 {
-    open();
+    QVERIFY(open());
     clickCaps(kSpeech);
     m_service->kill();
     press(Qt::Key_J, kControlAlt);
@@ -378,7 +380,7 @@ void ShortcutsPageTest::oddRepliesShowNone()
                                   QStringLiteral("{\"Accels\":[7]}")};
     for (const QVariant &reply : replies) {
         m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("reply"), reply);
-        open();
+        QVERIFY(open());
         QCOMPARE(shown(kSpeech), QStringList("None"));
     }
     m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("reply"), 42);
@@ -389,7 +391,7 @@ void ShortcutsPageTest::oddRepliesShowNone()
 
 void ShortcutsPageTest::pageGoesWhileAwaiting()
 {
-    open();
+    QVERIFY(open());
     clickCaps(kSpeech);
     delete m_page;
     press(Qt::Key_J, kControlAlt);
@@ -398,7 +400,7 @@ void ShortcutsPageTest::pageGoesWhileAwaiting()
 
 void ShortcutsPageTest::windowGoesWhileAwaiting()
 {
-    open();
+    QVERIFY(open());
     clickCaps(kSpeech);
     m_window.reset();
     QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
@@ -410,7 +412,7 @@ void ShortcutsPageTest::featurePageShowsNewShortcut()
         const TextTranslateSettingWidget page(nullptr);
         return page.findChild<zcc::widgets::TipsLabel *>()->text();
     };
-    open();
+    QVERIFY(open());
     QVERIFY(hint().contains(QStringLiteral("(Ctrl+Alt+T)")));
     clickCaps(kTranslation);
     press(Qt::Key_Minus, kControlAlt);
