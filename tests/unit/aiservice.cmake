@@ -4,7 +4,7 @@ assistant_add_test(test_aiservicequality TIER unit
     SOURCES aiservicequality.cpp
     LIBRARIES sandbox-hearing spokenrecording)
 
-assistant_add_test(test_aiservicerecognition TIER unit REALTIME SANITIZERS TIMEOUT 300
+assistant_add_test(test_aiservicerecognition TIER unit TIMEOUT 300
     SOURCES aiservicerecognition.cpp
     LIBRARIES sandbox-hearing spokenrecording
     DEPENDS sandbox-phrasemodel)
