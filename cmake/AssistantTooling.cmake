@@ -1,4 +1,4 @@
-# Developer targets: format, format-check, lint. The tools are those of Debian 12 (LLVM 14).
+# Developer targets: format, format-check, lint, shellcheck. The tools are those of Debian 12 (LLVM 14).
 
 file(GLOB_RECURSE assistant_format_sources CONFIGURE_DEPENDS
     RELATIVE "${PROJECT_SOURCE_DIR}"
@@ -8,6 +8,7 @@ file(GLOB_RECURSE assistant_format_sources CONFIGURE_DEPENDS
 
 find_program(CLANG_FORMAT NAMES clang-format-14 clang-format)
 find_program(RUN_CLANG_TIDY NAMES run-clang-tidy-14 run-clang-tidy)
+find_program(SHELLCHECK shellcheck)
 
 # A target whose tool is not installed says which Debian package brings it.
 function(assistant_missing_tool target package)
@@ -36,4 +37,22 @@ if(RUN_CLANG_TIDY)
         WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
 else()
     assistant_missing_tool(lint clang-tidy)
+endif()
+
+# What the scripts source is checked with them.
+if(SHELLCHECK)
+    file(GLOB_RECURSE files CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
+        .ci/* sandbox/* scripts/* tests/*)
+    set(scripts)
+    foreach(file ${files})
+        file(STRINGS "${file}" first_line LIMIT_COUNT 1)
+        if(first_line MATCHES "^#!/bin/(ba)?sh")
+            list(APPEND scripts "${file}")
+        endif()
+    endforeach()
+    add_custom_target(shellcheck
+        COMMAND "${SHELLCHECK}" --external-sources --check-sourced ${scripts}
+        WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
+else()
+    assistant_missing_tool(shellcheck shellcheck)
 endif()

@@ -1,5 +1,6 @@
 # Debian packages by purpose, and their installation. Sourced by the entry points in scripts/.
 
+# shellcheck disable=SC2034 # used by name, see install_packages
 packages_build="
     cmake g++ ninja-build pkg-config python3
     qtbase5-dev qtbase5-dev-tools qtmultimedia5-dev qttools5-dev qttools5-dev-tools
@@ -14,7 +15,7 @@ packages_run="
 packages_test="
     binutils iproute2 network-manager procps
     at-spi2-core python3-pyatspi openbox xauth xdotool xvfb
-    clang-format"
+    clang-format shellcheck"
 
 # Installs what is missing of the packages in the named lists ("build", "run", "test").
 install_packages() {

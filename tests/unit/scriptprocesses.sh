@@ -1,3 +1,4 @@
+#!/bin/bash
 # Background processes of the entry points: waiting for their lines, noticing their end, ending them.
 set -uo pipefail
 

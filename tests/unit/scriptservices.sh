@@ -1,3 +1,4 @@
+#!/bin/bash
 # Which programs an entry point starts as services: in a project of its own, whose programs
 # only say that they are ready.
 set -uo pipefail

@@ -1,3 +1,4 @@
+#!/bin/bash
 # What scripts/run says to a command line that it cannot follow, before it installs or builds anything.
 set -uo pipefail
 
