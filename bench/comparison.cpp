@@ -9,6 +9,8 @@
 
 namespace {
 
+int roundsOfAll = 0; // 0: each comparison has its own number
+
 double medianOf(QVector<double> values)
 {
     std::sort(values.begin(), values.end());
@@ -45,10 +47,17 @@ double heapBytes()
     return double(info.uordblks) + double(info.hblkhd);
 }
 
+void setRounds(int rounds)
+{
+    roundsOfAll = rounds;
+}
+
 Ratio compare(const QString &name, const QString &subject, const QString &baseline, int rounds,
               const QString &unit, const std::function<double()> &measureSubject,
               const std::function<double()> &measureBaseline)
 {
+    if (roundsOfAll > 0)
+        rounds = roundsOfAll;
     measureSubject();
     measureBaseline();
 

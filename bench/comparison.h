@@ -26,6 +26,9 @@ double processorMs();
 /** Memory that the heap has handed out and not got back, in bytes. */
 double heapBytes();
 
+/** Makes all comparisons take @p rounds rounds, whatever they ask for. */
+void setRounds(int rounds);
+
 /**
  * Measures both sides in turn, @p rounds times after one unmeasured round, so that whatever else
  * the machine does meets both. Each side returns what it measured; the ratio of a round is subject

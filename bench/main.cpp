@@ -47,7 +47,11 @@ int main(int argc, char *argv[])
         QStringLiteral("only"),
         QStringLiteral("Run one part: pages, wave, level, merge, load or voicetest."),
         QStringLiteral("PART"));
-    parser.addOptions({json, only, timeLoad});
+    const QCommandLineOption rounds(
+        QStringLiteral("rounds"),
+        QStringLiteral("Measure every comparison N times; each has its own number otherwise."),
+        QStringLiteral("N"));
+    parser.addOptions({json, only, rounds, timeLoad});
     parser.addHelpOption();
     parser.process(application);
 
@@ -57,6 +61,14 @@ int main(int argc, char *argv[])
     }
 
     QTextStream err(stderr);
+    if (parser.isSet(rounds)) {
+        const int count = parser.value(rounds).toInt();
+        if (count < 1) {
+            err << "--rounds needs a number from 1 on\n";
+            return 2;
+        }
+        setRounds(count);
+    }
     testsupport::VirtualMicrophone microphone;
     if (!microphone.start(QStringLiteral("speech"))) {
         err << "no virtual microphone\n";
