@@ -33,8 +33,9 @@ inline QDBusMessage pingCall(const QString &service = QStringLiteral("org.freede
 
 /**
  * Waits until all signals that @p service has sent to the session bus until now have reached their
- * slots in this process. QtDBus holds signals back until the event loop has run once, and lets go of
- * them at the latest when it reads the second of two answers. False when the service does not answer.
+ * slots in this process. QtDBus holds signals back until the event loop has run once, and lets go
+ * of them at the latest when it reads the second of two answers. False when the service does not
+ * answer.
  */
 inline bool everythingArrivedFrom(const QString &service)
 {
