@@ -1,6 +1,6 @@
 #include "plugin/assistzlistview.h"
 
-#include <QPointer>
+#include <utility>
 
 AssistZListView::AssistZListView(QWidget *parent)
     : Ztk::Widget::ZListView(parent)
@@ -22,8 +22,41 @@ QModelIndex AssistZListView::moveCursor(CursorAction action, Qt::KeyboardModifie
         return current;
 
     setCurrentIndex(next);
-    // Opening a page processes events, in which the frame may take this list away.
-    const QPointer<AssistZListView> self(this);
     Q_EMIT clicked(currentIndex());
-    return self ? currentIndex() : QModelIndex();
+    return currentIndex();
+}
+
+void AssistZListView::mouseReleaseEvent(QMouseEvent *event)
+{
+    handle([this, event] { ZListView::mouseReleaseEvent(event); });
+}
+
+void AssistZListView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    handle([this, event] { ZListView::mouseDoubleClickEvent(event); });
+}
+
+void AssistZListView::keyPressEvent(QKeyEvent *event)
+{
+    handle([this, event] { ZListView::keyPressEvent(event); });
+}
+
+void AssistZListView::runLast(const std::function<void()> &action)
+{
+    if (m_handling)
+        m_last = action;
+    else
+        action();
+}
+
+// The base handlers go on using the view after they have emitted clicked() or activated().
+void AssistZListView::handle(const std::function<void()> &baseHandler)
+{
+    m_handling = true;
+    baseHandler();
+    m_handling = false;
+    const std::function<void()> last = std::exchange(m_last, nullptr);
+    if (last)
+        last();
+    // This view may be gone.
 }

@@ -68,5 +68,5 @@ private:
     QPointer<VoiceIatSettingWidget> m_voiceIatPage;
     QPointer<VoiceTTSSettingWidget> m_voiceTtsPage;
     QPointer<TextTranslateSettingWidget> m_translatePage;
-    QTranslator *m_translator; // never deleted: the host may translate after the plugin is gone
+    QTranslator *m_translator = nullptr; // never deleted: the host may translate without the plugin
 };

@@ -5,10 +5,11 @@
 #include <ztk/zstandarditem.h>
 
 #include <QDebug>
-#include <QEvent>
-#include <QPointer>
+#include <QMargins>
 #include <QStandardItemModel>
 #include <QVBoxLayout>
+
+Q_DECLARE_METATYPE(QMargins)
 
 ThirdListWidget::ThirdListWidget(QWidget *parent)
     : QWidget(parent)
@@ -66,22 +67,9 @@ void ThirdListWidget::init()
 
 void ThirdListWidget::onItemClieck(const QModelIndex &index)
 {
-    const QPointer<ThirdListWidget> self(this);
-    ++m_pendingRequests;
-    requestPage(index.row());
-    if (self && --m_pendingRequests == 0 && m_deletionPostponed)
-        deleteLater();
-}
-
-bool ThirdListWidget::event(QEvent *event)
-{
-    // A page processes events while it is built. If the frame gives this list up meanwhile, it must
-    // not go yet: the view still handles the key or click that asked for the page.
-    if (event->type() == QEvent::DeferredDelete && m_pendingRequests > 0) {
-        m_deletionPostponed = true;
-        return true;
-    }
-    return QWidget::event(event);
+    // The view handles the key or click that asks for the page and must have finished when the page
+    // is built: the list may go meanwhile.
+    m_listView->runLast([this, row = index.row()] { requestPage(row); });
 }
 
 void ThirdListWidget::requestPage(int row)

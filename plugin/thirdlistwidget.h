@@ -1,19 +1,16 @@
 #pragma once
 
-#include <QMargins>
-#include <QMetaType>
 #include <QWidget>
 
 class AssistZListView;
 class QModelIndex;
 class QStandardItemModel;
 
-Q_DECLARE_METATYPE(QMargins)
-
 /**
  * The module's navigation list: one row per page, and one signal per row.
  *
- * Made without a parent and handed to the frame, which owns it.
+ * Made without a parent and handed to the frame, which owns it. A receiver of a signal may delete
+ * it: pages process events while they are built, in which the frame may give the list up.
  */
 class ThirdListWidget : public QWidget
 {
@@ -38,14 +35,9 @@ Q_SIGNALS:
     void signalShowVoiceTTS();
     void signalShowTranslate();
 
-protected:
-    bool event(QEvent *event) override;
-
 private:
     void requestPage(int row);
 
     AssistZListView *m_listView = nullptr;
     QStandardItemModel *m_model = nullptr;
-    int m_pendingRequests = 0; // pages that are being built in answer to a signal
-    bool m_deletionPostponed = false;
 };

@@ -2,6 +2,7 @@
 #include "plugin/thirdlistwidget.h"
 #include "tests/support/logcapture.h"
 
+#include <QProxyStyle>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QVBoxLayout>
@@ -10,6 +11,8 @@
 #include <ztk/zstandarditem.h>
 
 #include <memory>
+
+Q_DECLARE_METATYPE(QMargins)
 
 // The list beside the pages, used as a person uses it: mouse, arrow keys, Enter.
 
@@ -77,6 +80,9 @@ private Q_SLOTS:
     void clickOnARowAsksForItsPageOnce_data();
     void clickOnARowAsksForItsPageOnce();
     void clickOnTheCurrentRowAsksAgain();
+    void clickThatActivatesAsksOnce();
+    void doubleClickAsksTwice();
+    void emittedClickAsksAtOnce();
     void clickBelowTheRowsAsksForNothing();
     void enterAsksForTheCurrentRowsPage_data();
     void enterAsksForTheCurrentRowsPage();
@@ -225,6 +231,43 @@ void NavigationListTest::clickOnTheCurrentRowAsksAgain()
         QTest::mouseClick(m_view->viewport(), Qt::LeftButton, Qt::NoModifier, place);
         QCOMPARE(m_requests->take(), QStringList{QStringLiteral("tts")});
     }
+}
+
+void NavigationListTest::clickThatActivatesAsksOnce()
+{
+    class SingleClickStyle : public QProxyStyle
+    {
+    public:
+        int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                      QStyleHintReturn *data) const override
+        {
+            if (hint == SH_ItemView_ActivateItemOnSingleClick)
+                return 1;
+            return QProxyStyle::styleHint(hint, option, widget, data);
+        }
+    } style;
+    m_view->setStyle(&style);
+    QSignalSpy activated(m_view, &QListView::activated);
+    const QPoint place = m_view->visualRect(m_view->model()->index(2, 0)).center();
+    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QCOMPARE(activated.count(), 1);
+    QCOMPARE(m_requests->take(), QStringList{QStringLiteral("tts")});
+    m_list.reset(); // before its style
+}
+
+void NavigationListTest::doubleClickAsksTwice()
+{
+    const QPoint place = m_view->visualRect(m_view->model()->index(2, 0)).center();
+    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseDClick(m_view->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseRelease(m_view->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QCOMPARE(m_requests->take(), (QStringList{QStringLiteral("tts"), QStringLiteral("tts")}));
+}
+
+void NavigationListTest::emittedClickAsksAtOnce()
+{
+    Q_EMIT m_view->clicked(m_view->model()->index(3, 0));
+    QCOMPARE(m_requests->take(), QStringList{QStringLiteral("translate")});
 }
 
 void NavigationListTest::clickBelowTheRowsAsksForNothing()

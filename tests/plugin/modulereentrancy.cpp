@@ -18,6 +18,9 @@
 using testsupport::FakeFrame;
 using testsupport::ServiceProcess;
 
+using AskForAPage = std::function<void(QWidget *viewport, const QPoint &place)>;
+Q_DECLARE_METATYPE(AskForAPage)
+
 class ModuleReentrancyTest : public QObject
 {
     Q_OBJECT
@@ -37,8 +40,8 @@ private Q_SLOTS:
     void theModuleObjectMayGoWhileAPageWaits();
     void theFrameProxyMayGoWhileAPageWaits();
     void thePageBeforeMayGoWhileTheNextOneWaits();
-    void theListMayBeScheduledForDeletionWhileAKeyPressWaits();
-    void theListMayBeScheduledForDeletionWhileAClickWaits();
+    void theListMayGoWhileThePageItAskedForWaits_data();
+    void theListMayGoWhileThePageItAskedForWaits();
     void theKeybindingDaemonMayDieWhileAPageWaits();
 
 private:
@@ -208,39 +211,55 @@ void ModuleReentrancyTest::thePageBeforeMayGoWhileTheNextOneWaits()
     QVERIFY(pushed(3));
 }
 
-void ModuleReentrancyTest::theListMayBeScheduledForDeletionWhileAKeyPressWaits()
+void ModuleReentrancyTest::theListMayGoWhileThePageItAskedForWaits_data()
 {
-    m_module->active();
-    const QPointer<QWidget> list = pushed(0);
-    whileAPageWaits(
-        [&list] { QTest::keyClick(list->findChild<AssistZListView *>(), Qt::Key_Down); },
-        [&list] {
-            list->deleteLater();
-            QCoreApplication::processEvents();
-            testsupport::flushDeferredDeletes();
-        });
-    // Not under the feet of the view that still handles the key, but then.
-    testsupport::flushDeferredDeletes();
-    QVERIFY(list.isNull());
-    QCOMPARE(m_frame->pushes().constLast().className, QStringLiteral("VoiceIatSettingWidget"));
+    QTest::addColumn<AskForAPage>("ask");
+    QTest::addColumn<bool>("later");
+
+    const AskForAPage click = [](QWidget *viewport, const QPoint &place) {
+        QTest::mouseClick(viewport, Qt::LeftButton, {}, place);
+    };
+    const AskForAPage secondClick = [](QWidget *viewport, const QPoint &place) {
+        QTest::mouseDClick(viewport, Qt::LeftButton, {}, place);
+    };
+    const auto key = [](Qt::Key pressed) -> AskForAPage {
+        return [pressed](QWidget *viewport, const QPoint &) {
+            QTest::keyClick(viewport->parentWidget(), pressed);
+        };
+    };
+    for (const bool later : {false, true}) {
+        const QByteArray end = later ? ", deleted later" : ", deleted at once";
+        QTest::newRow("click" + end) << click << later;
+        QTest::newRow("second click of a double click" + end) << secondClick << later;
+        QTest::newRow("Up" + end) << key(Qt::Key_Up) << later;
+        QTest::newRow("Return" + end) << key(Qt::Key_Return) << later;
+        QTest::newRow("Enter" + end) << key(Qt::Key_Enter) << later;
+    }
 }
 
-void ModuleReentrancyTest::theListMayBeScheduledForDeletionWhileAClickWaits()
+void ModuleReentrancyTest::theListMayGoWhileThePageItAskedForWaits()
 {
+    QFETCH(AskForAPage, ask);
+    QFETCH(bool, later);
     m_module->active();
     const QPointer<QWidget> list = pushed(0);
     auto *view = list->findChild<AssistZListView *>();
     QVERIFY(m_frame->showActive());
     const QPoint place = view->visualRect(view->model()->index(3, 0)).center();
-    whileAPageWaits(
-        [&] { QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, place); },
-        [&list] {
-            list->deleteLater();
-            testsupport::flushDeferredDeletes();
-        });
-    testsupport::flushDeferredDeletes();
-    QVERIFY(list.isNull());
-    QCOMPARE(m_frame->pushes().constLast().className, QStringLiteral("TextTranslateSettingWidget"));
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place);
+    QCOMPARE(m_frame->pushes().size(), 3);
+
+    whileAPageWaits([&] { ask(view->viewport(), place); },
+                    [&list, later] {
+                        if (later) {
+                            list->deleteLater();
+                            testsupport::flushDeferredDeletes();
+                        } else {
+                            delete list;
+                        }
+                        QVERIFY(list.isNull());
+                    });
+    QCOMPARE(m_frame->pushes().size(), 4);
 }
 
 void ModuleReentrancyTest::theKeybindingDaemonMayDieWhileAPageWaits()
