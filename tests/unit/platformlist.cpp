@@ -37,6 +37,7 @@ private Q_SLOTS:
     void rowUnderTheMouseIsMarked();
     void focusIsVisible();
     void focusFromTheMouseIsQuiet();
+    void firstKeyShowsTheFocusOnAnyViewport();
     void clickAndKeysWork();
     void disabledRowIsPale();
     void themeSwitchReachesTheIcons();
@@ -210,6 +211,28 @@ void PlatformList::focusFromTheMouseIsQuiet()
     // The first key shows where it is.
     QTest::keyClick(m_view.data(), Qt::Key_Shift);
     QVERIFY(pictures::count(picture(), color(QPalette::HighlightedText), row) > unfocused);
+}
+
+void PlatformList::firstKeyShowsTheFocusOnAnyViewport()
+{
+    class PaintCounter : public QObject
+    {
+    public:
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+        int count = 0;
+    } paints;
+    m_view->setViewport(new QWidget);
+    m_view->clearFocus();
+    m_view->setFocus(Qt::MouseFocusReason);
+    QTRY_VERIFY(!m_view->viewport()->visibleRegion().isEmpty());
+    QCoreApplication::processEvents();
+    m_view->viewport()->installEventFilter(&paints);
+    QTest::keyClick(m_view.data(), Qt::Key_Shift);
+    QTRY_VERIFY(paints.count > 0);
 }
 
 void PlatformList::clickAndKeysWork()

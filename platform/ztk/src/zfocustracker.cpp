@@ -1,5 +1,6 @@
 #include "ztk/zfocustracker.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QPointer>
@@ -46,8 +47,8 @@ bool ZFocusTracker::eventFilter(QObject *watched, QEvent *event)
         m_visible = true;
         if (QWidget *focused = QApplication::focusWidget()) {
             focused->update();
-            if (focused->inherits("QAbstractScrollArea"))
-                focused->findChild<QWidget *>(QStringLiteral("qt_scrollarea_viewport"))->update();
+            if (const auto *area = qobject_cast<QAbstractScrollArea *>(focused))
+                area->viewport()->update();
         }
     }
     return QObject::eventFilter(watched, event);
