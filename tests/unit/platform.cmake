@@ -1,4 +1,4 @@
-foreach(topic theme fonts icons list buttons rows style)
+foreach(topic theme fonts icons iconfolder list buttons rows style)
     assistant_add_test(platform${topic} TIER unit
         SOURCES platform${topic}.cpp platformpictures.h LIBRARIES ztk zcc)
 endforeach()

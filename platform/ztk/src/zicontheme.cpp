@@ -18,6 +18,7 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Ztk {
@@ -127,19 +128,14 @@ bool writeTheme(const QString &folder, const QByteArray &description,
     return ok;
 }
 
-/** Where themes may be written: the user's cache, or else a temporary folder; empty if nowhere. */
-QString themesFolder()
+/** Makes @p folder for this user alone. True also where it is there, private and no link. */
+bool makePrivate(const QString &folder)
 {
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    const QStringList folders = {
-        cache + QStringLiteral("/ztk/icons"),
-        QDir::tempPath() + QStringLiteral("/ztk-icons-%1").arg(getuid()),
-    };
-    for (const QString &folder : folders) {
-        if (QDir().mkpath(folder) && QFileInfo(folder).isWritable())
-            return folder;
-    }
-    return QString();
+    const QByteArray path = QFile::encodeName(folder);
+    struct stat status = {};
+    return mkdir(path.constData(), 0700) == 0 ||
+           (lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode) &&
+            status.st_uid == geteuid() && (status.st_mode & 0777) == 0700);
 }
 
 } // namespace
@@ -157,6 +153,21 @@ ZIconTheme::ZIconTheme(QObject *parent)
     QIcon::setThemeSearchPaths(QStringList(m_folder) + QIcon::themeSearchPaths());
     activate();
     parent->installEventFilter(this);
+}
+
+/** Where themes may be written; empty if nowhere. */
+QString ZIconTheme::themesFolder()
+{
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+                          QStringLiteral("/ztk/icons");
+    if (QDir().mkpath(cache) && QFileInfo(cache).isWritable())
+        return cache;
+    // What stands in the temporary folder may have been put there by anybody.
+    const QString usual = QDir::tempPath() + QStringLiteral("/ztk-icons-%1").arg(geteuid());
+    if (makePrivate(usual))
+        return usual;
+    m_ownFolder.reset(new QTemporaryDir(QDir::tempPath() + QStringLiteral("/ztk-icons")));
+    return m_ownFolder->isValid() ? m_ownFolder->path() : QString();
 }
 
 void ZIconTheme::install()

@@ -2,7 +2,9 @@
 
 #include <QColor>
 #include <QObject>
+#include <QScopedPointer>
 #include <QString>
+#include <QTemporaryDir>
 
 namespace Ztk {
 namespace Gui {
@@ -12,10 +14,11 @@ namespace Gui {
  * ":/icons/tavren/builtin/actions/NAME_<size>px.svg", whichever library or plugin brought them.
  *
  * Qt looks icons up in theme folders by plain file name, so the compiled-in files are written to a
- * theme in the user's cache, one folder per size. Black, spelled "#000000" in the file, becomes the
- * theme's text colour; an icon in this one colour only is also redrawn in the selection's text
- * colour where it is selected. A plugin may bring its files at any time: they are picked up before
- * the next widget is polished or painted, or at once by refresh().
+ * theme in the user's cache, or else in a private temporary folder, one folder per size. Black,
+ * spelled "#000000" in the file, becomes the theme's text colour; an icon in this one colour only
+ * is also redrawn in the selection's text colour where it is selected. A plugin may bring its files
+ * at any time: they are picked up before the next widget is polished or painted, or at once by
+ * refresh().
  *
  * The theme is named after its contents: it is written once, all processes share it, and another
  * name makes Qt look all icons up again.
@@ -41,10 +44,12 @@ protected:
 
 private:
     explicit ZIconTheme(QObject *parent);
+    QString themesFolder();
     void activate();
     void checkRendering();
 
-    QString m_folder;        ///< Holds the themes; among Qt's search paths.
+    QScopedPointer<QTemporaryDir> m_ownFolder; ///< Where the usual ones cannot be used.
+    QString m_folder;                          ///< Holds the themes; among Qt's search paths.
     QString m_fallbackTheme; ///< The theme in force before; it still serves all other names.
     QColor m_textColor;
     int m_fileCount = 0; ///< Compiled-in files when they were last looked at.
