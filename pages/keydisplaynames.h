@@ -7,9 +7,9 @@
  * What a key cap shows for a key that the keybinding daemon names by its X keysym name.
  *
  * Keys that are not listed are shown by their name. The two square brackets stand here under keys
- * that are no keysym names, so the real "bracketleft" and "bracketright" are shown by name: that is
- * the agreed behaviour. Every source unit that includes this header holds its own copy, filled when
- * it is loaded; nothing may read it before main(). Only KeyLabel does.
+ * that are no keysym names, on purpose: the real "bracketleft" and "bracketright" are shown by
+ * name. Every source unit that includes this header holds its own copy, filled when it is loaded;
+ * nothing may read it before main(). Only KeyLabel does.
  */
 static const QMap<QString, QString> keyDisplayNames = {
     {QStringLiteral("exclam"), QStringLiteral("!")},

@@ -1,6 +1,7 @@
 #include "pages/keylabel.h"
 
 #include "pages/keydisplaynames.h"
+#include "pages/showntext.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -10,10 +11,6 @@
 namespace {
 const int kSidePadding = 18;   // pixels, left and right together
 const int kHeightPadding = 10; // pixels, above and below together
-
-// Characters. Key names have some 30 at most; what is longer is damaged input, and shaping a
-// megabyte of text at every repaint would hold up the control center.
-const int kLongestText = 1024;
 } // namespace
 
 KeyLabel::KeyLabel(const QString &text, QWidget *parent)
@@ -24,7 +21,7 @@ KeyLabel::KeyLabel(const QString &text, QWidget *parent)
         //: On a key cap: no key is set.
         m_text = tr("None");
     } else {
-        m_text = (shown.isEmpty() ? text : shown).left(kLongestText);
+        m_text = ShownText::cut(shown.isEmpty() ? text : shown, ShownText::longestShortcut);
     }
     setAccessibleName(m_text);
     fitWidthToText();

@@ -2,6 +2,7 @@
 
 #include "pages/shortcutitemaccessible.h"
 #include "pages/shortcutkey.h"
+#include "pages/showntext.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -31,6 +32,13 @@ const int kUsualTitleLength = 24;
 
 // The toolkit style's picture for "remove this entry"; the number is the toolkit's.
 const auto kRemovePicture = static_cast<QStyle::StandardPixmap>(0xF000001B);
+
+// With a modifier, a key belongs to somebody's shortcut; that of the keypad is not the user's.
+bool isClick(const QKeyEvent *event)
+{
+    static const QList<int> keys = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Select};
+    return !(event->modifiers() & ~Qt::KeypadModifier) && keys.contains(event->key());
+}
 } // namespace
 
 QStringList ShortcutItem::keyNames(QString accels)
@@ -45,13 +53,15 @@ QStringList ShortcutItem::keyNames(QString accels)
 
 ShortcutItem::ShortcutItem(QFrame *parent)
     : zcc::widgets::SettingsItem(parent)
-    , m_shortcutEdit(new QLineEdit)
-    , m_title(new QLabel)
-    , m_removeButton(new ZIconButton(kRemovePicture, this))
-    , m_editButton(new ZIconButton(this))
-    , m_key(new ShortcutKey)
 {
     ShortcutItemAccessible::install();
+    // In the order in which they are reached by Tab and read aloud.
+    m_title = new QLabel(this);
+    m_editButton = new ZIconButton(this);
+    m_removeButton = new ZIconButton(kRemovePicture, this);
+    m_key = new ShortcutKey(this);
+    m_shortcutEdit = new QLineEdit(this);
+
     setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Minimum);
     setMinimumHeight(kMinimumHeight);
     setAttribute(Qt::WA_MouseTracking);
@@ -104,18 +114,18 @@ ShortcutItem::ShortcutItem(QFrame *parent)
 
 void ShortcutItem::setTitle(const QString &title)
 {
-    m_title->setText(title);
-    QTimer::singleShot(0, this, &ShortcutItem::updateTitleSize);
     m_info.name = title;
-    setAccessibleName(title);
+    m_title->setText(shownTitle());
+    QTimer::singleShot(0, this, &ShortcutItem::updateTitleSize);
+    setAccessibleName(shownTitle());
 }
 
 void ShortcutItem::setShortcut(const QString &accels)
 {
     setEditMode(false);
     showShortcut();
-    m_key->setTextList(keyNames(accels));
     m_info.accels = accels;
+    m_key->setTextList(keyNames(ShownText::cut(accels, ShownText::longestShortcut)));
     setAccessibleDescription(m_key->accessibleName());
 }
 
@@ -150,7 +160,8 @@ bool ShortcutItem::isInEditMode() const
 
 void ShortcutItem::press()
 {
-    activate(true);
+    if (isEnabled())
+        activate(true);
 }
 
 void ShortcutItem::updateTitleSize()
@@ -169,7 +180,7 @@ QSize ShortcutItem::sizeHint() const
 {
     const QFontMetrics metrics = m_title->fontMetrics();
     const int usual = metrics.averageCharWidth() * kUsualTitleLength;
-    const int title = qMin(metrics.horizontalAdvance(m_info.name), usual) + kTitleReserve;
+    const int title = qMin(metrics.horizontalAdvance(shownTitle()), usual) + kTitleReserve;
     const QSize hint = zcc::widgets::SettingsItem::sizeHint();
     return QSize(hint.width() - m_title->sizeHint().width() + title, hint.height());
 }
@@ -186,7 +197,7 @@ void ShortcutItem::resizeEvent(QResizeEvent *event)
     const int width = titleWidth();
     QTimer::singleShot(0, this, [this, space, width] {
         if (space >= width)
-            m_title->setText(m_info.name);
+            m_title->setText(shownTitle());
         else
             updateTitleSize();
     });
@@ -200,17 +211,10 @@ void ShortcutItem::mouseReleaseEvent(QMouseEvent *event)
 
 void ShortcutItem::keyPressEvent(QKeyEvent *event)
 {
-    switch (event->key()) {
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Select:
-        if (!event->isAutoRepeat())
-            press();
-        break;
-    default:
+    if (!isClick(event))
         zcc::widgets::SettingsItem::keyPressEvent(event);
-    }
+    else if (!event->isAutoRepeat())
+        press();
 }
 
 void ShortcutItem::paintEvent(QPaintEvent *event)
@@ -233,12 +237,16 @@ void ShortcutItem::changeEvent(QEvent *event)
         fitPlaceholder();
 }
 
-// The row itself is a control only while its buttons are not.
+// The row itself is a control only while its buttons are not. They must not keep the focus when
+// they are hidden: Space would still work on them.
 void ShortcutItem::setEditMode(bool on)
 {
+    setFocusPolicy(on ? Qt::NoFocus : Qt::TabFocus);
+    const QWidget *focus = window()->focusWidget();
+    if (!on && (focus == m_editButton || focus == m_removeButton))
+        setFocus();
     m_removeButton->setVisible(on);
     m_editButton->setVisible(on);
-    setFocusPolicy(on ? Qt::NoFocus : Qt::TabFocus);
 }
 
 void ShortcutItem::showShortcut()
@@ -271,6 +279,12 @@ int ShortcutItem::titleSpace() const
 int ShortcutItem::titleWidth() const
 {
     return m_title->fontMetrics().horizontalAdvance(m_title->text());
+}
+
+// The title before it is elided.
+QString ShortcutItem::shownTitle() const
+{
+    return ShownText::cut(m_info.name, ShownText::longestTitle);
 }
 
 // A line edit asks for some width of its own; this one holds a known text.

@@ -21,8 +21,8 @@ class ZIconButton;
  * user wants, and the owner answers with setShortcut().
  *
  * A click on the caps asks for a new shortcut; Space or Return does the same while the row has the
- * keyboard focus. A receiver of a signal may call any function of the row, or delete it. GUI thread
- * only.
+ * keyboard focus. Of damaged or hostile texts only the beginning is shown; the signals carry them
+ * whole. A receiver of a signal may call any function of the row, or delete it. GUI thread only.
  */
 class ShortcutItem : public zcc::widgets::SettingsItem
 {
@@ -64,7 +64,7 @@ public:
 
     /**
      * Does what a click on the caps does: asks for a new shortcut, or gives up waiting for one. In
-     * edit mode it does nothing.
+     * edit mode, or while the row is disabled, it does nothing.
      */
     void press();
 
@@ -76,7 +76,7 @@ public:
     QSize minimumSizeHint() const override;
 
 public Q_SLOTS:
-    /** Enters or leaves edit mode. */
+    /** Enters or leaves edit mode. On leaving, the focus of one of the buttons goes to the row. */
     void onEditMode(bool on);
 
     /** Asks the owner, by requestRemove(), to remove this shortcut. */
@@ -105,12 +105,13 @@ private:
     void activate(bool onCaps);
     int titleSpace() const;
     int titleWidth() const;
+    QString shownTitle() const;
     void fitPlaceholder();
 
-    QLineEdit *m_shortcutEdit;
-    QLabel *m_title;
+    QLineEdit *m_shortcutEdit = nullptr;
+    QLabel *m_title = nullptr;
     ShortcutInfo m_info;
-    Ztk::Widget::ZIconButton *m_removeButton;
-    Ztk::Widget::ZIconButton *m_editButton;
-    ShortcutKey *m_key;
+    Ztk::Widget::ZIconButton *m_removeButton = nullptr;
+    Ztk::Widget::ZIconButton *m_editButton = nullptr;
+    ShortcutKey *m_key = nullptr;
 };

@@ -21,7 +21,7 @@ QAccessible::Role ShortcutItemAccessible::role() const
 QStringList ShortcutItemAccessible::actionNames() const
 {
     QStringList names = QAccessibleWidget::actionNames();
-    if (!row()->isInEditMode())
+    if (row()->isEnabled() && !row()->isInEditMode())
         names.prepend(pressAction());
     return names;
 }

@@ -6,7 +6,7 @@
 
 namespace {
 const int kSpacing = 5; // pixels
-const int kMostCaps = 1000;
+const int kMostCaps = 64;
 
 // Pixels. Wider than any shortcut that can be typed, narrow enough that damaged input does not blow
 // up the window around the row to a size that cannot be allocated.
@@ -35,8 +35,10 @@ void ShortcutKey::setTextList(const QStringList &keys)
     }
 
     QStringList shown;
-    const QStringList names = keys.mid(0, kMostCaps);
-    for (const QString &name : names) {
+    QStringList names = keys.mid(0, kMostCaps);
+    if (keys.size() > kMostCaps)
+        names.append(QString(QChar(0x2026)));
+    for (const QString &name : qAsConst(names)) {
         auto *cap = new KeyLabel(name);
         m_caps.append(cap);
         m_layout->addWidget(cap);

@@ -19,8 +19,8 @@ public:
 
     /**
      * Replaces the caps by one for each key name of @p keys, in this order. The old ones are
-     * deleted by the event loop. Of a list with more than 1000 names, which no keyboard can give,
-     * the rest is left out.
+     * deleted by the event loop. Of a list with more than 64 names, which no keyboard can give, the
+     * rest becomes one cap with "…".
      */
     void setTextList(const QStringList &keys);
 
@@ -31,6 +31,6 @@ protected:
 private:
     void setEnter(bool enter);
 
-    QHBoxLayout *m_layout;
+    QHBoxLayout *m_layout = nullptr;
     QList<KeyLabel *> m_caps; // in display order
 };

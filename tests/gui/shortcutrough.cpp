@@ -1,12 +1,34 @@
 #include "shortcutparts.h"
 
+#include "pages/showntext.h"
+
 #include <QElapsedTimer>
 #include <QVBoxLayout>
 
+#include <ctime>
+
 namespace {
 const int kLimitMs = 20000; // far more than any of this takes; a hang takes for ever
+const int kMegabyteCostsMs = 50;
 const int kMegabyte = 1024 * 1024;
 const int kWidestRow = 8000; // pixels: more cannot be shown, and must not be asked of a window
+const QChar kEllipsis(0x2026);
+
+/** Processor time of this process in milliseconds: what others do on the machine does not count. */
+qint64 processorTime()
+{
+    return std::clock() * 1000LL / CLOCKS_PER_SEC;
+}
+
+/** Lets the window take its size and draws it, at two sizes. */
+void showTwice(QWidget *window)
+{
+    for (int width : {500, 700}) {
+        window->resize(width, 80);
+        QCoreApplication::processEvents();
+        window->grab();
+    }
+}
 } // namespace
 
 /** Accelerators as damaged or hostile settings give them: nothing crashes, and the row stays
@@ -18,8 +40,10 @@ class ShortcutRough : public QObject
 private slots:
     void accelerator_data();
     void accelerator();
+    void title_data();
+    void title();
     void manyChanges();
-    void everyKeyOfHundreds();
+    void manyKeysAreCut();
 };
 
 void ShortcutRough::accelerator_data()
@@ -33,6 +57,8 @@ void ShortcutRough::accelerator_data()
     QTest::newRow("opened only") << QString(500, QLatin1Char('<'));
     QTest::newRow("closed only") << QString(500, QLatin1Char('>'));
     QTest::newRow("crossed") << QStringLiteral(">Control<>Alt<T<<>>");
+    QTest::newRow("as much as is shown") << QString(ShownText::longestShortcut, QLatin1Char('W'));
+    QTest::newRow("one more") << QString(ShownText::longestShortcut + 1, QLatin1Char('W'));
     QTest::newRow("never closed") << QStringLiteral("<Control<Alt<T");
     QTest::newRow("hundreds of keys") << QStringLiteral("<Control>").repeated(400) + 'T';
     QTest::newRow("control characters") << QStringLiteral("<Control>") + controls;
@@ -68,13 +94,20 @@ void ShortcutRough::accelerator()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
 
+    const qint64 start = processorTime();
     row->setShortcut(accels);
     QCoreApplication::processEvents();
     window.grab();
+    const qint64 cost = processorTime() - start;
+    QVERIFY2(cost < kMegabyteCostsMs, qPrintable(QString::number(cost)));
     QVERIFY2(window.minimumWidth() < kWidestRow, qPrintable(QString::number(window.width())));
 
     // It still does what a row does.
     const RowParts parts(*row);
+    QString shown = capTexts(parts.key).join(QString());
+    shown.remove(QStringLiteral("None")); // stands for no character
+    QVERIFY(shown.size() <= ShownText::longestShortcut);
+    QCOMPARE(shown.endsWith(kEllipsis), accels.size() > ShownText::longestShortcut);
     row->onEditMode(true);
     QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
     row->onEditMode(false);
@@ -93,6 +126,53 @@ void ShortcutRough::accelerator()
     QVERIFY2(clock.elapsed() < kLimitMs, qPrintable(QString::number(clock.elapsed())));
 }
 
+void ShortcutRough::title_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::newRow("as much as is shown") << QString(ShownText::longestTitle, QLatin1Char('W'));
+    QTest::newRow("one more") << QString(ShownText::longestTitle + 1, QLatin1Char('W'));
+    QTest::newRow("1 MB, one word") << QString(kMegabyte, QLatin1Char('W'));
+    QTest::newRow("1 MB of words") << QStringLiteral("word ").repeated(kMegabyte / 5);
+    QTest::newRow("1 MB of marks") << QString(kMegabyte, QChar(0x0301));
+    QTest::newRow("1 MB of syllables") << QStringLiteral("\u0f40\u0f71").repeated(kMegabyte / 2);
+}
+
+void ShortcutRough::title()
+{
+    QFETCH(QString, title);
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    auto *row = new ShortcutItem;
+    layout->addWidget(row);
+    row->setTitle(QStringLiteral("Title"));
+    row->setShortcut(QStringLiteral("F1"));
+    showTwice(&window);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+
+    const qint64 start = processorTime();
+    row->setTitle(title);
+    showTwice(&window);
+    row->setShortcut(QStringLiteral("<Control>F1"));
+    showTwice(&window);
+    const qint64 cost = processorTime() - start;
+    QVERIFY2(cost < kMegabyteCostsMs, qPrintable(QString::number(cost)));
+
+    // The row is too narrow for most; a wide one shows all that is ever shown.
+    window.setMinimumWidth(20000);
+    showTwice(&window);
+    const QString shown = ShownText::cut(title, ShownText::longestTitle);
+    QVERIFY(shown.size() <= ShownText::longestTitle);
+    QTRY_COMPARE(RowParts(*row).title->text(), shown);
+    QCOMPARE(row->accessibleName(), shown);
+
+    QString told;
+    connect(row, &ShortcutItem::requestRemove, row,
+            [&told](const ShortcutItem::ShortcutInfo &info) { told = info.name; });
+    row->onRemoveClick();
+    QVERIFY(told == title);
+}
+
 void ShortcutRough::manyChanges()
 {
     QWidget window;
@@ -108,14 +188,16 @@ void ShortcutRough::manyChanges()
     QTRY_COMPARE(key->findChildren<KeyLabel *>().size(), 2);
 }
 
-void ShortcutRough::everyKeyOfHundreds()
+void ShortcutRough::manyKeysAreCut()
 {
     ShortcutKey key(nullptr);
     QStringList names;
-    for (int i = 0; i < 900; ++i)
+    for (int i = 0; i < 64; ++i)
         names.append(QStringLiteral("F%1").arg(i));
     key.setTextList(names);
     QCOMPARE(capTexts(&key), names);
+    key.setTextList(names + names);
+    QCOMPARE(capTexts(&key), names + QStringList(QString(kEllipsis)));
 }
 
 QTEST_MAIN(ShortcutRough)

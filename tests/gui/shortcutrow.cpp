@@ -42,6 +42,13 @@ public:
         return QTest::qWaitForWindowExposed(this);
     }
 
+    bool showActive()
+    {
+        show();
+        activateWindow();
+        return QTest::qWaitForWindowActive(this);
+    }
+
     QPointer<ShortcutItem> row;
 
 private:
@@ -90,8 +97,15 @@ private slots:
     void clicksInEditMode();
     void buttonsSignal();
     void operableByKeyboard();
+    void onlyUnmodifiedKeysAreClicks_data();
+    void onlyUnmodifiedKeysAreClicks();
     void keyboardDoesNothingInEditMode();
+    void buttonsAreReachedInReadingOrder();
+    void endOfEditModeHandsTheFocusOver_data();
+    void endOfEditModeHandsTheFocusOver();
+    void endOfEditModeLeavesForeignFocus();
     void operableByAssistiveTechnology();
+    void disabledRowCannotBePressed();
     void acceptsReleaseItself();
     void titleStaysPlain();
     void titleThatFitsIsWhole();
@@ -345,9 +359,7 @@ void ShortcutRow::operableByKeyboard()
     RowWindow window;
     window.row->setTitle(QStringLiteral("Title"));
     window.row->setShortcut(kAccels);
-    QVERIFY(window.showAndWait());
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(window.showActive());
     const RowParts parts(*window.row);
     SignalLog log(window.row);
     QCOMPARE(window.row->accessibleName(), QStringLiteral("Title"));
@@ -371,6 +383,36 @@ void ShortcutRow::operableByKeyboard()
     QCOMPARE(parts.visible(), QStringLiteral("caps"));
 }
 
+void ShortcutRow::onlyUnmodifiedKeysAreClicks_data()
+{
+    QTest::addColumn<int>("modifier");
+    QTest::addColumn<QString>("visible");
+    QTest::newRow("none") << int(Qt::NoModifier) << "line";
+    QTest::newRow("Control") << int(Qt::ControlModifier) << "caps";
+    QTest::newRow("Alt") << int(Qt::AltModifier) << "caps";
+    QTest::newRow("Shift") << int(Qt::ShiftModifier) << "caps";
+    QTest::newRow("Meta") << int(Qt::MetaModifier) << "caps";
+    QTest::newRow("Control, on the keypad")
+        << int(Qt::ControlModifier | Qt::KeypadModifier) << "caps";
+    QTest::newRow("on the keypad")
+        << int(Qt::KeypadModifier) << "line"; // no modifier of the user's
+}
+
+void ShortcutRow::onlyUnmodifiedKeysAreClicks()
+{
+    QFETCH(int, modifier);
+    QFETCH(QString, visible);
+    for (int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Select}) {
+        RowWindow window;
+        window.row->setShortcut(kAccels);
+        QVERIFY(window.showAndWait());
+        QKeyEvent press(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifier));
+        QCoreApplication::sendEvent(window.row, &press);
+        QCOMPARE(RowParts(*window.row).visible(), visible);
+        QCOMPARE(press.isAccepted(), visible == QLatin1String("line")); // else it is someone else's
+    }
+}
+
 void ShortcutRow::keyboardDoesNothingInEditMode()
 {
     RowWindow window;
@@ -386,14 +428,99 @@ void ShortcutRow::keyboardDoesNothingInEditMode()
     QCOMPARE(window.row->focusPolicy(), Qt::TabFocus);
 }
 
+// From the title on, by Tab and in what is read aloud.
+void ShortcutRow::buttonsAreReachedInReadingOrder()
+{
+    RowWindow window;
+    window.row->setTitle(QStringLiteral("Title"));
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showActive());
+    window.row->onEditMode(true);
+    const RowParts parts(*window.row);
+    for (QWidget *button : {parts.edit, parts.remove}) {
+        QTest::keyClick(&window, Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), button);
+    }
+
+    QStringList read;
+    QAccessibleInterface *row = QAccessible::queryAccessibleInterface(window.row);
+    for (int i = 0; i < row->childCount(); ++i) {
+        if (!row->child(i)->state().invisible)
+            read.append(row->child(i)->text(QAccessible::Name));
+    }
+    QCOMPARE(read, QStringList({"Title", "Edit", "Remove"}));
+}
+
+void ShortcutRow::endOfEditModeHandsTheFocusOver_data()
+{
+    QTest::addColumn<QString>("part");
+    QTest::addColumn<bool>("byShortcut");
+    QTest::addColumn<bool>("active");
+    for (const char *part : {"edit", "remove"}) {
+        for (bool byShortcut : {false, true}) {
+            for (bool active : {false, true}) {
+                QTest::addRow("%s, %s, %s window", part, byShortcut ? "new shortcut" : "end",
+                              active ? "active" : "inactive")
+                    << part << byShortcut << active;
+            }
+        }
+    }
+}
+
+// On a button that is no longer seen, Space would still edit or remove the shortcut.
+void ShortcutRow::endOfEditModeHandsTheFocusOver()
+{
+    QFETCH(QString, part);
+    QFETCH(bool, byShortcut);
+    QFETCH(bool, active);
+    RowWindow window;
+    QLineEdit other(&window); // stands where the focus would go by itself
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showActive());
+    window.row->onEditMode(true);
+    window.row->findChild<QWidget *>(part)->setFocus();
+    QWidget otherWindow;
+    if (!active) {
+        otherWindow.show();
+        otherWindow.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&otherWindow));
+    }
+    SignalLog log(window.row);
+
+    if (byShortcut)
+        window.row->setShortcut(QStringLiteral("F1"));
+    else
+        window.row->onEditMode(false);
+    QCOMPARE(window.focusWidget(), static_cast<QWidget *>(window.row));
+
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(window.row->hasFocus());
+    QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+    QCOMPARE(RowParts(*window.row).visible(), QStringLiteral("line"));
+    QCOMPARE(log.lines.size(), 1);
+    QVERIFY(log.lines.first().startsWith(QLatin1String("update: ")));
+}
+
+void ShortcutRow::endOfEditModeLeavesForeignFocus()
+{
+    RowWindow window;
+    QLineEdit other(&window);
+    window.row->setShortcut(kAccels);
+    QVERIFY(window.showActive());
+    window.row->onEditMode(true);
+    RowParts(*window.row).edit->setFocus();
+    other.setFocus();
+    window.row->onEditMode(false);
+    QVERIFY(other.hasFocus());
+}
+
 void ShortcutRow::operableByAssistiveTechnology()
 {
     RowWindow window;
     window.row->setTitle(QStringLiteral("Title"));
     window.row->setShortcut(kAccels);
-    QVERIFY(window.showAndWait());
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(window.showActive());
     const RowParts parts(*window.row);
     SignalLog log(window.row);
     const QString press = QAccessibleActionInterface::pressAction();
@@ -424,6 +551,24 @@ void ShortcutRow::operableByAssistiveTechnology()
         QCOMPARE(accessible->role(), QAccessible::Button);
         QVERIFY(!accessible->text(QAccessible::Name).isEmpty());
     }
+}
+
+void ShortcutRow::disabledRowCannotBePressed()
+{
+    RowWindow window;
+    window.row->setShortcut(kAccels);
+    window.row->setEnabled(false);
+    QVERIFY(window.showAndWait());
+    SignalLog log(window.row);
+    const QString press = QAccessibleActionInterface::pressAction();
+    QAccessibleActionInterface *actions =
+        QAccessible::queryAccessibleInterface(window.row)->actionInterface();
+
+    QVERIFY(!actions->actionNames().contains(press));
+    actions->doAction(press);
+    window.row->press();
+    QCOMPARE(RowParts(*window.row).visible(), QStringLiteral("caps"));
+    QCOMPARE(log.lines, QStringList());
 }
 
 // The row takes the release; what stands behind it must not see it.
