@@ -6,8 +6,11 @@
 #include "sandbox/controlcenter/tour/tour.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QTextStream>
 #include <QTimer>
+
+#include <unistd.h>
 
 using namespace controlcenter;
 
@@ -17,22 +20,50 @@ namespace {
 enum ExitCode {
     TourFailed = 1,
     WrongUsage = 2,
-    NoModule = 3,
+    Unavailable = 3, ///< the module, the display or a file
 };
-
-/** True when every step was as expected. */
-bool goOnTour(ControlCenterWindow *window, const Options &options)
-{
-    TourSteps steps;
-    for (const QString &section : options.sections.isEmpty() ? tourSections() : options.sections)
-        steps += tourSection(section, window);
-    return Tour(window, options.tour).run(steps);
-}
 
 int complain(const QString &text, ExitCode code)
 {
     QTextStream(stderr) << "control-center: " << text << '\n';
     return code;
+}
+
+/** Instead of what Qt says when it finds no display, before it aborts. */
+void complainOfDisplay(QtMsgType type, const QMessageLogContext &, const QString &)
+{
+    if (type != QtFatalMsg)
+        return;
+    complain(QStringLiteral("There is no display: DISPLAY is \"%1\", WAYLAND_DISPLAY is \"%2\".")
+                 .arg(qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY")),
+             Unavailable);
+    _exit(Unavailable);
+}
+
+/** The file for messages; open when there is one. */
+QFile &logFile()
+{
+    static QFile file;
+    return file;
+}
+
+void writeToLog(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    logFile().write(qFormatLogMessage(type, context, text).toLocal8Bit() + '\n');
+    logFile().flush();
+}
+
+/** The exit code of a tour of @p window. */
+int goOnTour(ControlCenterWindow *window, const Options &options)
+{
+    TourSteps steps;
+    for (const QString &section : options.sections.isEmpty() ? tourSections() : options.sections)
+        steps += tourSection(section, window);
+    Tour tour(window, options.tour);
+    const QString problem = tour.prepareFolder(steps);
+    if (!problem.isEmpty())
+        return complain(problem, WrongUsage);
+    return tour.run(steps) ? 0 : TourFailed;
 }
 
 } // namespace
@@ -47,27 +78,40 @@ int main(int argc, char **argv)
         return complain(options.error, WrongUsage);
     for (const QString &section : options.sections) {
         if (!tourSections().contains(section))
-            return complain(QStringLiteral("The tour has no section \"%1\", but %2.")
-                                .arg(section, tourSections().join(QStringLiteral(", "))),
-                            WrongUsage);
+            return complain(noSuch(QStringLiteral("section"), section, tourSections()), WrongUsage);
     }
 
     prepareEnvironment(options);
     int qtArgumentCount = 1; // Qt would take --plugin for one of its own options
+    const QtMessageHandler usualHandler = qInstallMessageHandler(complainOfDisplay);
     QApplication application(qtArgumentCount, argv);
+    qInstallMessageHandler(usualHandler);
     QApplication::setApplicationName(QStringLiteral("control-center"));
     if (options.help) {
         QTextStream(stdout) << helpText();
         return 0;
     }
+    if (!options.log.isEmpty()) {
+        logFile().setFileName(options.log);
+        if (!logFile().open(QIODevice::WriteOnly | QIODevice::Append))
+            return complain(QStringLiteral("%1 cannot be written: %2")
+                                .arg(options.log, logFile().errorString()),
+                            Unavailable);
+        qInstallMessageHandler(writeToLog);
+    }
     dressApplication(options);
 
     const LoadedModule loaded = loadModule(options.plugin);
     if (!loaded.module)
-        return complain(loaded.error, NoModule);
+        return complain(loaded.error, Unavailable);
 
     ControlCenterWindow window(loaded.module);
+    if (!options.page.isEmpty() && !window.pageNames().contains(options.page))
+        return complain(noSuch(QStringLiteral("page"), options.page, window.pageNames()),
+                        WrongUsage);
     window.show();
+    if (options.tour.isEmpty())
+        QTextStream(stdout) << "open\n";
     // From inside the event loop: before it, nobody would hear that the application shall quit
     // while a page waits for its service.
     QTimer::singleShot(0, &window, [&window, &options] {
@@ -76,7 +120,7 @@ int main(int argc, char **argv)
         else
             window.openPage(options.page);
         if (!options.tour.isEmpty())
-            QCoreApplication::exit(goOnTour(&window, options) ? 0 : TourFailed);
+            QCoreApplication::exit(goOnTour(&window, options));
     });
     return QApplication::exec();
 }

@@ -5,6 +5,27 @@
 namespace controlcenter {
 namespace {
 
+/** The locales whose texts the module has. */
+const QStringList &locales()
+{
+    static const QStringList all = {QStringLiteral("zh_CN"), QStringLiteral("zh_HK"),
+                                    QStringLiteral("zh_TW"), QStringLiteral("bo_CN"),
+                                    QStringLiteral("ug_CN"), QStringLiteral("en_US"),
+                                    QStringLiteral("en_GB")};
+    return all;
+}
+
+/** What is wrong with the number @p value; empty when it lies between @p least and @p most. */
+QString outOfRange(const QString &what, double value, double least, double most)
+{
+    return value >= least && value <= most // and not "nan"
+               ? QString()
+               : QStringLiteral("The %1 must be a number from %2 to %3.")
+                     .arg(what)
+                     .arg(least)
+                     .arg(most);
+}
+
 /** The options of the command line, described once for parsing and for the help. */
 struct CommandLine
 {
@@ -13,9 +34,10 @@ struct CommandLine
     QCommandLineOption page{QStringLiteral("page"),
                             QStringLiteral("Open this page first, such as \"Speech to Text\"."),
                             QStringLiteral("name")};
-    QCommandLineOption locale{QStringLiteral("locale"),
-                              QStringLiteral("Language of the texts, such as zh_CN."),
-                              QStringLiteral("name")};
+    QCommandLineOption locale{
+        QStringLiteral("locale"),
+        QStringLiteral("Language of the texts: %1.").arg(locales().join(QStringLiteral(", "))),
+        QStringLiteral("name")};
     QCommandLineOption theme{QStringLiteral("theme"), QStringLiteral("\"light\" or \"dark\"."),
                              QStringLiteral("name"), QStringLiteral("light")};
     QCommandLineOption tour{QStringLiteral("tour"),
@@ -30,6 +52,10 @@ struct CommandLine
     QCommandLineOption fontSize{QStringLiteral("font-size"),
                                 QStringLiteral("Size of the texts in points, 6 to 40."),
                                 QStringLiteral("points")};
+    QCommandLineOption log{
+        QStringLiteral("log"),
+        QStringLiteral("Write the messages of Qt and the module to this file, and only them."),
+        QStringLiteral("file")};
     QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
                             QStringLiteral("Show this text.")};
 
@@ -37,7 +63,7 @@ struct CommandLine
     {
         parser.setApplicationDescription(
             QStringLiteral("A control center that runs the assistant's settings module."));
-        parser.addOptions({plugin, page, locale, theme, tour, section, scale, fontSize, help});
+        parser.addOptions({plugin, page, locale, theme, tour, section, scale, fontSize, log, help});
     }
 };
 
@@ -60,26 +86,36 @@ Options parseOptions(const QStringList &arguments)
     options.locale = parser.value(line.locale);
     options.tour = parser.value(line.tour);
     options.sections = parser.values(line.section);
+    options.log = parser.value(line.log);
 
+    const QStringList themes = {QStringLiteral("light"), QStringLiteral("dark")};
     const QString theme = parser.value(line.theme);
     options.dark = theme == QLatin1String("dark");
-    bool scaleIsNumber = false;
-    options.scale = parser.value(line.scale).toDouble(&scaleIsNumber);
-    const bool fontSizeGiven = parser.isSet(line.fontSize);
+    options.scale = parser.value(line.scale).toDouble();
     options.fontSize = parser.value(line.fontSize).toDouble();
 
     if (!parser.positionalArguments().isEmpty())
         options.error = QStringLiteral("Unexpected argument \"%1\".")
                             .arg(parser.positionalArguments().constFirst());
-    else if (!options.dark && theme != QLatin1String("light"))
-        options.error = QStringLiteral("Unknown theme \"%1\".").arg(theme);
-    else if (!scaleIsNumber || options.scale < 0.5 || options.scale > 4)
-        options.error = QStringLiteral("The scale must be a number from 0.5 to 4.");
-    else if (fontSizeGiven && !(options.fontSize >= 6 && options.fontSize <= 40))
-        options.error = QStringLiteral("The font size must be a number from 6 to 40.");
+    else if (!themes.contains(theme))
+        options.error = noSuch(QStringLiteral("theme"), theme, themes);
+    else if (parser.isSet(line.locale) && !locales().contains(options.locale))
+        options.error = noSuch(QStringLiteral("locale"), options.locale, locales());
+    else if (!options.sections.isEmpty() && options.tour.isEmpty())
+        options.error = QStringLiteral("--section is for a tour and needs --tour DIR");
     else if (options.plugin.isEmpty() && !options.help)
         options.error = QStringLiteral("Which module? Give its file with --plugin.");
+    if (options.error.isEmpty())
+        options.error = outOfRange(QStringLiteral("scale"), options.scale, 0.5, 4);
+    if (options.error.isEmpty() && parser.isSet(line.fontSize))
+        options.error = outOfRange(QStringLiteral("font size"), options.fontSize, 6, 40);
     return options;
+}
+
+QString noSuch(const QString &what, const QString &name, const QStringList &existing)
+{
+    return QStringLiteral("There is no %1 \"%2\", but %3.")
+        .arg(what, name, existing.join(QStringLiteral(", ")));
 }
 
 QString helpText()

@@ -12,6 +12,7 @@ struct Options
     QString page;         ///< untranslated page to open first; empty: the module's first
     QString locale;       ///< such as "zh_CN"; empty: the environment's
     QString tour;         ///< folder for the tour's pictures; empty: no tour
+    QString log;          ///< file for the messages of Qt and the module; empty: standard error
     QStringList sections; ///< of the tour; empty: all of them
     double fontSize = 0;  ///< points; 0: the desktop's
     double scale = 1;     ///< picture pixels per window pixel
@@ -22,6 +23,9 @@ struct Options
 
 /** Reads @p arguments, the program's name first. Needs no application object. */
 Options parseOptions(const QStringList &arguments);
+
+/** Says that there is no @p what called @p name, and what there is instead. */
+QString noSuch(const QString &what, const QString &name, const QStringList &existing);
 
 /** The text of --help. Needs an application object. */
 QString helpText();

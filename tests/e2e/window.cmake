@@ -10,6 +10,7 @@ target_compile_definitions(windowprogram
         WINDOW_PROGRAM="$<TARGET_FILE:control-center>"
     PUBLIC
         MODULE_FILE="$<TARGET_FILE:assistant-control-plugin>"
+        RUN_SCRIPT="${PROJECT_SOURCE_DIR}/scripts/run"
         WITH_TRANSLATIONS="${PROJECT_SOURCE_DIR}/sandbox/with-translations")
 add_dependencies(windowprogram control-center assistant-control-plugin translations)
 

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QImage>
 #include <QLibraryInfo>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -23,12 +24,14 @@ private Q_SLOTS:
     void eachPageLooksDifferentInTheTwoThemes();
     void picturesScale();
     void onlyPicturesOfAnEarlierTourAreRemoved();
+    void aForeignFileIsNotOverwritten();
     void theWindowMirrorsInUyghur();
     void largeTextsKeepEverythingReachable();
     void aMissingServiceFailsTheTour();
     void aServiceThatIgnoresAWriteFailsTheTour();
     void wrongUsageIsRefused_data();
     void wrongUsageIsRefused();
+    void aMissingDisplayIsNamed();
     void aFileThatIsNoModuleIsRefused_data();
     void aFileThatIsNoModuleIsRefused();
 
@@ -123,15 +126,45 @@ void WindowTour::picturesScale()
 void WindowTour::onlyPicturesOfAnEarlierTourAreRemoved()
 {
     const QTemporaryDir folder;
-    for (const char *name : {"01-old.png", "123-old.png", "holiday.png", "01-notes.txt"}) {
+    const auto write = [&folder](const char *name) {
         QFile file(folder.filePath(QLatin1String(name)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
+        return file.open(QIODevice::WriteOnly) && file.write("mine") == 4;
+    };
+    const char *const mine[] = {"07-my-cat.png", "2024-holiday.png", "holiday.png", "01-notes.txt"};
+    for (const char *name : mine)
+        QVERIFY(write(name));
+    QCOMPARE(runTour(folder.path(), {QStringLiteral("--section=pages")}).exitCode, 0);
+    QVERIFY(QFile::exists(folder.filePath(QStringLiteral("01-desktop-ai-assistant-light.png"))));
+    QVERIFY(write("02-desktop-ai-assistant-dark.png")); // no longer what the tour has written
+
     QCOMPARE(runTour(folder.path(), {QStringLiteral("--section=search")}).exitCode, 0);
-    QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("01-old.png"))));
-    QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("123-old.png"))));
-    QVERIFY(QFile::exists(folder.filePath(QStringLiteral("holiday.png"))));
-    QVERIFY(QFile::exists(folder.filePath(QStringLiteral("01-notes.txt"))));
+    const QStringList left = QDir(folder.path()).entryList(QDir::Files);
+    const QStringList expected = {QStringLiteral("01-notes.txt"),
+                                  QStringLiteral("01-search.png"),
+                                  QStringLiteral("02-desktop-ai-assistant-dark.png"),
+                                  QStringLiteral("02-search-opened.png"),
+                                  QStringLiteral("03-search-setting.png"),
+                                  QStringLiteral("07-my-cat.png"),
+                                  QStringLiteral("2024-holiday.png"),
+                                  QStringLiteral("holiday.png")};
+    QCOMPARE(left, expected);
+}
+
+void WindowTour::aForeignFileIsNotOverwritten()
+{
+    const QTemporaryDir folder;
+    QCOMPARE(runTour(folder.path(), {QStringLiteral("--section=search")}).exitCode, 0);
+    QFile foreign(folder.filePath(QStringLiteral("03-speech-to-text-light.png")));
+    QVERIFY(foreign.open(QIODevice::WriteOnly) && foreign.write("mine") == 4);
+    foreign.close();
+    const QStringList before = QDir(folder.path()).entryList(QDir::Files);
+
+    const WindowRun run = runTour(folder.path(), {QStringLiteral("--section=pages")});
+    QCOMPARE(run.exitCode, 2);
+    QVERIFY2(run.messages.contains(foreign.fileName()), qPrintable(run.messages));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), before);
+    QVERIFY(foreign.open(QIODevice::ReadOnly));
+    QCOMPARE(foreign.readAll(), QByteArray("mine"));
 }
 
 void WindowTour::theWindowMirrorsInUyghur()
@@ -183,35 +216,67 @@ void WindowTour::wrongUsageIsRefused_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("message");
 
-    const QString plugin = QStringLiteral("--plugin=" MODULE_FILE);
-    QTest::newRow("no plugin") << QStringList{} << QStringLiteral("--plugin");
     QTest::newRow("unknown option")
-        << QStringList{plugin, QStringLiteral("--colour")} << QStringLiteral("colour");
-    QTest::newRow("unknown theme")
-        << QStringList{plugin, QStringLiteral("--theme"), QStringLiteral("pink")}
-        << QStringLiteral("pink");
-    QTest::newRow("scale is a word")
-        << QStringList{plugin, QStringLiteral("--scale"), QStringLiteral("big")}
-        << QStringLiteral("scale");
-    QTest::newRow("scale out of range")
-        << QStringList{plugin, QStringLiteral("--scale"), QStringLiteral("0")}
-        << QStringLiteral("scale");
-    QTest::newRow("font size is a word")
-        << QStringList{plugin, QStringLiteral("--font-size"), QStringLiteral("big")}
-        << QStringLiteral("font size");
-    QTest::newRow("unknown section")
-        << QStringList{plugin, QStringLiteral("--tour"), QStringLiteral("x"),
-                       QStringLiteral("--section"), QStringLiteral("cellar")}
-        << QStringLiteral("cellar");
+        << QStringList{QStringLiteral("--colour")} << QStringLiteral("colour");
+    const auto refused = [](const char *row, const QStringList &arguments, const char *message) {
+        QTest::newRow(row) << arguments << QString::fromLatin1(message);
+    };
+    refused("unknown theme", {QStringLiteral("--theme"), QStringLiteral("pink")},
+            "There is no theme \"pink\", but light, dark.");
+    refused("unknown locale", {QStringLiteral("--locale"), QStringLiteral("xx_YY")},
+            "There is no locale \"xx_YY\", but zh_CN, zh_HK, zh_TW, bo_CN, ug_CN, en_US, en_GB.");
+    refused("unknown page", {QStringLiteral("--page"), QStringLiteral("Foo")},
+            "There is no page \"Foo\", but Desktop AI Assistant, Text to Speech, Speech to Text, "
+            "Translation.");
+    refused("scale is a word", {QStringLiteral("--scale"), QStringLiteral("big")},
+            "The scale must be a number from 0.5 to 4.");
+    refused("scale is no number", {QStringLiteral("--scale"), QStringLiteral("nan")},
+            "The scale must be a number from 0.5 to 4.");
+    refused("scale out of range", {QStringLiteral("--scale"), QStringLiteral("0")},
+            "The scale must be a number from 0.5 to 4.");
+    refused("font size is a word", {QStringLiteral("--font-size"), QStringLiteral("big")},
+            "The font size must be a number from 6 to 40.");
+    refused("font size out of range", {QStringLiteral("--font-size"), QStringLiteral("99")},
+            "The font size must be a number from 6 to 40.");
+    refused("section without a tour", {QStringLiteral("--section"), QStringLiteral("pages")},
+            "--section is for a tour and needs --tour DIR");
+    refused(
+        "unknown section",
+        {QStringLiteral("--tour"), m_pictures.path(), QStringLiteral("--section"),
+         QStringLiteral("cellar")},
+        "There is no section \"cellar\", but pages, icons, search, switches, choices, shortcuts, "
+        "services, keyboard, voice.");
 }
 
+/** By the script too, which refuses it before it builds the window. */
 void WindowTour::wrongUsageIsRefused()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, message);
-    const WindowRun result = runWindow(arguments);
-    QCOMPARE(result.exitCode, 2);
-    QVERIFY2(result.messages.contains(message), qPrintable(result.messages));
+    const WindowRun window =
+        runWindow(QStringList{QStringLiteral("--plugin"), QStringLiteral(MODULE_FILE)} + arguments);
+    QCOMPARE(window.exitCode, 2);
+    QVERIFY2(window.messages.contains(message), qPrintable(window.messages));
+
+    QProcess script;
+    script.start(QStringLiteral(RUN_SCRIPT), arguments);
+    QVERIFY(script.waitForFinished());
+    QCOMPARE(script.exitCode(), 2);
+    const QString said = QString::fromUtf8(script.readAllStandardError());
+    QVERIFY2(said.contains(message), qPrintable(said));
+}
+
+void WindowTour::aMissingDisplayIsNamed()
+{
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    qputenv("DISPLAY", ":987");
+    const WindowRun run = runWindow({QStringLiteral("--plugin"), QStringLiteral(MODULE_FILE)});
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qunsetenv("DISPLAY");
+    QCOMPARE(run.exitCode, 3);
+    QCOMPARE(run.messages,
+             QStringLiteral("control-center: There is no display: DISPLAY is \":987\", "
+                            "WAYLAND_DISPLAY is \"\".\n"));
 }
 
 void WindowTour::aFileThatIsNoModuleIsRefused_data()

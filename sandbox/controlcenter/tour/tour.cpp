@@ -2,10 +2,36 @@
 
 #include "sandbox/controlcenter/controlcenterwindow.h"
 
-#include <QRegularExpression>
+#include <QBuffer>
+#include <QCryptographicHash>
+#include <QSaveFile>
 #include <QTextStream>
 
 namespace controlcenter {
+namespace {
+
+/** The list of the pictures, as sha256sum writes and checks it. */
+const QLatin1String listName(".assistant-tour");
+
+QByteArray checksum(const QByteArray &bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+}
+
+/** The names of the pictures of @p steps, in their order; empty for a step without a picture. */
+QStringList pictureNames(const TourSteps &steps)
+{
+    QStringList names;
+    int number = 0;
+    for (const TourStep &step : steps)
+        names.append(step.picture.isEmpty() ? QString()
+                                            : QStringLiteral("%1-%2.png")
+                                                  .arg(++number, 2, 10, QLatin1Char('0'))
+                                                  .arg(step.picture));
+    return names;
+}
+
+} // namespace
 
 Tour::Tour(ControlCenterWindow *window, const QString &folder)
     : m_driver(window)
@@ -13,14 +39,31 @@ Tour::Tour(ControlCenterWindow *window, const QString &folder)
 {
 }
 
+QString Tour::prepareFolder(const TourSteps &steps)
+{
+    if (!m_folder.mkpath(QStringLiteral(".")))
+        return QStringLiteral("The folder %1 cannot be made.").arg(m_folder.path());
+
+    const QStringList own = ownPictures();
+    for (const QString &name : pictureNames(steps)) {
+        const QFileInfo file(m_folder.filePath(name));
+        if (!name.isEmpty() && !own.contains(name) && (file.exists() || file.isSymLink()))
+            return QStringLiteral(
+                       "%1 is no picture that a tour has written, and would be lost; name "
+                       "another folder.")
+                .arg(file.filePath());
+    }
+    for (const QString &name : own)
+        m_folder.remove(name);
+    QFile list(m_folder.filePath(listName));
+    if (!list.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return QStringLiteral("%1 cannot be written: %2.").arg(list.fileName(), list.errorString());
+    return QString();
+}
+
 bool Tour::run(const TourSteps &steps)
 {
     QTextStream out(stdout);
-    if (!m_folder.mkpath(QStringLiteral("."))) {
-        out << "FAIL  the folder " << m_folder.path() << " cannot be made" << '\n';
-        return false;
-    }
-    removeOldPictures();
     m_driver.window()->activateWindow();
     if (!m_driver.waitFor([this] { return m_driver.window()->isActiveWindow(); })) {
         out << "FAIL  the window does not become active" << '\n';
@@ -29,12 +72,11 @@ bool Tour::run(const TourSteps &steps)
 
     int failures = 0;
     int pictures = 0;
-    for (const TourStep &step : steps) {
-        QString file;
-        if (!step.picture.isEmpty())
-            file = QStringLiteral("%1-%2.png")
-                       .arg(++pictures, 2, 10, QLatin1Char('0'))
-                       .arg(step.picture);
+    const QStringList files = pictureNames(steps);
+    for (int i = 0; i < steps.size(); ++i) {
+        const TourStep &step = steps.at(i);
+        const QString &file = files.at(i);
+        pictures += file.isEmpty() ? 0 : 1;
         const QString problem = runStep(step, file);
         out << (problem.isEmpty() ? "ok    " : "FAIL  ") << step.title;
         if (!file.isEmpty())
@@ -50,13 +92,22 @@ bool Tour::run(const TourSteps &steps)
     return failures == 0;
 }
 
-void Tour::removeOldPictures()
+QStringList Tour::ownPictures() const
 {
-    const QRegularExpression ours(QStringLiteral("^\\d{2,}-.*\\.png$"));
-    for (const QString &file : m_folder.entryList(QDir::Files)) {
-        if (ours.match(file).hasMatch())
-            m_folder.remove(file);
+    QStringList names;
+    QFile list(m_folder.filePath(listName));
+    if (!list.open(QIODevice::ReadOnly))
+        return names;
+    for (const QByteArray &line : list.readAll().split('\n')) {
+        const int blanks = line.indexOf("  ");
+        const QString name = QString::fromUtf8(line.mid(blanks + 2));
+        const QFileInfo info(m_folder.filePath(name));
+        QFile file(info.filePath());
+        if (blanks > 0 && info.fileName() == name && !info.isSymLink() &&
+            file.open(QIODevice::ReadOnly) && checksum(file.readAll()) == line.left(blanks))
+            names.append(name);
     }
+    return names;
 }
 
 QString Tour::runStep(const TourStep &step, const QString &file)
@@ -72,9 +123,18 @@ QString Tour::runStep(const TourStep &step, const QString &file)
 
 QString Tour::savePicture(const QString &file)
 {
-    const QString path = m_folder.filePath(file);
-    return m_driver.grab().save(path) ? QString()
-                                      : QStringLiteral("%1 cannot be written").arg(path);
+    QByteArray picture;
+    QBuffer buffer(&picture);
+    m_driver.grab().save(&buffer, "png");
+
+    // Listed first: a picture that is not in the list could never be replaced.
+    QFile list(m_folder.filePath(listName));
+    QSaveFile target(m_folder.filePath(file));
+    const bool written = list.open(QIODevice::Append) &&
+                         list.write(checksum(picture) + "  " + file.toUtf8() + '\n') > 0 &&
+                         list.flush() && target.open(QIODevice::WriteOnly) &&
+                         target.write(picture) == picture.size() && target.commit();
+    return written ? QString() : QStringLiteral("%1 cannot be written").arg(target.fileName());
 }
 
 } // namespace controlcenter

@@ -11,17 +11,22 @@ namespace controlcenter {
 class Tour
 {
 public:
-    /**
-     * Pictures go to @p folder, which is made when it is missing; those of an earlier tour are
-     * removed.
-     */
+    /** Pictures go to @p folder. */
     Tour(ControlCenterWindow *window, const QString &folder);
+
+    /**
+     * Makes the folder and removes the pictures of an earlier tour. They are listed in a file of
+     * the folder with their checksums: what is not, or is no longer what a tour has written, stays.
+     * Returns what stands in the way of a tour with @p steps, in words, and touches nothing then.
+     */
+    QString prepareFolder(const TourSteps &steps);
 
     /** True when every step was as expected and every picture could be written. */
     bool run(const TourSteps &steps);
 
 private:
-    void removeOldPictures();
+    /** The pictures in the folder that a tour has written. */
+    QStringList ownPictures() const;
 
     /** What was not as expected; empty when all was well. @p file is the picture, or empty. */
     QString runStep(const TourStep &step, const QString &file);
