@@ -17,7 +17,8 @@ packages_test="
     at-spi2-core python3-pyatspi openbox xauth xdotool xvfb
     clang-format shellcheck"
 
-# Installs what is missing of the packages in the named lists ("build", "run", "test").
+# Installs what is missing of the packages in the named lists ("build", "run", "test"). Fails with 3 when
+# they cannot be had.
 install_packages() {
     local wanted="" list package missing=()
     for list in "$@"; do
@@ -35,13 +36,19 @@ install_packages() {
         if ! command -v sudo >/dev/null; then
             echo "Missing packages: ${missing[*]}" >&2
             echo "Install them as root, or install sudo: apt-get install ${missing[*]}" >&2
-            return 1
+            return 3
         fi
-        as_root=(sudo)
+        # Only from the terminal can an ordinary user end what runs as root.
+        as_root=(env --default-signal=INT sudo)
     fi
     echo "Installing ${missing[*]}"
-    # An old package list names files that are gone; a fresh machine has none at all.
-    "${as_root[@]}" apt-get -qq update
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get -qq install -y --no-install-recommends "${missing[@]}" >/dev/null
+    # An installation that was interrupted must be finished first. An old package list names files that
+    # are gone; a fresh machine has none at all.
+    if ! { "${as_root[@]}" dpkg --configure -a >/dev/null &&
+        "${as_root[@]}" apt-get -qq update &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get -qq install -y --no-install-recommends "${missing[@]}" >/dev/null; }; then
+        echo "These packages could not be installed: ${missing[*]}" >&2
+        return 3
+    fi
 }

@@ -14,7 +14,8 @@ start_process() {
 start_shown_process() {
     local name=$1
     shift
-    "$@" 2>"$work/$name.log" </dev/null &
+    # It goes when this shell goes, even if that is killed, and does not hear Ctrl+C in a terminal.
+    setpriv --pdeathsig TERM setsid "$@" 2>"$work/$name.log" </dev/null &
     started_pid=$!
     process_names[$started_pid]=$name
 }
@@ -34,21 +35,7 @@ wait_for_line() {
 
 # show_messages FILE...: shows what stands in the files, and what is added to them.
 show_messages() {
-    tail -q -n +1 -f "$@" &
-    process_names[$!]=messages
-}
-
-# end_processes: ends everything that was started, the latest first, and waits for it. Who does not end
-# within five seconds is killed.
-end_processes() {
-    local pid
-    for pid in $(printf '%s\n' "${!process_names[@]}" | sort -rn); do
-        kill "$pid" 2>/dev/null || true
-        kill -CONT "$pid" 2>/dev/null || true # a stopped one could not end
-        timeout 5 tail -s 0.05 -f /dev/null --pid="$pid" || kill -KILL "$pid" 2>/dev/null || true
-        wait "$pid" 2>/dev/null || true
-        unset "process_names[$pid]"
-    done
+    start_shown_process messages tail -q -n +1 -f "$@"
 }
 
 # run_to_end PID: waits for the process PID and returns its status. Says so, and fails, when another

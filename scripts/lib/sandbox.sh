@@ -40,18 +40,41 @@ set_offline() {
 # start_microphone KIND: KIND as on the command line, or empty for the default. SANDBOX_MICROPHONE is the
 # folder of the microphone, see sandbox/microphone/start; the tour changes the kind in it.
 start_microphone() {
+    local ready kind name
     export SANDBOX_MICROPHONE=$work/microphone
     start_process microphone "$project_dir/sandbox/microphone/start" "${1:-auto}" \
         "$SANDBOX_MICROPHONE"
-    wait_for_line '^ready' >/dev/null
+    ready=$(wait_for_line '^ready')
     . "$SANDBOX_MICROPHONE/environment"
+
+    read -r _ kind name <<<"$ready"
+    case $kind in
+    real) echo "Microphone: the machine's own, ${name:-but its sound server names none}" ;;
+    none) echo "Microphone: none" ;;
+    *) echo "Microphone: a virtual one, of the kind \"$kind\" (--microphone)" ;;
+    esac
 }
 
-# start_window ARGUMENT...: the control-center window with the built module.
+# start_window ARGUMENT...: the control-center window with the built module. It says "open" when it is.
 start_window() {
+    local start=start_process
+    [[ -z $tour ]] || start=start_shown_process # tells of its steps
     export TRANSLATIONS_DIR=$sandbox_build/translations
     "$project_dir/sandbox/with-translations" true # says on the terminal when it cannot do its work
-    start_shown_process control-center "$project_dir/sandbox/with-translations" \
+    "$start" control-center "$project_dir/sandbox/with-translations" \
         "$sandbox_build/sandbox/controlcenter/control-center" \
         --plugin "$sandbox_build/libassistant-control-plugin.so" "$@"
+}
+
+# What there is now, and what can be done with it.
+say_what_is_open() {
+    cat <<END
+The control center is open. Closing it, or Ctrl+C here, ends everything.
+To steer a service, in another terminal:
+
+    export DBUS_SESSION_BUS_ADDRESS=$(printf %q "$DBUS_SESSION_BUS_ADDRESS") DBUS_SYSTEM_BUS_ADDRESS=$(printf %q "$DBUS_SYSTEM_BUS_ADDRESS")
+    $(printf %q "$sandbox_build/sandbox/services/sandbox-control") dock set hidden true
+
+What changes in the services:
+END
 }

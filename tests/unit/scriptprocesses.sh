@@ -5,7 +5,10 @@ set -uo pipefail
 project_dir=$1
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+. "$project_dir/scripts/lib/supervise.sh"
 . "$project_dir/scripts/lib/processes.sh"
+mark=scriptprocesses.$$
+export SANDBOX_MARK=$mark # of all that is started here
 
 failures=0
 expect() { # expect WHAT COMMAND...
@@ -19,8 +22,8 @@ expect() { # expect WHAT COMMAND...
     fi
 }
 fails() { ! "$@"; }
+lives() { grep -q '^State:[[:space:]][^Z]' "/proc/$1/status" 2>/dev/null; }
 equals() { [[ $1 == "$2" ]] || { echo "      '$1' is not '$2'" && false; }; }
-is_running() { kill -0 "$1" 2>/dev/null; }
 
 start_process talker sh -c 'echo hello; echo "ready at 7"; echo trouble >&2; exec sleep 100'
 talker=$started_pid
@@ -50,13 +53,46 @@ expect "with what it said" grep -q "I am lost" "$work/said"
 start_process stubborn sh -c 'trap "" TERM; echo ready; while :; do sleep 1; done'
 stubborn=$started_pid
 expect "a process that ignores the signal starts" wait_for_line ready
-start_process stopped sleep 100
+start_process parent sh -c 'setsid sleep 100 & echo $!; exec sleep 100'
+orphan=$(wait_for_line .)
+kill -KILL "$started_pid"
+start_process stopped sh -c 'echo ready; exec sleep 100'
 stopped=$started_pid
+expect "another starts" wait_for_line ready
 kill -STOP "$stopped"
-end_processes
-for pid in "$talker" "$stubborn" "$stopped"; do
-    expect "process $pid has ended" fails is_running "$pid"
+unset SANDBOX_MARK # or what looks for the others would find itself
+end_processes "$mark"
+for pid in "$talker" "$stubborn" "$orphan" "$stopped"; do
+    expect "process $pid has ended" fails lives "$pid"
 done
-expect "nothing is left on the list" equals ${#process_names[@]} 0
+
+# What becomes of a command and its folder. It says what it was given.
+cat >"$work/command" <<'END'
+#!/bin/bash
+. "$3/scripts/lib/processes.sh"
+work=$2
+echo "$PPID $1 $TMPDIR $2"
+start_process child sleep 100
+echo "$started_pid"
+exit "$4"
+END
+chmod +x "$work/command"
+mkdir "$work/temporary files"
+supervised() { # supervised ARGUMENT: prints what the command says
+    TMPDIR="$work/temporary files" bash -c '. "$1/scripts/lib/supervise.sh"; supervise "$2" "$1" "$3"' \
+        bash "$project_dir" "$work/command" "$1"
+}
+for status in 0 2; do
+    supervised "$status" >"$work/said"
+    expect "the command's status is passed on" equals $? "$status"
+    read -r parent told temporary folder <<<"$(sed 's/temporary files/temporary_files/g' "$work/said")"
+    expect "it knows its parent" equals "$parent" "$told"
+    expect "it has a folder" equals "$temporary" "$folder"
+    expect "which is gone" equals "$(ls "$work/temporary files")" ""
+    expect "its child has ended" fails lives "$(tail -n 1 "$work/said")"
+done
+supervised 1 >"$work/said" 2>&1
+expect "a failure leaves what the programs said" \
+    grep -qF "What every program said: $(realpath "$work")/temporary files/" "$work/said"
 
 exit $((failures > 0))

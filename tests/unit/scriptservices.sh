@@ -7,6 +7,7 @@ project_dir=$(mktemp -d)
 work=$project_dir/work
 trap 'rm -rf "$project_dir"' EXIT
 mkdir "$work"
+. "$1/scripts/lib/supervise.sh"
 . "$1/scripts/lib/processes.sh"
 . "$1/scripts/lib/sandbox.sh"
 
@@ -18,10 +19,13 @@ for name in control dock keybinding script; do
     chmod +x "$built/sandbox-$name"
 done
 
+mark=scriptservices.$$
+export SANDBOX_MARK=$mark
 status=0
 start_services || status=$?
 started=$(printf '%s\n' "${process_names[@]}" | sort | xargs)
-end_processes
+unset SANDBOX_MARK # or what looks for the others would find itself
+end_processes "$mark"
 
 if ((status)) || [[ $started != "sandbox-dock sandbox-keybinding" ]]; then
     echo "FAIL  status $status, started: $started"

@@ -58,7 +58,9 @@ int runVerb(const sandbox::Verb &verb, const QString &service, const QStringList
     sandbox::ServiceLink link(service);
     if (!link.isFound()) {
         return fail(NoSuchService,
-                    QStringLiteral("no service \"%1\" runs on these buses").arg(service));
+                    QStringLiteral("no service \"%1\" runs on these buses; scripts/run says which "
+                                   "are the sandbox's")
+                        .arg(service));
     }
     const sandbox::VerbResult result = verb.run(link, words);
     if (!result.problem.isEmpty()) {

@@ -1,0 +1,13 @@
+# scripts/run builds and runs build/dev: from another build it would test, and build, what is not its own.
+if(PROJECT_BINARY_DIR STREQUAL "${PROJECT_SOURCE_DIR}/build/dev")
+    add_test(NAME e2e.firstcommand
+        COMMAND "${CMAKE_CURRENT_SOURCE_DIR}/firstcommand" "${PROJECT_SOURCE_DIR}")
+    set_tests_properties(e2e.firstcommand PROPERTIES TIMEOUT 120)
+    add_test(NAME e2e.scriptinterrupts
+        COMMAND /usr/bin/python3 -B "${CMAKE_CURRENT_SOURCE_DIR}/scriptinterrupts.py"
+            "${PROJECT_SOURCE_DIR}")
+    set_tests_properties(e2e.scriptinterrupts PROPERTIES TIMEOUT 600)
+    set_tests_properties(e2e.firstcommand e2e.scriptinterrupts PROPERTIES
+        LABELS "e2e;realtime"
+        RUN_SERIAL TRUE)
+endif()
