@@ -3,6 +3,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLinearGradient>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
@@ -30,6 +31,7 @@ VoiceAnimationWidget::VoiceAnimationWidget(QWidget *parent)
     : QWidget(parent)
 {
     setFocusPolicy(Qt::TabFocus);
+    hide(); // also from a parent that is shown: only startPaint() shows it
     connect(&m_frameTimer, &QTimer::timeout, this, &VoiceAnimationWidget::advanceLevel);
 }
 
@@ -48,6 +50,8 @@ void VoiceAnimationWidget::stopPaint()
     m_phase2 = 0.0;
     m_phase3 = 0.0;
     m_level.reset();
+    m_pressed = false;
+    m_foreignButton = Qt::NoButton;
     update();
     hide();
 }
@@ -140,9 +144,25 @@ void VoiceAnimationWidget::paintEvent(QPaintEvent *)
     }
 }
 
-void VoiceAnimationWidget::mouseReleaseEvent(QMouseEvent *)
+void VoiceAnimationWidget::mousePressEvent(QMouseEvent *)
 {
-    requestStop();
+    m_pressed = true;
+    m_foreignButton = Qt::NoButton;
+}
+
+void VoiceAnimationWidget::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    // Without a first click here, that was on what stood here before: a link that starts a test.
+    if (!m_pressed)
+        m_foreignButton = event->button();
+}
+
+void VoiceAnimationWidget::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == m_foreignButton)
+        m_foreignButton = Qt::NoButton;
+    else
+        requestStop();
 }
 
 void VoiceAnimationWidget::resizeEvent(QResizeEvent *)

@@ -7,11 +7,12 @@
 
 /**
  * The moving picture of a voice test: three translucent waves that rise from the bottom edge and
- * swell with the microphone's level. A click on it, Space or Escape asks to end the test.
+ * swell with the microphone's level. A click on it, Space or Escape asks to end the test; the
+ * second click of a double click that began on another widget does not.
  *
- * Its owner shows and hides it by startPaint() and stopPaint(), and sets its accessible name. The
- * waves move by one step with every frame that is painted, their level with every tick of the
- * timer.
+ * Hidden at first. Its owner shows and hides it by startPaint() and stopPaint(), and sets its
+ * accessible name. The waves move by one step with every frame that is painted, their level with
+ * every tick of the timer.
  */
 class VoiceAnimationWidget : public QWidget
 {
@@ -41,6 +42,8 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -56,5 +59,7 @@ private:
     double m_phase3 = 0.0;
     WaveLevel m_level;
     bool m_painting = false;
-    bool m_keyboardFocus = false; // the focus came by keyboard, so it is shown
+    bool m_pressed = false;                         // since it is shown
+    Qt::MouseButton m_foreignButton = Qt::NoButton; // held from a double click that began elsewhere
+    bool m_keyboardFocus = false;                   // the focus came by keyboard, so it is shown
 };

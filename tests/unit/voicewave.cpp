@@ -47,6 +47,13 @@ bool isTransparent(const QImage &image)
     return true;
 }
 
+void send(VoiceAnimationWidget &wave, QEvent::Type type, Qt::MouseButton button = Qt::LeftButton)
+{
+    QMouseEvent event(type, QPointF(5, 5), button,
+                      type == QEvent::MouseButtonRelease ? Qt::NoButton : button, Qt::NoModifier);
+    QApplication::sendEvent(&wave, &event);
+}
+
 // The level that the widget draws: wave 1 at the middle and a quarter to the right has sines of
 // opposite sign, so that their sum knows no phase. Levels move by whole numbers; the digits beyond
 // are those of the short circle numbers.
@@ -124,6 +131,9 @@ private Q_SLOTS:
 
     void clickAsksOnce();
     void clickOnAHiddenWave();
+    void clickBeforeTheStart();
+    void secondClickOfADoubleClickThatBeganElsewhere();
+    void doubleClickOnTheWave();
     void keysAsk_data();
     void keysAsk();
     void otherKeysPass();
@@ -456,21 +466,76 @@ void VoiceWaveTest::clickOnAHiddenWave()
     VoiceAnimationWidget wave(&parent);
     wave.resize(200, 100);
     QSignalSpy asked(&wave, &VoiceAnimationWidget::signalStopPaint);
-    const auto release = [&wave] {
-        QMouseEvent event(QEvent::MouseButtonRelease, QPointF(5, 5), Qt::LeftButton, Qt::NoButton,
-                          Qt::NoModifier);
-        QApplication::sendEvent(&wave, &event);
-    };
     wave.stopPaint();
-    release();
+    send(wave, QEvent::MouseButtonRelease);
     QCOMPARE(asked.count(), 0);
     wave.startPaint();
     QVERIFY(!wave.isVisible());
-    release();
+    send(wave, QEvent::MouseButtonRelease);
     QCOMPARE(asked.count(), 1);
     wave.stopPaint();
-    release();
+    send(wave, QEvent::MouseButtonRelease);
     QCOMPARE(asked.count(), 1);
+}
+
+// Only its owner shows a wave, not the parent that is shown.
+void VoiceWaveTest::clickBeforeTheStart()
+{
+    QWidget parent;
+    VoiceAnimationWidget wave(&parent);
+    QSignalSpy asked(&wave, &VoiceAnimationWidget::signalStopPaint);
+    for (const bool shown : {false, true}) {
+        parent.setVisible(shown);
+        QVERIFY(wave.isHidden());
+        send(wave, QEvent::MouseButtonRelease);
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QApplication::sendEvent(&wave, &escape);
+        QCOMPARE(asked.count(), 0);
+    }
+    wave.startPaint();
+    QVERIFY(wave.isVisible());
+    send(wave, QEvent::MouseButtonRelease);
+    QCOMPARE(asked.count(), 1);
+}
+
+void VoiceWaveTest::secondClickOfADoubleClickThatBeganElsewhere()
+{
+    VoiceAnimationWidget wave;
+    QSignalSpy asked(&wave, &VoiceAnimationWidget::signalStopPaint);
+    for (int run = 1; run <= 2; ++run) { // a stopped wave knows nothing of the clicks before
+        wave.startPaint();
+        send(wave, QEvent::MouseButtonDblClick);
+        send(wave, QEvent::MouseButtonRelease);
+        QCOMPARE(asked.count(), 2 * run - 2);
+        send(wave, QEvent::MouseButtonRelease); // belongs to no press at all
+        QCOMPARE(asked.count(), 2 * run - 1);
+        send(wave, QEvent::MouseButtonPress);
+        send(wave, QEvent::MouseButtonRelease);
+        QCOMPARE(asked.count(), 2 * run);
+        wave.stopPaint();
+    }
+
+    // Another button's release is not the double click's, nor is that of a later press.
+    wave.startPaint();
+    asked.clear();
+    send(wave, QEvent::MouseButtonDblClick);
+    send(wave, QEvent::MouseButtonRelease, Qt::RightButton);
+    QCOMPARE(asked.count(), 1);
+    send(wave, QEvent::MouseButtonPress);
+    send(wave, QEvent::MouseButtonRelease);
+    QCOMPARE(asked.count(), 2);
+}
+
+void VoiceWaveTest::doubleClickOnTheWave()
+{
+    VoiceAnimationWidget wave;
+    QSignalSpy asked(&wave, &VoiceAnimationWidget::signalStopPaint);
+    wave.startPaint();
+    for (const QEvent::Type press : {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick}) {
+        send(wave, press);
+        send(wave, QEvent::MouseButtonRelease);
+    }
+    QCOMPARE(asked.count(), 2); // once per release
 }
 
 void VoiceWaveTest::keysAsk_data()
