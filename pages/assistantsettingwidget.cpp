@@ -31,7 +31,9 @@ using Ztk::Widget::ZFontSizeManager;
 
 namespace {
 
-/** Moves a tip to the tips' left edge. Its top and right margins change places, as they always did.
+/**
+ * Moves a tip to the tips' left edge. Its top and right margins change places; with the usual
+ * margins of 0 nothing moves.
  */
 void arrangeTipMargins(QLabel *tip)
 {
@@ -68,11 +70,10 @@ AssistantSettingWidget::~AssistantSettingWidget()
 
 void AssistantSettingWidget::addDescription()
 {
-    m_descriptionLabel = PageLayout::newTip(this,
-                                            tr("AI Assistant boosts your productivity by executing "
-                                               "voice commands, such as checking the "
-                                               "weather, creating events, etc."),
-                                            PageLayout::tipColor(*this));
+    m_descriptionLabel =
+        PageLayout::newTip(this, tr("AI Assistant boosts your productivity by executing "
+                                    "voice commands, such as checking the "
+                                    "weather, creating events, etc."));
     arrangeTipMargins(m_descriptionLabel);
     m_mainLayout->addWidget(m_descriptionLabel);
     m_mainLayout->addSpacing(10);
@@ -109,8 +110,7 @@ void AssistantSettingWidget::addWakeupGroup()
     PageLayout::setFontStep(m_oneShotCheckBox, ZFontSizeManager::T6);
     m_oneShotCheckBox->setEnabled(wakeupOn);
     m_oneShotCheckBox->setChecked(oneShotOn);
-    m_wakeupTipsLabel = PageLayout::newTip(this, oneShotOn ? m_oneShotTip : m_wakeupTip,
-                                           PageLayout::tipColor(*this));
+    m_wakeupTipsLabel = PageLayout::newTip(this, oneShotOn ? m_oneShotTip : m_wakeupTip);
     m_wakeupTipsLabel->setVisible(wakeupOn);
     oneShotLayout->addWidget(m_oneShotCheckBox);
     wakeupLayout->addWidget(oneShotItem);
@@ -162,9 +162,9 @@ bool AssistantSettingWidget::dockIconShown() const
 
 void AssistantSettingWidget::slotVoiceWakeupSetting(bool on)
 {
-    // Events are processed while the call waits: the frame may destroy this page, or the user may
-    // flip the switch again. Waits end last-in first-out, so an older request must not have the
-    // last word.
+    // While the call waits, keys and clicks are held back and all other events are processed: the
+    // frame may destroy this page, or an assistive technology may flip the switch again. Waits end
+    // last-in first-out, so an older request must not have the last word.
     const QPointer<AssistantSettingWidget> self(this);
     const unsigned request = ++m_wakeupRequests;
     AssistantStateProxy::setVoiceWakeupState(on);

@@ -80,16 +80,16 @@ private:
     void startVoiceTest();
     void announce(QLabel *label);
 
-    QVBoxLayout *m_mainLayout;
-    zcc::widgets::TipsLabel *m_descriptionLabel;
-    zcc::widgets::SettingsGroup *m_wakeupGroup;
-    zcc::widgets::SwitchWidget *m_voiceWakeupSwitch;
-    zcc::widgets::TipsLabel *m_wakeupTipsLabel;
-    zcc::widgets::SettingsGroup *m_settingsGroup;
-    zcc::widgets::SettingsItem *m_languageItem;
-    zcc::widgets::SwitchWidget *m_dockSwitch;
-    AssistantDockServiceInterface *m_dockInterface;
-    QCheckBox *m_oneShotCheckBox;
+    QVBoxLayout *m_mainLayout = nullptr;
+    zcc::widgets::TipsLabel *m_descriptionLabel = nullptr;
+    zcc::widgets::SettingsGroup *m_wakeupGroup = nullptr;
+    zcc::widgets::SwitchWidget *m_voiceWakeupSwitch = nullptr;
+    zcc::widgets::TipsLabel *m_wakeupTipsLabel = nullptr;
+    zcc::widgets::SettingsGroup *m_settingsGroup = nullptr;
+    zcc::widgets::SettingsItem *m_languageItem = nullptr;
+    zcc::widgets::SwitchWidget *m_dockSwitch = nullptr;
+    AssistantDockServiceInterface *m_dockInterface = nullptr;
+    QCheckBox *m_oneShotCheckBox = nullptr;
     const QString m_oneShotTip; // shown while one-shot mode is on
     const QString m_wakeupTip;  // shown while it is off
     unsigned m_wakeupRequests = 0;

@@ -1,5 +1,6 @@
 #include "pages/pagelayout.h"
 
+#include "pages/showntext.h"
 #include "pages/themedtip.h"
 
 #include <zcc/widgets/settingsgroup.h>
@@ -52,20 +53,21 @@ void setFontStep(QWidget *widget, ZFontSizeManager::SizeType step)
     widget->setFont(ZFontSizeManager::instance()->get(step, widget->font()));
 }
 
-TipsLabel *newTip(QWidget *page, const QString &text, const QColor &color)
+TipsLabel *newTip(QWidget *page, const QString &text)
 {
     auto *tip = new TipsLabel(text, page);
     tip->setTextFormat(Qt::PlainText);
     tip->setWordWrap(true);
     setFontStep(tip, ZFontSizeManager::T8);
-    setTextColor(tip, color);
+    setTextColor(tip, tipColor(*page));
     new ThemedTip(tip, page); // the tip's
     return tip;
 }
 
-void addHint(QVBoxLayout *layout, const QString &text, const QColor &color)
+void addHint(QVBoxLayout *layout, const QString &text, const QString &shortcut)
 {
-    TipsLabel *hint = newTip(layout->parentWidget(), text, color);
+    TipsLabel *hint = newTip(layout->parentWidget(),
+                             text.arg(ShownText::cut(shortcut, ShownText::longestShortcut)));
     QMargins margins = hint->contentsMargins();
     margins.setLeft(tipLeftMargin);
     hint->setContentsMargins(margins);

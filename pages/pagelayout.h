@@ -37,16 +37,19 @@ void setTextColor(QLabel *label, const QColor &color);
 void setFontStep(QWidget *widget, Ztk::Widget::ZFontSizeManager::SizeType step);
 
 /**
- * Adds a tip to @p page: plain text, word wrap, small, in @p color until the theme changes; not yet
- * in a layout.
+ * Adds a tip to @p page: plain text, word wrap, small, in the colour of the page's theme, which it
+ * follows; not yet in a layout.
  */
-zcc::widgets::TipsLabel *newTip(QWidget *page, const QString &text, const QColor &color);
+zcc::widgets::TipsLabel *newTip(QWidget *page, const QString &text);
 
 /** Left contents margin of tips and hints: they begin where the rows' texts do. */
 constexpr int tipLeftMargin = 7;
 
-/** Appends a hint to a page's layout, followed by its distance to the first group. */
-void addHint(QVBoxLayout *layout, const QString &text, const QColor &color);
+/**
+ * Appends a hint to a page's layout, followed by its distance to the first group. In @p text,
+ * @p shortcut takes the place of %1.
+ */
+void addHint(QVBoxLayout *layout, const QString &text, const QString &shortcut);
 
 /** Appends a group of rows to @p layout, with @p spacing between the rows. */
 zcc::widgets::SettingsGroup *addGroup(QVBoxLayout *layout, int spacing);

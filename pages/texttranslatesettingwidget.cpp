@@ -18,16 +18,14 @@ TextTranslateSettingWidget::TextTranslateSettingWidget(QWidget *parent)
     qDebug() << "TextTranslateSettingWidget";
 
     QVBoxLayout *layout = PageLayout::addMainLayout(this);
-    const QColor hintColor = PageLayout::tipColor(*this);
 
     const QString shortcut = AssistantStateProxy::getShortCut(QStringLiteral("translation"), 0);
     PageLayout::addHint(
         layout,
         //: %1 is a key combination such as Ctrl+Alt+T; the quoted text is this page's title.
         tr("Press the shortcuts (%1) or click \"Translation\" in the context menu to "
-           "translate the selected text.")
-            .arg(shortcut),
-        hintColor);
+           "translate the selected text."),
+        shortcut);
 
     auto *group = PageLayout::addGroup(layout, 10);
 

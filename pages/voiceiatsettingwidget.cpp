@@ -17,7 +17,6 @@ VoiceIatSettingWidget::VoiceIatSettingWidget(QWidget *parent)
 {
     qDebug() << "VoiceIatSettingWidget";
 
-    const QColor hintColor = PageLayout::tipColor(*this);
     QVBoxLayout *layout = PageLayout::addMainLayout(this);
 
     const QString shortcut = AssistantStateProxy::getShortCut(QStringLiteral("speech-to-text"), 0);
@@ -25,9 +24,8 @@ VoiceIatSettingWidget::VoiceIatSettingWidget(QWidget *parent)
         layout,
         //: %1 is a key combination such as Ctrl+Alt+T; the quoted text is this page's title.
         tr("Press the shortcuts (%1) or click \"Speech to Text\" in the context menu "
-           "to convert your speech to text.")
-            .arg(shortcut),
-        hintColor);
+           "to convert your speech to text."),
+        shortcut);
 
     auto *group = PageLayout::addGroup(layout, 10);
 

@@ -32,6 +32,6 @@ public Q_SLOTS:
     void slotPluginShowChange(bool checked);
 
 private:
-    zcc::widgets::SwitchWidget *m_switch;
-    QComboBox *m_languageComboBox;
+    zcc::widgets::SwitchWidget *m_switch = nullptr;
+    QComboBox *m_languageComboBox = nullptr;
 };

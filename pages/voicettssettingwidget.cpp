@@ -17,7 +17,6 @@ VoiceTTSSettingWidget::VoiceTTSSettingWidget(QWidget *parent)
 {
     qDebug() << "VoiceTTSSettingWidget";
 
-    const QColor hintColor = PageLayout::tipColor(*this);
     QVBoxLayout *layout = PageLayout::addMainLayout(this);
 
     const QString shortcut = AssistantStateProxy::getShortCut(QStringLiteral("text-to-speech"), 0);
@@ -25,9 +24,8 @@ VoiceTTSSettingWidget::VoiceTTSSettingWidget(QWidget *parent)
         layout,
         //: %1 is a key combination such as Ctrl+Alt+T; the quoted text is this page's title.
         tr("Press the shortcuts (%1) or click \"Text to Speech\" in the context menu "
-           "to read the selected text out.")
-            .arg(shortcut),
-        hintColor);
+           "to read the selected text out."),
+        shortcut);
 
     auto *group = PageLayout::addGroup(layout, 10);
 

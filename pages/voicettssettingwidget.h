@@ -31,7 +31,7 @@ public Q_SLOTS:
     void slotVoiceSourceTypeChange(int index);
 
 private:
-    zcc::widgets::SwitchWidget *m_switch;
-    zcc::widgets::SwitchWidget *m_windowSwitch;
-    QComboBox *m_voiceComboBox;
+    zcc::widgets::SwitchWidget *m_switch = nullptr;
+    zcc::widgets::SwitchWidget *m_windowSwitch = nullptr;
+    QComboBox *m_voiceComboBox = nullptr;
 };

@@ -28,6 +28,8 @@ private Q_SLOTS:
     void init();
     void tipsTakeTheNewThemesColour_data();
     void tipsTakeTheNewThemesColour();
+    void aHintTakesTheThemeOfTheMomentItIsMade_data();
+    void aHintTakesTheThemeOfTheMomentItIsMade();
     void runningVoiceTestTakesTheNewThemesColour();
 };
 
@@ -69,6 +71,34 @@ void ThemeSwitch::tipsTakeTheNewThemesColour()
     QTRY_VERIFY(haveColour("#c0c6d4"));
     ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::LightType);
     QTRY_VERIFY(haveColour("#8aa1b4"));
+}
+
+void ThemeSwitch::aHintTakesTheThemeOfTheMomentItIsMade_data()
+{
+    QTest::addColumn<NewPage>("newPage");
+    QTest::newRow("speech to text") << NewPage([] { return new VoiceIatSettingWidget; });
+    QTest::newRow("text to speech") << NewPage([] { return new VoiceTTSSettingWidget; });
+    QTest::newRow("translation") << NewPage([] { return new TextTranslateSettingWidget; });
+}
+
+// The hint is made when its shortcut is known. Until then the page waits, and the theme may change.
+void ThemeSwitch::aHintTakesTheThemeOfTheMomentItIsMade()
+{
+    QFETCH(NewPage, newPage);
+    const QString lookup = QStringLiteral("GetShortcut");
+    ServiceProcess keybinding(QStringLiteral("keybinding"));
+    QVERIFY(keybinding.start());
+    keybinding.script(lookup, QStringLiteral("hold"));
+    int released = 0;
+    QTimer::singleShot(0, &keybinding, [&] {
+        QVERIFY(keybinding.waitForCalls(lookup));
+        ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::DarkType);
+        released = keybinding.release(lookup);
+    });
+    const std::unique_ptr<QWidget> page(newPage());
+    QCOMPARE(released, 1);
+    QCOMPARE(page->findChild<TipsLabel *>()->palette().color(QPalette::Text).name(),
+             QStringLiteral("#c0c6d4"));
 }
 
 void ThemeSwitch::runningVoiceTestTakesTheNewThemesColour()
