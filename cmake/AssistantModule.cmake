@@ -13,6 +13,7 @@ set(module_headers
     pages/voicetestverdict.h
     pages/voicettssettingwidget.h
     pages/waveaccessible.h
+    pages/wordslabel.h
     plugin/tavrenaiassitantcontrolplugin.h
     plugin/assistzlistview.h
     plugin/thirdlistwidget.h
@@ -40,6 +41,7 @@ set(module_sources
     pages/voicetestverdict.cpp
     pages/voicettssettingwidget.cpp
     pages/waveaccessible.cpp
+    pages/wordslabel.cpp
     plugin/assistzlistview.cpp
     plugin/searchentries.cpp
     plugin/tavrenaiassitantcontrolplugin.cpp

@@ -2,8 +2,10 @@
 
 #include "pages/accessiblefactory.h"
 #include "pages/pagelayout.h"
+#include "pages/showntext.h"
 #include "pages/voicetestverdict.h"
 #include "pages/waveaccessible.h"
+#include "pages/wordslabel.h"
 #include "proxy/assistantstateproxy.h"
 #include "voice/aqcwrapper.h"
 #include "voice/voiceanimationwidget.h"
@@ -148,12 +150,9 @@ void AssistantSettingWidget::voiceTesting()
     beginVoiceTestPanel(QMargins(10, 10, 0, 0));
 
     if (!m_recognisedLabel)
-        m_recognisedLabel = new QLabel(this);
+        m_recognisedLabel = new WordsLabel(this);
     m_recognisedLabel->setMinimumWidth(testMinimumWidth);
     m_recognisedLabel->setMaximumWidth(m_voiceTestItem->maximumWidth());
-    m_recognisedLabel->setTextFormat(Qt::PlainText);
-    m_recognisedLabel->setWordWrap(true);
-    m_recognisedLabel->setAlignment(Qt::AlignCenter);
     PageLayout::setFontStep(m_recognisedLabel, ZFontSizeManager::T8);
     showTipColor(m_recognisedLabel);
     m_voiceTestLayout->addWidget(m_recognisedLabel, 0, Qt::AlignHCenter | Qt::AlignTop);
@@ -315,9 +314,10 @@ void AssistantSettingWidget::slotIatResult(QString text, int, bool)
     if (!m_recognisedLabel)
         return;
     // Each run adds a connection to this slot: the same text comes as often, and is read out once.
-    const bool isNew = m_recognisedLabel->text() != text;
+    const QString shown = ShownText::cut(text, ShownText::longestWords);
+    const bool isNew = m_recognisedLabel->text() != shown;
     m_recognisedLabel->clear();
-    m_recognisedLabel->setText(text);
+    m_recognisedLabel->setText(shown);
     if (isNew)
         announce(m_recognisedLabel);
 }
