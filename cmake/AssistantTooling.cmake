@@ -1,4 +1,5 @@
-# Developer targets: format, format-check, lint, shellcheck. The tools are those of Debian 12 (LLVM 14).
+# Developer targets: format, format-check, lint (lint-FOLDER for one folder), shellcheck. The tools are
+# those of Debian 12 (LLVM 14).
 
 file(GLOB_RECURSE assistant_format_sources CONFIGURE_DEPENDS
     RELATIVE "${PROJECT_SOURCE_DIR}"
@@ -30,14 +31,18 @@ else()
 endif()
 
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-if(RUN_CLANG_TIDY)
-    add_custom_target(lint
-        COMMAND "${RUN_CLANG_TIDY}" -quiet -p "${PROJECT_BINARY_DIR}"
-                "${PROJECT_SOURCE_DIR}/(plugin|proxy|pages|voice|platform)/.*"
-        WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
-else()
-    assistant_missing_tool(lint clang-tidy)
-endif()
+add_custom_target(lint)
+foreach(folder plugin proxy pages voice platform)
+    if(RUN_CLANG_TIDY)
+        add_custom_target(lint-${folder}
+            COMMAND "${RUN_CLANG_TIDY}" -quiet -p "${PROJECT_BINARY_DIR}"
+                    "${PROJECT_SOURCE_DIR}/${folder}/.*"
+            WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" USES_TERMINAL VERBATIM)
+    else()
+        assistant_missing_tool(lint-${folder} clang-tidy)
+    endif()
+    add_dependencies(lint lint-${folder})
+endforeach()
 
 # What the scripts source is checked with them.
 if(SHELLCHECK)
