@@ -158,12 +158,12 @@ ZIconTheme::ZIconTheme(QObject *parent)
 /** Where themes may be written; empty if nowhere. */
 QString ZIconTheme::themesFolder()
 {
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
-                          QStringLiteral("/ztk/icons");
+    QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+                    QStringLiteral("/ztk/icons");
     if (QDir().mkpath(cache) && QFileInfo(cache).isWritable())
         return cache;
     // What stands in the temporary folder may have been put there by anybody.
-    const QString usual = QDir::tempPath() + QStringLiteral("/ztk-icons-%1").arg(geteuid());
+    QString usual = QDir::tempPath() + QStringLiteral("/ztk-icons-%1").arg(geteuid());
     if (makePrivate(usual))
         return usual;
     m_ownFolder.reset(new QTemporaryDir(QDir::tempPath() + QStringLiteral("/ztk-icons")));
