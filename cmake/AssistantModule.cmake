@@ -19,7 +19,6 @@ set(module_headers
     plugin/thirdlistwidget.h
     proxy/assistantstateproxy.h
     proxy/buscalls.h
-    proxy/dynamicinterface.h
     proxy/servicenames.h
     voice/aiservice.h
     voice/aiservicesession.h

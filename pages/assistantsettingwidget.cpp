@@ -4,6 +4,7 @@
 #include "pages/leftvoicetests.h"
 #include "pages/pagelayout.h"
 #include "proxy/assistantstateproxy.h"
+#include "proxy/buscalls.h"
 #include "proxy/servicenames.h"
 #include "voice/aqcwrapper.h"
 #include "voice/voiceanimationwidget.h"
@@ -141,8 +142,8 @@ void AssistantSettingWidget::addSettingsGroup()
     m_dockSwitch = PageLayout::newSwitch(tr("Show in the Dock"));
     m_settingsGroup->appendItem(m_dockSwitch);
     m_dockSwitch->setChecked(dockIconShown());
-    connect(m_dockInterface, &AssistantDockServiceInterface::dockHideChange, this,
-            &AssistantSettingWidget::slotdockHideChange);
+    BusCalls::connectSignal(m_dockInterface, &AssistantDockServiceInterface::dockHideChange, this,
+                            &AssistantSettingWidget::slotdockHideChange);
     connect(m_dockSwitch, &SwitchWidget::checkedChanged, this,
             &AssistantSettingWidget::slotPluginShowSet);
 
@@ -153,11 +154,9 @@ void AssistantSettingWidget::addSettingsGroup()
 
 bool AssistantSettingWidget::dockIconShown() const
 {
-    QDBusPendingReply<bool> hidden = m_dockInterface->getDockHideStatus();
-    hidden.waitForFinished();
-    // An error's first argument is its text, which would read as true; without an answer the icon
-    // counts as shown.
-    return hidden.isError() || !hidden.value();
+    const QDBusMessage hidden =
+        BusCalls::waitFor(m_dockInterface->connection(), m_dockInterface->getDockHideStatus());
+    return !BusCalls::valueOr<bool>(hidden, false);
 }
 
 void AssistantSettingWidget::slotVoiceWakeupSetting(bool on)

@@ -1,18 +1,22 @@
 #include "proxy/buscalls.h"
 
-#include "proxy/dynamicinterface.h"
-
-#include <QDBusPendingCall>
+#include <QDBusPendingCallWatcher>
 #include <QEventLoop>
+#include <QThread>
+
+#include <algorithm>
 
 namespace BusCalls {
 
 namespace {
 
-QDBusMessage methodCall(const ServiceNames::Endpoint &endpoint, const QString &method)
+QDBusMessage methodCall(const ServiceNames::Endpoint &endpoint, const QString &method,
+                        const QVariantList &arguments = {})
 {
-    return QDBusMessage::createMethodCall(endpoint.service, endpoint.path, endpoint.interface,
-                                          method);
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(endpoint.service, endpoint.path, endpoint.interface, method);
+    call.setArguments(arguments);
+    return call;
 }
 
 } // namespace
@@ -20,12 +24,10 @@ QDBusMessage methodCall(const ServiceNames::Endpoint &endpoint, const QString &m
 QDBusMessage callProcessingEvents(const ServiceNames::Endpoint &endpoint, const QString &method,
                                   const QVariantList &arguments)
 {
-    QDBusMessage call = methodCall(endpoint, method);
-    call.setArguments(arguments);
-
     // What QDBus::BlockWithGui does, but for its flaw (up to Qt 5.15): it waits for ever when the
     // reply comes between sending and waiting. The watcher tells of such a reply too.
-    const QDBusPendingCall pending = QDBusConnection::sessionBus().asyncCall(call);
+    const QDBusPendingCall pending =
+        QDBusConnection::sessionBus().asyncCall(methodCall(endpoint, method, arguments));
     QDBusPendingCallWatcher watcher(pending);
     QEventLoop loop;
     QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
@@ -37,14 +39,30 @@ QDBusMessage callProcessingEvents(const ServiceNames::Endpoint &endpoint, const 
 QDBusMessage callBlocking(const QDBusConnection &bus, const ServiceNames::Endpoint &endpoint,
                           const QString &method)
 {
-    return bus.call(methodCall(endpoint, method), QDBus::Block);
+    return waitFor(bus, bus.asyncCall(methodCall(endpoint, method)));
+}
+
+QDBusMessage waitFor(const QDBusConnection &bus, const QDBusPendingCall &call)
+{
+    // Not with waitForFinished(): until the event loop has run for the first time after a bus was
+    // connected, QtDBus holds the news of its end back, and that wait would never end. The pauses
+    // grow with the time that has passed.
+    constexpr unsigned long longestPauseUs = 10000;
+    unsigned long pauseUs = 50;
+    while (bus.isConnected()) {
+        if (call.isFinished())
+            return call.reply();
+        QThread::usleep(pauseUs);
+        pauseUs = std::min(pauseUs + pauseUs / 8, longestPauseUs);
+    }
+    return QDBusMessage();
 }
 
 QDBusMessage sendNoReply(const ServiceNames::Endpoint &endpoint, const QString &method,
                          const QVariantList &arguments)
 {
-    DynamicInterface proxy(endpoint, QDBusConnection::sessionBus());
-    return proxy.callWithArgumentList(QDBus::NoBlock, method, arguments);
+    return QDBusConnection::sessionBus().call(methodCall(endpoint, method, arguments),
+                                              QDBus::NoBlock);
 }
 
 } // namespace BusCalls

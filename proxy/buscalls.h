@@ -2,8 +2,10 @@
 
 #include "proxy/servicenames.h"
 
+#include <QDBusAbstractInterface>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QDBusReply>
 #include <QVariantList>
 
@@ -25,11 +27,29 @@ QDBusMessage callBlocking(const QDBusConnection &bus, const ServiceNames::Endpoi
                           const QString &method);
 
 /**
+ * Waits for the reply to @p call, sent on @p bus; nothing else happens meanwhile. Without a reply
+ * the result is an error or, when the bus has gone, an invalid message.
+ */
+QDBusMessage waitFor(const QDBusConnection &bus, const QDBusPendingCall &call);
+
+/**
  * Sends a call on the session bus and returns at once; the service is told that no reply is
  * expected. What comes back is an error message only if the call could not be sent.
  */
 QDBusMessage sendNoReply(const ServiceNames::Endpoint &endpoint, const QString &method,
                          const QVariantList &arguments = {});
+
+/**
+ * QObject::connect() for the signals of a generated proxy: connects @p proxy with the @p rest of
+ * its arguments. Nothing is connected without a bus, where QtDBus would end the program; and
+ * nothing on an empty path, which would match the signals of every object of the service.
+ */
+template <typename Proxy, typename... Rest>
+void connectSignal(const Proxy *proxy, Rest... rest)
+{
+    if (!proxy->path().isEmpty() && proxy->connection().isConnected())
+        QObject::connect(proxy, rest...);
+}
 
 /**
  * The value of a reply, or @p fallback when there is none: an error, a reply of another type, or a

@@ -1,6 +1,7 @@
 #include "voice/aiservicesession.h"
 
 #include "comcorvaneaiservicesessioninterface.h"
+#include "proxy/buscalls.h"
 #include "voice/aiservice.h"
 #include "voice/processwide.h"
 
@@ -35,11 +36,15 @@ int AIServiceSession::createSession(QString ability)
     if (entry == m_objectPaths.end())
         return unknownAbility;
 
-    int errorcode = 0; // stays so when no proper answer comes
-    const QDBusReply<QDBusObjectPath> reply =
-        m_sessionManager->createSession(applicationId(), ability, errorcode);
-    *entry = reply.value().path();
-    return errorcode;
+    // Not by the proxy's own createSession(): the one waits for ever on a bus that ends, the other
+    // drops a path that comes without a proper error code.
+    const QDBusMessage answer = BusCalls::waitFor(
+        m_sessionManager->connection(),
+        m_sessionManager->asyncCall(QStringLiteral("createSession"), applicationId(), ability));
+    *entry = QDBusReply<QDBusObjectPath>(answer).value().path();
+    const QVariantList values = answer.arguments();
+    const bool proper = answer.type() == QDBusMessage::ReplyMessage && values.size() == 2;
+    return proper ? qdbus_cast<int>(values.at(1)) : 0;
 }
 
 void AIServiceSession::destroySession(QString ability)

@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "comcorvaneaiserviceaqcinterface.h"
+#include "proxy/buscalls.h"
 #include "voice/aiservice.h"
 #include "voice/aiservicesession.h"
 #include "voice/audiorecorder.h"
@@ -63,10 +64,8 @@ int AqcWrapper::start()
                                                 sessions->queryObjectPath(ability()),
                                                 QDBusConnection::sessionBus(), this);
     m_aqc->startAqc();
-    // An empty path would match the verdicts of every session of the service.
-    if (!m_aqc->path().isEmpty())
-        connect(m_aqc, &ComCorvaneAiserviceAqcInterface::onNotify, this,
-                &AqcWrapper::signalAqcResult);
+    BusCalls::connectSignal(m_aqc, &ComCorvaneAiserviceAqcInterface::onNotify, this,
+                            &AqcWrapper::signalAqcResult);
 
     recorder()->start();
     connect(recorder(), &AudioRecorder::levelUpdated, this, &AqcWrapper::signalUpdateAudioLevel);

@@ -4,6 +4,7 @@
 #include <QDebug>
 #include <QMutexLocker>
 
+#include "proxy/buscalls.h"
 #include "voice/processwide.h"
 
 namespace {
@@ -44,8 +45,8 @@ AudioRecorder::AudioRecorder()
     m_audioDaemon.reset(new __Audio(QStringLiteral("com.tavren.daemon.Audio"),
                                     QStringLiteral("/com/tavren/daemon/Audio"),
                                     QDBusConnection::sessionBus()));
-    connect(m_audioDaemon.data(), &__Audio::DefaultSourceChanged, this,
-            &AudioRecorder::DefaultSourceChanged);
+    BusCalls::connectSignal(m_audioDaemon.data(), &__Audio::DefaultSourceChanged, this,
+                            &AudioRecorder::DefaultSourceChanged);
 }
 
 AudioRecorder::~AudioRecorder()

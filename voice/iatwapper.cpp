@@ -6,6 +6,7 @@
 #include <QJsonObject>
 
 #include "comcorvaneaiserviceiatinterface.h"
+#include "proxy/buscalls.h"
 #include "voice/aiservice.h"
 #include "voice/aiservicesession.h"
 #include "voice/processwide.h"
@@ -66,10 +67,9 @@ bool IatWapper::startIat()
     m_iat = new ComCorvaneAiserviceIatInterface(AIService::busName(),
                                                 sessions->queryObjectPath(ability()),
                                                 QDBusConnection::sessionBus(), this);
-    QDBusPendingReply<QString> reply = m_iat->startIat(recognitionParameters());
-    reply.waitForFinished();
-    // The value of an error is the error's text.
-    const QJsonObject answer = parseObject(reply.isError() ? QString() : reply.value());
+    const QDBusMessage reply =
+        BusCalls::waitFor(m_iat->connection(), m_iat->startIat(recognitionParameters()));
+    const QJsonObject answer = parseObject(BusCalls::valueOr<QString>(reply, QString()));
     const int status = answer.value(QLatin1String("status")).toInt();
     m_sessionId = sessionIdOf(answer);
 
@@ -183,12 +183,9 @@ void IatWapper::handleResult(const QString &json)
 
 void IatWapper::connectResults()
 {
-    // An empty path would match the signals of every session of the service.
-    if (m_iat->path().isEmpty())
-        return;
-    connect(m_iat, SIGNAL(onEnd()), this, SLOT(handleEnd()));
-    connect(m_iat, SIGNAL(onError(QString)), this, SLOT(handleError(QString)));
-    connect(m_iat, SIGNAL(onResult(QString)), this, SLOT(handleResult(QString)));
+    BusCalls::connectSignal(m_iat, SIGNAL(onEnd()), this, SLOT(handleEnd()));
+    BusCalls::connectSignal(m_iat, SIGNAL(onError(QString)), this, SLOT(handleError(QString)));
+    BusCalls::connectSignal(m_iat, SIGNAL(onResult(QString)), this, SLOT(handleResult(QString)));
 }
 
 void IatWapper::disconnectResults()

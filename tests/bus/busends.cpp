@@ -1,0 +1,163 @@
+#include "tests/support/childprocess.h"
+#include "tests/support/serviceprocess.h"
+
+#include <QtTest>
+
+#include <map>
+#include <memory>
+#include <vector>
+
+// Everything that the module does while the session bus, the system bus or both end: before it,
+// unnoticed before it, instead of each single message that it sends, and after it. Each time in a
+// process of its own (busendsoperation.cpp), several at once.
+
+using testsupport::ChildProcess;
+using testsupport::ServiceProcess;
+
+namespace {
+
+constexpr int limitMs = 20000; // a loaded machine under sanitizers, still less than the bus's limit
+constexpr int atOnce = 4;
+
+struct Run
+{
+    QStringList arguments;
+    QString outcome; // empty: fine
+};
+
+/** What is wrong with how @p process ended; empty when nothing is. */
+QString outcomeOf(ChildProcess &process)
+{
+    if (!process.waitForFinished(limitMs)) {
+        process.kill();
+        process.waitForFinished();
+        return QStringLiteral("does not return");
+    }
+    if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
+        return {};
+    return QString::fromLocal8Bit(process.readAllStandardError());
+}
+
+void runAll(std::vector<Run> &runs)
+{
+    std::map<Run *, std::unique_ptr<ChildProcess>> running;
+    const auto finish = [&running](Run *run) {
+        run->outcome = outcomeOf(*running.at(run));
+        running.erase(run);
+    };
+    std::size_t oldest = 0;
+    for (Run &run : runs) {
+        if (running.size() == atOnce)
+            finish(&runs.at(oldest++));
+        auto &process = running[&run] = std::make_unique<ChildProcess>();
+        process->start(QStringLiteral(BUS_ENDS_OPERATION), run.arguments);
+    }
+    while (oldest < runs.size())
+        finish(&runs.at(oldest++));
+}
+
+/** What the program prints when it is started with @p arguments. */
+QStringList linesOf(const QStringList &arguments)
+{
+    ChildProcess process;
+    process.start(QStringLiteral(BUS_ENDS_OPERATION), arguments);
+    const QString outcome = outcomeOf(process);
+    if (!outcome.isEmpty())
+        qWarning() << arguments << outcome;
+    QString output = QString::fromLocal8Bit(process.readAllStandardOutput());
+    output.chop(1);
+    return output.split(QLatin1Char('\n'));
+}
+
+QStringList words(const QString &line)
+{
+    return line.isEmpty() ? QStringList() : line.split(QLatin1Char(' '));
+}
+
+/**
+ * A proxy is built here: QtDBus asks for the owner of the service, with a wait of its own that only
+ * the event loop of a program can end when the bus does not. Nothing of the module can.
+ */
+bool ownerIsAskedNext(const QStringList &calls, int index)
+{
+    const QString ask = QStringLiteral("GetNameOwner");
+    return calls.at(index) == ask || calls.value(index + 1) == ask;
+}
+
+} // namespace
+
+class BusEndsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void everyOperationReturns_data();
+    void everyOperationReturns();
+
+private:
+    ServiceProcess m_assistant{QStringLiteral("assistant")};
+    ServiceProcess m_dock{QStringLiteral("dock")};
+    ServiceProcess m_keybinding{QStringLiteral("keybinding")};
+    ServiceProcess m_voice{QStringLiteral("voicescript")};
+    ServiceProcess m_network{QStringLiteral("networkmanager")};
+};
+
+void BusEndsTest::initTestCase()
+{
+    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_voice, &m_network})
+        QVERIFY(service->start());
+    // Nothing is what it is taken for when no answer comes.
+    for (const char *key : {"iat.enabled", "tts.enabled", "tts.window", "trans.enabled"})
+        m_assistant.setValue(QLatin1String(key), true);
+    m_assistant.setValue(QStringLiteral("iat.language"), QStringLiteral("en_us"));
+    m_assistant.setValue(QStringLiteral("trans.language"), QStringLiteral("cn|en"));
+    m_assistant.setValue(QStringLiteral("tts.speaker"), QStringLiteral("x_morven"));
+    m_dock.setValue(QStringLiteral("hidden"), true);
+    m_keybinding.script(QStringLiteral("GetShortcut"), QStringLiteral("reply"),
+                        QStringLiteral("{\"Accels\":[\"<Control><Alt>T\"]}"));
+}
+
+void BusEndsTest::everyOperationReturns_data()
+{
+    QTest::addColumn<QString>("operation");
+    const QStringList operations = linesOf({QStringLiteral("list")});
+    for (const QString &operation : operations)
+        QTest::newRow(qPrintable(operation)) << operation;
+}
+
+void BusEndsTest::everyOperationReturns()
+{
+    QFETCH(QString, operation);
+    std::vector<Run> runs;
+    for (const char *state : {"fresh", "used"}) {
+        const QString connections = QLatin1String(state);
+        const bool fresh = connections == QLatin1String("fresh");
+        const QStringList lines = linesOf({QStringLiteral("calls"), operation, connections});
+        QCOMPARE(lines.size(), 2);
+        for (const char *ending : {"session", "system", "both"}) {
+            QStringList moments = {QStringLiteral("before"), QStringLiteral("unnoticed"),
+                                   QStringLiteral("after")};
+            const QStringList calls = words(lines.at(qstrcmp(ending, "system") == 0));
+            for (int i = 0; i < calls.size(); ++i) {
+                if (fresh && ownerIsAskedNext(calls, i))
+                    continue;
+                moments.append(QString::number(i + 1));
+            }
+            for (const QString &moment : qAsConst(moments))
+                runs.push_back({{operation, connections, QLatin1String(ending), moment}, {}});
+        }
+    }
+    runAll(runs);
+    QStringList failures;
+    for (const Run &run : runs) {
+        if (!run.outcome.isEmpty())
+            failures.append(run.arguments.join(QStringLiteral(", ")) + QStringLiteral(": ") +
+                            run.outcome.trimmed());
+    }
+    qInfo() << runs.size() << "runs";
+    QVERIFY2(failures.isEmpty(), qPrintable(failures.join(QLatin1Char('\n'))));
+}
+
+QTEST_GUILESS_MAIN(BusEndsTest)
+#include "busends.moc"
