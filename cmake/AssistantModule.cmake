@@ -20,6 +20,7 @@ set(module_headers
     proxy/assistantstateproxy.h
     proxy/buscalls.h
     proxy/servicenames.h
+    proxy/serviceproxy.h
     voice/aiservice.h
     voice/aiservicesession.h
     voice/aqcwrapper.h
@@ -48,6 +49,7 @@ set(module_sources
     proxy/assistantstateproxy.cpp
     proxy/buscalls.cpp
     proxy/servicenames.cpp
+    proxy/serviceproxy.cpp
     proxy/shortcutlookup.cpp
     voice/aiservicesession.cpp
     voice/aqcwrapper.cpp
@@ -67,10 +69,14 @@ foreach(interface session aqc iat)
         contracts/com.corvane.aiservice.${interface}.xml comcorvaneaiservice${interface}interface)
 endforeach()
 
-# Every file of both bundles is stored zlib-compressed, the small ones too: Qt before 5.13 reads
-# nothing else.
+# Every file of both bundles is stored zlib-compressed, the small ones too: Qt before 5.13 knows nothing
+# else, not even the option.
+set(module_resource_options --threshold 0 --compress 9)
+if(Qt5Core_VERSION VERSION_GREATER_EQUAL 5.13)
+    list(APPEND module_resource_options --compress-algo zlib)
+endif()
 qt5_add_resources(module_generated plugin/voice.qrc plugin/translation.qrc
-    OPTIONS --compress-algo zlib --threshold 0 --compress 9)
+    OPTIONS ${module_resource_options})
 
 # The shortcut widgets and what they need are compiled apart, so that the sandbox's window can show them
 # without taking in the rest of the module. Who links assistantcontrol gets them with it.

@@ -6,6 +6,7 @@
 #include "proxy/assistantstateproxy.h"
 #include "proxy/buscalls.h"
 #include "proxy/servicenames.h"
+#include "proxy/serviceproxy.h"
 #include "voice/aqcwrapper.h"
 #include "voice/voiceanimationwidget.h"
 
@@ -136,14 +137,14 @@ void AssistantSettingWidget::addSettingsGroup()
     connect(language.comboBox, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &AssistantSettingWidget::slotlanguageTypeChange);
 
-    m_dockInterface = new AssistantDockServiceInterface(
+    m_dockInterface = new ServiceProxy<AssistantDockServiceInterface>(
         ServiceNames::dockService(), ServiceNames::dockPath(), QDBusConnection::sessionBus(), this);
     //: Switch: the assistant's icon in the desktop's dock (taskbar).
     m_dockSwitch = PageLayout::newSwitch(tr("Show in the Dock"));
     m_settingsGroup->appendItem(m_dockSwitch);
     m_dockSwitch->setChecked(dockIconShown());
-    BusCalls::connectSignal(m_dockInterface, &AssistantDockServiceInterface::dockHideChange, this,
-                            &AssistantSettingWidget::slotdockHideChange);
+    connect(m_dockInterface, &AssistantDockServiceInterface::dockHideChange, this,
+            &AssistantSettingWidget::slotdockHideChange);
     connect(m_dockSwitch, &SwitchWidget::checkedChanged, this,
             &AssistantSettingWidget::slotPluginShowSet);
 

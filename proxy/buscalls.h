@@ -2,7 +2,6 @@
 
 #include "proxy/servicenames.h"
 
-#include <QDBusAbstractInterface>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
@@ -38,18 +37,6 @@ QDBusMessage waitFor(const QDBusConnection &bus, const QDBusPendingCall &call);
  */
 QDBusMessage sendNoReply(const ServiceNames::Endpoint &endpoint, const QString &method,
                          const QVariantList &arguments = {});
-
-/**
- * QObject::connect() for the signals of a generated proxy: connects @p proxy with the @p rest of
- * its arguments. Nothing is connected without a bus, where QtDBus would end the program; and
- * nothing on an empty path, which would match the signals of every object of the service.
- */
-template <typename Proxy, typename... Rest>
-void connectSignal(const Proxy *proxy, Rest... rest)
-{
-    if (!proxy->path().isEmpty() && proxy->connection().isConnected())
-        QObject::connect(proxy, rest...);
-}
 
 /**
  * The value of a reply, or @p fallback when there is none: an error, a reply of another type, or a

@@ -4,7 +4,7 @@
 #include <QTimer>
 
 #include "comcorvaneaiserviceaqcinterface.h"
-#include "proxy/buscalls.h"
+#include "proxy/serviceproxy.h"
 #include "voice/aiservice.h"
 #include "voice/aiservicesession.h"
 #include "voice/audiorecorder.h"
@@ -60,12 +60,12 @@ int AqcWrapper::start()
         return code;
     }
 
-    m_aqc = new ComCorvaneAiserviceAqcInterface(AIService::busName(),
-                                                sessions->queryObjectPath(ability()),
-                                                QDBusConnection::sessionBus(), this);
+    m_aqc = new ServiceProxy<ComCorvaneAiserviceAqcInterface>(AIService::busName(),
+                                                              sessions->queryObjectPath(ability()),
+                                                              QDBusConnection::sessionBus(), this);
     m_aqc->startAqc();
-    BusCalls::connectSignal(m_aqc, &ComCorvaneAiserviceAqcInterface::onNotify, this,
-                            &AqcWrapper::signalAqcResult);
+    AIService::connectSignal(m_aqc, &ComCorvaneAiserviceAqcInterface::onNotify, this,
+                             &AqcWrapper::signalAqcResult);
 
     recorder()->start();
     connect(recorder(), &AudioRecorder::levelUpdated, this, &AqcWrapper::signalUpdateAudioLevel);

@@ -4,7 +4,7 @@
 #include <QDebug>
 #include <QMutexLocker>
 
-#include "proxy/buscalls.h"
+#include "proxy/serviceproxy.h"
 #include "voice/processwide.h"
 
 namespace {
@@ -42,11 +42,11 @@ AudioRecorder::AudioRecorder()
     connect(m_audioInfo.data(), &AudioInfo::audioWrite, this, &AudioRecorder::audioRecorded);
     connect(m_audioInfo.data(), &AudioInfo::levelUpdated, this, &AudioRecorder::levelUpdated);
 
-    m_audioDaemon.reset(new __Audio(QStringLiteral("com.tavren.daemon.Audio"),
-                                    QStringLiteral("/com/tavren/daemon/Audio"),
-                                    QDBusConnection::sessionBus()));
-    BusCalls::connectSignal(m_audioDaemon.data(), &__Audio::DefaultSourceChanged, this,
-                            &AudioRecorder::DefaultSourceChanged);
+    m_audioDaemon.reset(new ServiceProxy<__Audio>(QStringLiteral("com.tavren.daemon.Audio"),
+                                                  QStringLiteral("/com/tavren/daemon/Audio"),
+                                                  QDBusConnection::sessionBus()));
+    connect(m_audioDaemon.data(), &__Audio::DefaultSourceChanged, this,
+            &AudioRecorder::DefaultSourceChanged);
 }
 
 AudioRecorder::~AudioRecorder()

@@ -7,6 +7,7 @@
 
 #include "comcorvaneaiserviceiatinterface.h"
 #include "proxy/buscalls.h"
+#include "proxy/serviceproxy.h"
 #include "voice/aiservice.h"
 #include "voice/aiservicesession.h"
 #include "voice/processwide.h"
@@ -64,9 +65,9 @@ bool IatWapper::startIat()
         return false;
     }
 
-    m_iat = new ComCorvaneAiserviceIatInterface(AIService::busName(),
-                                                sessions->queryObjectPath(ability()),
-                                                QDBusConnection::sessionBus(), this);
+    m_iat = new ServiceProxy<ComCorvaneAiserviceIatInterface>(AIService::busName(),
+                                                              sessions->queryObjectPath(ability()),
+                                                              QDBusConnection::sessionBus(), this);
     const QDBusMessage reply =
         BusCalls::waitFor(m_iat->connection(), m_iat->startIat(recognitionParameters()));
     const QJsonObject answer = parseObject(BusCalls::valueOr<QString>(reply, QString()));
@@ -183,9 +184,9 @@ void IatWapper::handleResult(const QString &json)
 
 void IatWapper::connectResults()
 {
-    BusCalls::connectSignal(m_iat, SIGNAL(onEnd()), this, SLOT(handleEnd()));
-    BusCalls::connectSignal(m_iat, SIGNAL(onError(QString)), this, SLOT(handleError(QString)));
-    BusCalls::connectSignal(m_iat, SIGNAL(onResult(QString)), this, SLOT(handleResult(QString)));
+    AIService::connectSignal(m_iat, SIGNAL(onEnd()), this, SLOT(handleEnd()));
+    AIService::connectSignal(m_iat, SIGNAL(onError(QString)), this, SLOT(handleError(QString)));
+    AIService::connectSignal(m_iat, SIGNAL(onResult(QString)), this, SLOT(handleResult(QString)));
 }
 
 void IatWapper::disconnectResults()

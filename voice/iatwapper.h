@@ -61,7 +61,8 @@ private:
     void connectResults();
     void disconnectResults();
 
-    ComCorvaneAiserviceIatInterface *m_iat = nullptr; // a child; null while no session runs
+    ComCorvaneAiserviceIatInterface *m_iat =
+        nullptr; // a child; null until a first session, and after stopIat()
     QString m_sessionId;
     QString m_fixedText;   // does not change any more
     QString m_pendingText; // may still be replaced

@@ -252,14 +252,14 @@ bool hasEnded(const QDBusConnection &bus)
     return true;
 }
 
-/** The first few of @p result as in @p answered, the rest as in @p fallback; -1: they are not. */
-int answers(const QStringList &result, const QStringList &answered, const QStringList &fallback)
+/** Whether the first few of @p result are as in @p answered and the rest as in @p fallback. */
+bool isMixOf(const QStringList &result, const QStringList &answered, const QStringList &fallback)
 {
     for (int i = 0; i <= answered.size(); ++i) {
         if (result == answered.mid(0, i) + fallback.mid(i))
-            return i;
+            return true;
     }
-    return -1;
+    return false;
 }
 
 int fail(const char *what, const QStringList &result)
@@ -325,15 +325,14 @@ int run(const Operation &operation, bool used, const QString &ending, const QStr
 
     const QStringList result = operation.run();
 
-    const bool concerned = operation.bus == QDBusConnection::SessionBus ? sessionEnds : systemEnds;
-    const int count = answers(result, operation.answered, operation.fallback);
-    const bool allTheSame = operation.answered == operation.fallback;
-    if (count < 0)
+    const bool onSession = operation.bus == QDBusConnection::SessionBus;
+    const bool concerned = onSession ? sessionEnds : systemEnds;
+    const bool goneAtFirst = moment == QLatin1String("before") ||
+                             moment == QLatin1String("unnoticed") ||
+                             (message == 1 && onSession == sessionEnds);
+    if (!isMixOf(result, operation.answered, operation.fallback))
         return fail("neither the answers nor their fallbacks", result);
-    if (!allTheSame && concerned &&
-        (message == 1 || moment == QLatin1String("before") ||
-         moment == QLatin1String("unnoticed")) &&
-        result != operation.fallback)
+    if (concerned && goneAtFirst && result != operation.fallback)
         return fail("answers from nowhere", result);
     if ((!concerned || moment == QLatin1String("after")) && result != operation.answered)
         return fail("lost answers", result);
