@@ -8,7 +8,7 @@ build_preset() {
     folder=$project_dir/build/$preset
     log=$folder.log
     if ! problem=$({ mkdir -p "$folder" && : >>"$log" && rmdir "$(mktemp -d "$folder/XXXXXX")"; } 2>&1); then
-        echo "The build folder $folder cannot be written: ${problem%%$'\n'*}" >&2
+        echo "The build folder $folder cannot be written: ${problem##*: }" >&2
         return 3
     fi
     echo "Building what has changed (preset $preset)"

@@ -61,7 +61,7 @@ make_folder() {
         return
     fi
     ((interrupted)) ||
-        echo "There is no folder for temporary files; TMPDIR names another place: ${reason##*$'\n'}" >&2
+        echo "A temporary folder cannot be had in ${1%/*}, which TMPDIR may change: ${reason##*: }" >&2
     return 3
 }
 

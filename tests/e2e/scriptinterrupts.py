@@ -1,3 +1,4 @@
+#!/usr/bin/python3 -B
 """Ends scripts/run at random moments and looks for what it leaves behind.
 
     scriptinterrupts.py PROJECT [--interrupts N] [--kills N] [--seed N] [--only PHASE]
@@ -34,7 +35,7 @@ PASS_ON = '#!/bin/sh\nexec "$@"\n'
 class Run:
     """One run of the script in folders of its own."""
 
-    def __init__(self, script, folder, phase):
+    def __init__(self, script, folder, phase, *arguments, state=None):
         self._mark = f"{MARK}={folder.name}"
         self._temporary = folder / "temporary files"
         self._said = folder / "said"
@@ -48,7 +49,7 @@ class Run:
             self._make_program(programs / "sudo", PASS_ON)
         if phase == "building":
             self._make_program(programs / "cmake", SLOW_PROGRAM)
-        arguments = ["--microphone", "speech"]
+        arguments = ["--microphone", "speech", *arguments]
         if phase == "tour":
             arguments += ["--tour", str(folder / "pictures"), "--section", "search"]
         environment = {
@@ -56,7 +57,7 @@ class Run:
             MARK: folder.name,
             "PATH": f"{programs}:{os.environ['PATH']}",
             "TMPDIR": str(self._temporary),
-            "XDG_STATE_HOME": str(folder / "state"),
+            "XDG_STATE_HOME": str(state or folder / "state"),
             # A window that nobody sees.
             "WAYLAND_DISPLAY": "none",
             "QT_QPA_PLATFORM": "offscreen",

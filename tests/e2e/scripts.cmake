@@ -7,7 +7,11 @@ if(PROJECT_BINARY_DIR STREQUAL "${PROJECT_SOURCE_DIR}/build/dev")
         COMMAND /usr/bin/python3 -B "${CMAKE_CURRENT_SOURCE_DIR}/scriptinterrupts.py"
             "${PROJECT_SOURCE_DIR}")
     set_tests_properties(e2e.scriptinterrupts PROPERTIES TIMEOUT 600)
-    set_tests_properties(e2e.firstcommand e2e.scriptinterrupts PROPERTIES
+    add_test(NAME e2e.scriptwindow
+        COMMAND /usr/bin/python3 -B "${CMAKE_CURRENT_SOURCE_DIR}/scriptwindow.py"
+            "${PROJECT_SOURCE_DIR}")
+    set_tests_properties(e2e.scriptwindow PROPERTIES TIMEOUT 200)
+    set_tests_properties(e2e.firstcommand e2e.scriptinterrupts e2e.scriptwindow PROPERTIES
         LABELS "e2e;realtime"
         RUN_SERIAL TRUE)
 endif()

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void wrongUsageIsRefused_data();
     void wrongUsageIsRefused();
     void aMissingDisplayIsNamed();
+    void messagesGoToTheLog();
     void aFileThatIsNoModuleIsRefused_data();
     void aFileThatIsNoModuleIsRefused();
 
@@ -277,6 +278,18 @@ void WindowTour::aMissingDisplayIsNamed()
     QCOMPARE(run.messages,
              QStringLiteral("control-center: There is no display: DISPLAY is \":987\", "
                             "WAYLAND_DISPLAY is \"\".\n"));
+}
+
+void WindowTour::messagesGoToTheLog()
+{
+    const QTemporaryDir folder;
+    QFile log(folder.filePath(QStringLiteral("log")));
+    const WindowRun run =
+        tour({QStringLiteral("--section=search"), QStringLiteral("--log"), log.fileName()});
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    QVERIFY(log.readAll().startsWith("preInitialize\ninitialize \"C\"\nactive\n"));
+    QVERIFY2(!run.messages.contains(QStringLiteral("preInitialize")), qPrintable(run.messages));
 }
 
 void WindowTour::aFileThatIsNoModuleIsRefused_data()

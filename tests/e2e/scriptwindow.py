@@ -1,0 +1,64 @@
+"""What scripts/run says on the terminal while its window is open, and whether it is true.
+
+    scriptwindow.py PROJECT
+"""
+
+import pathlib
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+from scriptinterrupts import Run
+
+START_LIMIT = 60  # seconds
+
+
+def wait_for(run, text):
+    """Waits until a run has said TEXT."""
+    deadline = time.monotonic() + START_LIMIT
+    while text not in run.said():
+        assert run.wait(0.05) is None, f"ended before it said '{text}':\n{run.said()}"
+        assert time.monotonic() < deadline, f"did not say '{text}':\n{run.said()}"
+
+
+def check(script, folder):
+    """A window, a service that is steered from outside, and a second window meanwhile."""
+    state = folder / "state"
+    first = Run(script, folder / "first", "window", "--verbose", state=state)
+    second = None
+    try:
+        wait_for(first, "What changes in the services:")
+        said = first.said()
+        for text in (
+            "Nothing needed building",
+            f"Settings: kept in {state}/assistant-sandbox",
+            'Microphone: a virtual one, of the kind "speech"',
+            "The control center is open. Closing it, or Ctrl+C here, ends everything.",
+        ):
+            assert text in said, f"does not say '{text}':\n{said}"
+
+        lines = [line for line in said.splitlines() if line.startswith("    ")]
+        assert len(lines) == 2 and lines[0].startswith("    export "), said
+        subprocess.run(["bash", "-c", "\n".join(lines)], check=True)
+        wait_for(first, "dock: hidden -> true")
+        wait_for(first, "AssistantSettingWidget")  # a line of the module's log
+        noise = [line for line in first.said().splitlines() if "ALSA" in line or "jack" in line.lower()]
+        assert not noise, noise
+
+        second = Run(script, folder / "second", "window", state=state)
+        wait_for(second, "The control center is open.")
+        assert "Settings: this run's own, not kept, because another run uses" in second.said()
+        for run in (second, first):
+            run.send(signal.SIGTERM, False)
+            assert run.wait(5) == 128 + signal.SIGTERM, run.said()
+    finally:
+        for run in (first, second):
+            if run:
+                run.clean_up()
+
+
+if __name__ == "__main__":
+    with tempfile.TemporaryDirectory() as temporary:
+        check(f"{sys.argv[1]}/scripts/run", pathlib.Path(temporary))
