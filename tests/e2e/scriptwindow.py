@@ -1,4 +1,4 @@
-"""What scripts/run says on the terminal while its window is open, and whether it is true.
+"""What scripts/run says on the terminal while its window is open or why it is not, and whether it is true.
 
     scriptwindow.py PROJECT
 """
@@ -23,7 +23,21 @@ def wait_for(run, text):
         assert time.monotonic() < deadline, f"did not say '{text}':\n{run.said()}"
 
 
-def check(script, folder):
+def check_refusal(script, folder):
+    """A tour that would overwrite a picture of somebody else's."""
+    pictures = folder / "pictures"
+    pictures.mkdir(parents=True)
+    (pictures / "01-search.png").touch()
+    run = Run(script, folder, "tour")
+    try:
+        assert run.wait(START_LIMIT) == 2, run.said()
+        reason = f"control-center: {pictures}/01-search.png is no picture that a tour has written"
+        assert run.said().splitlines()[-1].startswith(reason), run.said()
+    finally:
+        run.clean_up()
+
+
+def check_window(script, folder):
     """A window, a service that is steered from outside, and a second window meanwhile."""
     state = folder / "state"
     first = Run(script, folder / "first", "window", "--verbose", state=state)
@@ -61,4 +75,5 @@ def check(script, folder):
 
 if __name__ == "__main__":
     with tempfile.TemporaryDirectory() as temporary:
-        check(f"{sys.argv[1]}/scripts/run", pathlib.Path(temporary))
+        for check in (check_refusal, check_window):
+            check(f"{sys.argv[1]}/scripts/run", pathlib.Path(temporary) / check.__name__)
