@@ -4,8 +4,10 @@
 #include "tests/support/busrecorder.h"
 #include "tests/support/serviceprocess.h"
 
+#include <QDBusConnectionInterface>
 #include <QtTest>
 
+#include <csignal>
 #include <functional>
 
 // Every call of the contract with the services, one row each, as the bus carried it: destination,
@@ -28,6 +30,7 @@ private Q_SLOTS:
 
     void writesAreSentWithoutAskingForAReply_data();
     void writesAreSentWithoutAskingForAReply();
+    void writesReturnAtOnceWhileTheBusDaemonHangs();
     void writesReachTheServicesState_data();
     void writesReachTheServicesState();
     void readsAskForAReplyAndReturnIt_data();
@@ -172,6 +175,34 @@ void StateContractTest::writesAreSentWithoutAskingForAReply()
     QFETCH(QString, summary);
     QFETCH(QJsonArray, arguments);
     QCOMPARE(recorded(function, summary, arguments), QVariant(0));
+    QCOMPARE(m_session.daemonCalls(), QStringList());
+}
+
+void StateContractTest::writesReturnAtOnceWhileTheBusDaemonHangs()
+{
+    using Proxy = AssistantStateProxy;
+    const QDBusConnection bus = m_assistant.connection();
+    const auto daemon =
+        pid_t(bus.interface()->servicePid(QStringLiteral("org.freedesktop.DBus")).value());
+    QVERIFY(daemon > 0);
+    QCOMPARE(kill(daemon, SIGSTOP), 0);
+    QElapsedTimer timer;
+    timer.start();
+    Proxy::setVoiceIatState(true);
+    Proxy::setVoiceIatLanguage(QStringLiteral("en_us"));
+    Proxy::setVoiceTTSState(true);
+    Proxy::setVoiceTTSWindowState(true);
+    Proxy::setVoiceTTSSpeaker(1);
+    Proxy::setAssistantTransState(true);
+    Proxy::setAssistantTransLang(QStringLiteral("cn|en"));
+    Proxy::setAssistantSpeaker(1);
+    Proxy::setOneShotMode(1);
+    const qint64 elapsedMs = timer.elapsed();
+    QCOMPARE(kill(daemon, SIGCONT), 0);
+    QVERIFY2(elapsedMs < 1000, qPrintable(QString::number(elapsedMs)));
+    QVERIFY(m_assistant.waitForCalls(QStringLiteral("enableOneshot")));
+    QVERIFY(m_session.sync());
+    QCOMPARE(m_session.callSummaries().size(), 9);
 }
 
 void StateContractTest::writesReachTheServicesState_data()
@@ -326,6 +357,7 @@ void StateContractTest::readsAskForAReplyAndReturnIt()
     QFETCH(QVariant, result);
     m_assistant.script(member, QStringLiteral("reply"), reply);
     QCOMPARE(recorded(function, summary, arguments), result);
+    QCOMPARE(m_session.daemonCalls(), QStringList());
 }
 
 void StateContractTest::theNetworkIsAskedForOnTheSystemBus()
@@ -337,6 +369,7 @@ void StateContractTest::theNetworkIsAskedForOnTheSystemBus()
              QStringList{QStringLiteral("org.freedesktop.NetworkManager "
                                         "/org/freedesktop/NetworkManager "
                                         "org.freedesktop.NetworkManager.state()")});
+    QCOMPARE(m_system.daemonCalls(), QStringList());
     QCOMPARE(m_session.callSummaries(), QStringList());
 }
 

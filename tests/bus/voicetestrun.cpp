@@ -16,6 +16,7 @@
 #include "tests/bus/voiceimpatientbus.h"
 #include "tests/bus/voiceservice.h"
 #include "tests/fakeaudio/scriptedaudio.h"
+#include "tests/support/busrecorder.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
@@ -173,8 +174,17 @@ void VoiceTestRunTest::startOrder()
         order << QStringLiteral("recording");
         order << calls(service).mid(2); // nothing of the recognition yet
     });
+    testsupport::BusRecorder bus;
+    QVERIFY(bus.start());
     testsupport::LogCapture log;
     QCOMPARE(run.wrapper->start(), 0);
+    // Of the daemon: the owner of the AI service, once for each of the three proxies and once more
+    // for each of the two with signals, a match for its changes, and one for each signal.
+    QVERIFY(bus.sync());
+    const QStringList asked = bus.daemonCalls();
+    QCOMPARE(asked.count(QStringLiteral("GetNameOwner")), 5);
+    QCOMPARE(asked.count(QStringLiteral("AddMatch")), 5);
+    QCOMPARE(asked.size(), 10);
     QCOMPARE(order, QStringList(QStringLiteral("recording")));
     QVERIFY(AudioRecorder::getInstance()->isRecording());
     QCOMPARE(

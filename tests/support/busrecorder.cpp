@@ -13,6 +13,7 @@ namespace {
 
 const int limitMs = 20000; // a loaded machine under sanitizers
 const QString busDaemon = QStringLiteral("org.freedesktop.DBus");
+const QString roundTripMember = QStringLiteral("GetId");
 const QString markerPath = QStringLiteral("/tests/recorder");
 const QString markerInterface = QStringLiteral("com.corvane.tests.Recorder");
 
@@ -51,7 +52,7 @@ bool BusRecorder::sync()
     // A round trip comes back behind all that the same connection sent before; only then may the
     // marker go out over another connection.
     const QDBusMessage roundTrip = QDBusMessage::createMethodCall(
-        busDaemon, QStringLiteral("/org/freedesktop/DBus"), busDaemon, QStringLiteral("GetId"));
+        busDaemon, QStringLiteral("/org/freedesktop/DBus"), busDaemon, roundTripMember);
     codeUnderTest().call(roundTrip);
 
     QDBusMessage marker =
@@ -94,6 +95,19 @@ QList<BusMessage> BusRecorder::callsFrom(const QString &sender) const
         }
     }
     return calls;
+}
+
+QStringList BusRecorder::daemonCalls() const
+{
+    QStringList members;
+    const QString sender = codeUnderTest().baseService();
+    for (const BusMessage &message : m_messages) {
+        if (message.sender == sender && message.destination == busDaemon &&
+            message.member != roundTripMember) {
+            members.append(message.member);
+        }
+    }
+    return members;
 }
 
 QStringList BusRecorder::callSummaries() const

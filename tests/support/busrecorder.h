@@ -54,6 +54,12 @@ public:
     /** The calls that the connection with the unique name @p sender sent likewise. */
     QList<BusMessage> callsFrom(const QString &sender) const;
 
+    /**
+     * The methods of the bus daemon itself that the code under test called, in order; but for the
+     * one with which sync() asks.
+     */
+    QStringList daemonCalls() const;
+
     /** BusMessage::summary() of calls(). */
     QStringList callSummaries() const;
 
