@@ -427,6 +427,10 @@ void TestVoiceTestPanel::allWordsAreReadable()
         const int least = page->minimumSizeHint().width();
         const int wish = page->sizeHint().width();
         page.hear(words);
+        // Every layout up to the page's asks anew.
+        for (QWidget *part = page.layout()->itemAt(1)->widget(); part != page.get();
+             part = part->parentWidget())
+            part->updateGeometry();
         QCOMPARE(page->minimumSizeHint().width(), least);
         QCOMPARE(page->sizeHint().width(), wish);
 
