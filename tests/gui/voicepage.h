@@ -81,7 +81,7 @@ public:
     VoiceAnimationWidget *wave() const { return panel()->findChild<VoiceAnimationWidget *>(); }
 
     /** False when no link comes up. */
-    bool clickLink() const
+    [[nodiscard]] bool clickLink() const
     {
         if (!QTest::qWaitFor([this] { return link() && link()->isVisible(); }))
             return false;

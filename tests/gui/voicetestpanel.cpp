@@ -172,7 +172,7 @@ void TestVoiceTestPanel::firstStateShowsTitleAndLink()
 void TestVoiceTestPanel::testingStateShowsWordsPhraseAndWave()
 {
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), QString(),
                                         VoicePage::phrase(), QStringLiteral("(wave)")}));
     QCOMPARE(page.layout()->contentsMargins(), QMargins(10, 10, 0, 0));
@@ -199,7 +199,7 @@ void TestVoiceTestPanel::testingStateShowsWordsPhraseAndWave()
 void TestVoiceTestPanel::finishedStateKeepsTheRecognisedWords()
 {
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     page.hear(QStringLiteral("明天早上"));
     page.finish(QStringLiteral("1000"));
     QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), QStringLiteral("明天早上"),
@@ -213,7 +213,7 @@ void TestVoiceTestPanel::finishedStateKeepsTheRecognisedWords()
     QVERIFY(page.label(QStringLiteral("It sounds good")));
 
     // The next run begins without words.
-    page.clickLink();
+    QVERIFY(page.clickLink());
     QCOMPARE(page.texts().at(1), QString());
 }
 
@@ -221,7 +221,7 @@ void TestVoiceTestPanel::withoutNetworkTheTestEndsAtOnceAndWithoutARecognisedTex
 {
     m_network->setValue(QStringLiteral("state"), 60u);
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     QCOMPARE(page.texts(),
              QStringList({QStringLiteral("Voice Test"), QStringLiteral("Network unavailable"),
                           VoicePage::againLink()}));
@@ -230,7 +230,7 @@ void TestVoiceTestPanel::withoutNetworkTheTestEndsAtOnceAndWithoutARecognisedTex
 
     // Back on the network the other link starts a run.
     m_network->setValue(QStringLiteral("state"), 70u);
-    page.clickLink();
+    QVERIFY(page.clickLink());
     QVERIFY(page.texts().contains(VoicePage::phrase()));
 }
 
@@ -240,7 +240,7 @@ void TestVoiceTestPanel::withoutNetworkManagerTheTestEndsAtOnce()
     {
         VoicePage page;
         QTest::ignoreMessage(QtCriticalMsg, "dbus call network manager state failed");
-        page.clickLink();
+        QVERIFY(page.clickLink());
         QCOMPARE(page.texts().at(1), QStringLiteral("Network unavailable"));
     }
     m_network->joinBus();
@@ -250,7 +250,7 @@ void TestVoiceTestPanel::refusedSessionIsAServiceException()
 {
     m_aiService->setValue(QStringLiteral("createSession.errorcode"), 5);
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     const QStringList expected = {QStringLiteral("Voice Test"), QString(),
                                   QStringLiteral("Service exception"), VoicePage::againLink()};
     QCOMPARE(page.texts(), expected);
@@ -271,9 +271,9 @@ void TestVoiceTestPanel::afterARefusalTheNextRunWorks()
 {
     m_aiService->setValue(QStringLiteral("createSession.errorcode"), 5);
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     m_aiService->setValue(QStringLiteral("createSession.errorcode"), 0);
-    page.clickLink();
+    QVERIFY(page.clickLink());
     QVERIFY(page.texts().contains(VoicePage::phrase()));
     QVERIFY(page.wave()->isVisible());
     page.hear(QStringLiteral("明天"));
@@ -325,7 +325,7 @@ void TestVoiceTestPanel::verdictsAsTexts()
     QFETCH(QString, words);
     QFETCH(QString, verdict);
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     page.hear(words);
     page.finish(result);
     QCOMPARE(page.texts(),
@@ -335,10 +335,10 @@ void TestVoiceTestPanel::verdictsAsTexts()
 void TestVoiceTestPanel::verdictStaysUntilTheNextOne()
 {
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     page.hear(QStringLiteral("words"));
     page.finish(QStringLiteral("1000"));
-    page.clickLink();
+    QVERIFY(page.clickLink());
     page.hear(QStringLiteral("words"));
     page.finish(QStringLiteral("1008"));
     QCOMPARE(page.texts().at(2), QStringLiteral("Too many noises"));
@@ -347,7 +347,7 @@ void TestVoiceTestPanel::verdictStaysUntilTheNextOne()
 void TestVoiceTestPanel::clickOnTheWaveGoesBackAndForgetsTheWords()
 {
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     page.hear(QStringLiteral("明天"));
     QVERIFY(AudioRecorder::getInstance()->isRecording());
     QTRY_VERIFY(page.wave()->isVisible());
@@ -359,7 +359,7 @@ void TestVoiceTestPanel::clickOnTheWaveGoesBackAndForgetsTheWords()
     QVERIFY(m_aiService->waitForCalls(QStringLiteral("stopIat")));
     flushDeferredDeletes();
     QVERIFY(!page.label(QStringLiteral("明天")));
-    page.clickLink();
+    QVERIFY(page.clickLink());
     QCOMPARE(page.texts().at(1), QString());
 }
 
@@ -367,7 +367,7 @@ void TestVoiceTestPanel::keyOnTheWaveGoesBack()
 {
     for (int key : {Qt::Key_Escape, Qt::Key_Space}) {
         VoicePage page;
-        page.clickLink();
+        QVERIFY(page.clickLink());
         page.wave()->setFocus();
         QTRY_VERIFY(page.wave()->hasFocus());
         QTest::keyClick(page.wave(), static_cast<Qt::Key>(key));
@@ -378,7 +378,7 @@ void TestVoiceTestPanel::keyOnTheWaveGoesBack()
 void TestVoiceTestPanel::partialResultsReplaceEachOther()
 {
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     for (const char *words : {"a", "a b", "", "c"}) {
         page.hear(QLatin1String(words));
         QCOMPARE(page.texts().at(1), QString::fromLatin1(words));
@@ -418,7 +418,7 @@ void TestVoiceTestPanel::allWordsAreReadable()
     QApplication::setLayoutDirection(direction);
 
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     for (const bool finished : {false, true}) {
         page.hear(QStringLiteral("a"));
         if (finished)
@@ -463,7 +463,7 @@ void TestVoiceTestPanel::aMegabyteOfWordsIsShownInPart()
     QFETCH(QString, part);
     const QString words = part.repeated((1 << 20) / part.size());
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     page.hear(part.repeated(200)); // Qt looks for fonts once
     page->grab();
 
@@ -520,7 +520,7 @@ void TestVoiceTestPanel::aDoubleClickOnALinkStartsATest()
 void TestVoiceTestPanel::textsFromServicesArePlain()
 {
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     page.hear(QStringLiteral("<b>bold</b><img src='file:///etc/hostname'>"));
     auto *words = qobject_cast<QLabel *>(page.layout()->itemAt(1)->widget());
     QCOMPARE(words->textFormat(), Qt::PlainText);
@@ -547,7 +547,7 @@ void TestVoiceTestPanel::microphoneIsOpenOnlyDuringARun()
 {
     VoicePage page;
     QVERIFY(!AudioRecorder::getInstance()->isRecording());
-    page.clickLink();
+    QVERIFY(page.clickLink());
     QVERIFY(AudioRecorder::getInstance()->isRecording());
     page.finish(QStringLiteral("1000"));
     QVERIFY(!AudioRecorder::getInstance()->isRecording());
@@ -556,7 +556,7 @@ void TestVoiceTestPanel::microphoneIsOpenOnlyDuringARun()
 void TestVoiceTestPanel::pageDestroyedInARunClosesTheMicrophone()
 {
     VoicePage page;
-    page.clickLink();
+    QVERIFY(page.clickLink());
     QVERIFY(AudioRecorder::getInstance()->isRecording());
     page.destroy();
     QVERIFY(!AudioRecorder::getInstance()->isRecording());
@@ -572,7 +572,7 @@ void TestVoiceTestPanel::tipColourFollowsTheToolkitsTheme()
     for (const auto &theme : themes) {
         helper->setThemeType(theme.first);
         VoicePage page;
-        page.clickLink();
+        QVERIFY(page.clickLink());
         for (QPalette::ColorGroup group :
              {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
             const QPalette palette = page.label(VoicePage::phrase())->palette();
@@ -608,7 +608,7 @@ void TestVoiceTestPanel::panelsDoNotPileUp()
 {
     VoicePage page;
     for (int run = 0; run < 10; ++run) {
-        page.clickLink();
+        QVERIFY(page.clickLink());
         page.finish(QStringLiteral("1003"));
     }
     flushDeferredDeletes();
