@@ -18,6 +18,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDebug>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -67,7 +68,9 @@ AssistantSettingWidget::~AssistantSettingWidget()
     qDebug() << "~AssistantSettingWidget";
     delete m_dockInterface;
     m_dockInterface = nullptr;
-    aqcClean(VoiceTestInit);
+    // After the application object no widget can be hidden any more.
+    if (QCoreApplication::instance())
+        aqcClean(VoiceTestInit);
 }
 
 void AssistantSettingWidget::addDescription()

@@ -3,14 +3,10 @@
 #include "voice/aqcwrapper.h"
 #include "voice/processwide.h"
 
-#include <QCoreApplication>
-
 LeftVoiceTests::~LeftVoiceTests()
 {
-    for (const QPointer<AqcWrapper> &test : qAsConst(m_tests))
-        delete test;
-    // No event loop is left to delete what the tests have scheduled for deletion.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    while (!m_tests.isEmpty())
+        delete m_tests.takeFirst();
 }
 
 AqcWrapper *LeftVoiceTests::newVoiceTest()

@@ -1,5 +1,6 @@
 #include "voice/aqcwrapper.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QTimer>
 
@@ -37,6 +38,7 @@ AqcWrapper::~AqcWrapper()
         m_testTimer->stop();
         stop();
     }
+    m_testTimer->setParent(QCoreApplication::instance()); // where no event loop runs any more
     m_testTimer->deleteLater();
     if (m_aqc)
         m_aqc->deleteLater();

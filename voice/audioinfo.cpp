@@ -94,8 +94,12 @@ qint64 AudioInfo::readData(char *data, qint64 maxlen)
 
 qint64 AudioInfo::writeData(const char *data, qint64 len)
 {
+    ++m_writing;
     Q_EMIT audioWrite(QByteArray(data, static_cast<int>(len)));
     updateLevel(data, len);
+    --m_writing;
+    if (m_writing == 0)
+        Q_EMIT bytesWritten(len);
     return len;
 }
 

@@ -33,6 +33,12 @@ public:
      */
     void updateLevel(const char *data, qint64 len);
 
+    /**
+     * Whether a block is being handed on, perhaps by a receiver that waits in an event loop of its
+     * own. The input that wrote it must stay until then; bytesWritten() tells when it may go.
+     */
+    bool isWriting() const { return m_writing > 0; }
+
 Q_SIGNALS:
     /** The peak of the latest block, 0.0 to 1.0 of full scale. */
     void levelUpdated(double level);
@@ -45,4 +51,5 @@ private:
     const QAudioFormat m_format;
     const quint32 m_maxAmplitude; // largest sample value; 0: formats that are not measured
     double m_level = 0.0;         // of the latest block, 0.0 to 1.0
+    int m_writing = 0;            // calls of writeData() that have not returned
 };

@@ -1,8 +1,11 @@
 #include "voice/audiorecorder.h"
 
 #include <QAudioInput>
+#include <QCoreApplication>
 #include <QDebug>
+#include <QEvent>
 #include <QMutexLocker>
+#include <QPointer>
 
 #include "proxy/serviceproxy.h"
 #include "voice/processwide.h"
@@ -28,7 +31,7 @@ AudioRecorder *AudioRecorder::getInstance()
 AudioRecorder::AudioRecorder()
     : m_mutex(QMutex::Recursive)
 {
-    connect(&m_checkTimer, &QTimer::timeout, this, &AudioRecorder::checkDevice);
+    connect(&m_checkTimer, &QTimer::timeout, this, &AudioRecorder::watchDevices);
     m_checkTimer.start(deviceCheckMs);
 
     m_format.setSampleRate(16000);
@@ -41,6 +44,10 @@ AudioRecorder::AudioRecorder()
     m_audioInfo.reset(new AudioInfo(m_format));
     connect(m_audioInfo.data(), &AudioInfo::audioWrite, this, &AudioRecorder::audioRecorded);
     connect(m_audioInfo.data(), &AudioInfo::levelUpdated, this, &AudioRecorder::levelUpdated);
+    connect(m_audioInfo.data(), &AudioInfo::bytesWritten, this, [this] {
+        if (!m_retired.isEmpty())
+            closeRetiredLater();
+    });
 
     m_audioDaemon.reset(new ServiceProxy<__Audio>(QStringLiteral("com.tavren.daemon.Audio"),
                                                   QStringLiteral("/com/tavren/daemon/Audio"),
@@ -52,9 +59,27 @@ AudioRecorder::AudioRecorder()
 AudioRecorder::~AudioRecorder()
 {
     m_checkTimer.stop();
-    // Inputs write into the sink until they are gone, the ones that stop() has retired too.
-    m_audioInput.reset();
-    qDeleteAll(findChildren<QAudioInput *>(QString(), Qt::FindDirectChildrenOnly));
+    if (m_audioInput)
+        m_retired.append(m_audioInput.take());
+    // Inputs process events when they are deleted, and after exit() was called that ends badly. A
+    // stopped one is closed and does without its sink; it goes with the application object where no
+    // event loop runs any more.
+    for (QAudioInput *input : qAsConst(m_retired)) {
+        input->disconnect(this);
+        input->stop();
+        input->setParent(QCoreApplication::instance());
+        input->deleteLater();
+    }
+}
+
+bool AudioRecorder::event(QEvent *event)
+{
+    // Not while a block is handed on by an input and a sink that would go with the recorder.
+    if (event->type() == QEvent::DeferredDelete && m_audioInfo->isWriting()) {
+        connect(m_audioInfo.data(), &AudioInfo::bytesWritten, this, &QObject::deleteLater);
+        return true;
+    }
+    return QObject::event(event);
 }
 
 bool AudioRecorder::start()
@@ -90,11 +115,8 @@ void AudioRecorder::stop()
     }
 
     // The input may be calling us, with its backend's lock held: neither stopped nor deleted here.
-    // It becomes a child so that it does not outlive the recorder where no event loop runs any
-    // more.
-    QAudioInput *retired = m_audioInput.take();
-    retired->setParent(this);
-    retired->deleteLater();
+    m_retired.append(m_audioInput.take());
+    closeRetiredLater();
     m_audioInfo->stop();
     m_recording = false;
     Q_EMIT recordStoped();
@@ -107,14 +129,24 @@ bool AudioRecorder::isRecording()
     return m_recording;
 }
 
+// A tick of the timer. Asking a device may open it, so while nothing records that is done only when
+// a device has come or gone.
+void AudioRecorder::watchDevices()
+{
+    const QMutexLocker locker(&m_mutex);
+    if (m_recording || QAudioDeviceInfo::availableDevices(QAudio::AudioInput) != m_askedDevices)
+        checkDevice();
+    else if (!m_deviceValid)
+        stop();
+}
+
 bool AudioRecorder::checkDevice()
 {
+    m_askedDevices = QAudioDeviceInfo::availableDevices(QAudio::AudioInput);
     bool valid = m_device.isFormatSupported(m_format);
     if (!valid) {
         m_device = QAudioDeviceInfo();
-        const QList<QAudioDeviceInfo> devices =
-            QAudioDeviceInfo::availableDevices(QAudio::AudioInput);
-        for (const QAudioDeviceInfo &device : devices) {
+        for (const QAudioDeviceInfo &device : qAsConst(m_askedDevices)) {
             if (device.isFormatSupported(m_format)) {
                 m_device = device;
                 valid = true;
@@ -129,6 +161,21 @@ bool AudioRecorder::checkDevice()
     if (!valid)
         stop();
     return valid;
+}
+
+// At the next turn of any event loop, also of one that waits within whoever ended the recording.
+void AudioRecorder::closeRetiredLater()
+{
+    QMetaObject::invokeMethod(this, &AudioRecorder::closeRetired, Qt::QueuedConnection);
+}
+
+void AudioRecorder::closeRetired()
+{
+    // An input processes events while it goes; meanwhile this may run again, and the recorder too
+    // may go.
+    const QPointer<AudioRecorder> self(this);
+    while (self && !m_retired.isEmpty() && !m_audioInfo->isWriting())
+        delete m_retired.takeFirst();
 }
 
 void AudioRecorder::DefaultSourceChanged(const QDBusObjectPath &path)

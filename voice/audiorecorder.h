@@ -4,6 +4,7 @@
 #include <QAudioFormat>
 #include <QByteArray>
 #include <QDBusObjectPath>
+#include <QList>
 #include <QMutex>
 #include <QObject>
 #include <QScopedPointer>
@@ -21,9 +22,9 @@ class ProcessWide;
  * Records the desktop's default microphone: mono 16-bit signed little-endian PCM at 16 kHz, 32000
  * bytes a second, as the device delivers it.
  *
- * One per process, on the GUI thread. The device is open only between start() and the end of the
- * recording; every recording opens it anew. It ends by stop(), when the desktop's default source
- * changes, or when no device is left that can record.
+ * One per process, on the GUI thread. Every recording opens the device anew, and it is closed at the
+ * next turn of any event loop after the recording's end, at latest with this object. A recording ends
+ * by stop(), when the desktop's default source changes, or when no device is left that can record.
  *
  * Clients keep a QPointer to the instance: it may be deleted with deleteLater(), and getInstance()
  * then builds another.
@@ -50,7 +51,8 @@ public:
 public Q_SLOTS:
     /**
      * Makes sure that the current device can deliver the format, and takes the last one listed that
-     * can where it cannot. Without any the recording ends and the result is false.
+     * can where it cannot. Without any the recording ends and the result is false. Asking a device
+     * may open it for some milliseconds.
      */
     bool checkDevice();
     /** Ends the recording: the desktop records from the source @p path from now on. */
@@ -65,9 +67,16 @@ Q_SIGNALS:
     /** The peak of that block, 0.0 to 1.0 of full scale. */
     void levelUpdated(double level);
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
     friend class ProcessWide<AudioRecorder>;
     AudioRecorder();
+
+    void watchDevices();
+    void closeRetiredLater();
+    void closeRetired();
 
     // Recursive: start() holds it while checkDevice() and stop() take it again.
     QMutex m_mutex; // guards the two flags and the input
@@ -80,4 +89,6 @@ private:
     QByteArray m_buffer;        // stays empty: every block is handed on at once
     bool m_recording = false;
     QScopedPointer<__Audio> m_audioDaemon;
+    QList<QAudioDeviceInfo> m_askedDevices; // the list when a device was last asked
+    QList<QAudioInput *> m_retired;         // ours; still open
 };

@@ -44,7 +44,7 @@ public:
     static void keepUntilEndOfCaller() { self(); }
 
     /** Deletes the object at once, if there is one. */
-    static void dispose() { delete self().m_object; }
+    static void dispose() { delete self().take(); }
 
 private:
     ProcessWide() = default;
@@ -52,8 +52,18 @@ private:
     // Unloading the module must leave no pointer to its code with the application.
     ~ProcessWide()
     {
+        delete take();
         qRemovePostRoutine(&ProcessWide::dispose);
-        delete m_object;
+    }
+
+    // The object, which is the caller's to delete: without the lock, as its destructor may lead to
+    // instance() again.
+    T *take()
+    {
+        const QMutexLocker locker(&m_mutex);
+        T *object = m_object;
+        m_object.clear();
+        return object;
     }
 
     static ProcessWide &self()

@@ -1,0 +1,259 @@
+// When the microphone is open, as the sound server sees it. Each function in a process of its own: a
+// process has one connection to the sound server.
+
+#include "pages/voiceiatsettingwidget.h"
+#include "plugin/tavrenaiassitantcontrolplugin.h"
+#include "tests/gui/voicepage.h"
+#include "tests/support/childprocess.h"
+#include "tests/support/fakeframe.h"
+#include "tests/support/isolatedtests.h"
+#include "tests/support/recordingstreams.h"
+#include "tests/support/serviceprocess.h"
+#include "tests/support/timertracker.h"
+#include "tests/support/virtualmicrophone.h"
+#include "voice/audiorecorder.h"
+
+#include <QApplication>
+#include <QAudioDeviceInfo>
+#include <QLibraryInfo>
+
+#include <algorithm>
+
+using testsupport::ChildProcess;
+using testsupport::RecordingStreams;
+using testsupport::ServiceProcess;
+using testsupport::VirtualMicrophone;
+
+namespace {
+
+constexpr int checkMs = 500;
+constexpr int testMs = 10000;
+constexpr int checks = 20;
+
+constexpr qint64 askingLimitMs = 100;
+constexpr qint64 closingLimitMs = 100;
+constexpr int waitingLimitMs = 5000;
+
+int deviceCount()
+{
+    return QAudioDeviceInfo::availableDevices(QAudio::AudioInput).size();
+}
+
+/** Everybody was asked once at most, and only for a moment. */
+bool onlyAsked(const QVector<RecordingStreams::Stream> &streams)
+{
+    const auto brief = [](const RecordingStreams::Stream &stream) {
+        return stream.closedMs >= 0 && stream.closedMs - stream.openedMs < askingLimitMs;
+    };
+    return streams.size() <= deviceCount() && std::all_of(streams.cbegin(), streams.cend(), brief);
+}
+
+} // namespace
+
+class MicrophoneOpen : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void openedToAskOnly();
+    void openedToAskOnlyWithAlsa();
+    void cancelled();
+    void timeIsUp();
+    void verdictArrives();
+    void pageReplaced();
+    void pageDestroyed();
+    void pageDestroyedWhileAnotherWaits();
+    void programExits();
+    void programAborts();
+
+private:
+    void checkIdleTicks();
+    void startVoiceTest(const VoicePage &page);
+    void checkClosed(qint64 endedMs);
+    void checkProgram(const char *ending);
+
+    ServiceProcess m_network{QStringLiteral("networkmanager")};
+    ServiceProcess m_aiService{QStringLiteral("voicescript")};
+    VirtualMicrophone m_microphone;
+    RecordingStreams m_streams;
+    TimerTracker m_tracker;
+};
+
+void MicrophoneOpen::init()
+{
+    QVERIFY(m_microphone.start(QStringLiteral("silence")));
+    QVERIFY(m_streams.start());
+    QVERIFY(m_network.start());
+    m_network.setValue(QStringLiteral("state"), 70u);
+    QVERIFY(m_aiService.start());
+}
+
+void MicrophoneOpen::cleanup()
+{
+    QVERIFY(!QTest::currentTestFailed());
+}
+
+void MicrophoneOpen::checkIdleTicks()
+{
+    const VoicePage page;
+    QCOMPARE(m_tracker.timers(checkMs).size(), 1);
+    const auto tick = [this] {
+        return TimerTracker::fire(m_tracker.timers(checkMs).first());
+    };
+    for (int i = 0; i < checks; ++i)
+        QVERIFY(tick());
+    QVERIFY(deviceCount() > 0);
+    QVERIFY(onlyAsked(m_streams.streams()));
+
+    // And once more when there is one more.
+    m_streams.clear();
+    const int before = deviceCount();
+    QVERIFY(QProcess::execute(QStringLiteral("pactl"),
+                              {QStringLiteral("load-module"), QStringLiteral("module-remap-source"),
+                               QStringLiteral("source_name=headset"),
+                               QStringLiteral("master=room.monitor")}) == 0);
+    Q_UNUSED(before)
+    QVERIFY(tick());
+    const int after = m_streams.streams().size();
+    for (int i = 0; i < checks; ++i)
+        QVERIFY(tick());
+    qWarning() << "streams" << after << m_streams.streams().size() << deviceCount();
+}
+
+void MicrophoneOpen::openedToAskOnly()
+{
+    checkIdleTicks();
+}
+
+void MicrophoneOpen::openedToAskOnlyWithAlsa()
+{
+    const QTemporaryDir plugins;
+    QVERIFY(QDir(plugins.path()).mkdir(QStringLiteral("audio")));
+    const QString alsa = QStringLiteral("/audio/libqtaudio_alsa.so");
+    QVERIFY(QFile::link(QLibraryInfo::location(QLibraryInfo::PluginsPath) + alsa,
+                        plugins.path() + alsa));
+    QCoreApplication::setLibraryPaths({plugins.path()});
+    checkIdleTicks();
+}
+
+void MicrophoneOpen::startVoiceTest(const VoicePage &page)
+{
+    m_streams.clear();
+    page.clickLink();
+    QTRY_COMPARE(m_streams.open(), 1);
+}
+
+void MicrophoneOpen::checkClosed(qint64 endedMs)
+{
+    QTRY_COMPARE(m_streams.open(), 0);
+    const qint64 took = m_streams.streams().last().closedMs - endedMs;
+    QVERIFY2(took <= closingLimitMs, qPrintable(QString::number(took)));
+    qWarning() << "took" << took;
+}
+
+void MicrophoneOpen::cancelled()
+{
+    const VoicePage page;
+    startVoiceTest(page);
+    QTest::mouseClick(page.wave(), Qt::LeftButton);
+    checkClosed(RecordingStreams::now());
+}
+
+void MicrophoneOpen::timeIsUp()
+{
+    const VoicePage page;
+    startVoiceTest(page);
+    QVERIFY(TimerTracker::fire(m_tracker.timers(testMs).first()));
+    checkClosed(RecordingStreams::now());
+}
+
+void MicrophoneOpen::verdictArrives()
+{
+    const VoicePage page;
+    startVoiceTest(page);
+    m_aiService.setValue(QStringLiteral("notify"),
+                         QStringList({QStringLiteral("/session/aqc/1"), QStringLiteral("1000")}));
+    checkClosed(RecordingStreams::now());
+    QVERIFY(page.link());
+}
+
+void MicrophoneOpen::pageReplaced()
+{
+    testsupport::FakeFrame frame;
+    TavrenAIAssitantControlPlugin module;
+    module.setFrameProxy(&frame);
+    module.active();
+    QVERIFY(frame.showActive());
+    frame.page()->findChild<Ztk::Widget::ZCommandLinkButton *>()->click();
+    QTRY_COMPARE(m_streams.open(), 1);
+    module.load(QStringLiteral("Speech to Text"));
+    checkClosed(RecordingStreams::now());
+}
+
+void MicrophoneOpen::pageDestroyed()
+{
+    VoicePage page;
+    startVoiceTest(page);
+    page.destroy();
+    checkClosed(RecordingStreams::now());
+}
+
+void MicrophoneOpen::pageDestroyedWhileAnotherWaits()
+{
+    ServiceProcess keybinding(QStringLiteral("keybinding"));
+    QVERIFY(keybinding.start());
+    VoicePage page;
+    startVoiceTest(page);
+    keybinding.hang();
+
+    qint64 destroyed = 0;
+    QTimer::singleShot(0, this, [&] {
+        page.destroy();
+        destroyed = RecordingStreams::now();
+    });
+    QTimer poll;
+    const QDeadlineTimer deadline(waitingLimitMs);
+    bool closedWhileWaiting = false;
+    connect(&poll, &QTimer::timeout, this, [&] {
+        closedWhileWaiting = destroyed && m_streams.open() == 0;
+        if (closedWhileWaiting || deadline.hasExpired()) {
+            poll.stop();
+            keybinding.resume();
+        }
+    });
+    poll.start(1);
+    const VoiceIatSettingWidget other(nullptr);
+    QVERIFY(closedWhileWaiting);
+    checkClosed(destroyed);
+}
+
+void MicrophoneOpen::checkProgram(const char *ending)
+{
+    ChildProcess program;
+    program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    program.start(QStringLiteral(VOICETESTEXIT_PROGRAM),
+                  {QStringLiteral("stack"), QStringLiteral("kept"), QLatin1String(ending),
+                   QStringLiteral("1000")});
+    QCOMPARE(program.waitForLine(waitingLimitMs), QByteArray("recording"));
+    QTRY_COMPARE(m_streams.open(), 1);
+    const qint64 ended = program.waitForLine(waitingLimitMs).toLongLong();
+    QVERIFY(ended > 0);
+    checkClosed(ended);
+    QVERIFY(program.state() == QProcess::NotRunning || program.waitForFinished());
+}
+
+void MicrophoneOpen::programExits()
+{
+    checkProgram("exit");
+}
+
+void MicrophoneOpen::programAborts()
+{
+    checkProgram("abort");
+}
+
+ISOLATED_TEST_MAIN(QApplication, MicrophoneOpen, )
+#include "microphoneopen.moc"

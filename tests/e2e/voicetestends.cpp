@@ -1,0 +1,122 @@
+// The control center's process ends in the middle of a voice test, in every order and at several
+// moments, each in a process of its own, of which many run at the same time.
+
+#include "tests/support/childprocess.h"
+#include "tests/support/serviceprocess.h"
+#include "tests/support/virtualmicrophone.h"
+
+#include <QtTest>
+
+#include <map>
+
+using testsupport::ChildProcess;
+using testsupport::ServiceProcess;
+using testsupport::VirtualMicrophone;
+
+namespace {
+
+constexpr int startLimitMs = 30000;
+constexpr int endLimitMs = 60000;
+constexpr int startingAtOnce = 4; // sound servers refuse a rush of programs
+
+/** What the program is told, one word each; with and without a moment in milliseconds. */
+QVector<QStringList> waysToEnd()
+{
+    QVector<QStringList> ways;
+    for (const char *application : {"stack", "heap"}) {
+        for (const char *ending : {"close", "quit", "return"})
+            ways.append({application, "before", ending});
+        for (const char *ending : {"quit", "return"})
+            ways.append({application, "kept", ending});
+        ways.append({application, "after", "close"}); // Qt lets no visible widget go so late
+        ways.append({application, "kept", "exit"});
+        ways.append({application, "replaced", "exit"});
+    }
+    ways.append({"stack", "replaced", "quit"});
+    ways.append({"stack", "successor", "quit"});
+    ways.append({"kept", "before", "return"});
+    ways.append({"kept", "kept", "quit"});
+
+    QVector<QStringList> all;
+    for (const QStringList &way : qAsConst(ways)) {
+        all.append(way);
+        for (const char *moment : {"200", "2000", "9900"})
+            all.append(way + QStringList(QString::fromLatin1(moment)));
+    }
+    return all;
+}
+
+} // namespace
+
+class VoiceTestEnds : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase();
+
+    void endsWell_data();
+    void endsWell();
+    void leavesNothingAtTheService();
+
+private:
+    VirtualMicrophone m_microphone;
+    ServiceProcess m_network{QStringLiteral("networkmanager")};
+    ServiceProcess m_aiService{QStringLiteral("voicescript")};
+    std::map<QString, ChildProcess> m_programs;
+};
+
+void VoiceTestEnds::initTestCase()
+{
+    QVERIFY(m_microphone.start(QStringLiteral("silence")));
+    QVERIFY(m_network.start());
+    m_network.setValue(QStringLiteral("state"), 70u);
+    QVERIFY(m_aiService.start());
+    QVector<ChildProcess *> starting;
+    for (const QStringList &way : waysToEnd()) {
+        if (starting.size() == startingAtOnce)
+            QCOMPARE(starting.takeFirst()->waitForLine(startLimitMs), QByteArray("recording"));
+        ChildProcess &program = m_programs[way.join(QLatin1Char(' '))];
+        program.start(QStringLiteral(VOICETESTEXIT_PROGRAM), way);
+        starting.append(&program);
+    }
+}
+
+void VoiceTestEnds::cleanupTestCase()
+{
+    m_programs.clear();
+    QVERIFY(m_microphone.stop());
+}
+
+void VoiceTestEnds::endsWell_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const QStringList &words : waysToEnd()) {
+        const QString way = words.join(QLatin1Char(' '));
+        QTest::newRow(qPrintable(way)) << way;
+    }
+}
+
+void VoiceTestEnds::endsWell()
+{
+    QFETCH(QString, way);
+    ChildProcess &program = m_programs.at(way);
+    QVERIFY(program.state() == QProcess::NotRunning || program.waitForFinished(endLimitMs));
+    const QByteArray output = program.readAllStandardError();
+    QVERIFY2(program.exitStatus() == QProcess::NormalExit, output.constData());
+    QVERIFY2(program.exitCode() == 0, output.constData());
+}
+
+void VoiceTestEnds::leavesNothingAtTheService()
+{
+    // A session is freed as the last thing of a test's end.
+    const int tests = int(m_programs.size());
+    QTRY_VERIFY(m_aiService.value(QStringLiteral("freed"))
+                    .toStringList()
+                    .filter(QStringLiteral("iat"))
+                    .size() >= tests);
+}
+
+QTEST_GUILESS_MAIN(VoiceTestEnds)
+#include "voicetestends.moc"
