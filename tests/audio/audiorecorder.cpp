@@ -4,6 +4,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QPointer>
 #include <QProcess>
 #include <QSignalSpy>
@@ -48,6 +49,18 @@ bool busIsQuiet()
     return testsupport::everythingArrivedFrom(QStringLiteral("org.freedesktop.DBus"));
 }
 
+// Runs @p work in an event loop, and that until nothing is left to do.
+template <typename Work>
+void runInEventLoop(Work work)
+{
+    QEventLoop loop;
+    QTimer::singleShot(0, &loop, [&loop, work] {
+        work();
+        QTimer::singleShot(0, &loop, &QEventLoop::quit);
+    });
+    loop.exec();
+}
+
 } // namespace
 
 class AudioRecorderTest : public QObject
@@ -65,12 +78,16 @@ private Q_SLOTS:
     void deviceVanishesWhileRecording();
     void anotherDeviceTakesOver();
     void deviceIsCheckedAllTheTime();
+    void devicesAreAskedWhenTheirListIsNew();
     void defaultDeviceIsChosenAnew();
     void blocksAndLevels();
     void startTwice();
     void stopTwice();
     void startAfterStop();
     void stopFromWithinABlock();
+    void closesInANestedLoop();
+    void waitsForABlockInANestedLoop();
+    void deletedInANestedLoopOfABlock();
     void stateIsSetWhenReported();
     void inputStateIsLogged();
     void defaultSourceChanges();
@@ -224,6 +241,45 @@ void AudioRecorderTest::deviceIsCheckedAllTheTime()
     QVERIFY(timer->isActive());
 }
 
+void AudioRecorderTest::devicesAreAskedWhenTheirListIsNew()
+{
+    audio().setDevices({{"bad", false}, {"good", true}});
+    TimerTracker tracker;
+    AudioRecorder *recorder = AudioRecorder::getInstance();
+    QTimer *timer = tracker.timers(500).first();
+    const auto askedByATick = [timer] {
+        const int before = audio().asked();
+        TimerTracker::fire(timer);
+        return audio().asked() - before;
+    };
+    QCOMPARE(askedByATick(), 2);
+    QCOMPARE(askedByATick(), 0);
+    audio().setDevices({{"bad", false}, {"good", true}, {"new", true}});
+    QCOMPARE(askedByATick(), 1); // the current one still fits
+    QCOMPARE(askedByATick(), 0);
+
+    // Who asks himself, and whoever records, is told what is true now.
+    audio().setDevices({{"bad", false}, {"good", false}, {"new", false}});
+    QCOMPARE(askedByATick(), 0);
+    QVERIFY(!recorder->checkDevice());
+    QCOMPARE(askedByATick(), 0);
+    audio().setDevices({{"bad", false}, {"good", true}, {"new", false}});
+    QVERIFY(recorder->checkDevice());
+    recorder->start();
+    QVERIFY(askedByATick() > 0);
+    QVERIFY(askedByATick() > 0);
+    recorder->stop();
+    QCOMPARE(askedByATick(), 0);
+
+    // Without a device that fits, a tick says so whether or not it asks.
+    audio().setDevices({{"bad", false}});
+    testsupport::LogCapture log;
+    QVERIFY(askedByATick() > 0);
+    QCOMPARE(askedByATick(), 0);
+    QCOMPARE(log.take(), QStringList({QStringLiteral("debug|recorder already stopped"),
+                                      QStringLiteral("debug|recorder already stopped")}));
+}
+
 void AudioRecorderTest::defaultDeviceIsChosenAnew()
 {
     audio().setDevices({{"first", true}, {"second", true}});
@@ -327,6 +383,58 @@ void AudioRecorderTest::stopFromWithinABlock()
     QCOMPARE(audio().captures().size(), 1);
     QTRY_COMPARE(audio().captures().size(), 0);
     QCOMPARE(blocks, 1);
+}
+
+void AudioRecorderTest::closesInANestedLoop()
+{
+    audio().setDevices({{"mic", true}});
+    AudioRecorder *recorder = AudioRecorder::getInstance();
+    recorder->start();
+    int captures = -1;
+    runInEventLoop([recorder, &captures] {
+        recorder->stop();
+        runInEventLoop([] {});
+        captures = audio().captures().size();
+    });
+    QCOMPARE(captures, 0);
+}
+
+// A receiver of a block waits in a loop of its own, and what called it must still be there after it.
+void AudioRecorderTest::waitsForABlockInANestedLoop()
+{
+    audio().setDevices({{"mic", true}});
+    AudioRecorder *recorder = AudioRecorder::getInstance();
+    int captures = 0;
+    connect(recorder, &AudioRecorder::audioRecorded, this, [recorder, &captures] {
+        recorder->stop();
+        runInEventLoop([] {});
+        captures = audio().captures().size();
+    });
+    recorder->start();
+    audio().hear("ab");
+    QCOMPARE(captures, 1);
+    QCOMPARE(audio().captures().size(), 1);
+    runInEventLoop([] {});
+    QCOMPARE(audio().captures().size(), 0);
+}
+
+void AudioRecorderTest::deletedInANestedLoopOfABlock()
+{
+    audio().setDevices({{"mic", true}});
+    QPointer<AudioRecorder> recorder = AudioRecorder::getInstance();
+    bool livedOn = false;
+    connect(recorder, &AudioRecorder::audioRecorded, this, [&recorder, &livedOn] {
+        runInEventLoop([&recorder] {
+            recorder->deleteLater();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        });
+        livedOn = recorder;
+    });
+    recorder->start();
+    audio().hear("ab");
+    QVERIFY(livedOn);
+    QTRY_VERIFY(recorder.isNull());
+    QTRY_COMPARE(audio().captures().size(), 0);
 }
 
 void AudioRecorderTest::stateIsSetWhenReported()
@@ -471,7 +579,8 @@ void AudioRecorderTest::deletedWhileRecording()
     recorder->start();
     QCOMPARE(audio().captures().size(), 2);
     delete recorder.data();
-    QCOMPARE(audio().captures().size(), 0);
+    QCOMPARE(audio().openCaptures().size(), 0);
+    QTRY_COMPARE(audio().captures().size(), 0);
     QVERIFY(AudioRecorder::getInstance()->start());
     QCOMPARE(audio().openCaptures().size(), 1);
 }

@@ -60,8 +60,11 @@ public:
     QList<ScriptedCapture *> openCaptures() const;
     /** How many were ever built. */
     int built() const { return m_built; }
+    /** How often a device was asked what it can do, which opens a real one for a moment. */
+    int asked() const { return m_asked; }
 
     // For the plugin.
+    void ask() { ++m_asked; }
     void add(ScriptedCapture *capture);
     void remove(ScriptedCapture *capture);
     /** A capture is being stopped or deleted. */
@@ -74,6 +77,7 @@ private:
     QVector<Device> m_devices;
     QList<ScriptedCapture *> m_captures;
     int m_built = 0;
+    int m_asked = 0;
     bool m_locked = false;      // the backend is calling a sink
     bool m_backendGone = false; // the process is ending
 };

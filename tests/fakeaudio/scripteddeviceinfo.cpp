@@ -17,6 +17,7 @@ QAudioFormat ScriptedDeviceInfo::preferredFormat() const
 bool ScriptedDeviceInfo::isFormatSupported(const QAudioFormat &format) const
 {
     Q_UNUSED(format)
+    ScriptedAudio::instance().ask();
     const QVector<ScriptedAudio::Device> &devices = ScriptedAudio::instance().devices();
     return std::any_of(devices.cbegin(), devices.cend(),
                        [this](const ScriptedAudio::Device &device) {
