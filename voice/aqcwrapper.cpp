@@ -38,7 +38,8 @@ AqcWrapper::~AqcWrapper()
         m_testTimer->stop();
         stop();
     }
-    m_testTimer->setParent(QCoreApplication::instance()); // where no event loop runs any more
+    // Where no event loop runs any more, the timer goes with the application object.
+    m_testTimer->setParent(QCoreApplication::instance());
     m_testTimer->deleteLater();
     if (m_aqc)
         m_aqc->deleteLater();

@@ -142,8 +142,11 @@ void AudioRecorder::watchDevices()
 
 bool AudioRecorder::checkDevice()
 {
-    m_askedDevices = QAudioDeviceInfo::availableDevices(QAudio::AudioInput);
     bool valid = m_device.isFormatSupported(m_format);
+    // With ALSA's plugin the list alone takes tens of milliseconds: too long for each check of a
+    // recording.
+    if (!valid || !isRecording())
+        m_askedDevices = QAudioDeviceInfo::availableDevices(QAudio::AudioInput);
     if (!valid) {
         m_device = QAudioDeviceInfo();
         for (const QAudioDeviceInfo &device : qAsConst(m_askedDevices)) {

@@ -22,9 +22,10 @@ class ProcessWide;
  * Records the desktop's default microphone: mono 16-bit signed little-endian PCM at 16 kHz, 32000
  * bytes a second, as the device delivers it.
  *
- * One per process, on the GUI thread. Every recording opens the device anew, and it is closed at the
- * next turn of any event loop after the recording's end, at latest with this object. A recording ends
- * by stop(), when the desktop's default source changes, or when no device is left that can record.
+ * One per process, on the GUI thread. Every recording opens the device anew, and it is closed at
+ * the next turn of any event loop after the recording's end, at latest with this object. A
+ * recording ends by stop(), when the desktop's default source changes, or when no device is left
+ * that can record.
  *
  * Clients keep a QPointer to the instance: it may be deleted with deleteLater(), and getInstance()
  * then builds another.

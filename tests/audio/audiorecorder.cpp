@@ -399,7 +399,8 @@ void AudioRecorderTest::closesInANestedLoop()
     QCOMPARE(captures, 0);
 }
 
-// A receiver of a block waits in a loop of its own, and what called it must still be there after it.
+// A receiver of a block waits in a loop of its own, and what called it must still be there after
+// it.
 void AudioRecorderTest::waitsForABlockInANestedLoop()
 {
     audio().setDevices({{"mic", true}});

@@ -23,11 +23,11 @@ assistant_add_test(test_microphonelost TIER e2e BUSES
     LIBRARIES assistantcontrol virtualmicrophone
     DEPENDS sandbox-networkmanager sandbox-aiservice)
 
-assistant_add_test(voicetestends TIER e2e BUSES
+assistant_add_test(voicetestends TIER e2e BUSES SANITIZERS
     SOURCES voicetestends.cpp
     LIBRARIES virtualmicrophone
     DEPENDS sandbox-networkmanager sandbox-voicescript fakeaudioplugin voicetestexit)
-assistant_add_test(test_microphoneopen TIER e2e BUSES
+assistant_add_test(test_microphoneopen TIER e2e BUSES SANITIZERS
     SOURCES microphoneopen.cpp
     LIBRARIES assistantcontrol virtualmicrophone
     DEPENDS sandbox-networkmanager sandbox-voicescript sandbox-keybinding voicetestexit)

@@ -3,14 +3,16 @@
 //     voicetestexit APPLICATION PAGE ENDING [MS]
 //
 // APPLICATION: on the "stack" or the "heap", or never deleted ("kept").
-// PAGE: deleted "before" or "after" the application object, or never ("kept"); "replaced" by another
+// PAGE: deleted "before" or "after" the application object, or never ("kept"); "replaced" by
+// another
 //     page, which is deleted before; or deleted early, and its "successor" runs a test, too.
 // ENDING: "close" the last window, "quit", "exit" or "abort" from the event loop, or "return" from
 //     main when another loop has ended.
 // MS: record from the sound server and end so many milliseconds after the test has begun. Otherwise
 //     a scripted sound backend is used, which ends the program when a capture outlives it.
 //
-// Prints "recording" as soon as it does, and the moment at which it ends. Needs an AI service and a network manager that say yes.
+// Prints "recording" as soon as it does, and the moment at which it ends. Needs an AI service and a
+// network manager that say yes.
 
 #include "pages/assistantsettingwidget.h"
 #include "tests/fakeaudio/scriptedaudio.h"
@@ -75,7 +77,8 @@ int runVoiceTest(QApplication &app, const QStringList &arguments)
 
     QEventLoop otherLoop;
     const auto end = [&] {
-        const bool oneTest = pageEnd != QLatin1String("replaced") && pageEnd != QLatin1String("successor");
+        const bool oneTest =
+            pageEnd != QLatin1String("replaced") && pageEnd != QLatin1String("successor");
         if (oneTest && !AudioRecorder::getInstance()->isRecording())
             exit(notRecording);
         out << QDeadlineTimer::current().deadline() << '\n' << flush;

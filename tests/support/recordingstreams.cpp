@@ -62,8 +62,8 @@ bool RecordingStreams::start()
                 return false;
             pa_threaded_mainloop_wait(m_loop);
         }
-        pa_operation_unref(pa_context_subscribe(m_context, PA_SUBSCRIPTION_MASK_SOURCE_OUTPUT,
-                                                nullptr, nullptr));
+        pa_operation_unref(
+            pa_context_subscribe(m_context, PA_SUBSCRIPTION_MASK_SOURCE_OUTPUT, nullptr, nullptr));
     }
     roundTrip();
     return true;

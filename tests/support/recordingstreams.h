@@ -9,8 +9,8 @@ struct pa_threaded_mainloop;
 namespace testsupport {
 
 /**
- * Who records when, as the sound server tells it. Kept by a thread of its own, so that the times are
- * true also while the watched program's thread waits.
+ * Who records when, as the sound server tells it. Kept by a thread of its own, so that the times
+ * are true also while the watched program's thread waits.
  */
 class RecordingStreams
 {
