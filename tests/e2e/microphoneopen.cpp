@@ -159,7 +159,7 @@ void MicrophoneOpen::openedToAskOnlyWithAlsa()
 void MicrophoneOpen::startVoiceTest(const VoicePage &page)
 {
     m_streams.clear();
-    page.clickLink();
+    QVERIFY(page.clickLink());
     QTRY_COMPARE(m_streams.open(), 1);
 }
 

@@ -80,8 +80,11 @@ void VoiceTestEnds::initTestCase()
     QVERIFY(m_aiService.start());
     QVector<ChildProcess *> starting;
     for (const QStringList &way : waysToEnd()) {
-        if (starting.size() == startingAtOnce)
-            QCOMPARE(starting.takeFirst()->waitForLine(startLimitMs), QByteArray("recording"));
+        if (starting.size() == startingAtOnce) {
+            ChildProcess *first = starting.takeFirst();
+            QVERIFY2(first->waitForLine(startLimitMs) == "recording",
+                     first->readAllStandardError().constData());
+        }
         QTRY_VERIFY_WITH_TIMEOUT(running() < runningAtOnce, endLimitMs);
         ChildProcess &program = m_programs[way.join(QLatin1Char(' '))];
         program.start(QStringLiteral(VOICETESTEXIT_PROGRAM), way);
