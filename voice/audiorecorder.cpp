@@ -37,7 +37,8 @@ AudioRecorder::AudioRecorder()
     m_format.setSampleRate(16000);
     m_format.setChannelCount(1);
     m_format.setSampleSize(16);
-    m_format.setCodec(QStringLiteral("audio/pcm"));
+    // Not a string literal, which would go with this library: a closed input may keep the format.
+    m_format.setCodec(QString::fromLatin1("audio/pcm"));
     m_format.setByteOrder(QAudioFormat::LittleEndian);
     m_format.setSampleType(QAudioFormat::SignedInt);
 
