@@ -4,12 +4,13 @@
 packages_build="
     cmake g++ ninja-build pkg-config python3
     qtbase5-dev qtbase5-dev-tools qtmultimedia5-dev qttools5-dev qttools5-dev-tools
-    libdbus-1-dev libpocketsphinx-dev libsphinxbase-dev pocketsphinx-en-us libpulse-dev"
+    libdbus-1-dev libpocketsphinx-dev libsphinxbase-dev pocketsphinx-en-us libpulse-dev
+    espeak-ng sox"
 
-# What the sandbox runs on: buses, sound, speech, recognition, SVG icons, and fonts for all languages.
+# What the sandbox runs on: buses, sound, SVG icons, and fonts for all languages.
 packages_run="
     dbus libqt5multimedia5-plugins libqt5svg5
-    pulseaudio pulseaudio-utils espeak-ng sox
+    pulseaudio pulseaudio-utils
     fonts-noto-core fonts-noto-cjk"
 
 packages_test="

@@ -41,7 +41,7 @@ set_offline() {
 # folder of the microphone, see sandbox/microphone/start; the tour changes the kind in it.
 start_microphone() {
     local ready kind name
-    export SANDBOX_MICROPHONE=$work/microphone
+    export SANDBOX_MICROPHONE=$work/microphone SANDBOX_RECORDINGS=$sandbox_build/sandbox/microphone
     start_process microphone "$project_dir/sandbox/microphone/start" "${1:-auto}" \
         "$SANDBOX_MICROPHONE"
     ready=$(wait_for_line '^ready')

@@ -9,7 +9,7 @@ function(assistant_add_desktop_test name script)
         LABELS "e2e;realtime"
         RUN_SERIAL TRUE
         TIMEOUT 400
-        ENVIRONMENT "LC_ALL=C.UTF-8;PYTHONWARNINGS=ignore::DeprecationWarning;PYTHONPATH=${CMAKE_CURRENT_SOURCE_DIR}/accessibility;CONTROL_CENTER=$<TARGET_FILE:control-center>;MODULE_FILE=$<TARGET_FILE:assistant-control-plugin>;SERVICES_DIR=${PROJECT_BINARY_DIR}/sandbox/services;MICROPHONE_SCRIPT=${PROJECT_SOURCE_DIR}/sandbox/microphone/start;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp;UBSAN_OPTIONS=print_stacktrace=1")
+        ENVIRONMENT "LC_ALL=C.UTF-8;PYTHONWARNINGS=ignore::DeprecationWarning;PYTHONPATH=${CMAKE_CURRENT_SOURCE_DIR}/accessibility;CONTROL_CENTER=$<TARGET_FILE:control-center>;MODULE_FILE=$<TARGET_FILE:assistant-control-plugin>;SERVICES_DIR=${PROJECT_BINARY_DIR}/sandbox/services;MICROPHONE_SCRIPT=${PROJECT_SOURCE_DIR}/sandbox/microphone/start;SANDBOX_RECORDINGS=${PROJECT_BINARY_DIR}/sandbox/microphone;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
 
 assistant_add_desktop_test(accessibility

@@ -6,8 +6,10 @@ add_library(virtualmicrophone STATIC
     "${PROJECT_SOURCE_DIR}/tests/support/recordingstreams.cpp")
 assistant_configure_target(virtualmicrophone)
 target_compile_definitions(virtualmicrophone PRIVATE
-    MICROPHONE_SCRIPT="${PROJECT_SOURCE_DIR}/sandbox/microphone/start")
+    MICROPHONE_SCRIPT="${PROJECT_SOURCE_DIR}/sandbox/microphone/start"
+    RECORDINGS="${PROJECT_BINARY_DIR}/sandbox/microphone")
 target_link_libraries(virtualmicrophone PUBLIC test-support PRIVATE PkgConfig::PULSE)
+add_dependencies(virtualmicrophone sandbox-recordings)
 
 assistant_add_test(test_microphonevoicetest TIER e2e BUSES SANITIZERS TIMEOUT 300
     SOURCES microphonevoicetest.cpp

@@ -19,6 +19,7 @@ VirtualMicrophone::~VirtualMicrophone()
 
 bool VirtualMicrophone::start(const QString &kind)
 {
+    qputenv("SANDBOX_RECORDINGS", RECORDINGS);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QStringLiteral(MICROPHONE_SCRIPT), {kind, m_folder.path()});
     const QByteArray line = m_process.waitForLine(startLimitMs);
