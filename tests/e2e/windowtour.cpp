@@ -50,12 +50,16 @@ private:
 
 namespace {
 
+/** The sections that read texts, or depend on where these leave room for controls. */
+const QStringList sectionsOfTexts = {
+    QStringLiteral("--section=pages"), QStringLiteral("--section=search"),
+    QStringLiteral("--section=shortcuts"), QStringLiteral("--section=keyboard")};
+
 /** All sections but the one that needs a microphone, which has a test of its own. */
-const QStringList sectionsWithoutSound = {
-    QStringLiteral("--section=pages"),     QStringLiteral("--section=search"),
-    QStringLiteral("--section=switches"),  QStringLiteral("--section=choices"),
-    QStringLiteral("--section=shortcuts"), QStringLiteral("--section=services"),
-    QStringLiteral("--section=keyboard"),  QStringLiteral("--section=icons")};
+const QStringList sectionsWithoutSound =
+    sectionsOfTexts +
+    QStringList{QStringLiteral("--section=switches"), QStringLiteral("--section=choices"),
+                QStringLiteral("--section=services"), QStringLiteral("--section=icons")};
 
 const QStringList pages = {QStringLiteral("desktop-ai-assistant"), QStringLiteral("speech-to-text"),
                            QStringLiteral("text-to-speech"), QStringLiteral("translation")};
@@ -170,8 +174,7 @@ void WindowTour::aForeignFileIsNotOverwritten()
 
 void WindowTour::theWindowMirrorsInUyghur()
 {
-    const WindowRun run = tour(sectionsWithoutSound +
-                               QStringList{QStringLiteral("--locale"), QStringLiteral("ug_CN")});
+    const WindowRun run = tour(sectionsOfTexts + QStringList{QStringLiteral("--locale=ug_CN")});
     const QString problem = failureOf(run, m_pictures.path());
     QVERIFY2(problem.isEmpty(), qPrintable(problem));
     const QImage image = picture(QStringLiteral("translation-light"));
@@ -184,8 +187,7 @@ void WindowTour::theWindowMirrorsInUyghur()
 
 void WindowTour::largeTextsKeepEverythingReachable()
 {
-    const WindowRun run = tour(sectionsWithoutSound +
-                               QStringList{QStringLiteral("--font-size"), QStringLiteral("16")});
+    const WindowRun run = tour(sectionsOfTexts + QStringList{QStringLiteral("--font-size=16")});
     const QString problem = failureOf(run, m_pictures.path());
     QVERIFY2(problem.isEmpty(), qPrintable(problem));
 }
