@@ -20,6 +20,20 @@ qint64 processorTime()
     return std::clock() * 1000LL / CLOCKS_PER_SEC;
 }
 
+/** What @p work costs on a widget that has seen @p before, in processor time: the best of three. */
+template <typename Before, typename Work>
+qint64 leastCost(Before before, Work work)
+{
+    qint64 least = kLimitMs;
+    for (int run = 0; run < 3; ++run) {
+        before();
+        const qint64 start = processorTime();
+        work();
+        least = qMin(least, processorTime() - start);
+    }
+    return least;
+}
+
 /** Lets the window take its size and draws it, at two sizes. */
 void showTwice(QWidget *window)
 {
@@ -94,11 +108,13 @@ void ShortcutRough::accelerator()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
 
-    const qint64 start = processorTime();
-    row->setShortcut(accels);
-    QCoreApplication::processEvents();
-    window.grab();
-    const qint64 cost = processorTime() - start;
+    const auto show = [&](const QString &shortcut) {
+        row->setShortcut(shortcut);
+        QCoreApplication::processEvents();
+        window.grab();
+    };
+    show(accels.left(200)); // Qt looks for fonts once
+    const qint64 cost = leastCost([&] { show(QStringLiteral("F1")); }, [&] { show(accels); });
     QVERIFY2(cost < kMegabyteCostsMs, qPrintable(QString::number(cost)));
     QVERIFY2(window.minimumWidth() < kWidestRow, qPrintable(QString::number(window.width())));
 
@@ -150,12 +166,14 @@ void ShortcutRough::title()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
 
-    const qint64 start = processorTime();
-    row->setTitle(title);
-    showTwice(&window);
-    row->setShortcut(QStringLiteral("<Control>F1"));
-    showTwice(&window);
-    const qint64 cost = processorTime() - start;
+    const auto show = [&](const QString &shownTitle) {
+        row->setTitle(shownTitle);
+        showTwice(&window);
+        row->setShortcut(QStringLiteral("<Control>F1"));
+        showTwice(&window);
+    };
+    show(title.left(200)); // Qt looks for fonts once
+    const qint64 cost = leastCost([&] { show(QStringLiteral("Title")); }, [&] { show(title); });
     QVERIFY2(cost < kMegabyteCostsMs, qPrintable(QString::number(cost)));
 
     // The row is too narrow for most; a wide one shows all that is ever shown.
