@@ -1,5 +1,6 @@
 #include "shortcutparts.h"
 
+#include "pages/showntext.h"
 #include "pages/texttranslatesettingwidget.h"
 #include "sandbox/controlcenter/shortcuts/shortcutspage.h"
 #include "tests/support/serviceprocess.h"
@@ -300,6 +301,20 @@ void ShortcutsPageTest::editModeKeepsFocus()
         QTRY_COMPARE(shown(kSpeech), expected);
         QVERIFY2(button->hasFocus(), name);
     }
+
+    // Leaving the window ends the wait, too.
+    const auto *edit = RowParts(*m_page->row(kSpeech)).edit;
+    press(Qt::Key_Space);
+    QVERIFY(!m_page->message().isEmpty());
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QTRY_COMPARE(m_page->message(), QString());
+    QCOMPARE(m_window->focusWidget(), edit);
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(edit->hasFocus());
 }
 
 void ShortcutsPageTest::editModeChanges()
@@ -341,6 +356,12 @@ void ShortcutsPageTest::serviceErrorIsTold()
     m_page->hide();
     m_page->show();
     QTRY_VERIFY(m_page->message().contains(QStringLiteral("no keyboard")));
+    m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("error"),
+                      QString(1 << 20, QLatin1Char('x')));
+    m_page->hide();
+    m_page->show();
+    QTRY_VERIFY(m_page->message().contains(QStringLiteral("xxx")));
+    QVERIFY(m_page->message().size() < 2 * ShownText::longestWords);
     m_service->reset();
     m_page->hide();
     m_page->show();

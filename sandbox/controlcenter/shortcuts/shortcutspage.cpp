@@ -1,6 +1,7 @@
 #include "sandbox/controlcenter/shortcuts/shortcutspage.h"
 
 #include "pages/shortcutitem.h"
+#include "pages/showntext.h"
 #include "sandbox/controlcenter/shortcuts/keygrabber.h"
 #include "sandbox/controlcenter/shortcuts/shortcutstore.h"
 #include "sandbox/controlcenter/windowmetrics.h"
@@ -8,7 +9,6 @@
 #include <zcc/widgets/settingsgroup.h>
 
 #include <QAccessible>
-#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -112,7 +112,8 @@ ShortcutsPage::Line *ShortcutsPage::line(const QString &id)
 /** A new shortcut ends a row's edit mode, the page's goes on, and the focus stays where it was. */
 void ShortcutsPage::showLine(const Line &line)
 {
-    QWidget *focus = QApplication::focusWidget();
+    // The window's focus, which it keeps while another window is in use.
+    QWidget *focus = window()->focusWidget();
     line.row->setShortcut(line.accelerator);
     if (!m_edit->isChecked())
         return;
@@ -179,7 +180,8 @@ void ShortcutsPage::onKnown(const QString &id, const QString &accelerator)
 
 void ShortcutsPage::onFailed(const QString &id, const QString &reason)
 {
-    say(tr("The shortcut for “%1”: %2").arg(line(id)->shortcut.title, reason));
+    say(tr("The shortcut for “%1”: %2")
+            .arg(line(id)->shortcut.title, ShownText::cut(reason, ShownText::longestWords)));
 }
 
 } // namespace controlcenter
