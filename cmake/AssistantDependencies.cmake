@@ -17,6 +17,10 @@ assistant_require_qt(Multimedia qtmultimedia5-dev)
 assistant_require_qt(LinguistTools qttools5-dev)
 if(BUILD_TESTING)
     assistant_require_qt(Test qtbase5-dev)
+    if(NOT TARGET Qt5::GuiPrivate)
+        message(FATAL_ERROR
+            "Qt's private headers were not found. Debian package: qtbase5-private-dev")
+    endif()
 endif()
 
 # Like pkg_check_modules(... IMPORTED_TARGET), with an error that a packager can act on.

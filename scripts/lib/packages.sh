@@ -3,7 +3,7 @@
 # shellcheck disable=SC2034 # used by name, see install_packages
 packages_build="
     cmake g++ ninja-build pkg-config python3
-    qtbase5-dev qtbase5-dev-tools qtmultimedia5-dev qttools5-dev qttools5-dev-tools
+    qtbase5-dev qtbase5-dev-tools qtbase5-private-dev qtmultimedia5-dev qttools5-dev qttools5-dev-tools
     libdbus-1-dev libpocketsphinx-dev libsphinxbase-dev pocketsphinx-en-us libpulse-dev
     espeak-ng sox"
 

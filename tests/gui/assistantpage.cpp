@@ -15,6 +15,8 @@
 #include <functional>
 #include <memory>
 
+#include <qpa/qwindowsysteminterface.h>
+
 // Voice wake-up, one-shot mode and the dock icon: the controls of the assistant page that depend on
 // each other or on what happens elsewhere, and the one call that waits while events are processed.
 
@@ -90,14 +92,6 @@ const QString stateOn = QStringLiteral("wake-up on, one-shot off, ") + wakeupTip
 const QString stateOneShot = QStringLiteral("wake-up on, one-shot on, ") + oneShotTip;
 
 } // namespace
-
-// Qt's way in for keys of the window system, which has no public name: QTest's keys pass Qt's queue
-// by. A static member's name in the platform's calling convention.
-bool queueKey(QWindow *window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
-              const QString &text, bool repeated,
-              ushort count) __asm__("_ZN22QWindowSystemInterface14handleKeyEventINS_"
-                                    "20AsynchronousDeliveryEEEbP7QWindow"
-                                    "N6QEvent4TypeEi6QFlagsIN2Qt16KeyboardModifierEERK7QStringbt");
 
 class AssistantPageTest : public QObject
 {
@@ -430,9 +424,11 @@ void AssistantPageTest::aKeyPressedWhileWakeupWaitsArrivesAfterIt()
     QTimer::singleShot(0, this, [&] {
         QVERIFY(m_assistant->waitForCalls(QStringLiteral("enableIvw")));
         testsupport::switchButton(page.dock())->setFocus();
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
-            queueKey(page.widget()->windowHandle(), type, Qt::Key_Space, Qt::NoModifier, QString(),
-                     false, 1);
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            // QTest's keys pass the queue of the window system's events by.
+            QWindowSystemInterface::handleKeyEvent<QWindowSystemInterface::AsynchronousDelivery>(
+                page.widget()->windowHandle(), type, Qt::Key_Space, Qt::NoModifier);
+        }
         turns.start(0);
     });
     page.clickWakeup();

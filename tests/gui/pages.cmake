@@ -4,3 +4,4 @@ foreach(test pageform pageactions assistantpage)
         SOURCES ${test}.cpp pagelog.h
         LIBRARIES assistantcontrol test-support)
 endforeach()
+target_link_libraries(assistantpage PRIVATE Qt5::GuiPrivate) # keys through the window system's queue
