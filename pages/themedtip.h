@@ -16,6 +16,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    QLabel *m_tip;
-    QWidget *m_page;
+    QLabel *m_tip = nullptr;
+    QWidget *m_page = nullptr;
 };

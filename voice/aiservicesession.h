@@ -37,6 +37,6 @@ private:
     friend class ProcessWide<AIServiceSession>;
     AIServiceSession();
 
-    ComCorvaneAiserviceSessionInterface *m_sessionManager;
+    ComCorvaneAiserviceSessionInterface *m_sessionManager = nullptr;
     QMap<QString, QString> m_objectPaths; // ability to object path
 };

@@ -54,6 +54,6 @@ private:
 
     ComCorvaneAiserviceAqcInterface *m_aqc = nullptr; // a child; null until a first test runs
     QPointer<AudioRecorder> m_recorder;               // the process's, which others may delete
-    QTimer *m_testTimer;                              // ours, without a parent
+    QTimer *m_testTimer = nullptr;                    // ours, without a parent
     std::shared_ptr<IatWapper> m_iat;                 // never null
 };
