@@ -1,7 +1,6 @@
 #include "pages/wordslabel.h"
 
 #include <QPainter>
-#include <QTextLayout>
 #include <QtMath>
 
 WordsLabel::WordsLabel(QWidget *parent)
@@ -44,6 +43,8 @@ const QTextLayout &WordsLabel::lines(int width) const
         return m_lines;
 
     QTextOption option(Qt::AlignHCenter);
+    // The words' own, whatever the interface's.
+    option.setTextDirection(shown.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     m_lines.setTextOption(option);
     m_lines.setFont(font());

@@ -70,6 +70,8 @@ QStringList wordProblems(const VoicePage &page)
 {
     auto *words = qobject_cast<QLabel *>(page.layout()->itemAt(1)->widget());
     QStringList problems;
+    if (words->height() < words->heightForWidth(words->width()))
+        problems += QStringLiteral("the words are higher than their place");
     if (!page.panel()->rect().contains(words->geometry()))
         problems += QStringLiteral("the words leave the panel");
     if (!page->rect().contains(page.group()->geometry()))
@@ -111,6 +113,8 @@ private Q_SLOTS:
     void partialResultsReplaceEachOther();
     void allWordsAreReadable_data();
     void allWordsAreReadable();
+    void wordsReadTheSameInEveryLanguageOfTheInterface_data();
+    void wordsReadTheSameInEveryLanguageOfTheInterface();
     void aMegabyteOfWordsIsShownInPart_data();
     void aMegabyteOfWordsIsShownInPart();
     void aDoubleClickOnALinkStartsATest();
@@ -445,6 +449,33 @@ void TestVoiceTestPanel::allWordsAreReadable()
                                              wordProblems(page).join(QStringLiteral("; ")))));
         }
     }
+}
+
+void TestVoiceTestPanel::wordsReadTheSameInEveryLanguageOfTheInterface_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::newRow("English") << QStringLiteral("Hello, world.");
+    QTest::newRow("Arabic") << QStringLiteral("مرحبا بالعالم.");
+}
+
+void TestVoiceTestPanel::wordsReadTheSameInEveryLanguageOfTheInterface()
+{
+    QFETCH(QString, words);
+    const auto drawn = [&words](Qt::LayoutDirection direction) {
+        QApplication::setLayoutDirection(direction);
+        VoicePage page;
+        if (!page.clickLink())
+            return QImage();
+        page.hear(words);
+        QWidget *label = page.layout()->itemAt(1)->widget();
+        label->resize(400, 40);
+        QImage picture = emptyPicture(label->size());
+        label->render(&picture, QPoint(), QRegion(), QWidget::RenderFlags());
+        return picture;
+    };
+    const QImage leftToRight = drawn(Qt::LeftToRight);
+    QVERIFY(ink(leftToRight) > 0);
+    QCOMPARE(drawn(Qt::RightToLeft), leftToRight);
 }
 
 void TestVoiceTestPanel::aMegabyteOfWordsIsShownInPart_data()
