@@ -28,6 +28,7 @@ set(module_headers
     voice/audiorecorder.h
     voice/iatwapper.h
     voice/processwide.h
+    voice/secondclickfilter.h
     voice/voiceanimationwidget.h
     voice/wavelevel.h)
 set(module_sources
@@ -56,6 +57,7 @@ set(module_sources
     voice/audioinfo.cpp
     voice/audiorecorder.cpp
     voice/iatwapper.cpp
+    voice/secondclickfilter.cpp
     voice/voiceanimationwidget.cpp
     voice/wavelevel.cpp)
 

@@ -8,6 +8,7 @@
 #include "pages/wordslabel.h"
 #include "proxy/assistantstateproxy.h"
 #include "voice/aqcwrapper.h"
+#include "voice/secondclickfilter.h"
 #include "voice/voiceanimationwidget.h"
 
 #include <zcc/widgets/settingsgroup.h>
@@ -251,8 +252,11 @@ void AssistantSettingWidget::addPrompt(const QString &text)
 
 void AssistantSettingWidget::addTestButton(const QString &text, Qt::Alignment alignment)
 {
-    if (!m_testButton)
+    if (!m_testButton) {
         m_testButton = new ZCommandLinkButton(text, this);
+        // It takes the place of the wave, where a click ends a test.
+        new SecondClickFilter(m_testButton);
+    }
     PageLayout::setFontStep(m_testButton, ZFontSizeManager::T6);
     connect(m_testButton, &ZCommandLinkButton::clicked, this,
             &AssistantSettingWidget::startVoiceTest);

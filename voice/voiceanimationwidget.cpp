@@ -1,5 +1,7 @@
 #include "voice/voiceanimationwidget.h"
 
+#include "voice/secondclickfilter.h"
+
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLinearGradient>
@@ -31,6 +33,8 @@ VoiceAnimationWidget::VoiceAnimationWidget(QWidget *parent)
     : QWidget(parent)
 {
     setFocusPolicy(Qt::TabFocus);
+    // It takes the place of the link that starts a test.
+    new SecondClickFilter(this);
     hide(); // also from a parent that is shown: only startPaint() shows it
     connect(&m_frameTimer, &QTimer::timeout, this, &VoiceAnimationWidget::advanceLevel);
 }
@@ -50,8 +54,6 @@ void VoiceAnimationWidget::stopPaint()
     m_phase2 = 0.0;
     m_phase3 = 0.0;
     m_level.reset();
-    m_pressed = false;
-    m_foreignButton = Qt::NoButton;
     update();
     hide();
 }
@@ -146,23 +148,12 @@ void VoiceAnimationWidget::paintEvent(QPaintEvent *)
 
 void VoiceAnimationWidget::mousePressEvent(QMouseEvent *)
 {
-    m_pressed = true;
-    m_foreignButton = Qt::NoButton;
+    // Taken, as its release is.
 }
 
-void VoiceAnimationWidget::mouseDoubleClickEvent(QMouseEvent *event)
+void VoiceAnimationWidget::mouseReleaseEvent(QMouseEvent *)
 {
-    // Without a first click here, that was on what stood here before: a link that starts a test.
-    if (!m_pressed)
-        m_foreignButton = event->button();
-}
-
-void VoiceAnimationWidget::mouseReleaseEvent(QMouseEvent *event)
-{
-    if (event->button() == m_foreignButton)
-        m_foreignButton = Qt::NoButton;
-    else
-        requestStop();
+    requestStop();
 }
 
 void VoiceAnimationWidget::resizeEvent(QResizeEvent *)

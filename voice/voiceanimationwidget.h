@@ -43,7 +43,6 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
-    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -59,7 +58,5 @@ private:
     double m_phase3 = 0.0;
     WaveLevel m_level;
     bool m_painting = false;
-    bool m_pressed = false;                         // since it is shown
-    Qt::MouseButton m_foreignButton = Qt::NoButton; // held from a double click that began elsewhere
-    bool m_keyboardFocus = false;                   // the focus came by keyboard, so it is shown
+    bool m_keyboardFocus = false; // the focus came by keyboard, so it is shown
 };

@@ -118,6 +118,7 @@ private Q_SLOTS:
     void aMegabyteOfWordsIsShownInPart_data();
     void aMegabyteOfWordsIsShownInPart();
     void aDoubleClickOnALinkStartsATest();
+    void aDoubleClickOnTheWaveEndsTheTest();
     void textsFromServicesArePlain();
     void lateResultsAndVerdictsDoNoHarm();
     void microphoneIsOpenOnlyDuringARun();
@@ -546,6 +547,31 @@ void TestVoiceTestPanel::aDoubleClickOnALinkStartsATest()
             page.finish(QStringLiteral("1000"));
         }
     }
+}
+
+void TestVoiceTestPanel::aDoubleClickOnTheWaveEndsTheTest()
+{
+    VoicePage page;
+    QTRY_VERIFY(page.link()->isVisible());
+    const QRect link = page.link()->rect();
+    const QPoint place =
+        page.link()->mapTo(page.get(), QPoint(link.center().x(), link.bottom() - 2));
+    QWindow *window = page->windowHandle();
+    QVERIFY(page.clickLink());
+    flushDeferredDeletes();
+    QTRY_COMPARE(page->childAt(place), page.wave());
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, place);
+    flushDeferredDeletes();
+    QVERIFY(page.link());
+    QTRY_COMPARE(page->childAt(place), page.link());
+    QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval; // soon after the first click
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, place);
+    QCOMPARE(page.texts().last(), VoicePage::runLink());
+    QVERIFY(!AudioRecorder::getInstance()->isRecording());
+
+    // A click of its own starts the next one.
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, place);
+    QVERIFY(page.texts().contains(QStringLiteral("(wave)")));
 }
 
 void TestVoiceTestPanel::textsFromServicesArePlain()
