@@ -5,11 +5,13 @@
 
 Each run is a tour, a window, an installation or a build, interrupted by INT, TERM or HUP, sent to the
 script alone or to its process group as a terminal does it, every other time once more. It must end with
-128 + the signal's number within LIMIT seconds, and leave no process and no file. A script that is killed
-must take with it all that it has started.
+128 + the signal's number within LIMIT seconds, and leave no process and no file. A script that is killed,
+alone or with its process group, must take with it all that it has started; one that loses another of
+its processes must still end in order.
 """
 
 import argparse
+import glob
 import itertools
 import os
 import pathlib
@@ -25,10 +27,13 @@ SHELL_START = 0.3  # seconds, in which the signal may end the shell itself
 MARK = "INTERRUPT_TEST_RUN"
 SIGNALS = (signal.SIGINT, signal.SIGTERM, signal.SIGHUP)
 PHASES = ("tour", "window", "tour", "window", "tour", "window", "installing", "building")
+TARGETS = ("script", "group", "other")  # of kills
 
 # Stand for programs that take long and start others, in process groups of their own too.
 SLOW_PROGRAM = "#!/bin/sh\nsetsid sleep 1000 &\nsleep 1000\n"
 NOTHING_INSTALLED = "#!/bin/sh\nexit 1\n"
+# Folders of sound servers, where the name of the folder for temporary files is none for a socket.
+SOUND_FOLDERS = "/tmp/sandbox-sound.*"
 PASS_ON = '#!/bin/sh\nexec "$@"\n'
 
 
@@ -39,6 +44,7 @@ class Run:
         self._mark = f"{MARK}={folder.name}"
         self._temporary = folder / "temporary files"
         self._said = folder / "said"
+        self._sound_folders = set(glob.glob(SOUND_FOLDERS))
         self._temporary.mkdir(parents=True)
         programs = folder / "programs"
         programs.mkdir()
@@ -84,6 +90,24 @@ class Run:
         if self._process.poll() is None:
             (os.killpg if to_group else os.kill)(self._process.pid, number)
 
+    def kill(self, target, generator):
+        """Kills "script", "group" or "other": any other process of the script. Returns its name."""
+        if target != "other":
+            self.send(signal.SIGKILL, target == "group")
+            return target
+        # Whoever kills a microphone alone must remove the folder of its sound server.
+        others = [
+            (pid, name)
+            for pid, name in self.processes().items()
+            if pid != self._process.pid and name != "start"
+        ]
+        pid, name = generator.choice(others)
+        try:
+            os.kill(pid, signal.SIGKILL)
+        except ProcessLookupError:
+            pass
+        return name
+
     def processes(self):
         """What runs that the script has started, itself included: names by process id."""
         found = {}
@@ -96,8 +120,10 @@ class Run:
         return found
 
     def files(self):
-        """What lies in the folder for temporary files."""
-        return sorted(path.name for path in self._temporary.iterdir())
+        """What lies in the folders for temporary files, but for what the script has told of."""
+        files = set(map(str, self._temporary.iterdir()))
+        files |= set(glob.glob(SOUND_FOLDERS)) - self._sound_folders
+        return sorted(file for file in files if f": {file}\n" not in self.said())
 
     def said(self):
         """What the script has written."""
@@ -155,16 +181,20 @@ class Test:
             phase, moment, took, run, problems,
         )
 
-    def kill(self, phase):
+    def kill(self, index, phase):
         """One killed run; what was wrong, in words."""
         run, moment = self._run_until_moment(phase)
         start = time.monotonic()
-        run.send(signal.SIGKILL, False)
-        run.wait(None)
+        killed = run.kill(TARGETS[index % len(TARGETS)], self._random)
+        if run.wait(0.5) is None:
+            run.send(signal.SIGTERM, False)
+        code = run.wait(LIMIT)
         while (run.processes() or run.files()) and time.monotonic() - start < LIMIT:
             time.sleep(0.02)
         took = time.monotonic() - start
-        return self._report("KILL", phase, moment, took, run, self._leftovers(run))
+        problems = [f"runs on after {LIMIT} s"] if code is None else []
+        problems += self._leftovers(run)
+        return self._report(f"KILL to the {killed}", phase, moment, took, run, problems)
 
     def _measured_tour(self):
         start = time.monotonic()
@@ -211,7 +241,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("project")
     parser.add_argument("--interrupts", type=int, default=12)
-    parser.add_argument("--kills", type=int, default=4)
+    parser.add_argument("--kills", type=int, default=6)
     parser.add_argument("--seed", type=int, default=random.randrange(1000000))
     parser.add_argument("--only", choices=sorted(set(PHASES)))
     options = parser.parse_args()
@@ -225,7 +255,7 @@ def main():
         for index in range(options.interrupts):
             failures += test.interrupt(index, phases[index % len(phases)])
         for index in range(options.kills):
-            failures += test.kill(phases[index % len(phases)])
+            failures += test.kill(index, phases[-1 - index % len(phases)])
     print(f"{options.interrupts} interrupts, {options.kills} kills, {failures} failed")
     return failures > 0
 

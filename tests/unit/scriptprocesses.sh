@@ -5,7 +5,6 @@ set -uo pipefail
 project_dir=$1
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-. "$project_dir/scripts/lib/supervise.sh"
 . "$project_dir/scripts/lib/processes.sh"
 mark=scriptprocesses.$$
 export SANDBOX_MARK=$mark # of all that is started here
@@ -61,7 +60,7 @@ stopped=$started_pid
 expect "another starts" wait_for_line ready
 kill -STOP "$stopped"
 unset SANDBOX_MARK # or what looks for the others would find itself
-end_processes "$mark"
+"$project_dir/scripts/lib/keeper" "$mark" "$work/none" </dev/null
 for pid in "$talker" "$stubborn" "$orphan" "$stopped"; do
     expect "process $pid has ended" fails lives "$pid"
 done
@@ -79,7 +78,7 @@ END
 chmod +x "$work/command"
 mkdir "$work/temporary files"
 supervised() { # supervised ARGUMENT: prints what the command says
-    TMPDIR="$work/temporary files" bash -c '. "$1/scripts/lib/supervise.sh"; supervise "$2" "$1" "$3"' \
+    TMPDIR="$work/temporary files" bash -ec '. "$1/scripts/lib/supervise.sh"; supervise "$2" "$1" "$3"' \
         bash "$project_dir" "$work/command" "$1"
 }
 for status in 0 2; do
@@ -94,5 +93,20 @@ done
 supervised 1 >"$work/said" 2>&1
 expect "a failure leaves what the programs said" \
     grep -qF "What every program said: $(realpath "$work")/temporary files/" "$work/said"
+
+mkdir "$work/programs"
+printf '#!/bin/sh\n[ "$1" != -rf ] && exec /bin/rm "$@"\nexit 1\n' >"$work/programs/rm"
+chmod +x "$work/programs/rm"
+PATH=$work/programs:$PATH supervised 2 >/dev/null
+expect "so it is when the folder cannot be removed" equals $? 2
+
+# A sound server whose news end at once.
+rm "$work/programs/rm"
+printf '#!/bin/sh\nexec sleep 100\n' >"$work/programs/pulseaudio"
+printf '#!/bin/sh\n[ "$1" != subscribe ] || echo event\n' >"$work/programs/pactl"
+chmod +x "$work/programs"/*
+said=$(PATH=$work/programs:$PATH "$project_dir/sandbox/microphone/start" none "$work/microphone" 2>&1)
+expect "a microphone fails with its sound server" equals "$? $said" \
+    "1 ready none"$'\n'"start: the sound server has ended"
 
 exit $((failures > 0))

@@ -7,7 +7,6 @@ project_dir=$(mktemp -d)
 work=$project_dir/work
 trap 'rm -rf "$project_dir"' EXIT
 mkdir "$work"
-. "$1/scripts/lib/supervise.sh"
 . "$1/scripts/lib/processes.sh"
 . "$1/scripts/lib/sandbox.sh"
 
@@ -25,7 +24,7 @@ status=0
 start_services || status=$?
 started=$(printf '%s\n' "${process_names[@]}" | sort | xargs)
 unset SANDBOX_MARK # or what looks for the others would find itself
-end_processes "$mark"
+"$1/scripts/lib/keeper" "$mark" "$work/none" </dev/null
 
 if ((status)) || [[ $started != "sandbox-dock sandbox-keybinding" ]]; then
     echo "FAIL  status $status, started: $started"
