@@ -33,6 +33,8 @@ macro(assistant_require_pkgconfig prefix module package)
     if(NOT ${prefix}_FOUND)
         message(FATAL_ERROR "${module} was not found. Debian package: ${package}")
     endif()
+    # At most -D_REENTRANT, which does nothing any more but to differ from the precompiled headers.
+    set_property(TARGET PkgConfig::${prefix} PROPERTY INTERFACE_COMPILE_OPTIONS "")
 endmacro()
 
 # The desktop's own development files, where they are installed.
