@@ -3,6 +3,7 @@
 #include <QAudioInput>
 #include <QCoreApplication>
 #include <QDebug>
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QMutexLocker>
 #include <QPointer>
@@ -13,6 +14,7 @@
 namespace {
 
 constexpr int deviceCheckMs = 500;
+constexpr int listingRest = 99; // times as long as looking at the list of devices took
 
 // A program that calls exit() never destroys its application object, and sound backends crash when
 // they are torn down under a running capture. Built after the backend, this goes before it.
@@ -135,21 +137,36 @@ bool AudioRecorder::isRecording()
 void AudioRecorder::watchDevices()
 {
     const QMutexLocker locker(&m_mutex);
-    if (m_recording || QAudioDeviceInfo::availableDevices(QAudio::AudioInput) != m_askedDevices)
+    if (m_recording || deviceListHasChanged())
         checkDevice();
     else if (!m_deviceValid)
         stop();
 }
 
+// Whether it is another one than when a device was last asked. False while it is too early to look
+// again: with ALSA's plugin that alone takes tens of milliseconds.
+bool AudioRecorder::deviceListHasChanged()
+{
+    if (!m_nextListing.hasExpired())
+        return false;
+    QElapsedTimer duration;
+    duration.start();
+    const QList<QAudioDeviceInfo> devices = QAudioDeviceInfo::availableDevices(QAudio::AudioInput);
+    m_nextListing.setRemainingTime(duration.elapsed() * listingRest);
+
+    const bool changed = m_askedDevicesKnown && devices != m_askedDevices;
+    m_askedDevices = devices;
+    m_askedDevicesKnown = true;
+    return changed;
+}
+
 bool AudioRecorder::checkDevice()
 {
     bool valid = m_device.isFormatSupported(m_format);
-    // With ALSA's plugin the list alone takes tens of milliseconds: too long for each check of a
-    // recording.
-    if (!valid || !isRecording())
-        m_askedDevices = QAudioDeviceInfo::availableDevices(QAudio::AudioInput);
+    m_askedDevicesKnown = !valid; // the list is looked at by a later tick: a recording is to begin
     if (!valid) {
         m_device = QAudioDeviceInfo();
+        m_askedDevices = QAudioDeviceInfo::availableDevices(QAudio::AudioInput);
         for (const QAudioDeviceInfo &device : qAsConst(m_askedDevices)) {
             if (device.isFormatSupported(m_format)) {
                 m_device = device;

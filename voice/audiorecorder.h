@@ -4,6 +4,7 @@
 #include <QAudioFormat>
 #include <QByteArray>
 #include <QDBusObjectPath>
+#include <QDeadlineTimer>
 #include <QList>
 #include <QMutex>
 #include <QObject>
@@ -76,6 +77,7 @@ private:
     AudioRecorder();
 
     void watchDevices();
+    bool deviceListHasChanged();
     void closeRetiredLater();
     void closeRetired();
 
@@ -91,5 +93,7 @@ private:
     bool m_recording = false;
     QScopedPointer<__Audio> m_audioDaemon;
     QList<QAudioDeviceInfo> m_askedDevices; // the list when a device was last asked
+    bool m_askedDevicesKnown = true;        // false: that asking did not look at the list
+    QDeadlineTimer m_nextListing;           // when looking at the list may take its time again
     QList<QAudioInput *> m_retired;         // ours; still open
 };

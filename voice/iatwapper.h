@@ -61,8 +61,7 @@ private:
     void connectResults();
     void disconnectResults();
 
-    ComCorvaneAiserviceIatInterface *m_iat =
-        nullptr; // a child; null until a first session, and after stopIat()
+    ComCorvaneAiserviceIatInterface *m_iat = nullptr; // a child; stopIat() clears it
     QString m_sessionId;
     QString m_fixedText;   // does not change any more
     QString m_pendingText; // may still be replaced

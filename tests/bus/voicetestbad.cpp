@@ -15,7 +15,6 @@
 
 #include <memory>
 
-using testsupport::flushDeferredDeletes;
 using testsupport::ServiceProcess;
 
 namespace {
@@ -95,8 +94,7 @@ public:
     /** No microphone is open, once what is scheduled for deletion has gone. */
     static bool microphoneIsClosed()
     {
-        flushDeferredDeletes();
-        return audio().captures().isEmpty();
+        return QTest::qWaitFor([] { return audio().captures().isEmpty(); });
     }
 
     /** A whole run with words and a verdict. Empty when nothing of what came before hurts it. */
