@@ -1,9 +1,11 @@
-# The module: every source of plugin/, proxy/, pages/ and voice/, compiled once.
+# The module: every source of plugin/, pages/, proxy/, voice/ and bus/, compiled once.
 #
 # assistantcontrol is an OBJECT library, not a static one: the resource bundles register themselves
 # from static initialisers that a linker would drop from an archive.
 
 set(module_headers
+    bus/buscalls.h
+    bus/serviceproxy.h
     pages/assistantsettingwidget.h
     pages/leftvoicetests.h
     pages/pagelayout.h
@@ -18,9 +20,7 @@ set(module_headers
     plugin/assistzlistview.h
     plugin/thirdlistwidget.h
     proxy/assistantstateproxy.h
-    proxy/buscalls.h
     proxy/servicenames.h
-    proxy/serviceproxy.h
     voice/aiservice.h
     voice/aiservicesession.h
     voice/aqcwrapper.h
@@ -32,6 +32,8 @@ set(module_headers
     voice/voiceanimationwidget.h
     voice/wavelevel.h)
 set(module_sources
+    bus/buscalls.cpp
+    bus/serviceproxy.cpp
     pages/assistantsettingwidget.cpp
     pages/leftvoicetests.cpp
     pages/pagelayout.cpp
@@ -48,9 +50,7 @@ set(module_sources
     plugin/tavrenaiassitantcontrolplugin.cpp
     plugin/thirdlistwidget.cpp
     proxy/assistantstateproxy.cpp
-    proxy/buscalls.cpp
     proxy/servicenames.cpp
-    proxy/serviceproxy.cpp
     proxy/shortcutlookup.cpp
     voice/aiservicesession.cpp
     voice/aqcwrapper.cpp

@@ -3,7 +3,7 @@
 
 file(GLOB_RECURSE assistant_format_sources CONFIGURE_DEPENDS
     RELATIVE "${PROJECT_SOURCE_DIR}"
-    plugin/*.h plugin/*.cpp proxy/*.h proxy/*.cpp pages/*.h pages/*.cpp voice/*.h voice/*.cpp
+    bus/*.h bus/*.cpp plugin/*.h plugin/*.cpp proxy/*.h proxy/*.cpp pages/*.h pages/*.cpp voice/*.h voice/*.cpp
     platform/*.h platform/*.cpp sandbox/*.h sandbox/*.cpp tests/*.h tests/*.cpp
     bench/*.h bench/*.cpp tools/*.h tools/*.cpp)
 
@@ -32,7 +32,7 @@ endif()
 
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 add_custom_target(lint)
-foreach(folder plugin proxy pages voice platform)
+foreach(folder bus plugin proxy pages voice platform)
     if(RUN_CLANG_TIDY)
         add_custom_target(lint-${folder}
             COMMAND "${RUN_CLANG_TIDY}" -quiet -p "${PROJECT_BINARY_DIR}"

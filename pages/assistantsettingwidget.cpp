@@ -1,12 +1,12 @@
 #include "pages/assistantsettingwidget.h"
 
 #include "assistantdockserviceinterface.h"
+#include "bus/buscalls.h"
+#include "bus/serviceproxy.h"
 #include "pages/leftvoicetests.h"
 #include "pages/pagelayout.h"
 #include "proxy/assistantstateproxy.h"
-#include "proxy/buscalls.h"
 #include "proxy/servicenames.h"
-#include "proxy/serviceproxy.h"
 #include "voice/aqcwrapper.h"
 #include "voice/voiceanimationwidget.h"
 

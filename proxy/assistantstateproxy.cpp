@@ -1,6 +1,6 @@
 #include "proxy/assistantstateproxy.h"
 
-#include "proxy/buscalls.h"
+#include "bus/buscalls.h"
 #include "proxy/servicenames.h"
 
 #include <QDebug>

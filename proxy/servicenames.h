@@ -1,17 +1,13 @@
 #pragma once
 
+#include "bus/buscalls.h"
+
 #include <QString>
 
 /** Bus names, object paths and interfaces of the services that the pages talk to. */
 namespace ServiceNames {
 
-/** One object of a service, with the interface used on it. */
-struct Endpoint
-{
-    QString service;
-    QString path;
-    QString interface;
-};
+using BusCalls::Endpoint;
 
 Endpoint voiceWakeuper();
 Endpoint mainWindow();

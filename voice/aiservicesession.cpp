@@ -1,7 +1,7 @@
 #include "voice/aiservicesession.h"
 
+#include "bus/buscalls.h"
 #include "comcorvaneaiservicesessioninterface.h"
-#include "proxy/buscalls.h"
 #include "voice/aiservice.h"
 #include "voice/processwide.h"
 

@@ -4,8 +4,8 @@
 #include <QDebug>
 #include <QTimer>
 
+#include "bus/serviceproxy.h"
 #include "comcorvaneaiserviceaqcinterface.h"
-#include "proxy/serviceproxy.h"
 #include "voice/aiservice.h"
 #include "voice/aiservicesession.h"
 #include "voice/audiorecorder.h"

@@ -8,7 +8,7 @@
 #include <QMutexLocker>
 #include <QPointer>
 
-#include "proxy/serviceproxy.h"
+#include "bus/serviceproxy.h"
 #include "voice/processwide.h"
 
 namespace {

@@ -5,9 +5,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include "bus/buscalls.h"
+#include "bus/serviceproxy.h"
 #include "comcorvaneaiserviceiatinterface.h"
-#include "proxy/buscalls.h"
-#include "proxy/serviceproxy.h"
 #include "voice/aiservice.h"
 #include "voice/aiservicesession.h"
 #include "voice/processwide.h"

@@ -1,4 +1,4 @@
-#include "proxy/buscalls.h"
+#include "bus/buscalls.h"
 
 #include <QDBusPendingCallWatcher>
 #include <QEventLoop>
@@ -10,7 +10,7 @@ namespace BusCalls {
 
 namespace {
 
-QDBusMessage methodCall(const ServiceNames::Endpoint &endpoint, const QString &method,
+QDBusMessage methodCall(const Endpoint &endpoint, const QString &method,
                         const QVariantList &arguments = {})
 {
     QDBusMessage call =
@@ -21,7 +21,7 @@ QDBusMessage methodCall(const ServiceNames::Endpoint &endpoint, const QString &m
 
 } // namespace
 
-QDBusMessage callProcessingEvents(const ServiceNames::Endpoint &endpoint, const QString &method,
+QDBusMessage callProcessingEvents(const Endpoint &endpoint, const QString &method,
                                   const QVariantList &arguments)
 {
     // What QDBus::BlockWithGui does, but for its flaw (up to Qt 5.15): it waits for ever when the
@@ -36,7 +36,7 @@ QDBusMessage callProcessingEvents(const ServiceNames::Endpoint &endpoint, const 
     return pending.reply();
 }
 
-QDBusMessage callBlocking(const QDBusConnection &bus, const ServiceNames::Endpoint &endpoint,
+QDBusMessage callBlocking(const QDBusConnection &bus, const Endpoint &endpoint,
                           const QString &method)
 {
     return waitFor(bus, bus.asyncCall(methodCall(endpoint, method)));
@@ -58,7 +58,7 @@ QDBusMessage waitFor(const QDBusConnection &bus, const QDBusPendingCall &call)
     return QDBusMessage();
 }
 
-QDBusMessage sendNoReply(const ServiceNames::Endpoint &endpoint, const QString &method,
+QDBusMessage sendNoReply(const Endpoint &endpoint, const QString &method,
                          const QVariantList &arguments)
 {
     return QDBusConnection::sessionBus().call(methodCall(endpoint, method, arguments),

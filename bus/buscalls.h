@@ -1,11 +1,10 @@
 #pragma once
 
-#include "proxy/servicenames.h"
-
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusReply>
+#include <QString>
 #include <QVariantList>
 
 /**
@@ -14,15 +13,23 @@
  */
 namespace BusCalls {
 
+/** One object of a service, with the interface used on it. */
+struct Endpoint
+{
+    QString service;
+    QString path;
+    QString interface;
+};
+
 /**
  * Sends a call on the session bus and waits for its reply while GUI events are processed. Whatever
  * called this may be gone when it returns.
  */
-QDBusMessage callProcessingEvents(const ServiceNames::Endpoint &endpoint, const QString &method,
+QDBusMessage callProcessingEvents(const Endpoint &endpoint, const QString &method,
                                   const QVariantList &arguments = {});
 
 /** Sends a call on @p bus and waits for its reply; nothing else happens meanwhile. */
-QDBusMessage callBlocking(const QDBusConnection &bus, const ServiceNames::Endpoint &endpoint,
+QDBusMessage callBlocking(const QDBusConnection &bus, const Endpoint &endpoint,
                           const QString &method);
 
 /**
@@ -35,7 +42,7 @@ QDBusMessage waitFor(const QDBusConnection &bus, const QDBusPendingCall &call);
  * Sends a call on the session bus and returns at once; the service is told that no reply is
  * expected. What comes back is an error message only if the call could not be sent.
  */
-QDBusMessage sendNoReply(const ServiceNames::Endpoint &endpoint, const QString &method,
+QDBusMessage sendNoReply(const Endpoint &endpoint, const QString &method,
                          const QVariantList &arguments = {});
 
 /**

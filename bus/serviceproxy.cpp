@@ -1,4 +1,4 @@
-#include "proxy/serviceproxy.h"
+#include "bus/serviceproxy.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
