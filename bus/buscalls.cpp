@@ -32,7 +32,7 @@ QDBusMessage callProcessingEvents(const Endpoint &endpoint, const QString &metho
     QEventLoop loop;
     QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
     if (!watcher.isFinished())
-        loop.exec(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
     return pending.reply();
 }
 
@@ -49,13 +49,11 @@ QDBusMessage waitFor(const QDBusConnection &bus, const QDBusPendingCall &call)
     // grow with the time that has passed.
     constexpr unsigned long longestPauseUs = 10000;
     unsigned long pauseUs = 50;
-    while (bus.isConnected()) {
-        if (call.isFinished())
-            return call.reply();
+    while (!call.isFinished() && bus.isConnected()) {
         QThread::usleep(pauseUs);
         pauseUs = std::min(pauseUs + pauseUs / 8, longestPauseUs);
     }
-    return QDBusMessage();
+    return call.isFinished() ? call.reply() : QDBusMessage();
 }
 
 QDBusMessage sendNoReply(const Endpoint &endpoint, const QString &method,

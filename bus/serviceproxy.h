@@ -11,7 +11,7 @@ class QDBusMessage;
  * Brings the signals of a service's object to the proxy for it. Part of ServiceProxy.
  *
  * Does what QtDBus does for a proxy, but never waits: QtDBus asks for the owner of the service's
- * name whenever a signal is connected, and ends the program when the bus ends just then.
+ * name when a first signal is connected, and ends the program when the bus ends just then.
  */
 class SignalRelay : public QObject
 {
@@ -28,8 +28,8 @@ private Q_SLOTS:
     void relay(const QDBusMessage &message);
 
 private:
-    QDBusAbstractInterface *m_proxy; // our parent
-    QString m_owner; // the connection whose signals count; empty without the service
+    QDBusAbstractInterface *m_proxy = nullptr; // our parent
+    QString m_owner;                           // whose signals count; empty without the service
 };
 
 /**

@@ -549,6 +549,24 @@ void AudioRecorderTest::daemonComesLater()
     QSignalSpy stopped(recorder, &AudioRecorder::recordStoped);
     QVERIFY(sourceChangedSignal(daemon, QStringLiteral("/s")));
     QTRY_COMPARE(stopped.count(), 1);
+
+    // Without its name it is a stranger, and whoever takes the name is the daemon.
+    recorder->start();
+    const auto endedByDaemon = [&] {
+        const bool sent =
+            sourceChangedSignal(daemon, QStringLiteral("/s")) &&
+            testsupport::callProcessingEvents(daemon, testsupport::pingCall()).type() ==
+                QDBusMessage::ReplyMessage;
+        return !sent || !busIsQuiet() || !recorder->isRecording();
+    };
+    QVERIFY(daemon.unregisterService(audioService));
+    QVERIFY(!endedByDaemon());
+    QDBusConnection successor =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("successor"));
+    QVERIFY(successor.registerService(audioService));
+    QVERIFY(!endedByDaemon());
+    QVERIFY(sourceChangedSignal(successor, QStringLiteral("/s")));
+    QTRY_COMPARE(stopped.count(), 2);
 }
 
 void AudioRecorderTest::deletedLaterAndBuiltAgain()

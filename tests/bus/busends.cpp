@@ -35,7 +35,10 @@ QString outcomeOf(ChildProcess &process)
     }
     if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
         return {};
-    return QString::fromLocal8Bit(process.readAllStandardError());
+    return QStringLiteral("exit status %1, code %2: ")
+               .arg(process.exitStatus())
+               .arg(process.exitCode()) +
+           QString::fromLocal8Bit(process.readAllStandardError());
 }
 
 void runAll(std::vector<Run> &runs)
@@ -81,7 +84,8 @@ QStringList words(const QString &line)
 bool ownerIsAskedNext(const QStringList &calls, int index)
 {
     const QString ask = QStringLiteral("GetNameOwner");
-    return calls.at(index) == ask || calls.value(index + 1) == ask;
+    return calls.at(index) == ask ||
+           (calls.at(index) == QLatin1String("AddMatch") && calls.value(index + 1) == ask);
 }
 
 } // namespace
@@ -130,6 +134,7 @@ void BusEndsTest::everyOperationReturns()
 {
     QFETCH(QString, operation);
     std::vector<Run> runs;
+    int leftOut = 0;
     for (const char *state : {"fresh", "used"}) {
         const QString connections = QLatin1String(state);
         const bool fresh = connections == QLatin1String("fresh");
@@ -141,8 +146,9 @@ void BusEndsTest::everyOperationReturns()
             const QStringList calls = words(lines.at(qstrcmp(ending, "system") == 0));
             for (int i = 0; i < calls.size(); ++i) {
                 if (fresh && ownerIsAskedNext(calls, i))
-                    continue;
-                moments.append(QString::number(i + 1));
+                    ++leftOut;
+                else
+                    moments.append(QString::number(i + 1));
             }
             for (const QString &moment : qAsConst(moments))
                 runs.push_back({{operation, connections, QLatin1String(ending), moment}, {}});
@@ -155,7 +161,7 @@ void BusEndsTest::everyOperationReturns()
             failures.append(run.arguments.join(QStringLiteral(", ")) + QStringLiteral(": ") +
                             run.outcome.trimmed());
     }
-    qInfo() << runs.size() << "runs";
+    qInfo() << runs.size() << "runs," << leftOut << "moments left out";
     QVERIFY2(failures.isEmpty(), qPrintable(failures.join(QLatin1Char('\n'))));
 }
 

@@ -25,12 +25,19 @@ QByteArray valueOf(const QByteArray &address, const QByteArray &key)
     return {};
 }
 
+void checkLength(const QByteArray &path, std::size_t limit)
+{
+    if (std::size_t(path.size()) >= limit)
+        qFatal("too long for a socket: %s", path.constData());
+}
+
 int connectTo(const QByteArray &address)
 {
     // An abstract name is one that begins with a zero.
     const QByteArray path = valueOf(address, "path");
     const QByteArray name = path.isEmpty() ? '\0' + valueOf(address, "abstract") : path;
     sockaddr_un target{};
+    checkLength(name, sizeof(target.sun_path));
     target.sun_family = AF_UNIX;
     std::memcpy(target.sun_path, name.constData(), std::size_t(name.size()));
     const int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
@@ -80,6 +87,7 @@ CuttableBus::CuttableBus(const char *variable)
     const QByteArray address = qgetenv(variable);
     const QByteArray path = QFile::encodeName(m_folder.filePath(QStringLiteral("bus")));
     sockaddr_un here{};
+    checkLength(path, sizeof(here.sun_path));
     here.sun_family = AF_UNIX;
     std::memcpy(here.sun_path, path.constData(), std::size_t(path.size()));
     m_listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);

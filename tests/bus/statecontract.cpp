@@ -1,4 +1,5 @@
 #include "assistantdockserviceinterface.h"
+#include "bus/serviceproxy.h"
 #include "proxy/assistantstateproxy.h"
 #include "proxy/servicenames.h"
 #include "tests/support/busrecorder.h"
@@ -409,8 +410,8 @@ void StateContractTest::theDockProxyRelaysItsSignal()
 {
     QCOMPARE(AssistantDockServiceInterface::staticInterfaceName(), "com.corvane.aiassistant.dock");
     m_dock.setValue(QStringLiteral("hidden"), false);
-    AssistantDockServiceInterface dock(ServiceNames::dockService(), ServiceNames::dockPath(),
-                                       QDBusConnection::sessionBus());
+    ServiceProxy<AssistantDockServiceInterface> dock(
+        ServiceNames::dockService(), ServiceNames::dockPath(), QDBusConnection::sessionBus());
     QSignalSpy changes(&dock, &AssistantDockServiceInterface::dockHideChange);
     m_dock.setValue(QStringLiteral("hidden"), true);
     QTRY_COMPARE(changes.count(), 1);
