@@ -303,17 +303,18 @@ int run(const Operation &operation, bool used, const QString &ending, const QStr
 
     const bool sessionEnds = ending != QLatin1String("system");
     const bool systemEnds = ending != QLatin1String("session");
-    const int message = moment.toInt();
+    // The number of a message that the operation sends, its method, and which call of that it is.
+    const QStringList message = moment.split(QLatin1Char('.'));
     const auto cut = [&] {
         if (sessionEnds)
             session.cut();
         if (systemEnds)
             system.cut();
     };
-    if (message > 0 && sessionEnds)
-        session.cutAtMessage(sessionBefore + message, systemEnds ? &system : nullptr);
-    else if (message > 0)
-        system.cutAtMessage(systemBefore + message);
+    if (message.size() == 3)
+        (sessionEnds ? session : system)
+            .cutInsteadOf(message.at(1).toLatin1(), message.at(2).toInt(),
+                          sessionEnds && systemEnds ? &system : nullptr);
     if (moment == QLatin1String("before") || moment == QLatin1String("unnoticed")) {
         connectBoth();
         cut();
@@ -329,7 +330,7 @@ int run(const Operation &operation, bool used, const QString &ending, const QStr
     const bool concerned = onSession ? sessionEnds : systemEnds;
     const bool goneAtFirst = moment == QLatin1String("before") ||
                              moment == QLatin1String("unnoticed") ||
-                             (message == 1 && onSession == sessionEnds);
+                             (message.at(0) == QLatin1String("1") && onSession == sessionEnds);
     if (!isMixOf(result, operation.answered, operation.fallback))
         return fail("neither the answers nor their fallbacks", result);
     if (concerned && goneAtFirst && result != operation.fallback)

@@ -109,10 +109,12 @@ QList<QByteArray> CuttableBus::messages() const
     return m_messages;
 }
 
-void CuttableBus::cutAtMessage(int number, CuttableBus *other)
+void CuttableBus::cutInsteadOf(const QByteArray &method, int count, CuttableBus *other)
 {
     m_other = other;
-    m_cutAt = number;
+    const QMutexLocker locker(&m_mutex);
+    m_cutMethod = method;
+    m_cutCount = count;
 }
 
 void CuttableBus::cut()
@@ -183,8 +185,10 @@ bool CuttableBus::passMessages(int bus)
         {
             const QMutexLocker locker(&m_mutex);
             m_messages.append(memberOf(m_pending.left(size)));
+            if (m_messages.last() == m_cutMethod && --m_cutCount == 0)
+                return false;
         }
-        if (m_messages.size() == m_cutAt || !writeAll(bus, m_pending.constData(), size))
+        if (!writeAll(bus, m_pending.constData(), size))
             return false;
         m_pending.remove(0, size);
     }

@@ -29,8 +29,9 @@ public:
     /** The methods that this process has called until now; the first is "Hello". */
     QList<QByteArray> messages() const;
 
-    /** The connection ends instead of the message with this number; @p other ends with it. */
-    void cutAtMessage(int number, CuttableBus *other = nullptr);
+    /** The connection ends instead of the @p count-th call of @p method from now on; @p other ends
+     * with it. */
+    void cutInsteadOf(const QByteArray &method, int count, CuttableBus *other = nullptr);
 
     /** The connection ends now; nothing more has passed when this returns. */
     void cut();
@@ -43,9 +44,10 @@ private:
     QTemporaryDir m_folder;
     int m_listener = -1;
     int m_wake[2] = {-1, -1}; // a pipe; its end of file ends the thread
-    mutable QMutex m_mutex;   // guards the list
+    mutable QMutex m_mutex;   // guards the next three
     QList<QByteArray> m_messages;
-    std::atomic<int> m_cutAt{0}; // no such message
+    QByteArray m_cutMethod;
+    int m_cutCount = 0;
     std::atomic<CuttableBus *> m_other{nullptr};
     QByteArray m_pending; // from the client, not yet passed on
     bool m_loggedIn = false;

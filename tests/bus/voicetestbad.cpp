@@ -2,6 +2,7 @@
 // with microphones that go. After each of these the next run must work. Each function in a process
 // of its own.
 
+#include "pages/showntext.h"
 #include "tests/bus/voiceimpatientbus.h"
 #include "tests/bus/voiceservice.h"
 #include "tests/gui/voicepage.h"
@@ -398,7 +399,7 @@ void VoiceTestBad::tenMegabytes()
     const QString text(10 * 1024 * 1024, QLatin1Char('w'));
     world.service.recognise(iatPath, text);
     QTRY_VERIFY_WITH_TIMEOUT(!world.page->texts().at(1).isEmpty(), 60000);
-    QVERIFY(world.page->texts().at(1) == text);
+    QCOMPARE(world.page->texts().at(1), ShownText::cut(text, ShownText::longestWords));
     QApplication::processEvents(); // and painted
     world.service.notify(aqcPath, text);
     QTRY_VERIFY_WITH_TIMEOUT(!world.page->texts().contains(wave), 60000);
