@@ -9,7 +9,7 @@ packages_build="
 
 # What the sandbox runs on: buses, sound, SVG icons, and fonts for all languages.
 packages_run="
-    dbus libqt5multimedia5-plugins libqt5svg5
+    dbus libqt5multimedia5-plugins libqt5svg5 qtwayland5
     pulseaudio pulseaudio-utils
     fonts-noto-core fonts-noto-cjk"
 
