@@ -10,6 +10,8 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include <cstdio>
+
 #include <unistd.h>
 
 using namespace controlcenter;
@@ -29,28 +31,33 @@ int complain(const QString &text, ExitCode code)
     return code;
 }
 
-/** Instead of what Qt says when it finds no display, before it aborts. */
-void complainOfDisplay(QtMsgType type, const QMessageLogContext &, const QString &)
+QtMessageHandler usualHandler = nullptr;
+
+/** While the application is made: Qt aborts where it cannot show windows, and does not tell why in
+ * one sentence. */
+void complainOfQt(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    if (type != QtFatalMsg)
+    static QStringList reasons;
+    reasons.append(text.simplified());
+    if (type != QtFatalMsg) {
+        usualHandler(type, context, text);
         return;
-    complain(QStringLiteral("There is no display: DISPLAY is \"%1\", WAYLAND_DISPLAY is \"%2\".")
-                 .arg(qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY")),
+    }
+    complain(QStringLiteral("The window cannot be shown; DISPLAY is \"%1\", WAYLAND_DISPLAY is "
+                            "\"%2\". %3")
+                 .arg(qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"),
+                      reasons.join(QLatin1String("; "))),
              Unavailable);
     _exit(Unavailable);
 }
 
-/** The file for messages; open when there is one. */
-QFile &logFile()
-{
-    static QFile file;
-    return file;
-}
+/** Never closed: messages come from any thread, to the very end. */
+FILE *logFile = nullptr;
 
 void writeToLog(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    logFile().write(qFormatLogMessage(type, context, text).toLocal8Bit() + '\n');
-    logFile().flush();
+    std::fprintf(logFile, "%s\n", qFormatLogMessage(type, context, text).toLocal8Bit().constData());
+    std::fflush(logFile);
 }
 
 /** The exit code of a tour of @p window. */
@@ -83,20 +90,21 @@ int main(int argc, char **argv)
 
     prepareEnvironment(options);
     int qtArgumentCount = 1; // Qt would take --plugin for one of its own options
-    const QtMessageHandler usualHandler = qInstallMessageHandler(complainOfDisplay);
-    QApplication application(qtArgumentCount, argv);
-    qInstallMessageHandler(usualHandler);
-    QApplication::setApplicationName(QStringLiteral("control-center"));
     if (options.help) {
+        const QCoreApplication application(qtArgumentCount, argv);
         QTextStream(stdout) << helpText();
         return 0;
     }
+    usualHandler = qInstallMessageHandler(complainOfQt);
+    QApplication application(qtArgumentCount, argv);
+    qInstallMessageHandler(usualHandler);
+    QApplication::setApplicationName(QStringLiteral("control-center"));
     if (!options.log.isEmpty()) {
-        logFile().setFileName(options.log);
-        if (!logFile().open(QIODevice::WriteOnly | QIODevice::Append))
-            return complain(QStringLiteral("%1 cannot be written: %2")
-                                .arg(options.log, logFile().errorString()),
-                            Unavailable);
+        logFile = std::fopen(QFile::encodeName(options.log).constData(), "ae");
+        if (!logFile)
+            return complain(
+                QStringLiteral("%1 cannot be written: %2").arg(options.log, qt_error_string()),
+                Unavailable);
         qInstallMessageHandler(writeToLog);
     }
     dressApplication(options);

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void eachPageLooksDifferentInTheTwoThemes();
     void picturesScale();
     void onlyPicturesOfAnEarlierTourAreRemoved();
+    void aForeignFileIsNotOverwritten_data();
     void aForeignFileIsNotOverwritten();
     void theWindowMirrorsInUyghur();
     void largeTextsKeepEverythingReachable();
@@ -31,7 +32,10 @@ private Q_SLOTS:
     void aServiceThatIgnoresAWriteFailsTheTour();
     void wrongUsageIsRefused_data();
     void wrongUsageIsRefused();
-    void aMissingDisplayIsNamed();
+    void aModuleIsNeeded();
+    void helpNeedsNoDisplay();
+    void theReasonWhyThereIsNoWindowIsNamed_data();
+    void theReasonWhyThereIsNoWindowIsNamed();
     void messagesGoToTheLog();
     void aFileThatIsNoModuleIsRefused_data();
     void aFileThatIsNoModuleIsRefused();
@@ -155,11 +159,20 @@ void WindowTour::onlyPicturesOfAnEarlierTourAreRemoved()
     QCOMPARE(left, expected);
 }
 
+void WindowTour::aForeignFileIsNotOverwritten_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("picture") << QStringLiteral("03-speech-to-text-light.png");
+    QTest::newRow("list of pictures") << QStringLiteral(".assistant-tour");
+}
+
 void WindowTour::aForeignFileIsNotOverwritten()
 {
+    QFETCH(QString, name);
     const QTemporaryDir folder;
     QCOMPARE(runTour(folder.path(), {QStringLiteral("--section=search")}).exitCode, 0);
-    QFile foreign(folder.filePath(QStringLiteral("03-speech-to-text-light.png")));
+    QFile foreign(folder.filePath(name));
     QVERIFY(foreign.open(QIODevice::WriteOnly) && foreign.write("mine") == 4);
     foreign.close();
     const QStringList before = QDir(folder.path()).entryList(QDir::Files);
@@ -269,17 +282,49 @@ void WindowTour::wrongUsageIsRefused()
     QVERIFY2(said.contains(message), qPrintable(said));
 }
 
-void WindowTour::aMissingDisplayIsNamed()
+void WindowTour::aModuleIsNeeded()
 {
-    qputenv("QT_QPA_PLATFORM", "xcb");
+    const WindowRun run = runWindow({});
+    QCOMPARE(run.exitCode, 2);
+    QVERIFY2(run.messages.contains(QStringLiteral("--plugin")), qPrintable(run.messages));
+}
+
+void WindowTour::helpNeedsNoDisplay()
+{
+    qputenv("QT_QPA_PLATFORM", "none");
+    const WindowRun run = runWindow({QStringLiteral("--help")});
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(run.lines.join('\n').contains(QStringLiteral("--plugin")));
+}
+
+void WindowTour::theReasonWhyThereIsNoWindowIsNamed_data()
+{
+    QTest::addColumn<QByteArray>("platform");
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("no display") << QByteArray("xcb")
+                                << QStringLiteral("could not connect to display :987");
+    QTest::newRow("no such platform") << QByteArray("none") << QStringLiteral("\"none\"");
+}
+
+void WindowTour::theReasonWhyThereIsNoWindowIsNamed()
+{
+    QFETCH(QByteArray, platform);
+    QFETCH(QString, reason);
+    qunsetenv("WAYLAND_DISPLAY");
+    qputenv("QT_QPA_PLATFORM", platform);
     qputenv("DISPLAY", ":987");
     const WindowRun run = runWindow({QStringLiteral("--plugin"), QStringLiteral(MODULE_FILE)});
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("DISPLAY");
     QCOMPARE(run.exitCode, 3);
-    QCOMPARE(run.messages,
-             QStringLiteral("control-center: There is no display: DISPLAY is \":987\", "
-                            "WAYLAND_DISPLAY is \"\".\n"));
+    const QString sentence = run.messages.trimmed().section('\n', -1);
+    QVERIFY2(sentence.startsWith(
+                 QStringLiteral("control-center: The window cannot be shown; DISPLAY is \":987\", "
+                                "WAYLAND_DISPLAY is \"\". ")),
+             qPrintable(run.messages));
+    QVERIFY2(sentence.contains(reason), qPrintable(sentence));
 }
 
 void WindowTour::messagesGoToTheLog()

@@ -4,6 +4,7 @@
 
 #include <QBuffer>
 #include <QCryptographicHash>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QTextStream>
 
@@ -44,6 +45,10 @@ QString Tour::prepareFolder(const TourSteps &steps)
     if (!m_folder.mkpath(QStringLiteral(".")))
         return QStringLiteral("The folder %1 cannot be made.").arg(m_folder.path());
 
+    if (!hasOwnList())
+        return QStringLiteral("%1 is no list that a tour has written, and would be lost; name "
+                              "another folder.")
+            .arg(m_folder.filePath(listName));
     const QStringList own = ownPictures();
     for (const QString &name : pictureNames(steps)) {
         const QFileInfo file(m_folder.filePath(name));
@@ -92,6 +97,16 @@ bool Tour::run(const TourSteps &steps)
     return failures == 0;
 }
 
+bool Tour::hasOwnList() const
+{
+    QFile list(m_folder.filePath(listName));
+    if (!list.exists())
+        return true;
+    static const QRegularExpression lines(QStringLiteral("^([0-9a-f]{64}  [^\n]+\n)*$"));
+    return list.open(QIODevice::ReadOnly) &&
+           lines.match(QString::fromUtf8(list.readAll())).hasMatch();
+}
+
 QStringList Tour::ownPictures() const
 {
     QStringList names;
@@ -125,12 +140,11 @@ QString Tour::savePicture(const QString &file)
 {
     QByteArray picture;
     QBuffer buffer(&picture);
-    m_driver.grab().save(&buffer, "png");
 
     // Listed first: a picture that is not in the list could never be replaced.
     QFile list(m_folder.filePath(listName));
     QSaveFile target(m_folder.filePath(file));
-    const bool written = list.open(QIODevice::Append) &&
+    const bool written = m_driver.grab().save(&buffer, "png") && list.open(QIODevice::Append) &&
                          list.write(checksum(picture) + "  " + file.toUtf8() + '\n') > 0 &&
                          list.flush() && target.open(QIODevice::WriteOnly) &&
                          target.write(picture) == picture.size() && target.commit();

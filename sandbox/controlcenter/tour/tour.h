@@ -25,6 +25,9 @@ public:
     bool run(const TourSteps &steps);
 
 private:
+    /** Whether the list in the folder, if there is one, is a tour's. */
+    bool hasOwnList() const;
+
     /** The pictures in the folder that a tour has written. */
     QStringList ownPictures() const;
 
