@@ -104,7 +104,7 @@ assistant_configure_target(assistantcontrol)
 target_include_directories(assistantcontrol
     PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
 target_link_libraries(assistantcontrol
-    PUBLIC Qt5::Widgets Qt5::DBus Qt5::Multimedia zcc ztk zframeworkdbus)
+    PUBLIC Qt5::Widgets Qt5::DBus Qt5::Multimedia zcc ztk zframeworkdbus ${CMAKE_DL_LIBS})
 target_sources(assistantcontrol INTERFACE $<TARGET_OBJECTS:shortcutwidgets>)
 
 add_library(assistant-control-plugin MODULE)

@@ -375,7 +375,7 @@ void PageFormTest::hintShowsTheBeginningOfALongShortcut()
                                 "menu to translate the selected text.")
                      .arg(shortcut.left(255) + QChar(0x2026)));
     }
-    QVERIFY2(cost < 50, qPrintable(QString::number(cost)));
+    QVERIFY2(cost < testsupport::megabyteLimitMs, qPrintable(QString::number(cost)));
 }
 
 void PageFormTest::hintWithoutAShortcutHasEmptyParentheses_data()

@@ -1,6 +1,7 @@
 #include "shortcutparts.h"
 
 #include "pages/showntext.h"
+#include "tests/support/widgets.h"
 
 #include <QElapsedTimer>
 #include <QVBoxLayout>
@@ -9,7 +10,6 @@
 
 namespace {
 const int kLimitMs = 20000; // far more than any of this takes; a hang takes for ever
-const int kMegabyteCostsMs = 50;
 const int kMegabyte = 1024 * 1024;
 const int kWidestRow = 8000; // pixels: more cannot be shown, and must not be asked of a window
 const QChar kEllipsis(0x2026);
@@ -115,7 +115,7 @@ void ShortcutRough::accelerator()
     };
     show(accels.left(200)); // Qt looks for fonts once
     const qint64 cost = leastCost([&] { show(QStringLiteral("F1")); }, [&] { show(accels); });
-    QVERIFY2(cost < kMegabyteCostsMs, qPrintable(QString::number(cost)));
+    QVERIFY2(cost < testsupport::megabyteLimitMs, qPrintable(QString::number(cost)));
     QVERIFY2(window.minimumWidth() < kWidestRow, qPrintable(QString::number(window.width())));
 
     // It still does what a row does.
@@ -174,7 +174,7 @@ void ShortcutRough::title()
     };
     show(title.left(200)); // Qt looks for fonts once
     const qint64 cost = leastCost([&] { show(QStringLiteral("Title")); }, [&] { show(title); });
-    QVERIFY2(cost < kMegabyteCostsMs, qPrintable(QString::number(cost)));
+    QVERIFY2(cost < testsupport::megabyteLimitMs, qPrintable(QString::number(cost)));
 
     // The row is too narrow for most; a wide one shows all that is ever shown.
     window.setMinimumWidth(20000);

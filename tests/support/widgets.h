@@ -17,6 +17,13 @@ class SwitchWidget;
 
 namespace testsupport {
 
+/** What showing a megabyte from a service may cost, in ms of processor time. */
+#ifdef __SANITIZE_ADDRESS__
+constexpr int megabyteLimitMs = 200; // sanitizers take several times as long
+#else
+constexpr int megabyteLimitMs = 50;
+#endif
+
 // Ways to what a person sees on a page. Each returns null when there is no such widget.
 
 /** The switch row with this title. */
