@@ -25,8 +25,11 @@ endfunction()
 # Qt's headers, compiled once: they are most of what a compiler reads here. Builds that may leave the
 # machine are made without, and so show that every source includes what it needs.
 if(ASSISTANT_PRECOMPILED_HEADERS)
-    file(WRITE "${PROJECT_BINARY_DIR}/precompiledheaders.cpp" "")
-    add_library(precompiled-headers OBJECT "${PROJECT_BINARY_DIR}/precompiledheaders.cpp")
+    set(source "${PROJECT_BINARY_DIR}/precompiledheaders.cpp")
+    if(NOT EXISTS "${source}") # a newer one would be compiled again with each configuration
+        file(WRITE "${source}" "")
+    endif()
+    add_library(precompiled-headers OBJECT "${source}")
     set_target_properties(precompiled-headers PROPERTIES AUTOMOC OFF)
     assistant_configure_target(precompiled-headers)
     # Not linked: what a library defines must not be defined here, since not every user has it.
