@@ -2,10 +2,10 @@
 
 #include <QElapsedTimer>
 
-#include <algorithm>
-
 #include <malloc.h>
 #include <sys/resource.h>
+
+#include <algorithm>
 
 namespace {
 

@@ -7,7 +7,7 @@ file(GLOB_RECURSE assistant_format_sources CONFIGURE_DEPENDS
     platform/*.h platform/*.cpp sandbox/*.h sandbox/*.cpp tests/*.h tests/*.cpp
     bench/*.h bench/*.cpp tools/*.h tools/*.cpp)
 
-find_program(CLANG_FORMAT NAMES clang-format-14 clang-format)
+find_program(CLANG_FORMAT NAMES clang-format-16)
 find_program(RUN_CLANG_TIDY NAMES run-clang-tidy-14 run-clang-tidy)
 find_program(SHELLCHECK shellcheck)
 
@@ -26,8 +26,8 @@ if(CLANG_FORMAT)
         COMMAND "${CLANG_FORMAT}" --dry-run --Werror ${assistant_format_sources}
         WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
 else()
-    assistant_missing_tool(format clang-format)
-    assistant_missing_tool(format-check clang-format)
+    assistant_missing_tool(format clang-format-16)
+    assistant_missing_tool(format-check clang-format-16)
 endif()
 
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)

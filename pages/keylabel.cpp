@@ -9,8 +9,8 @@
 #include <QStyleOptionButton>
 
 namespace {
-const int kSidePadding = 18;   // pixels, left and right together
-const int kHeightPadding = 10; // pixels, above and below together
+constexpr int sidePadding = 18;   // pixels, left and right together
+constexpr int heightPadding = 10; // pixels, above and below together
 } // namespace
 
 KeyLabel::KeyLabel(const QString &text, QWidget *parent)
@@ -41,7 +41,7 @@ void KeyLabel::setEnter(bool enter)
 // The width is the minimum; the height lets a row grow with the font.
 QSize KeyLabel::sizeHint() const
 {
-    return QSize(minimumWidth(), fontMetrics().height() + kHeightPadding);
+    return QSize(minimumWidth(), fontMetrics().height() + heightPadding);
 }
 
 void KeyLabel::paintEvent(QPaintEvent *)
@@ -72,5 +72,5 @@ void KeyLabel::changeEvent(QEvent *event)
 
 void KeyLabel::fitWidthToText()
 {
-    setMinimumWidth(QFontMetrics(QApplication::font()).horizontalAdvance(m_text) + kSidePadding);
+    setMinimumWidth(QFontMetrics(QApplication::font()).horizontalAdvance(m_text) + sidePadding);
 }

@@ -4,6 +4,8 @@
 #include "pages/shortcutkey.h"
 #include "pages/showntext.h"
 
+#include <ztk/ziconbutton.h>
+
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -12,26 +14,24 @@
 #include <QStyleOptionFocusRect>
 #include <QTimer>
 
-#include <ztk/ziconbutton.h>
-
 using Ztk::Widget::ZIconButton;
 
 namespace {
 // Pixels.
-const int kMinimumHeight = 40;
-const int kButtonSize = 16;
-const int kTitleReserve = 32; // kept free beside the title and the caps
-const int kTextMargins = 6;   // inside a line edit, both sides and the cursor
-const int kAmple = 1000;      // a line edit's width at which no style is short of room
+constexpr int minimumRowHeight = 40;
+constexpr int buttonSize = 16;
+constexpr int titleReserve = 32; // kept free beside the title and the caps
+constexpr int textMargins = 6;   // inside a line edit, both sides and the cursor
+constexpr int ample = 1000;      // a line edit's width at which no style is short of room
 
 // Around the part that has the focus, in pixels: what the row's own margins leave.
-const QMargins kFocusMargins(3, 2, 3, 2);
+const QMargins focusMargins(3, 2, 3, 2);
 
 // Characters of average width: the title for which a row asks for room.
-const int kUsualTitleLength = 24;
+constexpr int usualTitleLength = 24;
 
 // The toolkit style's picture for "remove this entry"; the number is the toolkit's.
-const auto kRemovePicture = static_cast<QStyle::StandardPixmap>(0xF000001B);
+constexpr auto removePicture = static_cast<QStyle::StandardPixmap>(0xF000001B);
 
 // With a modifier, a key belongs to somebody's shortcut; that of the keypad is not the user's.
 bool isClick(const QKeyEvent *event)
@@ -58,12 +58,12 @@ ShortcutItem::ShortcutItem(QFrame *parent)
     // In the order in which they are reached by Tab and read aloud.
     m_title = new QLabel(this);
     m_editButton = new ZIconButton(this);
-    m_removeButton = new ZIconButton(kRemovePicture, this);
+    m_removeButton = new ZIconButton(removePicture, this);
     m_key = new ShortcutKey(this);
     m_shortcutEdit = new QLineEdit(this);
 
     setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Minimum);
-    setMinimumHeight(kMinimumHeight);
+    setMinimumHeight(minimumRowHeight);
     setAttribute(Qt::WA_MouseTracking);
     setFocusPolicy(Qt::TabFocus);
 
@@ -81,7 +81,7 @@ ShortcutItem::ShortcutItem(QFrame *parent)
     //: Name of a button that has only an icon: the user wants to remove this shortcut.
     m_removeButton->setAccessibleName(tr("Remove"));
     for (ZIconButton *button : {m_editButton, m_removeButton}) {
-        button->setFixedSize(kButtonSize, kButtonSize);
+        button->setFixedSize(buttonSize, buttonSize);
         button->setVisible(false);
     }
 
@@ -137,12 +137,12 @@ void ShortcutItem::setShortcutInfo(const ShortcutInfo &info)
 
 void ShortcutItem::onShortcutEdit()
 {
-    emit shortcutEditChanged(m_info);
+    Q_EMIT shortcutEditChanged(m_info);
 }
 
 void ShortcutItem::onRemoveClick()
 {
-    emit requestRemove(m_info);
+    Q_EMIT requestRemove(m_info);
 }
 
 void ShortcutItem::onEditMode(bool on)
@@ -179,8 +179,8 @@ void ShortcutItem::updateTitleSize()
 QSize ShortcutItem::sizeHint() const
 {
     const QFontMetrics metrics = m_title->fontMetrics();
-    const int usual = metrics.averageCharWidth() * kUsualTitleLength;
-    const int title = qMin(metrics.horizontalAdvance(shownTitle()), usual) + kTitleReserve;
+    const int usual = metrics.averageCharWidth() * usualTitleLength;
+    const int title = qMin(metrics.horizontalAdvance(shownTitle()), usual) + titleReserve;
     const QSize hint = zcc::widgets::SettingsItem::sizeHint();
     return QSize(hint.width() - m_title->sizeHint().width() + title, hint.height());
 }
@@ -225,7 +225,7 @@ void ShortcutItem::paintEvent(QPaintEvent *event)
     const QWidget *control = m_key->isVisible() ? static_cast<QWidget *>(m_key) : m_shortcutEdit;
     QStyleOptionFocusRect option;
     option.initFrom(this);
-    option.rect = control->geometry() + kFocusMargins;
+    option.rect = control->geometry() + focusMargins;
     QPainter painter(this);
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
 }
@@ -266,13 +266,13 @@ void ShortcutItem::activate(bool onCaps)
     }
     m_key->hide();
     m_shortcutEdit->show();
-    emit requestUpdateKey(m_info);
+    Q_EMIT requestUpdateKey(m_info);
 }
 
 // Width left for the title beside the caps, in pixels.
 int ShortcutItem::titleSpace() const
 {
-    return width() - m_key->width() - kTitleReserve;
+    return width() - m_key->width() - titleReserve;
 }
 
 // Width of the title as it now stands, elided or not.
@@ -293,10 +293,10 @@ void ShortcutItem::fitPlaceholder()
     QStyleOptionFrame option;
     option.initFrom(m_shortcutEdit);
     option.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, m_shortcutEdit);
-    option.rect = QRect(0, 0, kAmple, kAmple);
+    option.rect = QRect(0, 0, ample, ample);
     const QRect inside =
         style()->subElementRect(QStyle::SE_LineEditContents, &option, m_shortcutEdit);
     const int text =
         m_shortcutEdit->fontMetrics().horizontalAdvance(m_shortcutEdit->placeholderText());
-    m_shortcutEdit->setMinimumWidth(text + kTextMargins + kAmple - inside.width());
+    m_shortcutEdit->setMinimumWidth(text + textMargins + ample - inside.width());
 }

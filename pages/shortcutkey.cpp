@@ -5,12 +5,12 @@
 #include <QHBoxLayout>
 
 namespace {
-const int kSpacing = 5; // pixels
-const int kMostCaps = 64;
+constexpr int capSpacing = 5; // pixels
+constexpr int mostCaps = 64;
 
 // Pixels. Wider than any shortcut that can be typed, narrow enough that damaged input does not blow
 // up the window around the row to a size that cannot be allocated.
-const int kWidest = 4096;
+constexpr int widest = 4096;
 } // namespace
 
 ShortcutKey::ShortcutKey(QWidget *parent)
@@ -18,10 +18,10 @@ ShortcutKey::ShortcutKey(QWidget *parent)
     , m_layout(new QHBoxLayout)
 {
     m_layout->setContentsMargins(0, 0, 0, 0);
-    m_layout->setSpacing(kSpacing);
+    m_layout->setSpacing(capSpacing);
     setLayout(m_layout);
     setLayoutDirection(Qt::LeftToRight); // "Ctrl Alt T" keeps its order in right-to-left languages
-    setMaximumWidth(kWidest);
+    setMaximumWidth(widest);
 }
 
 void ShortcutKey::setTextList(const QStringList &keys)
@@ -35,8 +35,8 @@ void ShortcutKey::setTextList(const QStringList &keys)
     }
 
     QStringList shown;
-    QStringList names = keys.mid(0, kMostCaps);
-    if (keys.size() > kMostCaps)
+    QStringList names = keys.mid(0, mostCaps);
+    if (keys.size() > mostCaps)
         names.append(QString(QChar(0x2026)));
     for (const QString &name : qAsConst(names)) {
         auto *cap = new KeyLabel(name);

@@ -1,6 +1,5 @@
-#include "pages/assistantsettingwidget.h"
-
 #include "pages/accessiblefactory.h"
+#include "pages/assistantsettingwidget.h"
 #include "pages/pagelayout.h"
 #include "pages/showntext.h"
 #include "pages/voicetestverdict.h"
@@ -265,10 +264,9 @@ void AssistantSettingWidget::addTestButton(const QString &text, Qt::Alignment al
 
 void AssistantSettingWidget::recolourVoiceTest()
 {
-    for (QLabel *label : {m_promptLabel.data(), m_recognisedLabel.data()}) {
+    for (QLabel *label : {m_promptLabel.data(), m_recognisedLabel.data()})
         if (label)
             PageLayout::setTextColor(label, panelTipColor());
-    }
 }
 
 void AssistantSettingWidget::startVoiceTest()

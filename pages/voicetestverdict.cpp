@@ -17,10 +17,9 @@ VoiceTestVerdict voiceTestVerdict(const QString &result, const QString &recognis
     };
 
     auto verdict = VoiceTestVerdict::None;
-    for (const auto &entry : codes) {
+    for (const auto &entry : codes)
         if (result.contains(QLatin1String(entry.code)))
             verdict = entry.verdict;
-    }
 
     const bool faultFound = verdict != VoiceTestVerdict::None && verdict != VoiceTestVerdict::Good;
     if (recognisedText.isEmpty()) {

@@ -55,10 +55,9 @@ void TavrenAIAssitantControlPlugin::initSearchData()
     if (!m_frameProxy)
         return;
     const QString moduleName = displayName();
-    for (const SearchEntry &entry : searchEntries) {
+    for (const SearchEntry &entry : searchEntries)
         if (entry.item)
             m_frameProxy->addSearchItem(moduleName, tr(entry.page), tr(entry.item), true);
         else
             m_frameProxy->addSearchModule(moduleName, tr(entry.page), true);
-    }
 }

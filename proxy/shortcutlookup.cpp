@@ -1,6 +1,5 @@
-#include "proxy/assistantstateproxy.h"
-
 #include "bus/buscalls.h"
+#include "proxy/assistantstateproxy.h"
 #include "proxy/servicenames.h"
 
 #include <QDebug>

@@ -1,14 +1,14 @@
 #include "voice/aqcwrapper.h"
 
-#include <QCoreApplication>
-#include <QDebug>
-#include <QTimer>
-
 #include "bus/serviceproxy.h"
 #include "comcorvaneaiserviceaqcinterface.h"
 #include "voice/aiservice.h"
 #include "voice/aiservicesession.h"
 #include "voice/audiorecorder.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QTimer>
 
 #include <dlfcn.h>
 

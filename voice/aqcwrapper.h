@@ -1,13 +1,13 @@
 #pragma once
 
+#include "voice/iatwapper.h"
+
 #include <QByteArray>
 #include <QObject>
 #include <QPointer>
 #include <QString>
 
 #include <memory>
-
-#include "voice/iatwapper.h"
 
 class AudioRecorder;
 class ComCorvaneAiserviceAqcInterface;

@@ -1,5 +1,8 @@
 #include "voice/audiorecorder.h"
 
+#include "bus/serviceproxy.h"
+#include "voice/processwide.h"
+
 #include <QAudioInput>
 #include <QCoreApplication>
 #include <QDebug>
@@ -7,9 +10,6 @@
 #include <QEvent>
 #include <QMutexLocker>
 #include <QPointer>
-
-#include "bus/serviceproxy.h"
-#include "voice/processwide.h"
 
 namespace {
 

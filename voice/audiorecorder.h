@@ -1,5 +1,9 @@
 #pragma once
 
+#include "voice/audioinfo.h"
+
+#include <zframeworkdbus/audio.h>
+
 #include <QAudioDeviceInfo>
 #include <QAudioFormat>
 #include <QByteArray>
@@ -10,10 +14,6 @@
 #include <QObject>
 #include <QScopedPointer>
 #include <QTimer>
-
-#include <zframeworkdbus/audio.h>
-
-#include "voice/audioinfo.h"
 
 class QAudioInput;
 template <typename T>

@@ -1,16 +1,16 @@
 #include "voice/iatwapper.h"
 
-#include <QDebug>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-
 #include "bus/buscalls.h"
 #include "bus/serviceproxy.h"
 #include "comcorvaneaiserviceiatinterface.h"
 #include "voice/aiservice.h"
 #include "voice/aiservicesession.h"
 #include "voice/processwide.h"
+
+#include <QDebug>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 namespace {
 

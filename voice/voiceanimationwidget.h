@@ -1,9 +1,9 @@
 #pragma once
 
+#include "voice/wavelevel.h"
+
 #include <QTimer>
 #include <QWidget>
-
-#include "voice/wavelevel.h"
 
 /**
  * The moving picture of a voice test: three translucent waves that rise from the bottom edge and

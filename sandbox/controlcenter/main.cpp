@@ -10,9 +10,9 @@
 #include <QTextStream>
 #include <QTimer>
 
-#include <cstdio>
-
 #include <unistd.h>
+
+#include <cstdio>
 
 using namespace controlcenter;
 
@@ -83,10 +83,9 @@ int main(int argc, char **argv)
     const Options options = parseOptions(arguments);
     if (!options.error.isEmpty())
         return complain(options.error, WrongUsage);
-    for (const QString &section : options.sections) {
+    for (const QString &section : options.sections)
         if (!tourSections().contains(section))
             return complain(noSuch(QStringLiteral("section"), section, tourSections()), WrongUsage);
-    }
 
     prepareEnvironment(options);
     int qtArgumentCount = 1; // Qt would take --plugin for one of its own options

@@ -16,7 +16,7 @@ packages_run="
 packages_test="
     binutils iproute2 network-manager procps
     at-spi2-core python3-pyatspi openbox xauth xdotool xvfb
-    clang-format clang-tidy shellcheck"
+    clang-format-16 clang-tidy shellcheck"
 
 # Installs what is missing of the packages in the named lists ("build", "run", "test"). Fails with 3 when
 # they cannot be had.

@@ -1,6 +1,14 @@
 // The process's recorder on scripted microphones: which device it takes, what it hands on, when it
 // ends. Each function in a process of its own.
 
+#include "voice/audiorecorder.h"
+
+#include "tests/fakeaudio/scriptedaudio.h"
+#include "tests/support/bustalk.h"
+#include "tests/support/isolatedtests.h"
+#include "tests/support/logcapture.h"
+#include "tests/support/timertracker.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QElapsedTimer>
@@ -9,13 +17,6 @@
 #include <QProcess>
 #include <QSignalSpy>
 #include <QTest>
-
-#include "tests/fakeaudio/scriptedaudio.h"
-#include "tests/support/bustalk.h"
-#include "tests/support/isolatedtests.h"
-#include "tests/support/logcapture.h"
-#include "tests/support/timertracker.h"
-#include "voice/audiorecorder.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 // A program that ends while the process's recorder is in some state. Its exit code tells whether it
 // ended well: sound backends crash when a capture outlives them.
 
+#include "tests/fakeaudio/scriptedaudio.h"
+#include "voice/audioinfo.h"
+#include "voice/audiorecorder.h"
+
 #include <QAudioInput>
 #include <QCoreApplication>
 #include <QTextStream>
 #include <QTimer>
-
-#include "tests/fakeaudio/scriptedaudio.h"
-#include "voice/audioinfo.h"
-#include "voice/audiorecorder.h"
 
 int main(int argc, char **argv)
 {

@@ -10,9 +10,9 @@
 #include <QJsonObject>
 #include <QtTest>
 
-#include <memory>
-
 #include <unistd.h>
+
+#include <memory>
 
 using testsupport::ServiceProcess;
 
@@ -124,11 +124,9 @@ public:
     QStringList signalsOf(const QString &name) const
     {
         QStringList texts;
-        for (const QDBusMessage &message : m_signals) {
-            if (message.member() == name) {
+        for (const QDBusMessage &message : m_signals)
+            if (message.member() == name)
                 texts << message.arguments().value(0).toString();
-            }
-        }
         return texts;
     }
 
@@ -166,7 +164,7 @@ private:
 };
 
 /** The sandbox's AI service on the bus. */
-class AiServiceSessions : public QObject
+class AiServiceSessionsTest : public QObject
 {
     Q_OBJECT
 
@@ -208,20 +206,20 @@ private:
     std::unique_ptr<Client> m_client;
 };
 
-void AiServiceSessions::init()
+void AiServiceSessionsTest::init()
 {
     m_service = std::make_unique<ServiceProcess>(QStringLiteral("aiservice"));
     QVERIFY(m_service->start());
     m_client = std::make_unique<Client>(QStringLiteral("client"));
 }
 
-void AiServiceSessions::cleanup()
+void AiServiceSessionsTest::cleanup()
 {
     m_client.reset();
     m_service.reset();
 }
 
-QString AiServiceSessions::startRecognition(const QString &path, const QVariantMap &parameters)
+QString AiServiceSessionsTest::startRecognition(const QString &path, const QVariantMap &parameters)
 {
     return m_client
         ->call(path, QStringLiteral("iat"), QStringLiteral("startIat"), {QVariant(parameters)})
@@ -230,7 +228,7 @@ QString AiServiceSessions::startRecognition(const QString &path, const QVariantM
         .toString();
 }
 
-void AiServiceSessions::everySessionIsAnObject()
+void AiServiceSessionsTest::everySessionIsAnObject()
 {
     const QDBusMessage reply = m_client->create(QStringLiteral("aqc"));
     QCOMPARE(reply.signature(), QStringLiteral("oi"));
@@ -248,7 +246,7 @@ void AiServiceSessions::everySessionIsAnObject()
     QCOMPARE(m_service->value(sessionsKey).toStringList().size(), 2);
 }
 
-void AiServiceSessions::abilities_data()
+void AiServiceSessionsTest::abilities_data()
 {
     QTest::addColumn<QString>("ability");
     QTest::addColumn<int>("code");
@@ -263,7 +261,7 @@ void AiServiceSessions::abilities_data()
     QTest::newRow("capitals") << "AQC" << 1;
 }
 
-void AiServiceSessions::abilities()
+void AiServiceSessionsTest::abilities()
 {
     QFETCH(QString, ability);
     QFETCH(int, code);
@@ -274,7 +272,7 @@ void AiServiceSessions::abilities()
     QCOMPARE(m_service->value(sessionsKey).toStringList().size(), code == 0 ? 1 : 0);
 }
 
-void AiServiceSessions::limitOfSessions()
+void AiServiceSessionsTest::limitOfSessions()
 {
     m_service->setValue(QStringLiteral("sessionLimit"), 2);
     Client other(QStringLiteral("other"));
@@ -288,7 +286,7 @@ void AiServiceSessions::limitOfSessions()
     QVERIFY(!other.open(QStringLiteral("aqc")).isEmpty());
 }
 
-void AiServiceSessions::refusalOnRequest()
+void AiServiceSessionsTest::refusalOnRequest()
 {
     m_service->setValue(QStringLiteral("createSession.errorcode"), 5);
     QCOMPARE(m_client->create(QStringLiteral("aqc")).arguments().value(1), QVariant(5));
@@ -297,7 +295,7 @@ void AiServiceSessions::refusalOnRequest()
     QVERIFY(!m_client->open(QStringLiteral("aqc")).isEmpty());
 }
 
-void AiServiceSessions::freedSessionIsGone()
+void AiServiceSessionsTest::freedSessionIsGone()
 {
     const QString path = m_client->open(QStringLiteral("aqc"));
     QCOMPARE(m_client->free(QStringLiteral("aqc")), 0);
@@ -308,7 +306,7 @@ void AiServiceSessions::freedSessionIsGone()
     QCOMPARE(m_client->free(QStringLiteral("iat")), 4);
 }
 
-void AiServiceSessions::newSessionReplacesTheOld()
+void AiServiceSessionsTest::newSessionReplacesTheOld()
 {
     const QString first = m_client->open(QStringLiteral("aqc"));
     const QString second = m_client->open(QStringLiteral("aqc"));
@@ -321,7 +319,7 @@ void AiServiceSessions::newSessionReplacesTheOld()
              QDBusError::errorString(QDBusError::UnknownObject));
 }
 
-void AiServiceSessions::sessionsGoWithTheirClient()
+void AiServiceSessionsTest::sessionsGoWithTheirClient()
 {
     const QString kept = m_client->open(QStringLiteral("aqc"));
     {
@@ -336,7 +334,7 @@ void AiServiceSessions::sessionsGoWithTheirClient()
     QTRY_COMPARE(m_service->value(sessionsKey).toStringList(), QStringList(kept));
 }
 
-void AiServiceSessions::sessionIsItsClientsAlone()
+void AiServiceSessionsTest::sessionIsItsClientsAlone()
 {
     const QString path = m_client->open(QStringLiteral("aqc"));
     QVERIFY(m_client->listen(path));
@@ -353,7 +351,7 @@ void AiServiceSessions::sessionIsItsClientsAlone()
     QCOMPARE(other.signalsOf(QStringLiteral("onNotify")), QStringList());
 }
 
-void AiServiceSessions::oneVerdictPerCheck()
+void AiServiceSessionsTest::oneVerdictPerCheck()
 {
     const QString path = m_client->open(QStringLiteral("aqc"));
     QVERIFY(m_client->listen(path));
@@ -377,7 +375,7 @@ void AiServiceSessions::oneVerdictPerCheck()
     QVERIFY2(verdicts().last().contains(QStringLiteral("1003")), qPrintable(verdicts().last()));
 }
 
-void AiServiceSessions::onlyAudioOfTheCheckCounts()
+void AiServiceSessionsTest::onlyAudioOfTheCheckCounts()
 {
     const QString path = m_client->open(QStringLiteral("aqc"));
     QVERIFY(m_client->listen(path));
@@ -396,7 +394,7 @@ void AiServiceSessions::onlyAudioOfTheCheckCounts()
     QCOMPARE(verdicts().size(), 1);
 }
 
-void AiServiceSessions::markedAudioEndsTheCheck()
+void AiServiceSessionsTest::markedAudioEndsTheCheck()
 {
     const QString path = m_client->open(QStringLiteral("aqc"));
     QVERIFY(m_client->listen(path));
@@ -409,7 +407,7 @@ void AiServiceSessions::markedAudioEndsTheCheck()
              QJsonValue(QStringLiteral("1000")));
 }
 
-void AiServiceSessions::phraseIsRecognised()
+void AiServiceSessionsTest::phraseIsRecognised()
 {
     const QString path = m_client->open(QStringLiteral("iat"));
     QVERIFY(m_client->listen(path));
@@ -450,7 +448,7 @@ void AiServiceSessions::phraseIsRecognised()
     QCOMPARE(m_client->signalsOf(QStringLiteral("onError")), QStringList());
 }
 
-void AiServiceSessions::lastResultComesAfterFreeToo()
+void AiServiceSessionsTest::lastResultComesAfterFreeToo()
 {
     // The order of the module: it stops, and frees at once.
     const QString path = m_client->open(QStringLiteral("iat"));
@@ -468,7 +466,7 @@ void AiServiceSessions::lastResultComesAfterFreeToo()
                  QDBusError::errorString(QDBusError::UnknownObject));
 }
 
-void AiServiceSessions::secondRecognitionOfASession()
+void AiServiceSessionsTest::secondRecognitionOfASession()
 {
     const QString path = m_client->open(QStringLiteral("iat"));
     QVERIFY(m_client->listen(path));
@@ -485,7 +483,7 @@ void AiServiceSessions::secondRecognitionOfASession()
              ids.last());
 }
 
-void AiServiceSessions::unsupportedParameters_data()
+void AiServiceSessionsTest::unsupportedParameters_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QVariant>("value");
@@ -497,7 +495,7 @@ void AiServiceSessions::unsupportedParameters_data()
     QTest::newRow("another service") << "sub" << QVariant(QStringLiteral("tts"));
 }
 
-void AiServiceSessions::unsupportedParameters()
+void AiServiceSessionsTest::unsupportedParameters()
 {
     QFETCH(QString, key);
     QFETCH(QVariant, value);
@@ -509,14 +507,14 @@ void AiServiceSessions::unsupportedParameters()
     QCOMPARE(parsed(startRecognition(path)).value(QStringLiteral("status")), QJsonValue(0));
 }
 
-void AiServiceSessions::startedTwice()
+void AiServiceSessionsTest::startedTwice()
 {
     const QString path = m_client->open(QStringLiteral("iat"));
     QCOMPARE(parsed(startRecognition(path)).value(QStringLiteral("status")), QJsonValue(0));
     QCOMPARE(parsed(startRecognition(path)).value(QStringLiteral("status")), QJsonValue(1));
 }
 
-void AiServiceSessions::missingModels()
+void AiServiceSessionsTest::missingModels()
 {
     const QTemporaryDir empty;
     QVERIFY(m_service->stop());
@@ -534,15 +532,14 @@ void AiServiceSessions::missingModels()
     QVERIFY(!parsed(errors.first()).value(QStringLiteral("errInfo")).toString().isEmpty());
 }
 
-void AiServiceSessions::busIsNotStalled()
+void AiServiceSessionsTest::busIsNotStalled()
 {
     const QString path = m_client->open(QStringLiteral("iat"));
     QVERIFY(m_client->listen(path));
     startRecognition(path);
     QByteArray audio;
-    for (int i = 0; i < 15; ++i) {
+    for (int i = 0; i < 15; ++i)
         audio += spokenPhrase();
-    }
     m_client->putAudio(path, QStringLiteral("iat"), audio); // two minutes: seconds of decoding
     m_client->call(path, QStringLiteral("iat"), QStringLiteral("stopIat"));
 
@@ -560,7 +557,7 @@ void AiServiceSessions::busIsNotStalled()
     QVERIFY2(calls > 100, qPrintable(QString::number(calls)));
 }
 
-void AiServiceSessions::endsWhileRecognising()
+void AiServiceSessionsTest::endsWhileRecognising()
 {
     const QString path = m_client->open(QStringLiteral("iat"));
     QVERIFY(m_client->listen(path));
@@ -570,7 +567,7 @@ void AiServiceSessions::endsWhileRecognising()
     QVERIFY(m_service->stop());
 }
 
-void AiServiceSessions::recordsWhatItHears()
+void AiServiceSessionsTest::recordsWhatItHears()
 {
     const QTemporaryDir folder;
     m_service->setValue(QStringLiteral("recordDirectory"), folder.path());
@@ -596,7 +593,7 @@ void AiServiceSessions::recordsWhatItHears()
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
 }
 
-void AiServiceSessions::memoryStaysFlat()
+void AiServiceSessionsTest::memoryStaysFlat()
 {
     const QByteArray audio = spokenPhrase().left(64000); // 2 s
     int ends = 0;
@@ -627,5 +624,5 @@ void AiServiceSessions::memoryStaysFlat()
     QVERIFY2(growth < 5000000, qPrintable(QString::number(growth)));
 }
 
-QTEST_GUILESS_MAIN(AiServiceSessions)
+QTEST_GUILESS_MAIN(AiServiceSessionsTest)
 #include "aiservicesessions.moc"

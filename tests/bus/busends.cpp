@@ -161,11 +161,10 @@ void BusEndsTest::everyOperationReturns()
     }
     runAll(runs);
     QStringList failures;
-    for (const Run &run : runs) {
+    for (const Run &run : runs)
         if (!run.outcome.isEmpty())
             failures.append(run.arguments.join(QStringLiteral(", ")) + QStringLiteral(": ") +
                             run.outcome.trimmed());
-    }
     qInfo() << runs.size() << "runs," << leftOut << "moments left out";
     QVERIFY2(failures.isEmpty(), qPrintable(failures.join(QLatin1Char('\n'))));
 }

@@ -76,14 +76,12 @@ QStringList open()
 {
     page = std::make_unique<Page>(nullptr);
     QStringList state;
-    for (const auto *row : page->findChildren<zcc::widgets::SwitchWidget *>()) {
+    for (const auto *row : page->findChildren<zcc::widgets::SwitchWidget *>())
         if (row->title() != QLatin1String("Voice Wakeup")) // from a file
             state.append(row->checked() ? QStringLiteral("on") : QStringLiteral("off"));
-    }
-    for (const auto *box : page->findChildren<QComboBox *>()) {
+    for (const auto *box : page->findChildren<QComboBox *>())
         if (box->count() > 1)
             state.append(QString::number(box->currentIndex()));
-    }
     return state;
 }
 
@@ -255,10 +253,9 @@ bool hasEnded(const QDBusConnection &bus)
 /** Whether the first few of @p result are as in @p answered and the rest as in @p fallback. */
 bool isMixOf(const QStringList &result, const QStringList &answered, const QStringList &fallback)
 {
-    for (int i = 0; i <= answered.size(); ++i) {
+    for (int i = 0; i <= answered.size(); ++i)
         if (result == answered.mid(0, i) + fallback.mid(i))
             return true;
-    }
     return false;
 }
 
@@ -366,10 +363,9 @@ int main(int argc, char **argv)
     ScriptedAudio::instance().setDevices({{"mic", true}});
     const bool calls = arguments.value(1) == QLatin1String("calls");
     const int first = calls ? 2 : 1;
-    for (const Operation &operation : all) {
+    for (const Operation &operation : all)
         if (arguments.value(first) == QLatin1String(operation.name))
             return run(operation, arguments.value(first + 1) == QLatin1String("used"),
                        arguments.value(first + 2), arguments.value(first + 3));
-    }
     return fail("no such operation", arguments);
 }

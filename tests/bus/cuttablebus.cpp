@@ -4,11 +4,12 @@
 #include <QMutexLocker>
 #include <QtEndian>
 
-#include <cstring>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
+
+#include <cstring>
 
 namespace {
 
@@ -18,10 +19,9 @@ constexpr int headerSize = 16; // the fixed part: what the length of a message i
 QByteArray valueOf(const QByteArray &address, const QByteArray &key)
 {
     const QList<QByteArray> entries = address.mid(address.indexOf(':') + 1).split(',');
-    for (const QByteArray &entry : entries) {
+    for (const QByteArray &entry : entries)
         if (entry.startsWith(key + '='))
             return entry.mid(key.size() + 1);
-    }
     return {};
 }
 

@@ -275,10 +275,9 @@ void PageCallsTest::opensWithItsFallbacksInABrokenWorld()
     QFETCH(QStringList, fallback);
 
     m_someMayHaveEnded = behaviour == QLatin1String("vanish");
-    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding}) {
+    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding})
         if (behaviour.isNull())
             service->leaveBus();
-    }
     if (!behaviour.isNull()) {
         for (const char *member :
              {"getIatEnable", "getIatLanguage", "getTTSEnable", "getEnableWindow", "getSpeaker",

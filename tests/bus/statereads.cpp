@@ -198,10 +198,9 @@ void StateReadsTest::readsFallBack_data()
          {},
          QStringLiteral("dbus call network manager state failed")},
     };
-    for (const ReadCase &readCase : cases) {
+    for (const ReadCase &readCase : cases)
         for (const WorldName &world : worlds)
             QTest::addRow("%s, %s", readCase.name, world.name) << readCase << world.world;
-    }
 }
 
 void StateReadsTest::readsFallBack()

@@ -41,10 +41,9 @@ public:
         m_daemon.start(QStringLiteral("dbus-daemon"),
                        {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
                         QStringLiteral("--config-file=") + config.fileName()});
-        while (!m_daemon.canReadLine()) {
+        while (!m_daemon.canReadLine())
             if (!m_daemon.waitForReadyRead())
                 return false;
-        }
         return qputenv("DBUS_SESSION_BUS_ADDRESS", m_daemon.readLine().trimmed());
     }
 

@@ -1,12 +1,6 @@
 // The recognition client against a service in another process: the order and form of its calls,
 // every answer to them, and which signals reach it. Each function in a process of its own.
 
-#include <QCoreApplication>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QPointer>
-#include <QTest>
-
 #include "comcorvaneaiserviceiatinterface.h"
 #include "tests/bus/voiceservice.h"
 #include "tests/support/isolatedtests.h"
@@ -14,6 +8,12 @@
 #include "tests/support/serviceprocess.h"
 #include "voice/aiservicesession.h"
 #include "voice/iatwapper.h"
+
+#include <QCoreApplication>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QPointer>
+#include <QTest>
 
 using testsupport::ServiceCall;
 using testsupport::ServiceProcess;

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "tests/fakeaudio/scriptedaudio.h"
+#include "tests/support/bustalk.h"
+#include "tests/support/serviceprocess.h"
+
 #include <QByteArray>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
-
-#include "tests/fakeaudio/scriptedaudio.h"
-#include "tests/support/bustalk.h"
-#include "tests/support/serviceprocess.h"
 
 /** The scripted AI service, on a machine with one good microphone. */
 class VoiceService : public testsupport::ServiceProcess

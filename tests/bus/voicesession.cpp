@@ -1,17 +1,17 @@
 // Sessions at the AI service: what goes over the bus, and what is made of every kind of answer.
 // Each function in a process of its own.
 
-#include <QCoreApplication>
-#include <QDBusObjectPath>
-#include <QElapsedTimer>
-#include <QTest>
-#include <QTimer>
-
 #include "tests/bus/voiceimpatientbus.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
 #include "voice/aiservicesession.h"
+
+#include <QCoreApplication>
+#include <QDBusObjectPath>
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTimer>
 
 using testsupport::ServiceCall;
 using testsupport::ServiceProcess;

@@ -1,22 +1,23 @@
 // The assistant page with a microphone and an AI service that follow a script: what the page makes
 // of one signal after many voice tests. Each function in a process of its own.
 
-#include <QAccessible>
-#include <QApplication>
-#include <QLabel>
-#include <QTest>
-
-#include <dlfcn.h>
-#include <memory>
-
-#include <ztk/zcommandlinkbutton.h>
-
 #include "pages/assistantsettingwidget.h"
 #include "tests/bus/voiceservice.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/widgets.h"
+
+#include <ztk/zcommandlinkbutton.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
+
+#include <dlfcn.h>
+
+#include <memory>
 
 using testsupport::LogCapture;
 using testsupport::ServiceProcess;

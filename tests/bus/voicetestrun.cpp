@@ -1,17 +1,6 @@
 // Whole voice tests: scripted microphone, AI service in another process. What is sent, in which
 // order; what comes back; how a test ends. Each function in a process of its own.
 
-#include <QCoreApplication>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusReply>
-#include <QElapsedTimer>
-#include <QPointer>
-#include <QSignalSpy>
-#include <QTest>
-
-#include <memory>
-
 #include "comcorvaneaiserviceaqcinterface.h"
 #include "tests/bus/voiceimpatientbus.h"
 #include "tests/bus/voiceservice.h"
@@ -23,6 +12,17 @@
 #include "tests/support/timertracker.h"
 #include "voice/aqcwrapper.h"
 #include "voice/audiorecorder.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <memory>
 
 using testsupport::ServiceCall;
 using testsupport::ServiceProcess;

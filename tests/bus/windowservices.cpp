@@ -8,7 +8,7 @@ using controlcenter::ServiceWatch;
 using testsupport::ServiceProcess;
 
 /** The page of services follows services that change, come, go and hang, without ever waiting. */
-class WindowServices : public QObject
+class WindowServicesTest : public QObject
 {
     Q_OBJECT
 
@@ -32,7 +32,7 @@ const QString busName = QStringLiteral("com.corvane.aiassistant.dock");
 
 } // namespace
 
-void WindowServices::init()
+void WindowServicesTest::init()
 {
     m_watch.reset();
     m_dock.reset(new ServiceProcess(QStringLiteral("dock")));
@@ -40,7 +40,7 @@ void WindowServices::init()
     m_watch.reset(new ServiceWatch(QStringLiteral("dock"), busName, QDBusConnection::sessionBus()));
 }
 
-void WindowServices::itKnowsTheValues()
+void WindowServicesTest::itKnowsTheValues()
 {
     QCOMPARE(m_watch->state(), ServiceWatch::Unknown);
     m_watch->refresh();
@@ -49,7 +49,7 @@ void WindowServices::itKnowsTheValues()
     QCOMPARE(m_watch->busName(), busName);
 }
 
-void WindowServices::itFollowsACall()
+void WindowServicesTest::itFollowsACall()
 {
     m_watch->refresh();
     QTRY_COMPARE(m_watch->values().value(key), QStringLiteral("false"));
@@ -61,7 +61,7 @@ void WindowServices::itFollowsACall()
     QTRY_COMPARE(m_watch->values().value(key), QStringLiteral("true"));
 }
 
-void WindowServices::itFollowsAServiceThatEndsAndComesBack()
+void WindowServicesTest::itFollowsAServiceThatEndsAndComesBack()
 {
     m_watch->refresh();
     QTRY_COMPARE(m_watch->state(), ServiceWatch::Running);
@@ -73,7 +73,7 @@ void WindowServices::itFollowsAServiceThatEndsAndComesBack()
     QTRY_COMPARE(m_watch->state(), ServiceWatch::Running);
 }
 
-void WindowServices::aServiceThatHangsDoesNotHoldUpTheWindow()
+void WindowServicesTest::aServiceThatHangsDoesNotHoldUpTheWindow()
 {
     m_dock->suspend();
     QElapsedTimer timer;
@@ -85,7 +85,7 @@ void WindowServices::aServiceThatHangsDoesNotHoldUpTheWindow()
     QTRY_COMPARE(m_watch->values().value(key), QStringLiteral("false"));
 }
 
-void WindowServices::aServiceThatWasNeverThere()
+void WindowServicesTest::aServiceThatWasNeverThere()
 {
     ServiceWatch watch(QStringLiteral("cellar"), QStringLiteral("com.corvane.cellar"),
                        QDBusConnection::sessionBus());
@@ -94,5 +94,5 @@ void WindowServices::aServiceThatWasNeverThere()
     QVERIFY(watch.values().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(WindowServices)
+QTEST_GUILESS_MAIN(WindowServicesTest)
 #include "windowservices.moc"

@@ -14,9 +14,9 @@
 #include <QDir>
 #include <QtTest>
 
-#include <algorithm>
-
 #include <malloc.h>
+
+#include <algorithm>
 
 using testsupport::BusRecorder;
 using testsupport::ServiceProcess;
@@ -74,7 +74,7 @@ QVector<QByteArray> heardBy(const QString &ability, const QString &folder)
 
 /** What must not grow, get lost or get slower when somebody tests the microphone again and again.
  */
-class HundredRuns : public QObject
+class HundredRunsTest : public QObject
 {
     Q_OBJECT
 
@@ -88,7 +88,7 @@ private:
     ServiceProcess m_audioDaemon{QStringLiteral("audio")};
 };
 
-void HundredRuns::hundredRunsInARow()
+void HundredRunsTest::hundredRunsInARow()
 {
     QVERIFY(m_microphone.start(QStringLiteral("speech")));
     QVERIFY(m_network.start());
@@ -173,5 +173,5 @@ void HundredRuns::hundredRunsInARow()
     }
 }
 
-QTEST_MAIN(HundredRuns)
+QTEST_MAIN(HundredRunsTest)
 #include "hundredruns.moc"

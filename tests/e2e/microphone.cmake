@@ -11,16 +11,16 @@ target_compile_definitions(virtualmicrophone PRIVATE
 target_link_libraries(virtualmicrophone PUBLIC test-support PRIVATE PkgConfig::PULSE)
 add_dependencies(virtualmicrophone sandbox-recordings)
 
-assistant_add_test(test_microphonevoicetest TIER e2e BUSES SANITIZERS TIMEOUT 300
+assistant_add_test(microphonevoicetest TIER e2e BUSES SANITIZERS TIMEOUT 300
     SOURCES microphonevoicetest.cpp
     LIBRARIES assistantcontrol virtualmicrophone spokenrecording)
-assistant_add_test(test_microphonenone TIER e2e BUSES
+assistant_add_test(microphonenone TIER e2e BUSES
     SOURCES microphonenone.cpp
     LIBRARIES assistantcontrol virtualmicrophone)
-assistant_add_test(test_microphonechange TIER e2e BUSES
+assistant_add_test(microphonechange TIER e2e BUSES
     SOURCES microphonechange.cpp
     LIBRARIES zframeworkdbus virtualmicrophone)
-assistant_add_test(test_microphonelost TIER e2e BUSES
+assistant_add_test(microphonelost TIER e2e BUSES
     SOURCES microphonelost.cpp
     LIBRARIES assistantcontrol virtualmicrophone
     DEPENDS sandbox-networkmanager sandbox-aiservice)
@@ -29,7 +29,7 @@ assistant_add_test(voicetestends TIER e2e BUSES SANITIZERS
     SOURCES voicetestends.cpp
     LIBRARIES virtualmicrophone
     DEPENDS sandbox-networkmanager sandbox-voicescript fakeaudioplugin voicetestexit)
-assistant_add_test(test_microphoneopen TIER e2e BUSES SANITIZERS
+assistant_add_test(microphoneopen TIER e2e BUSES SANITIZERS
     SOURCES microphoneopen.cpp
     LIBRARIES assistantcontrol virtualmicrophone
     DEPENDS sandbox-networkmanager sandbox-voicescript sandbox-keybinding voicetestexit)
@@ -38,7 +38,7 @@ assistant_add_test(test_microphoneopen TIER e2e BUSES SANITIZERS
 add_executable(voicetestexit voicetestexit.cpp)
 assistant_configure_target(voicetestexit)
 target_link_libraries(voicetestexit PRIVATE assistantcontrol scriptedaudio)
-foreach(test voicetestends test_microphoneopen)
+foreach(test voicetestends microphoneopen)
     target_compile_definitions(${test} PRIVATE
         "VOICETESTEXIT_PROGRAM=\"$<TARGET_FILE:voicetestexit>\"")
 endforeach()

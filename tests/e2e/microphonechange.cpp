@@ -19,9 +19,8 @@ bool pactl(const QStringList &arguments, QByteArray *output = nullptr)
     process.start(QStringLiteral("pactl"), arguments);
     const bool done = process.waitForFinished() && process.exitStatus() == QProcess::NormalExit &&
                       process.exitCode() == 0;
-    if (output) {
+    if (output)
         *output = process.readAllStandardOutput();
-    }
     return done;
 }
 
@@ -48,7 +47,7 @@ QString pathOf(const char *name)
 } // namespace
 
 /** The sandbox's audio daemon on a real sound server. */
-class MicrophoneChange : public QObject
+class MicrophoneChangeTest : public QObject
 {
     Q_OBJECT
 
@@ -76,7 +75,7 @@ private:
     std::unique_ptr<QSignalSpy> m_changes;
 };
 
-void MicrophoneChange::init()
+void MicrophoneChangeTest::init()
 {
     m_microphone = std::make_unique<VirtualMicrophone>();
     m_daemon = std::make_unique<ServiceProcess>(QStringLiteral("audio"));
@@ -89,7 +88,7 @@ void MicrophoneChange::init()
     QTRY_COMPARE(m_daemon->value(defaultSource).toString(), QStringLiteral("microphone"));
 }
 
-void MicrophoneChange::cleanup()
+void MicrophoneChangeTest::cleanup()
 {
     m_changes.reset();
     m_audio.reset();
@@ -97,28 +96,27 @@ void MicrophoneChange::cleanup()
     m_microphone.reset();
 }
 
-bool MicrophoneChange::startServer()
+bool MicrophoneChangeTest::startServer()
 {
     return m_microphone->start(QStringLiteral("silence"));
 }
 
-bool MicrophoneChange::addSource(const char *name)
+bool MicrophoneChangeTest::addSource(const char *name)
 {
     return pactl({QStringLiteral("load-module"), QStringLiteral("module-remap-source"),
                   QStringLiteral("source_name=") + QLatin1String(name),
                   QStringLiteral("master=room.monitor")});
 }
 
-QStringList MicrophoneChange::paths() const
+QStringList MicrophoneChangeTest::paths() const
 {
     QStringList result;
-    for (const QList<QVariant> &change : *m_changes) {
+    for (const QList<QVariant> &change : *m_changes)
         result << change.first().value<QDBusObjectPath>().path();
-    }
     return result;
 }
 
-void MicrophoneChange::anotherDefaultSource()
+void MicrophoneChangeTest::anotherDefaultSource()
 {
     // Nothing was sent before: that there is a default source at the start is no change.
     QVERIFY(addSource("headset"));
@@ -131,7 +129,7 @@ void MicrophoneChange::anotherDefaultSource()
     QVERIFY(pathOf("headset") != pathOf("microphone"));
 }
 
-void MicrophoneChange::sameDefaultSourceAgain()
+void MicrophoneChangeTest::sameDefaultSourceAgain()
 {
     QVERIFY(setDefaultSource("microphone"));
     QVERIFY(addSource("headset"));
@@ -139,7 +137,7 @@ void MicrophoneChange::sameDefaultSourceAgain()
     QTRY_COMPARE(paths(), QStringList(pathOf("headset")));
 }
 
-void MicrophoneChange::otherEventsOfTheServer()
+void MicrophoneChangeTest::otherEventsOfTheServer()
 {
     QVERIFY(pactl({QStringLiteral("set-source-volume"), QStringLiteral("microphone"),
                    QStringLiteral("50%")}));
@@ -149,7 +147,7 @@ void MicrophoneChange::otherEventsOfTheServer()
     QTRY_COMPARE(paths(), QStringList(pathOf("headset")));
 }
 
-void MicrophoneChange::defaultSourceGoes()
+void MicrophoneChangeTest::defaultSourceGoes()
 {
     QVERIFY(addSource("headset"));
     QVERIFY(setDefaultSource("headset"));
@@ -160,7 +158,7 @@ void MicrophoneChange::defaultSourceGoes()
     QTRY_COMPARE(paths().value(1), pathOf("room.monitor"));
 }
 
-void MicrophoneChange::serverGoesAndComes()
+void MicrophoneChangeTest::serverGoesAndComes()
 {
     QVERIFY(m_microphone->stop());
     // A server that ends takes its sources away one by one.
@@ -171,7 +169,7 @@ void MicrophoneChange::serverGoesAndComes()
     QTRY_COMPARE(lastPath(), pathOf("microphone"));
 }
 
-void MicrophoneChange::daemonBeforeServer()
+void MicrophoneChangeTest::daemonBeforeServer()
 {
     QVERIFY(m_microphone->stop());
     QVERIFY(m_daemon->stop());
@@ -182,7 +180,7 @@ void MicrophoneChange::daemonBeforeServer()
     QTRY_COMPARE(lastPath(), pathOf("microphone"));
 }
 
-void MicrophoneChange::defaultSourceSetThroughControl()
+void MicrophoneChangeTest::defaultSourceSetThroughControl()
 {
     QVERIFY(addSource("headset"));
     m_daemon->setValue(defaultSource, QStringLiteral("headset"));
@@ -192,5 +190,5 @@ void MicrophoneChange::defaultSourceSetThroughControl()
     QCOMPARE(name.trimmed(), QByteArray("headset"));
 }
 
-QTEST_GUILESS_MAIN(MicrophoneChange)
+QTEST_GUILESS_MAIN(MicrophoneChangeTest)
 #include "microphonechange.moc"

@@ -28,7 +28,7 @@ const QString noSound = QStringLiteral("No sound recorded");
 
 } // namespace
 
-class MicrophoneLost : public QObject
+class MicrophoneLostTest : public QObject
 {
     Q_OBJECT
 
@@ -51,7 +51,7 @@ private:
     int m_recordedBytes = 0;
 };
 
-void MicrophoneLost::init()
+void MicrophoneLostTest::init()
 {
     qputenv("PULSE_SERVER", "unix:/nowhere/pulse"); // until a server is started
     QVERIFY(m_network.start());
@@ -63,21 +63,21 @@ void MicrophoneLost::init()
             [this](const QByteArray &block) { m_recordedBytes += block.size(); });
 }
 
-void MicrophoneLost::cleanup()
+void MicrophoneLostTest::cleanup()
 {
     m_page.reset();
     m_tracker.reset();
 }
 
 // The ten seconds are over.
-bool MicrophoneLost::timeIsUp() const
+bool MicrophoneLostTest::timeIsUp() const
 {
     const QList<QTimer *> timers = m_tracker->timers(testMs);
     return timers.size() == 1 && TimerTracker::fire(timers.first());
 }
 
 // The user tries until Qt is connected to the server again, which takes it a few seconds.
-bool MicrophoneLost::recordsAgain()
+bool MicrophoneLostTest::recordsAgain()
 {
     const QDeadlineTimer deadline(reconnectionMs);
     while (!deadline.hasExpired()) {
@@ -93,7 +93,7 @@ bool MicrophoneLost::recordsAgain()
 }
 
 // Where Qt finds no server at first it does not look again, so the second run has none either.
-void MicrophoneLost::serverIsAbsent()
+void MicrophoneLostTest::serverIsAbsent()
 {
     for (int run = 0; run < 2; ++run) {
         QVERIFY(m_page->clickLink());
@@ -106,7 +106,7 @@ void MicrophoneLost::serverIsAbsent()
     QCOMPARE(m_recordedBytes, 0);
 }
 
-void MicrophoneLost::serverDiesWhileRecording()
+void MicrophoneLostTest::serverDiesWhileRecording()
 {
     QVERIFY(m_microphone.start(silence));
     QVERIFY(m_page->clickLink());
@@ -126,5 +126,5 @@ void MicrophoneLost::serverDiesWhileRecording()
     QVERIFY(m_microphone.stop());
 }
 
-ISOLATED_TEST_MAIN(QApplication, MicrophoneLost, )
+ISOLATED_TEST_MAIN(QApplication, MicrophoneLostTest, )
 #include "microphonelost.moc"

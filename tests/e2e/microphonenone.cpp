@@ -8,7 +8,7 @@ using testsupport::ServiceProcess;
 using testsupport::VirtualMicrophone;
 
 /** A voice test on a sound server that has no microphone. */
-class MicrophoneNone : public QObject
+class MicrophoneNoneTest : public QObject
 {
     Q_OBJECT
 
@@ -16,7 +16,7 @@ private Q_SLOTS:
     void noSoundIsTheVerdict();
 };
 
-void MicrophoneNone::noSoundIsTheVerdict()
+void MicrophoneNoneTest::noSoundIsTheVerdict()
 {
     VirtualMicrophone microphone;
     QVERIFY(microphone.start(QStringLiteral("none")));
@@ -35,12 +35,11 @@ void MicrophoneNone::noSoundIsTheVerdict()
     QCOMPARE(levels.count(), 0);
     const auto files = QDir(recordings.path()).entryInfoList(QDir::Files);
     QCOMPARE(files.size(), 2);
-    for (const QFileInfo &file : files) {
+    for (const QFileInfo &file : files)
         QCOMPARE(file.size(), 44); // a header only
-    }
     QVERIFY(aiService.stop());
     QVERIFY(microphone.stop());
 }
 
-QTEST_GUILESS_MAIN(MicrophoneNone)
+QTEST_GUILESS_MAIN(MicrophoneNoneTest)
 #include "microphonenone.moc"

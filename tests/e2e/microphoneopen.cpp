@@ -59,7 +59,7 @@ QString text(const QVector<RecordingStreams::Stream> &streams)
 
 } // namespace
 
-class MicrophoneOpen : public QObject
+class MicrophoneOpenTest : public QObject
 {
     Q_OBJECT
 
@@ -95,7 +95,7 @@ private:
     TimerTracker m_tracker;
 };
 
-void MicrophoneOpen::init()
+void MicrophoneOpenTest::init()
 {
     QVERIFY(m_microphone.start(QStringLiteral("silence")));
     QVERIFY(m_streams.start());
@@ -104,12 +104,12 @@ void MicrophoneOpen::init()
     QVERIFY(m_aiService.start());
 }
 
-void MicrophoneOpen::cleanup()
+void MicrophoneOpenTest::cleanup()
 {
     QVERIFY(!QTest::currentTestFailed());
 }
 
-void MicrophoneOpen::checkIdleTicks(bool askingOpens)
+void MicrophoneOpenTest::checkIdleTicks(bool askingOpens)
 {
     const VoicePage page;
     const QList<QTimer *> timers = m_tracker.timers(checkMs);
@@ -131,13 +131,13 @@ void MicrophoneOpen::checkIdleTicks(bool askingOpens)
     QVERIFY2(onlyAsked(m_streams.streams()), qPrintable(text(m_streams.streams())));
 }
 
-void MicrophoneOpen::openedToAskOnly()
+void MicrophoneOpenTest::openedToAskOnly()
 {
     checkIdleTicks(false); // PulseAudio's plugin has no need to
 }
 
 // Where Qt has only its ALSA plugin, and ALSA has devices that are the sound server's.
-void MicrophoneOpen::openedToAskOnlyWithAlsa()
+void MicrophoneOpenTest::openedToAskOnlyWithAlsa()
 {
     const QTemporaryDir folder;
     QFile configuration(folder.filePath(QStringLiteral("alsa.conf")));
@@ -156,21 +156,21 @@ void MicrophoneOpen::openedToAskOnlyWithAlsa()
     checkIdleTicks(true);
 }
 
-void MicrophoneOpen::startVoiceTest(const VoicePage &page)
+void MicrophoneOpenTest::startVoiceTest(const VoicePage &page)
 {
     m_streams.clear();
     QVERIFY(page.clickLink());
     QTRY_COMPARE(m_streams.open(), 1);
 }
 
-void MicrophoneOpen::checkClosed(qint64 endedMs)
+void MicrophoneOpenTest::checkClosed(qint64 endedMs)
 {
     QTRY_COMPARE(m_streams.open(), 0);
     const qint64 took = m_streams.streams().last().closedMs - endedMs;
     QVERIFY2(took <= closingLimitMs, qPrintable(QString::number(took)));
 }
 
-void MicrophoneOpen::cancelled()
+void MicrophoneOpenTest::cancelled()
 {
     const VoicePage page;
     startVoiceTest(page);
@@ -178,7 +178,7 @@ void MicrophoneOpen::cancelled()
     checkClosed(RecordingStreams::now());
 }
 
-void MicrophoneOpen::timeIsUp()
+void MicrophoneOpenTest::timeIsUp()
 {
     const VoicePage page;
     startVoiceTest(page);
@@ -186,7 +186,7 @@ void MicrophoneOpen::timeIsUp()
     checkClosed(RecordingStreams::now());
 }
 
-void MicrophoneOpen::verdictArrives()
+void MicrophoneOpenTest::verdictArrives()
 {
     const VoicePage page;
     startVoiceTest(page);
@@ -196,7 +196,7 @@ void MicrophoneOpen::verdictArrives()
     QVERIFY(page.link());
 }
 
-void MicrophoneOpen::pageReplaced()
+void MicrophoneOpenTest::pageReplaced()
 {
     testsupport::FakeFrame frame;
     TavrenAIAssitantControlPlugin module;
@@ -209,7 +209,7 @@ void MicrophoneOpen::pageReplaced()
     checkClosed(RecordingStreams::now());
 }
 
-void MicrophoneOpen::pageDestroyed()
+void MicrophoneOpenTest::pageDestroyed()
 {
     VoicePage page;
     startVoiceTest(page);
@@ -217,18 +217,18 @@ void MicrophoneOpen::pageDestroyed()
     checkClosed(RecordingStreams::now());
 }
 
-void MicrophoneOpen::pageDestroyedBeforeAnotherWaits()
+void MicrophoneOpenTest::pageDestroyedBeforeAnotherWaits()
 {
     checkPageDestroyed(BeforeTheWait);
 }
 
-void MicrophoneOpen::pageDestroyedWhileAnotherWaits()
+void MicrophoneOpenTest::pageDestroyedWhileAnotherWaits()
 {
     checkPageDestroyed(DuringTheWait);
 }
 
 // The other page's service hangs, until the microphone is closed.
-void MicrophoneOpen::checkPageDestroyed(Moment moment)
+void MicrophoneOpenTest::checkPageDestroyed(Moment moment)
 {
     ServiceProcess keybinding(QStringLiteral("keybinding"));
     QVERIFY(keybinding.start());
@@ -266,7 +266,7 @@ void MicrophoneOpen::checkPageDestroyed(Moment moment)
     checkClosed(destroyedMs);
 }
 
-void MicrophoneOpen::checkProgram(const char *ending)
+void MicrophoneOpenTest::checkProgram(const char *ending)
 {
     ChildProcess program;
     program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -281,15 +281,15 @@ void MicrophoneOpen::checkProgram(const char *ending)
     QVERIFY(program.state() == QProcess::NotRunning || program.waitForFinished());
 }
 
-void MicrophoneOpen::programExits()
+void MicrophoneOpenTest::programExits()
 {
     checkProgram("exit");
 }
 
-void MicrophoneOpen::programAborts()
+void MicrophoneOpenTest::programAborts()
 {
     checkProgram("abort");
 }
 
-ISOLATED_TEST_MAIN(QApplication, MicrophoneOpen, )
+ISOLATED_TEST_MAIN(QApplication, MicrophoneOpenTest, )
 #include "microphoneopen.moc"

@@ -42,18 +42,15 @@ Match match(const QVector<qint16> &heard, const QVector<qint16> &source, int anc
     const auto key = heard.cbegin() + anchor;
     const auto found =
         std::search(source.cbegin(), source.cend(), key, key + samplesPerSecond / 10);
-    if (found == source.cend()) {
+    if (found == source.cend())
         return {};
-    }
     const int shift = int(found - source.cbegin()) - anchor;
     int begin = anchor;
-    while (begin > 0 && begin + shift > 0 && heard[begin - 1] == source[begin - 1 + shift]) {
+    while (begin > 0 && begin + shift > 0 && heard[begin - 1] == source[begin - 1 + shift])
         --begin;
-    }
     int end = anchor;
-    while (end < heard.size() && end + shift < source.size() && heard[end] == source[end + shift]) {
+    while (end < heard.size() && end + shift < source.size() && heard[end] == source[end + shift])
         ++end;
-    }
     return {begin, end, begin + shift};
 }
 

@@ -13,7 +13,7 @@ using Ztk::Widget::ZCommandLinkButton;
  * What the panel says in each state of the real NetworkManager. The launcher provides the daemon
  * and $NETWORK_STATE_COMMAND; where it could not, only the absence of the daemon is tested.
  */
-class TestNetworkCheck : public QObject
+class NetworkCheckTest : public QObject
 {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ private Q_SLOTS:
     void panelAnswersToEachState();
 };
 
-void TestNetworkCheck::panelAnswersToEachState_data()
+void NetworkCheckTest::panelAnswersToEachState_data()
 {
     QTest::addColumn<QString>("state");
     QTest::addColumn<bool>("online");
@@ -38,7 +38,7 @@ void TestNetworkCheck::panelAnswersToEachState_data()
     QTest::newRow("the daemon is not there") << "stopped" << false;
 }
 
-void TestNetworkCheck::panelAnswersToEachState()
+void NetworkCheckTest::panelAnswersToEachState()
 {
     QFETCH(QString, state);
     QFETCH(bool, online);
@@ -63,5 +63,5 @@ void TestNetworkCheck::panelAnswersToEachState()
     QCOMPARE(running, online);
 }
 
-QTEST_MAIN(TestNetworkCheck)
+QTEST_MAIN(NetworkCheckTest)
 #include "networkcheck.moc"

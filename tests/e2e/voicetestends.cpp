@@ -42,16 +42,15 @@ QVector<QStringList> waysToEnd()
 
     // The longest first.
     QVector<QStringList> all;
-    for (const char *moment : {"9900", "2000", "200"}) {
+    for (const char *moment : {"9900", "2000", "200"})
         for (const QStringList &way : qAsConst(ways))
             all.append(way + QStringList(QString::fromLatin1(moment)));
-    }
     return all + ways;
 }
 
 } // namespace
 
-class VoiceTestEnds : public QObject
+class VoiceTestEndsTest : public QObject
 {
     Q_OBJECT
 
@@ -72,7 +71,7 @@ private:
     std::map<QString, ChildProcess> m_programs;
 };
 
-void VoiceTestEnds::initTestCase()
+void VoiceTestEndsTest::initTestCase()
 {
     QVERIFY(m_microphone.start(QStringLiteral("silence")));
     QVERIFY(m_network.start());
@@ -92,20 +91,20 @@ void VoiceTestEnds::initTestCase()
     }
 }
 
-void VoiceTestEnds::cleanupTestCase()
+void VoiceTestEndsTest::cleanupTestCase()
 {
     m_programs.clear();
     QVERIFY(m_microphone.stop());
 }
 
-int VoiceTestEnds::running() const
+int VoiceTestEndsTest::running() const
 {
     return int(std::count_if(m_programs.cbegin(), m_programs.cend(), [](const auto &program) {
         return program.second.state() != QProcess::NotRunning;
     }));
 }
 
-void VoiceTestEnds::endsWell_data()
+void VoiceTestEndsTest::endsWell_data()
 {
     QTest::addColumn<QString>("way");
     for (const QStringList &words : waysToEnd()) {
@@ -114,7 +113,7 @@ void VoiceTestEnds::endsWell_data()
     }
 }
 
-void VoiceTestEnds::endsWell()
+void VoiceTestEndsTest::endsWell()
 {
     QFETCH(QString, way);
     ChildProcess &program = m_programs.at(way);
@@ -124,7 +123,7 @@ void VoiceTestEnds::endsWell()
     QVERIFY2(program.exitCode() == 0, output.constData());
 }
 
-void VoiceTestEnds::leavesNothingAtTheService()
+void VoiceTestEndsTest::leavesNothingAtTheService()
 {
     // A session is freed as the last thing of a test's end.
     const int tests = int(m_programs.size());
@@ -134,5 +133,5 @@ void VoiceTestEnds::leavesNothingAtTheService()
                     .size() >= tests);
 }
 
-QTEST_GUILESS_MAIN(VoiceTestEnds)
+QTEST_GUILESS_MAIN(VoiceTestEndsTest)
 #include "voicetestends.moc"

@@ -13,7 +13,7 @@ using testsupport::ServiceProcess;
 
 /** The window's program as a user starts it: the tour with its pictures, and what it says when it
  * cannot run. */
-class WindowTour : public QObject
+class WindowTourTest : public QObject
 {
     Q_OBJECT
 
@@ -70,14 +70,14 @@ const QStringList pages = {QStringLiteral("desktop-ai-assistant"), QStringLitera
 
 } // namespace
 
-void WindowTour::initTestCase()
+void WindowTourTest::initTestCase()
 {
     QVERIFY(m_microphone.start(QStringLiteral("none")));
     for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network})
         QVERIFY(service->start());
 }
 
-void WindowTour::init()
+void WindowTourTest::init()
 {
     for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network}) {
         if (!service->isRunning())
@@ -86,26 +86,26 @@ void WindowTour::init()
     }
 }
 
-WindowRun WindowTour::tour(const QStringList &arguments, Warnings warnings) const
+WindowRun WindowTourTest::tour(const QStringList &arguments, Warnings warnings) const
 {
     return runTour(m_pictures.path(), arguments, warnings);
 }
 
-QImage WindowTour::picture(const QString &name) const
+QImage WindowTourTest::picture(const QString &name) const
 {
     const QDir folder(m_pictures.path());
     const QStringList files = folder.entryList({QStringLiteral("*-%1.png").arg(name)});
     return files.size() == 1 ? QImage(folder.filePath(files.constFirst())) : QImage();
 }
 
-void WindowTour::everyStepSucceedsAndItsPictureExists()
+void WindowTourTest::everyStepSucceedsAndItsPictureExists()
 {
     const WindowRun run = tour(sectionsWithoutSound);
     const QString problem = failureOf(run, m_pictures.path());
     QVERIFY2(problem.isEmpty(), qPrintable(problem));
 }
 
-void WindowTour::eachPageLooksDifferentInTheTwoThemes()
+void WindowTourTest::eachPageLooksDifferentInTheTwoThemes()
 {
     QCOMPARE(tour({QStringLiteral("--section"), QStringLiteral("pages")}).exitCode, 0);
     QVector<QImage> all;
@@ -123,7 +123,7 @@ void WindowTour::eachPageLooksDifferentInTheTwoThemes()
     }
 }
 
-void WindowTour::picturesScale()
+void WindowTourTest::picturesScale()
 {
     QCOMPARE(tour({QStringLiteral("--section"), QStringLiteral("pages"), QStringLiteral("--scale"),
                    QStringLiteral("2")})
@@ -132,7 +132,7 @@ void WindowTour::picturesScale()
     QCOMPARE(picture(QStringLiteral("translation-light")).size(), QSize(2200, 1440));
 }
 
-void WindowTour::onlyPicturesOfAnEarlierTourAreRemoved()
+void WindowTourTest::onlyPicturesOfAnEarlierTourAreRemoved()
 {
     const QTemporaryDir folder;
     const auto write = [&folder](const char *name) {
@@ -159,7 +159,7 @@ void WindowTour::onlyPicturesOfAnEarlierTourAreRemoved()
     QCOMPARE(left, expected);
 }
 
-void WindowTour::aForeignFileIsNotOverwritten_data()
+void WindowTourTest::aForeignFileIsNotOverwritten_data()
 {
     QTest::addColumn<QString>("name");
 
@@ -167,7 +167,7 @@ void WindowTour::aForeignFileIsNotOverwritten_data()
     QTest::newRow("list of pictures") << QStringLiteral(".assistant-tour");
 }
 
-void WindowTour::aForeignFileIsNotOverwritten()
+void WindowTourTest::aForeignFileIsNotOverwritten()
 {
     QFETCH(QString, name);
     const QTemporaryDir folder;
@@ -185,7 +185,7 @@ void WindowTour::aForeignFileIsNotOverwritten()
     QCOMPARE(foreign.readAll(), QByteArray("mine"));
 }
 
-void WindowTour::theWindowMirrorsInUyghur()
+void WindowTourTest::theWindowMirrorsInUyghur()
 {
     const WindowRun run = tour(sectionsOfTexts + QStringList{QStringLiteral("--locale=ug_CN")});
     const QString problem = failureOf(run, m_pictures.path());
@@ -198,14 +198,14 @@ void WindowTour::theWindowMirrorsInUyghur()
     QVERIFY(left.lightness() > right.lightness());
 }
 
-void WindowTour::largeTextsKeepEverythingReachable()
+void WindowTourTest::largeTextsKeepEverythingReachable()
 {
     const WindowRun run = tour(sectionsOfTexts + QStringList{QStringLiteral("--font-size=16")});
     const QString problem = failureOf(run, m_pictures.path());
     QVERIFY2(problem.isEmpty(), qPrintable(problem));
 }
 
-void WindowTour::aMissingServiceFailsTheTour()
+void WindowTourTest::aMissingServiceFailsTheTour()
 {
     QVERIFY(m_assistant.stop());
     const WindowRun run = tour({QStringLiteral("--section=switches")}, Warnings::Allowed);
@@ -215,7 +215,7 @@ void WindowTour::aMissingServiceFailsTheTour()
              qPrintable(run.lines.join('\n')));
 }
 
-void WindowTour::aServiceThatIgnoresAWriteFailsTheTour()
+void WindowTourTest::aServiceThatIgnoresAWriteFailsTheTour()
 {
     m_assistant.script(QStringLiteral("setTransEnable"), QStringLiteral("error"),
                        QStringLiteral("no"));
@@ -227,7 +227,7 @@ void WindowTour::aServiceThatIgnoresAWriteFailsTheTour()
     QVERIFY(failed.filter(QStringLiteral("iat.enabled")).isEmpty());
 }
 
-void WindowTour::wrongUsageIsRefused_data()
+void WindowTourTest::wrongUsageIsRefused_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("message");
@@ -265,7 +265,7 @@ void WindowTour::wrongUsageIsRefused_data()
 }
 
 /** By the script too, which refuses it before it builds the window. */
-void WindowTour::wrongUsageIsRefused()
+void WindowTourTest::wrongUsageIsRefused()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, message);
@@ -282,14 +282,14 @@ void WindowTour::wrongUsageIsRefused()
     QVERIFY2(said.contains(message), qPrintable(said));
 }
 
-void WindowTour::aModuleIsNeeded()
+void WindowTourTest::aModuleIsNeeded()
 {
     const WindowRun run = runWindow({});
     QCOMPARE(run.exitCode, 2);
     QVERIFY2(run.messages.contains(QStringLiteral("--plugin")), qPrintable(run.messages));
 }
 
-void WindowTour::helpNeedsNoDisplay()
+void WindowTourTest::helpNeedsNoDisplay()
 {
     qputenv("QT_QPA_PLATFORM", "none");
     const WindowRun run = runWindow({QStringLiteral("--help")});
@@ -298,7 +298,7 @@ void WindowTour::helpNeedsNoDisplay()
     QVERIFY(run.lines.join('\n').contains(QStringLiteral("--plugin")));
 }
 
-void WindowTour::theReasonWhyThereIsNoWindowIsNamed_data()
+void WindowTourTest::theReasonWhyThereIsNoWindowIsNamed_data()
 {
     QTest::addColumn<QByteArray>("platform");
     QTest::addColumn<QString>("reason");
@@ -308,7 +308,7 @@ void WindowTour::theReasonWhyThereIsNoWindowIsNamed_data()
     QTest::newRow("no such platform") << QByteArray("none") << QStringLiteral("\"none\"");
 }
 
-void WindowTour::theReasonWhyThereIsNoWindowIsNamed()
+void WindowTourTest::theReasonWhyThereIsNoWindowIsNamed()
 {
     QFETCH(QByteArray, platform);
     QFETCH(QString, reason);
@@ -327,7 +327,7 @@ void WindowTour::theReasonWhyThereIsNoWindowIsNamed()
     QVERIFY2(sentence.contains(reason), qPrintable(sentence));
 }
 
-void WindowTour::messagesGoToTheLog()
+void WindowTourTest::messagesGoToTheLog()
 {
     const QTemporaryDir folder;
     QFile log(folder.filePath(QStringLiteral("log")));
@@ -339,7 +339,7 @@ void WindowTour::messagesGoToTheLog()
     QVERIFY2(!run.messages.contains(QStringLiteral("preInitialize")), qPrintable(run.messages));
 }
 
-void WindowTour::aFileThatIsNoModuleIsRefused_data()
+void WindowTourTest::aFileThatIsNoModuleIsRefused_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("message");
@@ -354,7 +354,7 @@ void WindowTour::aFileThatIsNoModuleIsRefused_data()
         << QStringLiteral("com.tavren.zde.ControlCenter.module/1.0");
 }
 
-void WindowTour::aFileThatIsNoModuleIsRefused()
+void WindowTourTest::aFileThatIsNoModuleIsRefused()
 {
     QFETCH(QString, file);
     QFETCH(QString, message);
@@ -364,5 +364,5 @@ void WindowTour::aFileThatIsNoModuleIsRefused()
     QVERIFY2(result.messages.contains(file), qPrintable(result.messages));
 }
 
-QTEST_GUILESS_MAIN(WindowTour)
+QTEST_GUILESS_MAIN(WindowTourTest)
 #include "windowtour.moc"

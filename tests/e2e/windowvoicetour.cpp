@@ -10,7 +10,7 @@ using testsupport::ServiceProcess;
 using testsupport::VirtualMicrophone;
 
 /** The part of the tour that speaks into a microphone: whole voice tests and their verdicts. */
-class WindowVoiceTour : public QObject
+class WindowVoiceTourTest : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ private Q_SLOTS:
     void withoutAVirtualMicrophoneTheTourFails();
 };
 
-void WindowVoiceTour::everyVoiceTestEndsWithTheRightVerdict()
+void WindowVoiceTourTest::everyVoiceTestEndsWithTheRightVerdict()
 {
     VirtualMicrophone microphone;
     QVERIFY(microphone.start(QStringLiteral("speech")));
@@ -41,7 +41,7 @@ void WindowVoiceTour::everyVoiceTestEndsWithTheRightVerdict()
 }
 
 // Nobody's room is recorded by a tour.
-void WindowVoiceTour::withoutAVirtualMicrophoneTheTourFails()
+void WindowVoiceTourTest::withoutAVirtualMicrophoneTheTourFails()
 {
     qunsetenv("SANDBOX_MICROPHONE");
     const QTemporaryDir pictures;
@@ -51,5 +51,5 @@ void WindowVoiceTour::withoutAVirtualMicrophoneTheTourFails()
     QVERIFY(!run.lines.filter(QStringLiteral("no virtual microphone")).isEmpty());
 }
 
-QTEST_GUILESS_MAIN(WindowVoiceTour)
+QTEST_GUILESS_MAIN(WindowVoiceTourTest)
 #include "windowvoicetour.moc"

@@ -14,7 +14,7 @@ using testsupport::ServiceProcess;
 
 /** What happens to the window while a page waits for its service: keys wait, too, but programs do
  * not. */
-class WindowWaiting : public QObject
+class WindowWaitingTest : public QObject
 {
     Q_OBJECT
 
@@ -47,7 +47,7 @@ const QString read = QStringLiteral("getIatEnable"); // the page's constructor w
 
 } // namespace
 
-void WindowWaiting::initTestCase()
+void WindowWaitingTest::initTestCase()
 {
     const LoadedModule loaded = loadModule(QStringLiteral(MODULE_FILE));
     QVERIFY2(loaded.module, qPrintable(loaded.error));
@@ -55,7 +55,7 @@ void WindowWaiting::initTestCase()
     QVERIFY(m_keybinding.start());
 }
 
-void WindowWaiting::init()
+void WindowWaitingTest::init()
 {
     if (!m_assistant.isRunning()) {
         QVERIFY(m_assistant.start());
@@ -72,7 +72,7 @@ void WindowWaiting::init()
     m_window->openModule();
 }
 
-void WindowWaiting::callReceived(const QString &member)
+void WindowWaitingTest::callReceived(const QString &member)
 {
     if (member != read || !m_meanwhile)
         return;
@@ -81,17 +81,17 @@ void WindowWaiting::callReceived(const QString &member)
     meanwhile();
 }
 
-NavigationColumn *WindowWaiting::navigation() const
+NavigationColumn *WindowWaitingTest::navigation() const
 {
     return m_window->findChild<NavigationColumn *>();
 }
 
-bool WindowWaiting::isGone(const QPointer<QWidget> &widget)
+bool WindowWaitingTest::isGone(const QPointer<QWidget> &widget)
 {
     return QTest::qWaitFor([&widget] { return widget.isNull(); });
 }
 
-void WindowWaiting::aPageThatComesAfterTheUserHasLeftIsDisposedOf()
+void WindowWaitingTest::aPageThatComesAfterTheUserHasLeftIsDisposedOf()
 {
     const QPointer<QWidget> first = m_window->currentPage();
     const QPointer<QWidget> list = m_window->moduleList();
@@ -115,7 +115,7 @@ void WindowWaiting::aPageThatComesAfterTheUserHasLeftIsDisposedOf()
     QVERIFY(m_window->currentPage());
 }
 
-void WindowWaiting::theWindowCanBeClosed()
+void WindowWaitingTest::theWindowCanBeClosed()
 {
     m_assistant.script(read, QStringLiteral("hold"));
     m_meanwhile = [this] {
@@ -131,7 +131,7 @@ void WindowWaiting::theWindowCanBeClosed()
     QVERIFY2(QApplication::topLevelWidgets().isEmpty(), "the late page was left behind");
 }
 
-void WindowWaiting::theServiceMayVanish()
+void WindowWaitingTest::theServiceMayVanish()
 {
     m_assistant.script(read, QStringLiteral("vanish"));
     m_meanwhile = [] {
@@ -142,5 +142,5 @@ void WindowWaiting::theServiceMayVanish()
     QVERIFY(m_assistant.waitForEnd());
 }
 
-QTEST_MAIN(WindowWaiting)
+QTEST_MAIN(WindowWaitingTest)
 #include "windowwaiting.moc"

@@ -23,10 +23,9 @@ FakeAudioPlugin::FakeAudioPlugin(QObject *parent)
 QList<QByteArray> FakeAudioPlugin::availableDevices(QAudio::Mode mode) const
 {
     QList<QByteArray> names;
-    if (mode == QAudio::AudioInput) {
+    if (mode == QAudio::AudioInput)
         for (const ScriptedAudio::Device &device : ScriptedAudio::instance().devices())
             names.append(device.name);
-    }
     return names;
 }
 

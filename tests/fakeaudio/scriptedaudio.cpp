@@ -33,10 +33,9 @@ int ScriptedAudio::hear(const QByteArray &block)
 QList<ScriptedCapture *> ScriptedAudio::openCaptures() const
 {
     QList<ScriptedCapture *> open;
-    for (ScriptedCapture *capture : m_captures) {
+    for (ScriptedCapture *capture : m_captures)
         if (capture->sink())
             open.append(capture);
-    }
     return open;
 }
 

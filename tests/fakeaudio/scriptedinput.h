@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QAudioSystemPlugin>
-
 #include "tests/fakeaudio/scriptedaudio.h"
+
+#include <QAudioSystemPlugin>
 
 /** An audio input that hears what the script lets it hear. */
 class ScriptedInput : public QAbstractAudioInput, public ScriptedCapture

@@ -11,7 +11,7 @@
 using Ztk::Widget::ZListView;
 
 /** Assistive technologies choose in lists, by the one thing that they can do to a row. */
-class AccessibilityChoice : public QObject
+class AccessibilityChoiceTest : public QObject
 {
     Q_OBJECT
 
@@ -48,12 +48,12 @@ void settle()
 
 } // namespace
 
-void AccessibilityChoice::initTestCase()
+void AccessibilityChoiceTest::initTestCase()
 {
     Ztk::Widget::ZApplicationSetup::install();
 }
 
-void AccessibilityChoice::rowOfAListIsChosen()
+void AccessibilityChoiceTest::rowOfAListIsChosen()
 {
     QStandardItemModel model;
     fill(&model);
@@ -76,7 +76,7 @@ void AccessibilityChoice::rowOfAListIsChosen()
     QCOMPARE(list.selectionModel()->selectedIndexes(), {model.index(1, 0)});
 }
 
-void AccessibilityChoice::clicksAndKeysChooseOnce()
+void AccessibilityChoiceTest::clicksAndKeysChooseOnce()
 {
     QStandardItemModel model;
     fill(&model);
@@ -98,7 +98,7 @@ void AccessibilityChoice::clicksAndKeysChooseOnce()
     QCOMPARE(clicks.count(), 1);
 }
 
-void AccessibilityChoice::severalRowsAreLeftToTheUser()
+void AccessibilityChoiceTest::severalRowsAreLeftToTheUser()
 {
     QStandardItemModel model;
     fill(&model);
@@ -114,7 +114,7 @@ void AccessibilityChoice::severalRowsAreLeftToTheUser()
     QCOMPARE(list.selectionModel()->selectedIndexes().size(), 2);
 }
 
-void AccessibilityChoice::entryOfAComboBoxIsChosen()
+void AccessibilityChoiceTest::entryOfAComboBoxIsChosen()
 {
     QComboBox box;
     box.addItems({QStringLiteral("first"), QStringLiteral("second"), QStringLiteral("third")});
@@ -132,7 +132,7 @@ void AccessibilityChoice::entryOfAComboBoxIsChosen()
     QCOMPARE(choices.count(), 3);
 }
 
-void AccessibilityChoice::rowOfTheModulesListOpensItsPage()
+void AccessibilityChoiceTest::rowOfTheModulesListOpensItsPage()
 {
     ThirdListWidget list;
     list.show();
@@ -156,5 +156,5 @@ void AccessibilityChoice::rowOfTheModulesListOpensItsPage()
     QCOMPARE(speechToText.count(), 1);
 }
 
-QTEST_MAIN(AccessibilityChoice)
+QTEST_MAIN(AccessibilityChoiceTest)
 #include "accessibilitychoice.moc"

@@ -52,11 +52,9 @@ QStringList Pages::states()
 
 bool Pages::start()
 {
-    for (ServiceProcess *service :
-         {&m_assistant, &m_dock, &m_keybinding, &m_network, &m_aiService}) {
+    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network, &m_aiService})
         if (!service->start())
             return false;
-    }
     return true;
 }
 

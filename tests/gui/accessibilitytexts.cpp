@@ -85,11 +85,10 @@ QStringList faultsOf(const QWidget *page)
         const QWidget *row = text->parentWidget();
         if (!row->rect().contains(text->geometry()))
             faults.append(QStringLiteral("cut off by its row: ") + describe(text));
-        for (int j = 0; j < i; ++j) {
+        for (int j = 0; j < i; ++j)
             if (placeIn(page, text).intersects(placeIn(page, texts.at(j))))
                 faults.append(QStringLiteral("overlap: %1 and %2")
                                   .arg(describe(texts.at(j)), describe(text)));
-        }
     }
     return faults;
 }
@@ -97,7 +96,7 @@ QStringList faultsOf(const QWidget *page)
 } // namespace
 
 /** Whether every page in every state has room for its texts, and mirrors. */
-class AccessibilityTexts : public QObject
+class AccessibilityTextsTest : public QObject
 {
     Q_OBJECT
 
@@ -117,19 +116,19 @@ private:
     Pages m_pages;
 };
 
-void AccessibilityTexts::initTestCase()
+void AccessibilityTextsTest::initTestCase()
 {
     Ztk::Widget::ZApplicationSetup::install();
     QVERIFY(m_pages.start());
 }
 
-void AccessibilityTexts::cleanup()
+void AccessibilityTextsTest::cleanup()
 {
     m_pages.close();
     QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
-void AccessibilityTexts::textsHaveRoom_data()
+void AccessibilityTextsTest::textsHaveRoom_data()
 {
     QTest::addColumn<QString>("state");
     QTest::addColumn<double>("fontSize");
@@ -147,7 +146,7 @@ void AccessibilityTexts::textsHaveRoom_data()
     }
 }
 
-void AccessibilityTexts::textsHaveRoom()
+void AccessibilityTextsTest::textsHaveRoom()
 {
     QFETCH(QString, state);
     QFETCH(double, fontSize);
@@ -169,7 +168,7 @@ void AccessibilityTexts::textsHaveRoom()
                  qPrintable(faultsOf(m_pages.page()).join(QLatin1Char('\n'))));
 }
 
-void AccessibilityTexts::pagesScroll()
+void AccessibilityTextsTest::pagesScroll()
 {
     QFont font = QApplication::font();
     font.setPointSizeF(largeFontSize);
@@ -189,14 +188,14 @@ void AccessibilityTexts::pagesScroll()
     QVERIFY(area->verticalScrollBar()->value() > 0);
 }
 
-void AccessibilityTexts::pagesMirror_data()
+void AccessibilityTextsTest::pagesMirror_data()
 {
     QTest::addColumn<QString>("state");
     for (const QString &state : Pages::states())
         QTest::newRow(qPrintable(state)) << state;
 }
 
-void AccessibilityTexts::pagesMirror()
+void AccessibilityTextsTest::pagesMirror()
 {
     // Tips and the running voice test keep margins that differ on their two sides.
     constexpr int fixedMargins = 12; // px
@@ -222,14 +221,14 @@ void AccessibilityTexts::pagesMirror()
 }
 
 // The faults that the tests above look for, made on purpose.
-void AccessibilityTexts::faultsAreFound_data()
+void AccessibilityTextsTest::faultsAreFound_data()
 {
     QTest::addColumn<QString>("fault");
     for (const char *fault : {"no room", "cut off by its row", "overlap"})
         QTest::newRow(fault) << QString::fromLatin1(fault);
 }
 
-void AccessibilityTexts::faultsAreFound()
+void AccessibilityTextsTest::faultsAreFound()
 {
     QFETCH(QString, fault);
     QWidget page;
@@ -251,5 +250,5 @@ void AccessibilityTexts::faultsAreFound()
     QVERIFY(faultsOf(&page).constFirst().startsWith(fault));
 }
 
-QTEST_MAIN(AccessibilityTexts)
+QTEST_MAIN(AccessibilityTextsTest)
 #include "accessibilitytexts.moc"

@@ -148,7 +148,7 @@ QStringList faultsOf(QWidget *window)
 } // namespace
 
 /** What assistive technologies see of every page in every state. */
-class AccessibilityTree : public QObject
+class AccessibilityTreeTest : public QObject
 {
     Q_OBJECT
 
@@ -171,25 +171,25 @@ private:
     Pages m_pages;
 };
 
-void AccessibilityTree::initTestCase()
+void AccessibilityTreeTest::initTestCase()
 {
     Ztk::Widget::ZApplicationSetup::install();
     QVERIFY(m_pages.start());
 }
 
-void AccessibilityTree::cleanup()
+void AccessibilityTreeTest::cleanup()
 {
     m_pages.close();
 }
 
-void AccessibilityTree::pageHasNoFaults_data()
+void AccessibilityTreeTest::pageHasNoFaults_data()
 {
     QTest::addColumn<QString>("state");
     for (const QString &state : Pages::states())
         QTest::newRow(qPrintable(state)) << state;
 }
 
-void AccessibilityTree::pageHasNoFaults()
+void AccessibilityTreeTest::pageHasNoFaults()
 {
     QFETCH(QString, state);
     QVERIFY(m_pages.open(state, pageWidth));
@@ -198,12 +198,12 @@ void AccessibilityTree::pageHasNoFaults()
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
 }
 
-void AccessibilityTree::switchesAreCheckBoxesNamedByTheirTitle_data()
+void AccessibilityTreeTest::switchesAreCheckBoxesNamedByTheirTitle_data()
 {
     pageHasNoFaults_data();
 }
 
-void AccessibilityTree::switchesAreCheckBoxesNamedByTheirTitle()
+void AccessibilityTreeTest::switchesAreCheckBoxesNamedByTheirTitle()
 {
     QFETCH(QString, state);
     QVERIFY(m_pages.open(state, pageWidth));
@@ -221,12 +221,12 @@ void AccessibilityTree::switchesAreCheckBoxesNamedByTheirTitle()
     }
 }
 
-void AccessibilityTree::comboBoxesAreNamedByTheirRow_data()
+void AccessibilityTreeTest::comboBoxesAreNamedByTheirRow_data()
 {
     pageHasNoFaults_data();
 }
 
-void AccessibilityTree::comboBoxesAreNamedByTheirRow()
+void AccessibilityTreeTest::comboBoxesAreNamedByTheirRow()
 {
     QFETCH(QString, state);
     QVERIFY(m_pages.open(state, pageWidth));
@@ -246,7 +246,7 @@ void AccessibilityTree::comboBoxesAreNamedByTheirRow()
     }
 }
 
-void AccessibilityTree::waveCanBePressed()
+void AccessibilityTreeTest::waveCanBePressed()
 {
     QVERIFY(m_pages.open(QStringLiteral("assistant, voice test running"), pageWidth));
     auto *wave = m_pages.page()->findChild<VoiceAnimationWidget *>();
@@ -264,7 +264,7 @@ void AccessibilityTree::waveCanBePressed()
     QCOMPARE(stops.count(), 1);
 }
 
-void AccessibilityTree::verdictIsReadOutWithTheLink()
+void AccessibilityTreeTest::verdictIsReadOutWithTheLink()
 {
     QVERIFY(m_pages.open(QStringLiteral("assistant, voice test finished"), pageWidth));
     const QAccessibleInterface *focus =
@@ -274,7 +274,7 @@ void AccessibilityTree::verdictIsReadOutWithTheLink()
 }
 
 // The faults that the tests above look for, made on purpose.
-void AccessibilityTree::faultsAreFound_data()
+void AccessibilityTreeTest::faultsAreFound_data()
 {
     QTest::addColumn<QString>("fault");
     for (const char *fault :
@@ -283,7 +283,7 @@ void AccessibilityTree::faultsAreFound_data()
         QTest::newRow(fault) << QString::fromLatin1(fault);
 }
 
-void AccessibilityTree::faultsAreFound()
+void AccessibilityTreeTest::faultsAreFound()
 {
     QFETCH(QString, fault);
     QWidget window;
@@ -315,5 +315,5 @@ void AccessibilityTree::faultsAreFound()
     QVERIFY2(!found.isEmpty(), qPrintable(faultsOf(&window).join(QLatin1Char('\n'))));
 }
 
-QTEST_MAIN(AccessibilityTree)
+QTEST_MAIN(AccessibilityTreeTest)
 #include "accessibilitytree.moc"

@@ -11,11 +11,10 @@
 #include <QPointer>
 #include <QTimer>
 #include <QtTest>
+#include <qpa/qwindowsysteminterface.h>
 
 #include <functional>
 #include <memory>
-
-#include <qpa/qwindowsysteminterface.h>
 
 // Voice wake-up, one-shot mode and the dock icon: the controls of the assistant page that depend on
 // each other or on what happens elsewhere, and the one call that waits while events are processed.

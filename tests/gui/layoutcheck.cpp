@@ -1,5 +1,8 @@
 #include "tests/gui/layoutcheck.h"
 
+#include <zcc/widgets/settingsgroup.h>
+#include <zcc/widgets/settingsitem.h>
+
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QCheckBox>
@@ -10,9 +13,6 @@
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 #include <QStyleOptionFrame>
-
-#include <zcc/widgets/settingsgroup.h>
-#include <zcc/widgets/settingsitem.h>
 
 #include <cmath>
 
@@ -210,10 +210,9 @@ void Check::checkPlace(const QWidget *parent, const QList<const QWidget *> &chil
         if (scrolls && (child->width() < child->minimumSizeHint().width() ||
                         child->height() < child->minimumSizeHint().height()))
             fail(child, QStringLiteral("is squeezed instead of scrolled"));
-        for (int j = i + 1; j < children.size(); ++j) {
+        for (int j = i + 1; j < children.size(); ++j)
             if (child->geometry().intersects(children.at(j)->geometry()))
                 fail(child, QStringLiteral("lies over %1").arg(describe(children.at(j))));
-        }
     }
 }
 

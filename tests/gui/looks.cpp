@@ -52,12 +52,12 @@ public:
 } // namespace
 
 /** Every page in every language, with usual and with large texts, seen through a ruler. */
-class Looks : public QObject
+class LooksTest : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit Looks(IsolatedHome *home)
+    explicit LooksTest(IsolatedHome *home)
         : m_home(home)
     {
     }
@@ -88,7 +88,7 @@ private:
     std::unique_ptr<ControlCenterWindow> m_window;
 };
 
-void Looks::initTestCase()
+void LooksTest::initTestCase()
 {
     for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network, &m_ai})
         QVERIFY(service->start());
@@ -100,7 +100,7 @@ void Looks::initTestCase()
     m_module = loaded.module;
 }
 
-void Looks::cleanup()
+void LooksTest::cleanup()
 {
     m_window.reset();
     testsupport::flushDeferredDeletes();
@@ -108,7 +108,7 @@ void Looks::cleanup()
 }
 
 /** Texts of @p locale from now on; "long" is made up. */
-void Looks::speak(const QString &locale, double textSize)
+void LooksTest::speak(const QString &locale, double textSize)
 {
     const QString language =
         locale.startsWith(QLatin1String("zh")) ? locale : locale.section(QLatin1Char('_'), 0, 0);
@@ -137,7 +137,7 @@ void Looks::speak(const QString &locale, double textSize)
     QApplication::setFont(font);
 }
 
-void Looks::open(const QSize &size)
+void LooksTest::open(const QSize &size)
 {
     m_window.reset(new ControlCenterWindow(m_module));
     m_window->resize(size.isEmpty() ? m_window->minimumSize() : size);
@@ -146,7 +146,7 @@ void Looks::open(const QSize &size)
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
 }
 
-QString Looks::problems(const QString &where) const
+QString LooksTest::problems(const QString &where) const
 {
     constexpr int settled = 1000; // ms, in which layouts must have settled
     QStringList found;
@@ -160,16 +160,15 @@ QString Looks::problems(const QString &where) const
     return well ? QString() : where + QStringLiteral(":\n  ") + found.join(QStringLiteral("\n  "));
 }
 
-QAbstractButton *Looks::link() const
+QAbstractButton *LooksTest::link() const
 {
-    for (QAbstractButton *button : m_window->currentPage()->findChildren<QAbstractButton *>()) {
+    for (QAbstractButton *button : m_window->currentPage()->findChildren<QAbstractButton *>())
         if (button->inherits("Ztk::Widget::ZCommandLinkButton"))
             return button;
-    }
     return nullptr;
 }
 
-void Looks::startVoiceTest()
+void LooksTest::startVoiceTest()
 {
     m_window->openPage(assistantPage);
     testsupport::flushDeferredDeletes();
@@ -183,7 +182,7 @@ void Looks::startVoiceTest()
         Q_ARG(bool, false)));
 }
 
-void Looks::endVoiceTest(const char *code)
+void LooksTest::endVoiceTest(const char *code)
 {
     QVERIFY(QMetaObject::invokeMethod(m_window->currentPage(), "slotAqcResult",
                                       Q_ARG(QString, QString::fromLatin1(code))));
@@ -191,7 +190,7 @@ void Looks::endVoiceTest(const char *code)
     QVERIFY(link());
 }
 
-void Looks::nothingIsCutOffOrLiesOverAnother_data()
+void LooksTest::nothingIsCutOffOrLiesOverAnother_data()
 {
     QTest::addColumn<QString>("locale");
     QTest::addColumn<double>("textSize");
@@ -210,7 +209,7 @@ void Looks::nothingIsCutOffOrLiesOverAnother_data()
     }
 }
 
-void Looks::nothingIsCutOffOrLiesOverAnother()
+void LooksTest::nothingIsCutOffOrLiesOverAnother()
 {
     QFETCH(QString, locale);
     QFETCH(double, textSize);
@@ -237,7 +236,7 @@ void Looks::nothingIsCutOffOrLiesOverAnother()
 }
 
 /** Or what is below it would jump. */
-void Looks::theVoiceTestKeepsItsHeight()
+void LooksTest::theVoiceTestKeepsItsHeight()
 {
     speak(QStringLiteral("en"), usualText);
     open(QSize(1100, 720));
@@ -262,7 +261,7 @@ int main(int argc, char **argv)
 {
     IsolatedHome home;
     QApplication application(argc, argv);
-    Looks test(&home);
+    LooksTest test(&home);
     return QTest::qExec(&test, argc, argv);
 }
 

@@ -2,13 +2,13 @@
 #include "plugin/thirdlistwidget.h"
 #include "tests/support/logcapture.h"
 
+#include <ztk/zstandarditem.h>
+
 #include <QProxyStyle>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QVBoxLayout>
 #include <QtTest>
-
-#include <ztk/zstandarditem.h>
 
 #include <memory>
 

@@ -494,10 +494,9 @@ void PageFormTest::tipsAreSmallAndTitlesAreNormal()
         QCOMPARE(row->font().pixelSize(), normal);
     for (const auto *box : page->findChildren<QCheckBox *>())
         QCOMPARE(box->font().pixelSize(), normal);
-    for (const char *text : {"Language", "Voice Gender"}) {
+    for (const char *text : {"Language", "Voice Gender"})
         if (const QLabel *label = testsupport::labelWithText(page.get(), QLatin1String(text)))
             QCOMPARE(label->font().pixelSize(), normal);
-    }
 }
 
 void PageFormTest::tipsTakeTheirColourFromTheBrightText_data()
@@ -821,11 +820,10 @@ void PageFormTest::everyControlHasANameAndTakesTheTabKey()
     QVERIFY(QTest::qWaitForWindowActive(page.get()));
 
     QList<QWidget *> controls;
-    for (QWidget *widget : page->findChildren<QWidget *>()) {
+    for (QWidget *widget : page->findChildren<QWidget *>())
         if (qobject_cast<QComboBox *>(widget) ||
             (qobject_cast<QAbstractButton *>(widget) && !widget->isHidden()))
             controls.append(widget);
-    }
     QVERIFY(controls.size() >= 2);
     for (QWidget *control : qAsConst(controls)) {
         QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(control);

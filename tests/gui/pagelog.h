@@ -9,10 +9,9 @@
 inline QStringList pageLines(const testsupport::LogCapture &log)
 {
     QStringList lines;
-    for (const testsupport::LogRecord &record : log.records()) {
+    for (const testsupport::LogRecord &record : log.records())
         if (record.file.contains(QLatin1String("pages/")) ||
             record.file.contains(QLatin1String("proxy/")))
             lines.append(record.text);
-    }
     return lines;
 }

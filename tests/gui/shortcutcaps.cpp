@@ -1,14 +1,13 @@
+#include "pages/keydisplaynames.h"
 #include "shortcutparts.h"
 
-#include "pages/keydisplaynames.h"
+#include <ztk/zguiapplicationhelper.h>
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStyleOptionButton>
-
-#include <ztk/zguiapplicationhelper.h>
 
 using Ztk::Gui::ZGuiApplicationHelper;
 
@@ -52,13 +51,13 @@ public:
     int count = 0;
 };
 
-const QList<QPalette::ColorGroup> kGroups = {QPalette::Active, QPalette::Inactive,
-                                             QPalette::Disabled};
+const QList<QPalette::ColorGroup> groups = {QPalette::Active, QPalette::Inactive,
+                                            QPalette::Disabled};
 
 } // namespace
 
 /** KeyLabel, one key cap, and ShortcutKey, a row of them. */
-class ShortcutCaps : public QObject
+class ShortcutCapsTest : public QObject
 {
     Q_OBJECT
 
@@ -85,19 +84,19 @@ private:
     QPalette m_palette;
 };
 
-void ShortcutCaps::init()
+void ShortcutCapsTest::init()
 {
     m_font = QApplication::font();
 }
 
-void ShortcutCaps::cleanup()
+void ShortcutCapsTest::cleanup()
 {
     QApplication::setFont(m_font);
     QApplication::setPalette(m_palette);
     QCOMPARE(QApplication::topLevelWidgets().size(), 0);
 }
 
-void ShortcutCaps::capIsWideEnough_data()
+void ShortcutCapsTest::capIsWideEnough_data()
 {
     QTest::addColumn<QFont>("font");
 
@@ -111,7 +110,7 @@ void ShortcutCaps::capIsWideEnough_data()
     QTest::newRow("large, bold") << large;
 }
 
-void ShortcutCaps::capIsWideEnough()
+void ShortcutCapsTest::capIsWideEnough()
 {
     QFETCH(QFont, font);
     QApplication::setFont(font);
@@ -127,7 +126,7 @@ void ShortcutCaps::capIsWideEnough()
     }
 }
 
-void ShortcutCaps::capFollowsApplicationFont()
+void ShortcutCapsTest::capFollowsApplicationFont()
 {
     const KeyLabel cap(QStringLiteral("Escape"), nullptr);
     QFont large = QApplication::font();
@@ -136,7 +135,7 @@ void ShortcutCaps::capFollowsApplicationFont()
     QCOMPARE(cap.minimumWidth(), QFontMetrics(large).horizontalAdvance("Escape") + 18);
 }
 
-void ShortcutCaps::capDrawsOneButton()
+void ShortcutCapsTest::capDrawsOneButton()
 {
     RecordingStyle style;
     KeyLabel cap(QStringLiteral("ampersand"), nullptr);
@@ -155,7 +154,7 @@ void ShortcutCaps::capDrawsOneButton()
     QCOMPARE(style.widgets.first(), static_cast<const QWidget *>(&cap));
 }
 
-void ShortcutCaps::capColoursAreThoseOfThePalette()
+void ShortcutCapsTest::capColoursAreThoseOfThePalette()
 {
     RecordingStyle style;
     KeyLabel cap(QStringLiteral("T"), nullptr);
@@ -169,7 +168,7 @@ void ShortcutCaps::capColoursAreThoseOfThePalette()
     const QPalette application = QApplication::palette();
     QCOMPARE(style.buttons.size(), 1);
     const QPalette &drawn = style.buttons.first().palette;
-    for (QPalette::ColorGroup group : kGroups) {
+    for (QPalette::ColorGroup group : groups) {
         QCOMPARE(drawn.brush(group, QPalette::Light), application.base());
         QCOMPARE(drawn.brush(group, QPalette::Dark), application.base());
         QCOMPARE(drawn.brush(group, QPalette::ButtonText), application.highlight());
@@ -179,7 +178,7 @@ void ShortcutCaps::capColoursAreThoseOfThePalette()
     }
 }
 
-void ShortcutCaps::capFollowsTheme()
+void ShortcutCapsTest::capFollowsTheme()
 {
     KeyLabel cap(QStringLiteral("Ctrl"), nullptr);
     cap.resize(60, 30);
@@ -198,7 +197,7 @@ void ShortcutCaps::capFollowsTheme()
     QVERIFY2(light != picture(QColor(250, 250, 250), QColor(200, 0, 0)), "the text has no colour");
 }
 
-void ShortcutCaps::capFollowsDesktopTheme()
+void ShortcutCapsTest::capFollowsDesktopTheme()
 {
     auto *desktop = ZGuiApplicationHelper::instance();
     KeyLabel cap(QStringLiteral("Ctrl"));
@@ -214,7 +213,7 @@ void ShortcutCaps::capFollowsDesktopTheme()
     QCOMPARE(picture(ZGuiApplicationHelper::LightType), light);
 }
 
-void ShortcutCaps::hoverRepaintsOnly()
+void ShortcutCapsTest::hoverRepaintsOnly()
 {
     KeyLabel cap(QStringLiteral("T"), nullptr);
     cap.resize(40, 30);
@@ -231,7 +230,7 @@ void ShortcutCaps::hoverRepaintsOnly()
     QTRY_VERIFY(paints.count > 0);
 }
 
-void ShortcutCaps::rowLayout()
+void ShortcutCapsTest::rowLayout()
 {
     ShortcutKey key(nullptr);
     auto *layout = qobject_cast<QHBoxLayout *>(key.layout());
@@ -249,7 +248,7 @@ void ShortcutCaps::rowLayout()
     }
 }
 
-void ShortcutCaps::rowReplacesCaps()
+void ShortcutCapsTest::rowReplacesCaps()
 {
     ShortcutKey key(nullptr);
     key.setTextList({QStringLiteral("Ctrl"), QStringLiteral("Alt"), QStringLiteral("T")});
@@ -270,7 +269,7 @@ void ShortcutCaps::rowReplacesCaps()
     QTRY_COMPARE(key.findChildren<KeyLabel *>().size(), 0);
 }
 
-void ShortcutCaps::rowIsSizedAtOnce()
+void ShortcutCapsTest::rowIsSizedAtOnce()
 {
     for (bool shown : {false, true}) {
         QWidget window;
@@ -288,7 +287,7 @@ void ShortcutCaps::rowIsSizedAtOnce()
     }
 }
 
-void ShortcutCaps::rowPassesHoverOn()
+void ShortcutCapsTest::rowPassesHoverOn()
 {
     QWidget window;
     window.resize(300, 80);
@@ -308,7 +307,7 @@ void ShortcutCaps::rowPassesHoverOn()
     QTRY_VERIFY(first.count > 0 && last.count > 0);
 }
 
-void ShortcutCaps::rowStaysLeftToRight()
+void ShortcutCapsTest::rowStaysLeftToRight()
 {
     QWidget window;
     window.setLayoutDirection(Qt::RightToLeft);
@@ -323,7 +322,7 @@ void ShortcutCaps::rowStaysLeftToRight()
     QVERIFY(row.at(1)->x() < row.at(2)->x());
 }
 
-void ShortcutCaps::rowTellsItsKeys()
+void ShortcutCapsTest::rowTellsItsKeys()
 {
     ShortcutKey key(nullptr);
     key.setTextList({QStringLiteral("Ctrl"), QStringLiteral("minus")});
@@ -331,5 +330,5 @@ void ShortcutCaps::rowTellsItsKeys()
     QCOMPARE(caps(&key).last()->accessibleName(), QStringLiteral("-"));
 }
 
-QTEST_MAIN(ShortcutCaps)
+QTEST_MAIN(ShortcutCapsTest)
 #include "shortcutcaps.moc"

@@ -4,12 +4,12 @@
 #include "pages/shortcutitem.h"
 #include "pages/shortcutkey.h"
 
+#include <ztk/ziconbutton.h>
+
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QtTest>
-
-#include <ztk/ziconbutton.h>
 
 /** The caps that a row of caps shows, in its layout's order. */
 inline QList<KeyLabel *> caps(const ShortcutKey *key)

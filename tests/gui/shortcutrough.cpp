@@ -1,6 +1,5 @@
-#include "shortcutparts.h"
-
 #include "pages/showntext.h"
+#include "shortcutparts.h"
 #include "tests/support/widgets.h"
 
 #include <QElapsedTimer>
@@ -9,10 +8,10 @@
 #include <ctime>
 
 namespace {
-const int kLimitMs = 20000; // far more than any of this takes; a hang takes for ever
-const int kMegabyte = 1024 * 1024;
-const int kWidestRow = 8000; // pixels: more cannot be shown, and must not be asked of a window
-const QChar kEllipsis(0x2026);
+constexpr int limitMs = 20000; // far more than any of this takes; a hang takes for ever
+constexpr int megabyte = 1024 * 1024;
+constexpr int widestRow = 8000; // pixels: more cannot be shown, and must not be asked of a window
+const QChar ellipsis(0x2026);
 
 /** Processor time of this process in milliseconds: what others do on the machine does not count. */
 qint64 processorTime()
@@ -24,7 +23,7 @@ qint64 processorTime()
 template <typename Before, typename Work>
 qint64 leastCost(Before before, Work work)
 {
-    qint64 least = kLimitMs;
+    qint64 least = limitMs;
     for (int run = 0; run < 3; ++run) {
         before();
         const qint64 start = processorTime();
@@ -47,7 +46,7 @@ void showTwice(QWidget *window)
 
 /** Accelerators as damaged or hostile settings give them: nothing crashes, and the row stays
  * usable. */
-class ShortcutRough : public QObject
+class ShortcutRoughTest : public QObject
 {
     Q_OBJECT
 
@@ -60,7 +59,7 @@ private slots:
     void manyKeysAreCut();
 };
 
-void ShortcutRough::accelerator_data()
+void ShortcutRoughTest::accelerator_data()
 {
     QTest::addColumn<QString>("accels");
 
@@ -81,18 +80,18 @@ void ShortcutRough::accelerator_data()
     QTest::newRow("direction marks") << QStringLiteral("<Alt>\u202eT\u2066\u200f\ufeff");
     QTest::newRow("half a character") << QStringLiteral("<Alt>") + QChar(0xd800);
     QTest::newRow("rich text") << QStringLiteral("<img src='/dev/zero'><b>T");
-    QTest::newRow("1 MB, one name") << QString(kMegabyte, QLatin1Char('W'));
+    QTest::newRow("1 MB, one name") << QString(megabyte, QLatin1Char('W'));
     QTest::newRow("1 MB, one name without blanks to break at")
-        << QStringLiteral("\u0f40\u0f71").repeated(kMegabyte / 2);
-    QTest::newRow("1 MB of modifiers") << QStringLiteral("<Control>").repeated(kMegabyte / 9);
-    QTest::newRow("1 MB of separators") << QString(kMegabyte, QLatin1Char('-'));
-    QTest::newRow("1 MB of opening brackets") << QString(kMegabyte, QLatin1Char('<'));
-    QTest::newRow("1 MB of closing brackets") << QString(kMegabyte, QLatin1Char('>'));
-    QTest::newRow("1 MB of null characters") << QString(kMegabyte, QChar(0));
-    QTest::newRow("1 MB of side marks") << QStringLiteral("_L_R").repeated(kMegabyte / 4);
+        << QStringLiteral("\u0f40\u0f71").repeated(megabyte / 2);
+    QTest::newRow("1 MB of modifiers") << QStringLiteral("<Control>").repeated(megabyte / 9);
+    QTest::newRow("1 MB of separators") << QString(megabyte, QLatin1Char('-'));
+    QTest::newRow("1 MB of opening brackets") << QString(megabyte, QLatin1Char('<'));
+    QTest::newRow("1 MB of closing brackets") << QString(megabyte, QLatin1Char('>'));
+    QTest::newRow("1 MB of null characters") << QString(megabyte, QChar(0));
+    QTest::newRow("1 MB of side marks") << QStringLiteral("_L_R").repeated(megabyte / 4);
 }
 
-void ShortcutRough::accelerator()
+void ShortcutRoughTest::accelerator()
 {
     QFETCH(QString, accels);
     QElapsedTimer clock;
@@ -116,14 +115,14 @@ void ShortcutRough::accelerator()
     show(accels.left(200)); // Qt looks for fonts once
     const qint64 cost = leastCost([&] { show(QStringLiteral("F1")); }, [&] { show(accels); });
     QVERIFY2(cost < testsupport::megabyteLimitMs, qPrintable(QString::number(cost)));
-    QVERIFY2(window.minimumWidth() < kWidestRow, qPrintable(QString::number(window.width())));
+    QVERIFY2(window.minimumWidth() < widestRow, qPrintable(QString::number(window.width())));
 
     // It still does what a row does.
     const RowParts parts(*row);
     QString shown = capTexts(parts.key).join(QString());
     shown.remove(QStringLiteral("None")); // stands for no character
     QVERIFY(shown.size() <= ShownText::longestShortcut);
-    QCOMPARE(shown.endsWith(kEllipsis), accels.size() > ShownText::longestShortcut);
+    QCOMPARE(shown.endsWith(ellipsis), accels.size() > ShownText::longestShortcut);
     row->onEditMode(true);
     QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
     row->onEditMode(false);
@@ -139,21 +138,21 @@ void ShortcutRough::accelerator()
     QCOMPARE(capTexts(parts.key), QStringList({"Ctrl", "Alt", "T"}));
     QCOMPARE(parts.visible(), QStringLiteral("caps"));
     QVERIFY(parts.key->width() < 300);
-    QVERIFY2(clock.elapsed() < kLimitMs, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(clock.elapsed() < limitMs, qPrintable(QString::number(clock.elapsed())));
 }
 
-void ShortcutRough::title_data()
+void ShortcutRoughTest::title_data()
 {
     QTest::addColumn<QString>("title");
     QTest::newRow("as much as is shown") << QString(ShownText::longestTitle, QLatin1Char('W'));
     QTest::newRow("one more") << QString(ShownText::longestTitle + 1, QLatin1Char('W'));
-    QTest::newRow("1 MB, one word") << QString(kMegabyte, QLatin1Char('W'));
-    QTest::newRow("1 MB of words") << QStringLiteral("word ").repeated(kMegabyte / 5);
-    QTest::newRow("1 MB of marks") << QString(kMegabyte, QChar(0x0301));
-    QTest::newRow("1 MB of syllables") << QStringLiteral("\u0f40\u0f71").repeated(kMegabyte / 2);
+    QTest::newRow("1 MB, one word") << QString(megabyte, QLatin1Char('W'));
+    QTest::newRow("1 MB of words") << QStringLiteral("word ").repeated(megabyte / 5);
+    QTest::newRow("1 MB of marks") << QString(megabyte, QChar(0x0301));
+    QTest::newRow("1 MB of syllables") << QStringLiteral("\u0f40\u0f71").repeated(megabyte / 2);
 }
 
-void ShortcutRough::title()
+void ShortcutRoughTest::title()
 {
     QFETCH(QString, title);
     QWidget window;
@@ -191,7 +190,7 @@ void ShortcutRough::title()
     QVERIFY(told == title);
 }
 
-void ShortcutRough::manyChanges()
+void ShortcutRoughTest::manyChanges()
 {
     QWidget window;
     auto *row = new ShortcutItem;
@@ -206,7 +205,7 @@ void ShortcutRough::manyChanges()
     QTRY_COMPARE(key->findChildren<KeyLabel *>().size(), 2);
 }
 
-void ShortcutRough::manyKeysAreCut()
+void ShortcutRoughTest::manyKeysAreCut()
 {
     ShortcutKey key(nullptr);
     QStringList names;
@@ -215,8 +214,8 @@ void ShortcutRough::manyKeysAreCut()
     key.setTextList(names);
     QCOMPARE(capTexts(&key), names);
     key.setTextList(names + names);
-    QCOMPARE(capTexts(&key), names + QStringList(QString(kEllipsis)));
+    QCOMPARE(capTexts(&key), names + QStringList(QString(ellipsis)));
 }
 
-QTEST_MAIN(ShortcutRough)
+QTEST_MAIN(ShortcutRoughTest)
 #include "shortcutrough.moc"

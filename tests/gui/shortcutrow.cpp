@@ -13,10 +13,10 @@ using Info = ShortcutItem::ShortcutInfo;
 
 namespace {
 
-const QString kAccels = QStringLiteral("<Control><Alt>T");
-const QString kLongTitle =
+const QString accels = QStringLiteral("<Control><Alt>T");
+const QString longTitle =
     QStringLiteral("Write what is said into the window that has the keyboard focus");
-const QChar kEllipsis(0x2026);
+const QChar ellipsis(0x2026);
 
 /** A window that holds one row at a place and width of the test's choice. */
 class RowWindow : public QWidget
@@ -77,7 +77,7 @@ public:
 } // namespace
 
 /** ShortcutItem: its parts, its three states, its title and its signals. */
-class ShortcutRow : public QObject
+class ShortcutRowTest : public QObject
 {
     Q_OBJECT
 
@@ -123,12 +123,12 @@ private slots:
     void capsFillTheRowAfterEveryChange();
 };
 
-void ShortcutRow::cleanup()
+void ShortcutRowTest::cleanup()
 {
     QCOMPARE(QApplication::topLevelWidgets().size(), 0);
 }
 
-void ShortcutRow::construction()
+void ShortcutRowTest::construction()
 {
     RowWindow window;
     ShortcutItem &row = *window.row;
@@ -172,15 +172,15 @@ void ShortcutRow::construction()
     QCOMPARE(parts.visible(), QStringLiteral("caps"));
 }
 
-void ShortcutRow::needsNoParent()
+void ShortcutRowTest::needsNoParent()
 {
     ShortcutItem row;
-    row.setShortcut(kAccels);
+    row.setShortcut(accels);
     QCOMPARE(row.parentWidget(), nullptr);
     QCOMPARE(capTexts(RowParts(row).key).size(), 3);
 }
 
-void ShortcutRow::showsShortcut_data()
+void ShortcutRowTest::showsShortcut_data()
 {
     QTest::addColumn<QString>("accels");
     QTest::addColumn<QStringList>("texts");
@@ -199,7 +199,7 @@ void ShortcutRow::showsShortcut_data()
     row("<Control>", {"Ctrl", "None"});
 }
 
-void ShortcutRow::showsShortcut()
+void ShortcutRowTest::showsShortcut()
 {
     QFETCH(QString, accels);
     QFETCH(QStringList, texts);
@@ -208,7 +208,7 @@ void ShortcutRow::showsShortcut()
     QCOMPARE(capTexts(RowParts(*window.row).key), texts);
 }
 
-void ShortcutRow::keepsAcceleratorAsGiven()
+void ShortcutRowTest::keepsAcceleratorAsGiven()
 {
     const QString odd = QStringLiteral("<<Control_L>> -> \t&T");
     RowWindow window;
@@ -221,22 +221,22 @@ void ShortcutRow::keepsAcceleratorAsGiven()
                                      QStringLiteral("remove: Title, ") + odd}));
 }
 
-void ShortcutRow::infoDoesNotRename()
+void ShortcutRowTest::infoDoesNotRename()
 {
     RowWindow window;
     window.row->setTitle(QStringLiteral("First"));
-    window.row->setShortcutInfo({QStringLiteral("Second"), kAccels});
+    window.row->setShortcutInfo({QStringLiteral("Second"), accels});
     SignalLog log(window.row);
     window.row->onShortcutEdit();
-    QCOMPARE(log.lines, QStringList(QStringLiteral("edit: First, ") + kAccels));
+    QCOMPARE(log.lines, QStringList(QStringLiteral("edit: First, ") + accels));
     QCOMPARE(RowParts(*window.row).title->text(), QStringLiteral("First"));
     QCOMPARE(capTexts(RowParts(*window.row).key), QStringList({"Ctrl", "Alt", "T"}));
 }
 
-void ShortcutRow::editModeShowsButtons()
+void ShortcutRowTest::editModeShowsButtons()
 {
     RowWindow window;
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     const RowParts parts(*window.row);
     window.row->onEditMode(true);
@@ -247,10 +247,10 @@ void ShortcutRow::editModeShowsButtons()
     QCOMPARE(parts.visible(), QStringLiteral("caps"));
 }
 
-void ShortcutRow::shortcutLeavesEveryState()
+void ShortcutRowTest::shortcutLeavesEveryState()
 {
     RowWindow window;
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     const RowParts parts(*window.row);
 
@@ -270,11 +270,11 @@ void ShortcutRow::shortcutLeavesEveryState()
     QCOMPARE(parts.visible(), QStringLiteral("caps"));
 }
 
-void ShortcutRow::clicksInFirstState()
+void ShortcutRowTest::clicksInFirstState()
 {
     RowWindow window;
     window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     const RowParts parts(*window.row);
     SignalLog log(window.row);
@@ -287,10 +287,10 @@ void ShortcutRow::clicksInFirstState()
 
     clickThroughWindow(caps(parts.key).at(1));
     QCOMPARE(parts.visible(), QStringLiteral("line"));
-    QCOMPARE(log.lines, QStringList(QStringLiteral("update: Title, ") + kAccels));
+    QCOMPARE(log.lines, QStringList(QStringLiteral("update: Title, ") + accels));
 }
 
-void ShortcutRow::clickAfterClickEndsWait_data()
+void ShortcutRowTest::clickAfterClickEndsWait_data()
 {
     QTest::addColumn<QString>("part");
     QTest::newRow("on the title") << "title";
@@ -299,12 +299,12 @@ void ShortcutRow::clickAfterClickEndsWait_data()
     QTest::newRow("between title and line edit") << "";
 }
 
-void ShortcutRow::clickAfterClickEndsWait()
+void ShortcutRowTest::clickAfterClickEndsWait()
 {
     QFETCH(QString, part);
     RowWindow window;
     window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     const RowParts parts(*window.row);
     SignalLog log(window.row);
@@ -319,11 +319,11 @@ void ShortcutRow::clickAfterClickEndsWait()
     QCOMPARE(log.lines.size(), 1);
 }
 
-void ShortcutRow::clicksInEditMode()
+void ShortcutRowTest::clicksInEditMode()
 {
     RowWindow window;
     window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     const RowParts parts(*window.row);
     SignalLog log(window.row);
@@ -336,11 +336,11 @@ void ShortcutRow::clicksInEditMode()
     QCOMPARE(log.lines, QStringList());
 }
 
-void ShortcutRow::buttonsSignal()
+void ShortcutRowTest::buttonsSignal()
 {
     RowWindow window;
     window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     const RowParts parts(*window.row);
     SignalLog log(window.row);
@@ -349,16 +349,16 @@ void ShortcutRow::buttonsSignal()
 
     clickThroughWindow(parts.edit);
     clickThroughWindow(parts.remove);
-    QCOMPARE(log.lines, QStringList({QStringLiteral("edit: Title, ") + kAccels,
-                                     QStringLiteral("remove: Title, ") + kAccels}));
+    QCOMPARE(log.lines, QStringList({QStringLiteral("edit: Title, ") + accels,
+                                     QStringLiteral("remove: Title, ") + accels}));
     QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
 }
 
-void ShortcutRow::operableByKeyboard()
+void ShortcutRowTest::operableByKeyboard()
 {
     RowWindow window;
     window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showActive());
     const RowParts parts(*window.row);
     SignalLog log(window.row);
@@ -383,7 +383,7 @@ void ShortcutRow::operableByKeyboard()
     QCOMPARE(parts.visible(), QStringLiteral("caps"));
 }
 
-void ShortcutRow::onlyUnmodifiedKeysAreClicks_data()
+void ShortcutRowTest::onlyUnmodifiedKeysAreClicks_data()
 {
     QTest::addColumn<int>("modifier");
     QTest::addColumn<QString>("visible");
@@ -398,13 +398,13 @@ void ShortcutRow::onlyUnmodifiedKeysAreClicks_data()
         << int(Qt::KeypadModifier) << "line"; // no modifier of the user's
 }
 
-void ShortcutRow::onlyUnmodifiedKeysAreClicks()
+void ShortcutRowTest::onlyUnmodifiedKeysAreClicks()
 {
     QFETCH(int, modifier);
     QFETCH(QString, visible);
     for (int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Select}) {
         RowWindow window;
-        window.row->setShortcut(kAccels);
+        window.row->setShortcut(accels);
         QVERIFY(window.showAndWait());
         QKeyEvent press(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifier));
         QCoreApplication::sendEvent(window.row, &press);
@@ -413,10 +413,10 @@ void ShortcutRow::onlyUnmodifiedKeysAreClicks()
     }
 }
 
-void ShortcutRow::keyboardDoesNothingInEditMode()
+void ShortcutRowTest::keyboardDoesNothingInEditMode()
 {
     RowWindow window;
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     SignalLog log(window.row);
     window.row->onEditMode(true);
@@ -429,11 +429,11 @@ void ShortcutRow::keyboardDoesNothingInEditMode()
 }
 
 // From the title on, by Tab and in what is read aloud.
-void ShortcutRow::buttonsAreReachedInReadingOrder()
+void ShortcutRowTest::buttonsAreReachedInReadingOrder()
 {
     RowWindow window;
     window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showActive());
     window.row->onEditMode(true);
     const RowParts parts(*window.row);
@@ -444,14 +444,13 @@ void ShortcutRow::buttonsAreReachedInReadingOrder()
 
     QStringList read;
     QAccessibleInterface *row = QAccessible::queryAccessibleInterface(window.row);
-    for (int i = 0; i < row->childCount(); ++i) {
+    for (int i = 0; i < row->childCount(); ++i)
         if (!row->child(i)->state().invisible)
             read.append(row->child(i)->text(QAccessible::Name));
-    }
     QCOMPARE(read, QStringList({"Title", "Edit", "Remove"}));
 }
 
-void ShortcutRow::endOfEditModeHandsTheFocusOver_data()
+void ShortcutRowTest::endOfEditModeHandsTheFocusOver_data()
 {
     QTest::addColumn<QString>("part");
     QTest::addColumn<bool>("byShortcut");
@@ -468,14 +467,14 @@ void ShortcutRow::endOfEditModeHandsTheFocusOver_data()
 }
 
 // On a button that is no longer seen, Space would still edit or remove the shortcut.
-void ShortcutRow::endOfEditModeHandsTheFocusOver()
+void ShortcutRowTest::endOfEditModeHandsTheFocusOver()
 {
     QFETCH(QString, part);
     QFETCH(bool, byShortcut);
     QFETCH(bool, active);
     RowWindow window;
     QLineEdit other(&window); // stands where the focus would go by itself
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showActive());
     window.row->onEditMode(true);
     window.row->findChild<QWidget *>(part)->setFocus();
@@ -502,11 +501,11 @@ void ShortcutRow::endOfEditModeHandsTheFocusOver()
     QVERIFY(log.lines.first().startsWith(QLatin1String("update: ")));
 }
 
-void ShortcutRow::endOfEditModeLeavesForeignFocus()
+void ShortcutRowTest::endOfEditModeLeavesForeignFocus()
 {
     RowWindow window;
     QLineEdit other(&window);
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showActive());
     window.row->onEditMode(true);
     RowParts(*window.row).edit->setFocus();
@@ -515,11 +514,11 @@ void ShortcutRow::endOfEditModeLeavesForeignFocus()
     QVERIFY(other.hasFocus());
 }
 
-void ShortcutRow::operableByAssistiveTechnology()
+void ShortcutRowTest::operableByAssistiveTechnology()
 {
     RowWindow window;
     window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showActive());
     const RowParts parts(*window.row);
     SignalLog log(window.row);
@@ -534,7 +533,7 @@ void ShortcutRow::operableByAssistiveTechnology()
     QVERIFY(row->actionInterface()->actionNames().contains(press));
     row->actionInterface()->doAction(press);
     QCOMPARE(parts.visible(), QStringLiteral("line"));
-    QCOMPARE(log.lines, QStringList(QStringLiteral("update: Title, ") + kAccels));
+    QCOMPARE(log.lines, QStringList(QStringLiteral("update: Title, ") + accels));
     row->actionInterface()->doAction(press);
     QCOMPARE(parts.visible(), QStringLiteral("caps"));
     row->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
@@ -553,10 +552,10 @@ void ShortcutRow::operableByAssistiveTechnology()
     }
 }
 
-void ShortcutRow::disabledRowCannotBePressed()
+void ShortcutRowTest::disabledRowCannotBePressed()
 {
     RowWindow window;
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     window.row->setEnabled(false);
     QVERIFY(window.showAndWait());
     SignalLog log(window.row);
@@ -572,10 +571,10 @@ void ShortcutRow::disabledRowCannotBePressed()
 }
 
 // The row takes the release; what stands behind it must not see it.
-void ShortcutRow::acceptsReleaseItself()
+void ShortcutRowTest::acceptsReleaseItself()
 {
     RowWindow window;
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     const QPointF middle = window.row->rect().center();
     QMouseEvent release(QEvent::MouseButtonRelease, middle, Qt::LeftButton, Qt::NoButton, {});
@@ -595,7 +594,7 @@ void ShortcutRow::acceptsReleaseItself()
     QCOMPARE(parts.visible(), QStringLiteral("line"));
 }
 
-void ShortcutRow::titleStaysPlain()
+void ShortcutRowTest::titleStaysPlain()
 {
     RowWindow window;
     window.row->setTitle(QStringLiteral("<b>R&D</b>"));
@@ -604,78 +603,78 @@ void ShortcutRow::titleStaysPlain()
     QCOMPARE(title->text(), QStringLiteral("<b>R&D</b>"));
 }
 
-void ShortcutRow::titleThatFitsIsWhole()
+void ShortcutRowTest::titleThatFitsIsWhole()
 {
     RowWindow window;
     window.row->setTitle(QStringLiteral("Speech to Text"));
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     QCoreApplication::processEvents();
     QCOMPARE(RowParts(*window.row).title->text(), QStringLiteral("Speech to Text"));
 }
 
-void ShortcutRow::longTitleIsElidedToHalf()
+void ShortcutRowTest::longTitleIsElidedToHalf()
 {
     RowWindow window(360);
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     QCoreApplication::processEvents();
     const RowParts parts(*window.row);
 
     const int space = window.row->width() - parts.key->width() - 32;
     const QFontMetrics metrics = parts.title->fontMetrics();
-    QVERIFY(metrics.horizontalAdvance(kLongTitle) > space);
-    window.row->setTitle(kLongTitle);
-    QCOMPARE(parts.title->text(), kLongTitle); // not before the event loop runs
-    QTRY_VERIFY(parts.title->text().endsWith(kEllipsis));
-    QCOMPARE(parts.title->text(), metrics.elidedText(kLongTitle, Qt::ElideRight, space / 2));
+    QVERIFY(metrics.horizontalAdvance(longTitle) > space);
+    window.row->setTitle(longTitle);
+    QCOMPARE(parts.title->text(), longTitle); // not before the event loop runs
+    QTRY_VERIFY(parts.title->text().endsWith(ellipsis));
+    QCOMPARE(parts.title->text(), metrics.elidedText(longTitle, Qt::ElideRight, space / 2));
     QVERIFY(metrics.horizontalAdvance(parts.title->text()) <= space / 2);
 
     SignalLog log(window.row);
     window.row->onShortcutEdit();
-    QCOMPARE(log.lines, QStringList(QStringLiteral("edit: %1, %2").arg(kLongTitle, kAccels)));
+    QCOMPARE(log.lines, QStringList(QStringLiteral("edit: %1, %2").arg(longTitle, accels)));
 }
 
-void ShortcutRow::elisionFollowsWidth()
+void ShortcutRowTest::elisionFollowsWidth()
 {
     RowWindow window(900);
-    window.row->setShortcut(kAccels);
-    window.row->setTitle(kLongTitle);
+    window.row->setShortcut(accels);
+    window.row->setTitle(longTitle);
     QVERIFY(window.showAndWait());
     QCoreApplication::processEvents();
     const RowParts parts(*window.row);
-    QCOMPARE(parts.title->text(), kLongTitle);
+    QCOMPARE(parts.title->text(), longTitle);
 
     window.setRowWidth(340);
-    QTRY_VERIFY(parts.title->text().endsWith(kEllipsis));
+    QTRY_VERIFY(parts.title->text().endsWith(ellipsis));
     window.setRowWidth(880);
-    QTRY_COMPARE(parts.title->text(), kLongTitle);
+    QTRY_COMPARE(parts.title->text(), longTitle);
     window.setRowWidth(100); // the caps alone are wider
-    QTRY_VERIFY(parts.title->text() != kLongTitle);
+    QTRY_VERIFY(parts.title->text() != longTitle);
     window.setRowWidth(880);
-    QTRY_COMPARE(parts.title->text(), kLongTitle);
+    QTRY_COMPARE(parts.title->text(), longTitle);
 }
 
 // The measure is the text as it stands: an elided title fits at the next resize and comes back
 // whole, and the resize after that elides it again.
-void ShortcutRow::elidedTitleIsRestoredOnceItFits()
+void ShortcutRowTest::elidedTitleIsRestoredOnceItFits()
 {
     RowWindow window(900);
-    window.row->setShortcut(kAccels);
-    window.row->setTitle(kLongTitle);
+    window.row->setShortcut(accels);
+    window.row->setTitle(longTitle);
     QVERIFY(window.showAndWait());
     QCoreApplication::processEvents();
     const RowParts parts(*window.row);
 
     window.setRowWidth(340);
-    QTRY_VERIFY(parts.title->text().endsWith(kEllipsis));
+    QTRY_VERIFY(parts.title->text().endsWith(ellipsis));
     window.setRowWidth(341);
-    QTRY_COMPARE(parts.title->text(), kLongTitle);
+    QTRY_COMPARE(parts.title->text(), longTitle);
     window.setRowWidth(342);
-    QTRY_VERIFY(parts.title->text().endsWith(kEllipsis));
+    QTRY_VERIFY(parts.title->text().endsWith(ellipsis));
 }
 
-void ShortcutRow::titleTimerShowsRow()
+void ShortcutRowTest::titleTimerShowsRow()
 {
     RowWindow window;
     QVERIFY(window.showAndWait());
@@ -687,7 +686,7 @@ void ShortcutRow::titleTimerShowsRow()
 
 // A page that is narrower than the full title, in a container that follows the row's wishes: the
 // row must come to rest instead of being elided and restored for ever.
-void ShortcutRow::settlesInScrollArea()
+void ShortcutRowTest::settlesInScrollArea()
 {
     QScrollArea area;
     area.setWidgetResizable(true);
@@ -695,13 +694,13 @@ void ShortcutRow::settlesInScrollArea()
     auto *layout = new QVBoxLayout(page);
     auto *row = new ShortcutItem;
     layout->addWidget(row);
-    row->setTitle(kLongTitle);
-    row->setShortcut(kAccels);
+    row->setTitle(longTitle);
+    row->setShortcut(accels);
     area.setWidget(page);
     area.resize(RowParts(*row).key->width() + 340, 200);
     area.show();
     QVERIFY(QTest::qWaitForWindowExposed(&area));
-    QTRY_VERIFY(RowParts(*row).title->text().endsWith(kEllipsis));
+    QTRY_VERIFY(RowParts(*row).title->text().endsWith(ellipsis));
 
     // Whatever is still under way runs dry after a few rounds.
     class ResizeCounter : public QObject
@@ -723,7 +722,7 @@ void ShortcutRow::settlesInScrollArea()
     QVERIFY(row->width() <= area.viewport()->width());
 }
 
-void ShortcutRow::receiverDeletesRow_data()
+void ShortcutRowTest::receiverDeletesRow_data()
 {
     QTest::addColumn<QString>("part");
     QTest::newRow("edit button") << "edit";
@@ -732,12 +731,12 @@ void ShortcutRow::receiverDeletesRow_data()
     QTest::newRow("keyboard") << "";
 }
 
-void ShortcutRow::receiverDeletesRow()
+void ShortcutRowTest::receiverDeletesRow()
 {
     QFETCH(QString, part);
     RowWindow window;
-    window.row->setTitle(kLongTitle);
-    window.row->setShortcut(kAccels);
+    window.row->setTitle(longTitle);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     const auto remove = [&window] {
         delete window.row;
@@ -757,11 +756,11 @@ void ShortcutRow::receiverDeletesRow()
     QCoreApplication::processEvents();
 }
 
-void ShortcutRow::receiverSetsShortcut()
+void ShortcutRowTest::receiverSetsShortcut()
 {
     RowWindow window;
     window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     const RowParts parts(*window.row);
     connect(window.row, &ShortcutItem::requestUpdateKey, &window, [&window](const Info &info) {
@@ -782,22 +781,22 @@ void ShortcutRow::receiverSetsShortcut()
     QCOMPARE(capTexts(parts.key), QStringList(QStringLiteral("None")));
 }
 
-void ShortcutRow::pendingTimersDieWithRow()
+void ShortcutRowTest::pendingTimersDieWithRow()
 {
     RowWindow window;
     QVERIFY(window.showAndWait());
-    window.row->setTitle(kLongTitle);
+    window.row->setTitle(longTitle);
     window.setRowWidth(200);
     delete window.row;
     QCoreApplication::processEvents();
 }
 
-void ShortcutRow::mirrorsInRightToLeft()
+void ShortcutRowTest::mirrorsInRightToLeft()
 {
     RowWindow window;
     window.setLayoutDirection(Qt::RightToLeft);
     window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(kAccels);
+    window.row->setShortcut(accels);
     QVERIFY(window.showAndWait());
     const RowParts parts(*window.row);
     QVERIFY(parts.key->geometry().right() < parts.title->geometry().left());
@@ -810,7 +809,7 @@ void ShortcutRow::mirrorsInRightToLeft()
 }
 
 // A placeholder that does not fit is elided when it is painted: a wider line edit would show more.
-void ShortcutRow::placeholderIsReadable()
+void ShortcutRowTest::placeholderIsReadable()
 {
     for (const char *styleName : {"fusion", "windows"}) {
         for (int pixels : {12, 24, 40}) {
@@ -821,7 +820,7 @@ void ShortcutRow::placeholderIsReadable()
             QFont font = window.font();
             font.setPixelSize(pixels);
             window.setFont(font);
-            window.row->setShortcut(kAccels);
+            window.row->setShortcut(accels);
             QVERIFY(window.showAndWait());
             const RowParts parts(*window.row);
             clickThroughWindow(parts.key);
@@ -852,7 +851,7 @@ void ShortcutRow::placeholderIsReadable()
     }
 }
 
-void ShortcutRow::capsFillTheRowAfterEveryChange()
+void ShortcutRowTest::capsFillTheRowAfterEveryChange()
 {
     RowWindow window;
     window.row->setTitle(QStringLiteral("Title"));
@@ -868,5 +867,5 @@ void ShortcutRow::capsFillTheRowAfterEveryChange()
     }
 }
 
-QTEST_MAIN(ShortcutRow)
+QTEST_MAIN(ShortcutRowTest)
 #include "shortcutrow.moc"

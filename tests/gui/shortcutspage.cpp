@@ -1,31 +1,31 @@
-#include "shortcutparts.h"
+#include "sandbox/controlcenter/shortcuts/shortcutspage.h"
 
 #include "pages/showntext.h"
 #include "pages/texttranslatesettingwidget.h"
-#include "sandbox/controlcenter/shortcuts/shortcutspage.h"
+#include "shortcutparts.h"
 #include "tests/support/serviceprocess.h"
+
+#include <zcc/widgets/tipslabel.h>
 
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
-
-#include <zcc/widgets/tipslabel.h>
 
 using controlcenter::ShortcutsPage;
 using testsupport::ServiceProcess;
 
 namespace {
 
-const QString kSpeech = QStringLiteral("speech-to-text");
-const QString kRead = QStringLiteral("text-to-speech");
-const QString kTranslation = QStringLiteral("translation");
-const Qt::KeyboardModifiers kControlAlt = Qt::ControlModifier | Qt::AltModifier;
+const QString speechId = QStringLiteral("speech-to-text");
+const QString readId = QStringLiteral("text-to-speech");
+const QString translationId = QStringLiteral("translation");
+const Qt::KeyboardModifiers controlAlt = Qt::ControlModifier | Qt::AltModifier;
 
 QVector<ShortcutsPage::Shortcut> shortcuts()
 {
-    return {{kSpeech, QStringLiteral("Speech to Text")},
-            {kRead, QStringLiteral("Text to Speech")},
-            {kTranslation, QStringLiteral("Translation")}};
+    return {{speechId, QStringLiteral("Speech to Text")},
+            {readId, QStringLiteral("Text to Speech")},
+            {translationId, QStringLiteral("Translation")}};
 }
 
 } // namespace
@@ -96,7 +96,7 @@ bool ShortcutsPageTest::open()
     m_window->show();
     m_window->activateWindow();
     if (!QTest::qWaitForWindowActive(m_window.get()) ||
-        !QTest::qWaitFor([this] { return !shown(kTranslation).isEmpty(); }))
+        !QTest::qWaitFor([this] { return !shown(translationId).isEmpty(); }))
         return false;
     QCoreApplication::processEvents(); // the rows take their places
     return true;
@@ -129,13 +129,13 @@ void ShortcutsPageTest::press(int key, Qt::KeyboardModifiers modifiers)
 
 void ShortcutsPageTest::showsWhatTheServiceSays()
 {
-    m_service->setValue(kSpeech, QStringList({"<Super_L>minus", "<Alt>F1"}));
-    m_service->setValue(kRead, QStringList());
+    m_service->setValue(speechId, QStringList({"<Super_L>minus", "<Alt>F1"}));
+    m_service->setValue(readId, QStringList());
     m_service->reset();
     QVERIFY(open());
-    QCOMPARE(shown(kSpeech), QStringList({"Super", "-"}));
-    QCOMPARE(shown(kRead), QStringList("None"));
-    QCOMPARE(shown(kTranslation), QStringList({"Ctrl", "Alt", "T"}));
+    QCOMPARE(shown(speechId), QStringList({"Super", "-"}));
+    QCOMPARE(shown(readId), QStringList("None"));
+    QCOMPARE(shown(translationId), QStringList({"Ctrl", "Alt", "T"}));
     QCOMPARE(m_page->message(), QString());
 
     const auto calls = m_service->calls();
@@ -151,51 +151,51 @@ void ShortcutsPageTest::asksAgainWhenShownAgain()
 {
     QVERIFY(open());
     m_page->hide();
-    m_service->setValue(kSpeech, QStringList("<Alt>J"));
+    m_service->setValue(speechId, QStringList("<Alt>J"));
     m_page->show();
-    QTRY_COMPARE(shown(kSpeech), QStringList({"Alt", "J"}));
+    QTRY_COMPARE(shown(speechId), QStringList({"Alt", "J"}));
 }
 
 void ShortcutsPageTest::clickTakesNextCombination()
 {
     QVERIFY(open());
-    clickCaps(kTranslation);
-    QCOMPARE(visible(kTranslation), QStringLiteral("line"));
+    clickCaps(translationId);
+    QCOMPARE(visible(translationId), QStringLiteral("line"));
     QVERIFY(m_page->message().contains(QStringLiteral("Translation")));
 
-    press(Qt::Key_J, kControlAlt);
-    QCOMPARE(visible(kTranslation), QStringLiteral("caps"));
+    press(Qt::Key_J, controlAlt);
+    QCOMPARE(visible(translationId), QStringLiteral("caps"));
     QCOMPARE(m_page->message(), QString());
-    QTRY_COMPARE(shown(kTranslation), QStringList({"Ctrl", "Alt", "J"}));
-    QCOMPARE(stored(kTranslation), QStringList("<Control><Alt>J"));
-    QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
+    QTRY_COMPARE(shown(translationId), QStringList({"Ctrl", "Alt", "J"}));
+    QCOMPARE(stored(translationId), QStringList("<Control><Alt>J"));
+    QCOMPARE(stored(speechId), QStringList("<Control><Alt>I"));
 
-    press(Qt::Key_K, kControlAlt); // no longer waiting
-    QCOMPARE(visible(kTranslation), QStringLiteral("caps"));
-    QCOMPARE(stored(kTranslation), QStringList("<Control><Alt>J"));
+    press(Qt::Key_K, controlAlt); // no longer waiting
+    QCOMPARE(visible(translationId), QStringLiteral("caps"));
+    QCOMPARE(stored(translationId), QStringList("<Control><Alt>J"));
 }
 
 void ShortcutsPageTest::waitsOnForTrueCombination()
 {
     QVERIFY(open());
-    clickCaps(kTranslation);
+    clickCaps(translationId);
     press(Qt::Key_Control, Qt::ControlModifier);
     press(Qt::Key_X);
     press(Qt::Key_X, Qt::ShiftModifier);
-    QCOMPARE(visible(kTranslation), QStringLiteral("line"));
+    QCOMPARE(visible(translationId), QStringLiteral("line"));
     press(Qt::Key_X, Qt::MetaModifier);
-    QTRY_COMPARE(shown(kTranslation), QStringList({"Super", "X"}));
+    QTRY_COMPARE(shown(translationId), QStringList({"Super", "X"}));
 }
 
 void ShortcutsPageTest::escapeKeepsOldShortcut()
 {
     QVERIFY(open());
-    clickCaps(kSpeech);
+    clickCaps(speechId);
     press(Qt::Key_Escape);
-    QCOMPARE(visible(kSpeech), QStringLiteral("caps"));
+    QCOMPARE(visible(speechId), QStringLiteral("caps"));
     QCOMPARE(m_page->message(), QString());
-    QCOMPARE(shown(kSpeech), QStringList({"Ctrl", "Alt", "I"}));
-    QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
+    QCOMPARE(shown(speechId), QStringList({"Ctrl", "Alt", "I"}));
+    QCOMPARE(stored(speechId), QStringList("<Control><Alt>I"));
 }
 
 void ShortcutsPageTest::clickEndsWait_data()
@@ -210,45 +210,45 @@ void ShortcutsPageTest::clickEndsWait()
 {
     QFETCH(QString, where);
     QVERIFY(open());
-    clickCaps(kRead);
-    QCOMPARE(visible(kRead), QStringLiteral("line"));
+    clickCaps(readId);
+    QCOMPARE(visible(readId), QStringLiteral("line"));
     QCoreApplication::processEvents();
     if (where.isEmpty())
         clickThroughWindow(m_page, m_page->rect().bottomLeft() + QPoint(4, -4));
     else
-        clickThroughWindow(m_page->row(kRead)->findChild<QWidget *>(where));
+        clickThroughWindow(m_page->row(readId)->findChild<QWidget *>(where));
     QTRY_COMPARE(m_page->message(), QString());
-    QCOMPARE(visible(kRead), QStringLiteral("caps"));
+    QCOMPARE(visible(readId), QStringLiteral("caps"));
 
-    press(Qt::Key_J, kControlAlt);
-    QCOMPARE(stored(kRead), QStringList("<Control><Alt>P"));
+    press(Qt::Key_J, controlAlt);
+    QCOMPARE(stored(readId), QStringList("<Control><Alt>P"));
 }
 
 void ShortcutsPageTest::hidingEndsWait()
 {
     QVERIFY(open());
-    clickCaps(kRead);
+    clickCaps(readId);
     m_page->hide();
     m_page->show();
-    QTRY_COMPARE(visible(kRead), QStringLiteral("caps"));
+    QTRY_COMPARE(visible(readId), QStringLiteral("caps"));
     QCOMPARE(m_page->message(), QString());
-    press(Qt::Key_J, kControlAlt);
-    QCOMPARE(stored(kRead), QStringList("<Control><Alt>P"));
+    press(Qt::Key_J, controlAlt);
+    QCOMPARE(stored(readId), QStringList("<Control><Alt>P"));
 }
 
 void ShortcutsPageTest::otherRowTakesOverWait()
 {
     QVERIFY(open());
-    clickCaps(kSpeech);
-    clickCaps(kRead);
-    QCOMPARE(visible(kSpeech), QStringLiteral("caps"));
-    QCOMPARE(visible(kRead), QStringLiteral("line"));
-    m_page->row(kTranslation)->onShortcutEdit(); // as assistive technologies press its button
-    QCOMPARE(visible(kRead), QStringLiteral("caps"));
-    press(Qt::Key_J, kControlAlt);
-    QTRY_COMPARE(shown(kTranslation), QStringList({"Ctrl", "Alt", "J"}));
-    QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
-    QCOMPARE(stored(kRead), QStringList("<Control><Alt>P"));
+    clickCaps(speechId);
+    clickCaps(readId);
+    QCOMPARE(visible(speechId), QStringLiteral("caps"));
+    QCOMPARE(visible(readId), QStringLiteral("line"));
+    m_page->row(translationId)->onShortcutEdit(); // as assistive technologies press its button
+    QCOMPARE(visible(readId), QStringLiteral("caps"));
+    press(Qt::Key_J, controlAlt);
+    QTRY_COMPARE(shown(translationId), QStringList({"Ctrl", "Alt", "J"}));
+    QCOMPARE(stored(speechId), QStringList("<Control><Alt>I"));
+    QCOMPARE(stored(readId), QStringList("<Control><Alt>P"));
 }
 
 void ShortcutsPageTest::windowShortcutsAreTaken()
@@ -259,9 +259,9 @@ void ShortcutsPageTest::windowShortcutsAreTaken()
     connect(&find, &QShortcut::activated, this, [&found] { ++found; });
     press(Qt::Key_F, Qt::ControlModifier);
     QCOMPARE(found, 1);
-    clickCaps(kSpeech);
+    clickCaps(speechId);
     press(Qt::Key_F, Qt::ControlModifier);
-    QTRY_COMPARE(shown(kSpeech), QStringList({"Ctrl", "F"}));
+    QTRY_COMPARE(shown(speechId), QStringList({"Ctrl", "F"}));
     QCOMPARE(found, 1);
 }
 
@@ -272,19 +272,19 @@ void ShortcutsPageTest::editModeRemoves()
     for (const auto &shortcut : shortcuts())
         QCOMPARE(visible(shortcut.id), QStringLiteral("edit remove"));
     QCoreApplication::processEvents();
-    clickThroughWindow(RowParts(*m_page->row(kSpeech)).remove);
-    QTRY_COMPARE(shown(kSpeech), QStringList("None"));
-    QCOMPARE(stored(kSpeech), QStringList());
-    QCOMPARE(visible(kSpeech), QStringLiteral("edit remove"));
+    clickThroughWindow(RowParts(*m_page->row(speechId)).remove);
+    QTRY_COMPARE(shown(speechId), QStringList("None"));
+    QCOMPARE(stored(speechId), QStringList());
+    QCOMPARE(visible(speechId), QStringLiteral("edit remove"));
 
     clickThroughWindow(m_page->editButton());
     for (const auto &shortcut : shortcuts())
         QCOMPARE(visible(shortcut.id), QStringLiteral("caps"));
     QCoreApplication::processEvents();
-    clickCaps(kSpeech);
+    clickCaps(speechId);
     press(Qt::Key_F5);
-    QTRY_COMPARE(shown(kSpeech), QStringList("F5"));
-    QCOMPARE(stored(kSpeech), QStringList("F5"));
+    QTRY_COMPARE(shown(speechId), QStringList("F5"));
+    QCOMPARE(stored(speechId), QStringList("F5"));
 }
 
 void ShortcutsPageTest::editModeKeepsFocus()
@@ -292,18 +292,18 @@ void ShortcutsPageTest::editModeKeepsFocus()
     QVERIFY(open());
     m_page->editButton()->setChecked(true);
     for (const char *name : {"remove", "edit"}) {
-        auto *button = m_page->row(kSpeech)->findChild<QWidget *>(name);
+        auto *button = m_page->row(speechId)->findChild<QWidget *>(name);
         button->setFocus();
         press(Qt::Key_Space);
         if (button->objectName() == QLatin1String("edit"))
             press(Qt::Key_F5);
         const QStringList expected(button->objectName() == QLatin1String("edit") ? "F5" : "None");
-        QTRY_COMPARE(shown(kSpeech), expected);
+        QTRY_COMPARE(shown(speechId), expected);
         QVERIFY2(button->hasFocus(), name);
     }
 
     // Leaving the window ends the wait, too.
-    const auto *edit = RowParts(*m_page->row(kSpeech)).edit;
+    const auto *edit = RowParts(*m_page->row(speechId)).edit;
     press(Qt::Key_Space);
     QVERIFY(!m_page->message().isEmpty());
     QWidget other;
@@ -322,27 +322,27 @@ void ShortcutsPageTest::editModeChanges()
     QVERIFY(open());
     clickThroughWindow(m_page->editButton());
     QCoreApplication::processEvents();
-    clickThroughWindow(RowParts(*m_page->row(kRead)).edit);
+    clickThroughWindow(RowParts(*m_page->row(readId)).edit);
     QVERIFY(m_page->message().contains(QStringLiteral("Text to Speech")));
-    press(Qt::Key_J, kControlAlt);
-    QTRY_COMPARE(shown(kRead), QStringList({"Ctrl", "Alt", "J"}));
-    QCOMPARE(visible(kRead), QStringLiteral("edit remove"));
-    QCOMPARE(stored(kRead), QStringList("<Control><Alt>J"));
+    press(Qt::Key_J, controlAlt);
+    QTRY_COMPARE(shown(readId), QStringList({"Ctrl", "Alt", "J"}));
+    QCOMPARE(visible(readId), QStringLiteral("edit remove"));
+    QCOMPARE(stored(readId), QStringList("<Control><Alt>J"));
 }
 
 void ShortcutsPageTest::takenShortcutIsRefused()
 {
     QVERIFY(open());
-    clickCaps(kSpeech);
-    press(Qt::Key_T, kControlAlt);
-    QCOMPARE(visible(kSpeech), QStringLiteral("caps"));
+    clickCaps(speechId);
+    press(Qt::Key_T, controlAlt);
+    QCOMPARE(visible(speechId), QStringLiteral("caps"));
     QVERIFY(m_page->message().contains(QStringLiteral("Ctrl+Alt+T")));
     QVERIFY(m_page->message().contains(QStringLiteral("Translation")));
-    QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
+    QCOMPARE(stored(speechId), QStringList("<Control><Alt>I"));
 
-    clickCaps(kSpeech); // its own is no conflict
-    press(Qt::Key_I, kControlAlt);
-    QTRY_COMPARE(shown(kSpeech), QStringList({"Ctrl", "Alt", "I"}));
+    clickCaps(speechId); // its own is no conflict
+    press(Qt::Key_I, controlAlt);
+    QTRY_COMPARE(shown(speechId), QStringList({"Ctrl", "Alt", "I"}));
     QCOMPARE(m_page->message(), QString());
 }
 
@@ -366,9 +366,9 @@ void ShortcutsPageTest::serviceErrorIsTold()
     m_page->hide();
     m_page->show();
     QCOMPARE(m_page->message(), QString());
-    clickCaps(kSpeech);
+    clickCaps(speechId);
     press(Qt::Key_F5);
-    QTRY_COMPARE(shown(kSpeech), QStringList("F5"));
+    QTRY_COMPARE(shown(speechId), QStringList("F5"));
 }
 
 // Situation: no service. Expected: the page opens, without caps, and says why.
@@ -379,7 +379,7 @@ void ShortcutsPageTest::absentServiceIsTold()
     m_page = new ShortcutsPage(shortcuts(), m_window.get());
     m_window->show();
     QTRY_VERIFY(!m_page->message().isEmpty());
-    QVERIFY(shown(kSpeech).isEmpty());
+    QVERIFY(shown(speechId).isEmpty());
 }
 
 // Situation: the service is gone when the new shortcut is to be stored. Expected: the old one stays
@@ -387,12 +387,12 @@ void ShortcutsPageTest::absentServiceIsTold()
 void ShortcutsPageTest::serviceThatVanishesIsTold()
 {
     QVERIFY(open());
-    clickCaps(kSpeech);
+    clickCaps(speechId);
     m_service->kill();
-    press(Qt::Key_J, kControlAlt);
+    press(Qt::Key_J, controlAlt);
     QTRY_VERIFY(m_page->message().contains(QStringLiteral("Speech to Text")));
-    QCOMPARE(shown(kSpeech), QStringList({"Ctrl", "Alt", "I"}));
-    QCOMPARE(visible(kSpeech), QStringLiteral("caps"));
+    QCOMPARE(shown(speechId), QStringList({"Ctrl", "Alt", "I"}));
+    QCOMPARE(visible(speechId), QStringLiteral("caps"));
 }
 
 void ShortcutsPageTest::oddRepliesShowNone()
@@ -402,7 +402,7 @@ void ShortcutsPageTest::oddRepliesShowNone()
     for (const QVariant &reply : replies) {
         m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("reply"), reply);
         QVERIFY(open());
-        QCOMPARE(shown(kSpeech), QStringList("None"));
+        QCOMPARE(shown(speechId), QStringList("None"));
     }
     m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("reply"), 42);
     m_page->hide();
@@ -413,18 +413,18 @@ void ShortcutsPageTest::oddRepliesShowNone()
 void ShortcutsPageTest::pageGoesWhileAwaiting()
 {
     QVERIFY(open());
-    clickCaps(kSpeech);
+    clickCaps(speechId);
     delete m_page;
-    press(Qt::Key_J, kControlAlt);
-    QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
+    press(Qt::Key_J, controlAlt);
+    QCOMPARE(stored(speechId), QStringList("<Control><Alt>I"));
 }
 
 void ShortcutsPageTest::windowGoesWhileAwaiting()
 {
     QVERIFY(open());
-    clickCaps(kSpeech);
+    clickCaps(speechId);
     m_window.reset();
-    QCOMPARE(stored(kSpeech), QStringList("<Control><Alt>I"));
+    QCOMPARE(stored(speechId), QStringList("<Control><Alt>I"));
 }
 
 void ShortcutsPageTest::featurePageShowsNewShortcut()
@@ -435,9 +435,9 @@ void ShortcutsPageTest::featurePageShowsNewShortcut()
     };
     QVERIFY(open());
     QVERIFY(hint().contains(QStringLiteral("(Ctrl+Alt+T)")));
-    clickCaps(kTranslation);
-    press(Qt::Key_Minus, kControlAlt);
-    QTRY_COMPARE(shown(kTranslation), QStringList({"Ctrl", "Alt", "-"}));
+    clickCaps(translationId);
+    press(Qt::Key_Minus, controlAlt);
+    QTRY_COMPARE(shown(translationId), QStringList({"Ctrl", "Alt", "-"}));
     QVERIFY(hint().contains(QStringLiteral("(Ctrl+Alt+minus)")));
 }
 

@@ -20,7 +20,7 @@ using zcc::widgets::TipsLabel;
 using Ztk::Gui::ZGuiApplicationHelper;
 
 /** The theme is switched while a page is open. */
-class ThemeSwitch : public QObject
+class ThemeSwitchTest : public QObject
 {
     Q_OBJECT
 
@@ -36,13 +36,13 @@ private Q_SLOTS:
 using NewPage = std::function<QWidget *()>;
 Q_DECLARE_METATYPE(NewPage)
 
-void ThemeSwitch::init()
+void ThemeSwitchTest::init()
 {
     ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::DarkType);
     ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::LightType);
 }
 
-void ThemeSwitch::tipsTakeTheNewThemesColour_data()
+void ThemeSwitchTest::tipsTakeTheNewThemesColour_data()
 {
     QTest::addColumn<NewPage>("newPage");
     QTest::newRow("assistant") << NewPage([] { return new AssistantSettingWidget; });
@@ -51,7 +51,7 @@ void ThemeSwitch::tipsTakeTheNewThemesColour_data()
     QTest::newRow("translation") << NewPage([] { return new TextTranslateSettingWidget; });
 }
 
-void ThemeSwitch::tipsTakeTheNewThemesColour()
+void ThemeSwitchTest::tipsTakeTheNewThemesColour()
 {
     QFETCH(NewPage, newPage);
     const std::unique_ptr<QWidget> page(newPage());
@@ -73,7 +73,7 @@ void ThemeSwitch::tipsTakeTheNewThemesColour()
     QTRY_VERIFY(haveColour("#8aa1b4"));
 }
 
-void ThemeSwitch::aHintTakesTheThemeOfTheMomentItIsMade_data()
+void ThemeSwitchTest::aHintTakesTheThemeOfTheMomentItIsMade_data()
 {
     QTest::addColumn<NewPage>("newPage");
     QTest::newRow("speech to text") << NewPage([] { return new VoiceIatSettingWidget; });
@@ -82,7 +82,7 @@ void ThemeSwitch::aHintTakesTheThemeOfTheMomentItIsMade_data()
 }
 
 // The hint is made when its shortcut is known. Until then the page waits, and the theme may change.
-void ThemeSwitch::aHintTakesTheThemeOfTheMomentItIsMade()
+void ThemeSwitchTest::aHintTakesTheThemeOfTheMomentItIsMade()
 {
     QFETCH(NewPage, newPage);
     const QString lookup = QStringLiteral("GetShortcut");
@@ -101,7 +101,7 @@ void ThemeSwitch::aHintTakesTheThemeOfTheMomentItIsMade()
              QStringLiteral("#c0c6d4"));
 }
 
-void ThemeSwitch::runningVoiceTestTakesTheNewThemesColour()
+void ThemeSwitchTest::runningVoiceTestTakesTheNewThemesColour()
 {
     ServiceProcess network(QStringLiteral("networkmanager"));
     QVERIFY(network.start());
@@ -119,5 +119,5 @@ void ThemeSwitch::runningVoiceTestTakesTheNewThemesColour()
     QCOMPARE(testsupport::labelContaining(&page, QStringLiteral("现在请说")), phrase);
 }
 
-QTEST_MAIN(ThemeSwitch)
+QTEST_MAIN(ThemeSwitchTest)
 #include "themeswitch.moc"

@@ -52,10 +52,9 @@ public:
 
     QLabel *label(const QString &text) const
     {
-        for (QLabel *candidate : panel()->findChildren<QLabel *>()) {
+        for (QLabel *candidate : panel()->findChildren<QLabel *>())
             if (candidate->text() == text && candidate->isVisible())
                 return candidate;
-        }
         return nullptr;
     }
 

@@ -89,7 +89,7 @@ QStringList wordProblems(const VoicePage &page)
 
 } // namespace
 
-class TestVoiceTestPanel : public QObject
+class VoiceTestPanelTest : public QObject
 {
     Q_OBJECT
 
@@ -132,7 +132,7 @@ private:
     std::unique_ptr<ServiceProcess> m_aiService;
 };
 
-void TestVoiceTestPanel::initTestCase()
+void VoiceTestPanelTest::initTestCase()
 {
     m_network.reset(new ServiceProcess(QStringLiteral("networkmanager")));
     QVERIFY(m_network->start());
@@ -140,20 +140,20 @@ void TestVoiceTestPanel::initTestCase()
     QVERIFY(m_aiService->start());
 }
 
-void TestVoiceTestPanel::init()
+void VoiceTestPanelTest::init()
 {
     m_network->setValue(QStringLiteral("state"), 70u);
     m_aiService->reset();
 }
 
-void TestVoiceTestPanel::cleanup()
+void VoiceTestPanelTest::cleanup()
 {
     flushDeferredDeletes();
     QCOMPARE(testsupport::topLevelWidgetsLeft(), QStringList());
     QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
-void TestVoiceTestPanel::firstStateShowsTitleAndLink()
+void VoiceTestPanelTest::firstStateShowsTitleAndLink()
 {
     VoicePage page;
     QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), VoicePage::runLink()}));
@@ -174,7 +174,7 @@ void TestVoiceTestPanel::firstStateShowsTitleAndLink()
     QCOMPARE(page.layout()->itemAt(2)->alignment(), Qt::Alignment(Qt::AlignCenter));
 }
 
-void TestVoiceTestPanel::testingStateShowsWordsPhraseAndWave()
+void VoiceTestPanelTest::testingStateShowsWordsPhraseAndWave()
 {
     VoicePage page;
     QVERIFY(page.clickLink());
@@ -201,7 +201,7 @@ void TestVoiceTestPanel::testingStateShowsWordsPhraseAndWave()
     QVERIFY(page.layout()->itemAt(page.layout()->count() - 1)->spacerItem());
 }
 
-void TestVoiceTestPanel::finishedStateKeepsTheRecognisedWords()
+void VoiceTestPanelTest::finishedStateKeepsTheRecognisedWords()
 {
     VoicePage page;
     QVERIFY(page.clickLink());
@@ -222,7 +222,7 @@ void TestVoiceTestPanel::finishedStateKeepsTheRecognisedWords()
     QCOMPARE(page.texts().at(1), QString());
 }
 
-void TestVoiceTestPanel::withoutNetworkTheTestEndsAtOnceAndWithoutARecognisedTextRow()
+void VoiceTestPanelTest::withoutNetworkTheTestEndsAtOnceAndWithoutARecognisedTextRow()
 {
     m_network->setValue(QStringLiteral("state"), 60u);
     VoicePage page;
@@ -239,7 +239,7 @@ void TestVoiceTestPanel::withoutNetworkTheTestEndsAtOnceAndWithoutARecognisedTex
     QVERIFY(page.texts().contains(VoicePage::phrase()));
 }
 
-void TestVoiceTestPanel::withoutNetworkManagerTheTestEndsAtOnce()
+void VoiceTestPanelTest::withoutNetworkManagerTheTestEndsAtOnce()
 {
     m_network->leaveBus();
     {
@@ -251,7 +251,7 @@ void TestVoiceTestPanel::withoutNetworkManagerTheTestEndsAtOnce()
     m_network->joinBus();
 }
 
-void TestVoiceTestPanel::refusedSessionIsAServiceException()
+void VoiceTestPanelTest::refusedSessionIsAServiceException()
 {
     m_aiService->setValue(QStringLiteral("createSession.errorcode"), 5);
     VoicePage page;
@@ -272,7 +272,7 @@ void TestVoiceTestPanel::refusedSessionIsAServiceException()
     m_aiService->setValue(QStringLiteral("createSession.errorcode"), 0);
 }
 
-void TestVoiceTestPanel::afterARefusalTheNextRunWorks()
+void VoiceTestPanelTest::afterARefusalTheNextRunWorks()
 {
     m_aiService->setValue(QStringLiteral("createSession.errorcode"), 5);
     VoicePage page;
@@ -286,7 +286,7 @@ void TestVoiceTestPanel::afterARefusalTheNextRunWorks()
     QCOMPARE(page.texts().at(2), QStringLiteral("Too many noises"));
 }
 
-void TestVoiceTestPanel::verdictsAsTexts_data()
+void VoiceTestPanelTest::verdictsAsTexts_data()
 {
     QTest::addColumn<QString>("result");
     QTest::addColumn<QString>("words");
@@ -324,7 +324,7 @@ void TestVoiceTestPanel::verdictsAsTexts_data()
                                             << "" << up;
 }
 
-void TestVoiceTestPanel::verdictsAsTexts()
+void VoiceTestPanelTest::verdictsAsTexts()
 {
     QFETCH(QString, result);
     QFETCH(QString, words);
@@ -337,7 +337,7 @@ void TestVoiceTestPanel::verdictsAsTexts()
              QStringList({QStringLiteral("Voice Test"), words, verdict, VoicePage::againLink()}));
 }
 
-void TestVoiceTestPanel::verdictStaysUntilTheNextOne()
+void VoiceTestPanelTest::verdictStaysUntilTheNextOne()
 {
     VoicePage page;
     QVERIFY(page.clickLink());
@@ -349,7 +349,7 @@ void TestVoiceTestPanel::verdictStaysUntilTheNextOne()
     QCOMPARE(page.texts().at(2), QStringLiteral("Too many noises"));
 }
 
-void TestVoiceTestPanel::clickOnTheWaveGoesBackAndForgetsTheWords()
+void VoiceTestPanelTest::clickOnTheWaveGoesBackAndForgetsTheWords()
 {
     VoicePage page;
     QVERIFY(page.clickLink());
@@ -368,7 +368,7 @@ void TestVoiceTestPanel::clickOnTheWaveGoesBackAndForgetsTheWords()
     QCOMPARE(page.texts().at(1), QString());
 }
 
-void TestVoiceTestPanel::keyOnTheWaveGoesBack()
+void VoiceTestPanelTest::keyOnTheWaveGoesBack()
 {
     for (int key : {Qt::Key_Escape, Qt::Key_Space}) {
         VoicePage page;
@@ -380,7 +380,7 @@ void TestVoiceTestPanel::keyOnTheWaveGoesBack()
     }
 }
 
-void TestVoiceTestPanel::partialResultsReplaceEachOther()
+void VoiceTestPanelTest::partialResultsReplaceEachOther()
 {
     VoicePage page;
     QVERIFY(page.clickLink());
@@ -390,7 +390,7 @@ void TestVoiceTestPanel::partialResultsReplaceEachOther()
     }
 }
 
-void TestVoiceTestPanel::allWordsAreReadable_data()
+void VoiceTestPanelTest::allWordsAreReadable_data()
 {
     QTest::addColumn<QString>("words");
     QTest::addColumn<Qt::LayoutDirection>("direction");
@@ -409,14 +409,13 @@ void TestVoiceTestPanel::allWordsAreReadable_data()
         {"much Arabic", arabic.repeated(20).trimmed()},
         {"lines", QStringLiteral("one\ntwo\nthree\nfour\nfive\nsix\nseven\neight")},
     };
-    for (const auto &text : texts) {
+    for (const auto &text : texts)
         for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft})
             QTest::addRow("%s, %s", text.first, direction == Qt::LeftToRight ? "ltr" : "rtl")
                 << text.second << direction;
-    }
 }
 
-void TestVoiceTestPanel::allWordsAreReadable()
+void VoiceTestPanelTest::allWordsAreReadable()
 {
     QFETCH(QString, words);
     QFETCH(Qt::LayoutDirection, direction);
@@ -452,14 +451,14 @@ void TestVoiceTestPanel::allWordsAreReadable()
     }
 }
 
-void TestVoiceTestPanel::wordsReadTheSameInEveryLanguageOfTheInterface_data()
+void VoiceTestPanelTest::wordsReadTheSameInEveryLanguageOfTheInterface_data()
 {
     QTest::addColumn<QString>("words");
     QTest::newRow("English") << QStringLiteral("Hello, world.");
     QTest::newRow("Arabic") << QStringLiteral("مرحبا بالعالم.");
 }
 
-void TestVoiceTestPanel::wordsReadTheSameInEveryLanguageOfTheInterface()
+void VoiceTestPanelTest::wordsReadTheSameInEveryLanguageOfTheInterface()
 {
     QFETCH(QString, words);
     const auto drawn = [&words](Qt::LayoutDirection direction) {
@@ -479,7 +478,7 @@ void TestVoiceTestPanel::wordsReadTheSameInEveryLanguageOfTheInterface()
     QCOMPARE(drawn(Qt::RightToLeft), leftToRight);
 }
 
-void TestVoiceTestPanel::aMegabyteOfWordsIsShownInPart_data()
+void VoiceTestPanelTest::aMegabyteOfWordsIsShownInPart_data()
 {
     QTest::addColumn<QString>("part");
     QTest::newRow("letters") << QStringLiteral("w");
@@ -490,7 +489,7 @@ void TestVoiceTestPanel::aMegabyteOfWordsIsShownInPart_data()
     QTest::newRow("combining marks") << QStringLiteral("e\u0301\u0308\u0323");
 }
 
-void TestVoiceTestPanel::aMegabyteOfWordsIsShownInPart()
+void VoiceTestPanelTest::aMegabyteOfWordsIsShownInPart()
 {
     QFETCH(QString, part);
     const QString words = part.repeated((1 << 20) / part.size());
@@ -521,7 +520,7 @@ void TestVoiceTestPanel::aMegabyteOfWordsIsShownInPart()
 }
 
 // The second click of a double click reaches whatever the first one has put under the pointer.
-void TestVoiceTestPanel::aDoubleClickOnALinkStartsATest()
+void VoiceTestPanelTest::aDoubleClickOnALinkStartsATest()
 {
     VoicePage page;
     for (const bool again : {false, true}) {
@@ -549,7 +548,7 @@ void TestVoiceTestPanel::aDoubleClickOnALinkStartsATest()
     }
 }
 
-void TestVoiceTestPanel::aDoubleClickOnTheWaveEndsTheTest()
+void VoiceTestPanelTest::aDoubleClickOnTheWaveEndsTheTest()
 {
     VoicePage page;
     QTRY_VERIFY(page.link()->isVisible());
@@ -574,7 +573,7 @@ void TestVoiceTestPanel::aDoubleClickOnTheWaveEndsTheTest()
     QVERIFY(page.texts().contains(QStringLiteral("(wave)")));
 }
 
-void TestVoiceTestPanel::textsFromServicesArePlain()
+void VoiceTestPanelTest::textsFromServicesArePlain()
 {
     VoicePage page;
     QVERIFY(page.clickLink());
@@ -586,7 +585,7 @@ void TestVoiceTestPanel::textsFromServicesArePlain()
              Qt::PlainText);
 }
 
-void TestVoiceTestPanel::lateResultsAndVerdictsDoNoHarm()
+void VoiceTestPanelTest::lateResultsAndVerdictsDoNoHarm()
 {
     VoicePage page;
     page.hear(QStringLiteral("nobody is listening"));
@@ -600,7 +599,7 @@ void TestVoiceTestPanel::lateResultsAndVerdictsDoNoHarm()
     QCOMPARE(page.texts().at(1), QStringLiteral("No sound recorded"));
 }
 
-void TestVoiceTestPanel::microphoneIsOpenOnlyDuringARun()
+void VoiceTestPanelTest::microphoneIsOpenOnlyDuringARun()
 {
     VoicePage page;
     QVERIFY(!AudioRecorder::getInstance()->isRecording());
@@ -610,7 +609,7 @@ void TestVoiceTestPanel::microphoneIsOpenOnlyDuringARun()
     QVERIFY(!AudioRecorder::getInstance()->isRecording());
 }
 
-void TestVoiceTestPanel::pageDestroyedInARunClosesTheMicrophone()
+void VoiceTestPanelTest::pageDestroyedInARunClosesTheMicrophone()
 {
     VoicePage page;
     QVERIFY(page.clickLink());
@@ -619,7 +618,7 @@ void TestVoiceTestPanel::pageDestroyedInARunClosesTheMicrophone()
     QVERIFY(!AudioRecorder::getInstance()->isRecording());
 }
 
-void TestVoiceTestPanel::tipColourFollowsTheToolkitsTheme()
+void VoiceTestPanelTest::tipColourFollowsTheToolkitsTheme()
 {
     auto *helper = ZGuiApplicationHelper::instance();
     const QVector<QPair<ZGuiApplicationHelper::ColorType, QString>> themes = {
@@ -644,7 +643,7 @@ void TestVoiceTestPanel::tipColourFollowsTheToolkitsTheme()
     }
 }
 
-void TestVoiceTestPanel::focusGoesToTheControlThatReplacesTheOneThatHadIt()
+void VoiceTestPanelTest::focusGoesToTheControlThatReplacesTheOneThatHadIt()
 {
     VoicePage page;
     page.link()->setFocus();
@@ -661,7 +660,7 @@ void TestVoiceTestPanel::focusGoesToTheControlThatReplacesTheOneThatHadIt()
     QVERIFY(other->hasFocus());
 }
 
-void TestVoiceTestPanel::panelsDoNotPileUp()
+void VoiceTestPanelTest::panelsDoNotPileUp()
 {
     VoicePage page;
     for (int run = 0; run < 10; ++run) {
@@ -675,5 +674,5 @@ void TestVoiceTestPanel::panelsDoNotPileUp()
     QCOMPARE(page->findChildren<SettingsItem *>().size(), 6);
 }
 
-QTEST_MAIN(TestVoiceTestPanel)
+QTEST_MAIN(VoiceTestPanelTest)
 #include "voicetestpanel.moc"

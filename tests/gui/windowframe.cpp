@@ -75,7 +75,7 @@ public:
 } // namespace
 
 /** The frame drives a module in the documented order, and owns and disposes of what it pushes. */
-class WindowFrame : public QObject
+class WindowFrameTest : public QObject
 {
     Q_OBJECT
 
@@ -101,7 +101,7 @@ private:
     QScopedPointer<ScriptedModule> m_module;
 };
 
-void WindowFrame::init()
+void WindowFrameTest::init()
 {
     m_registry = ModuleRegistry();
     m_view.reset(new ModuleView);
@@ -110,20 +110,20 @@ void WindowFrame::init()
     m_frame->prepare(m_module.data());
 }
 
-void WindowFrame::cleanup()
+void WindowFrameTest::cleanup()
 {
     m_frame.reset();
     m_view.reset();
     m_module.reset();
 }
 
-void WindowFrame::preparesInTheDocumentedOrder()
+void WindowFrameTest::preparesInTheDocumentedOrder()
 {
     QCOMPARE(m_module->calls,
              (QStringList{QStringLiteral("preInitialize"), QStringLiteral("initialize")}));
 }
 
-void WindowFrame::keepsWhatTheModuleRegisters()
+void WindowFrameTest::keepsWhatTheModuleRegisters()
 {
     QCOMPARE(m_registry.pages(), QStringList{QStringLiteral("Page")});
     QCOMPARE(m_registry.translatedPage(QStringLiteral("Page")), QStringLiteral("Seite"));
@@ -132,7 +132,7 @@ void WindowFrame::keepsWhatTheModuleRegisters()
     QCOMPARE(m_registry.searchEntries().at(1).item, QStringLiteral("Ding"));
 }
 
-void WindowFrame::firstPushIsTheListAndTheNextThePage()
+void WindowFrameTest::firstPushIsTheListAndTheNextThePage()
 {
     QSignalSpy shown(m_frame.data(), &Frame::pageShown);
     m_frame->open(m_module.data());
@@ -143,7 +143,7 @@ void WindowFrame::firstPushIsTheListAndTheNextThePage()
     QCOMPARE(shown.count(), 1);
 }
 
-void WindowFrame::aReplacedPageIsDeletedLater()
+void WindowFrameTest::aReplacedPageIsDeletedLater()
 {
     m_frame->open(m_module.data());
     const QPointer<QWidget> first = m_view->page();
@@ -156,7 +156,7 @@ void WindowFrame::aReplacedPageIsDeletedLater()
     QVERIFY(m_view->page());
 }
 
-void WindowFrame::leavingDisposesOfListAndPage()
+void WindowFrameTest::leavingDisposesOfListAndPage()
 {
     m_frame->open(m_module.data());
     m_frame->leave();
@@ -166,7 +166,7 @@ void WindowFrame::leavingDisposesOfListAndPage()
     QTRY_VERIFY(!m_module->pushed.at(0) && !m_module->pushed.at(1));
 }
 
-void WindowFrame::leavingTwiceTellsTheModuleOnce()
+void WindowFrameTest::leavingTwiceTellsTheModuleOnce()
 {
     m_frame->open(m_module.data());
     m_frame->leave();
@@ -174,7 +174,7 @@ void WindowFrame::leavingTwiceTellsTheModuleOnce()
     QCOMPARE(m_module->calls.count(QStringLiteral("deactive")), 1);
 }
 
-void WindowFrame::openingAgainStartsAfresh()
+void WindowFrameTest::openingAgainStartsAfresh()
 {
     m_frame->open(m_module.data());
     m_frame->open(m_module.data());
@@ -184,7 +184,7 @@ void WindowFrame::openingAgainStartsAfresh()
     QCOMPARE(m_view->page(), m_module->pushed.at(3).data());
 }
 
-void WindowFrame::openingAPageActivatesFirst()
+void WindowFrameTest::openingAPageActivatesFirst()
 {
     m_module->calls.clear();
     m_frame->openPage(m_module.data(), QStringLiteral("Page"));
@@ -193,7 +193,7 @@ void WindowFrame::openingAPageActivatesFirst()
     QCOMPARE(m_view->page(), m_module->pushed.at(2).data());
 }
 
-void WindowFrame::openingAPageOfTheOpenModuleDoesNotActivateAgain()
+void WindowFrameTest::openingAPageOfTheOpenModuleDoesNotActivateAgain()
 {
     m_frame->open(m_module.data());
     m_frame->openPage(m_module.data(), QStringLiteral("Page"));
@@ -201,7 +201,7 @@ void WindowFrame::openingAPageOfTheOpenModuleDoesNotActivateAgain()
 }
 
 // A page waits for a service while it is built; the user goes elsewhere meanwhile.
-void WindowFrame::aPagePushedAfterLeavingIsDisposedOf()
+void WindowFrameTest::aPagePushedAfterLeavingIsDisposedOf()
 {
     m_module->whileActivating = [this] {
         m_frame->leave();
@@ -212,7 +212,7 @@ void WindowFrame::aPagePushedAfterLeavingIsDisposedOf()
     QTRY_VERIFY(!m_module->pushed.at(0) && !m_module->pushed.at(1));
 }
 
-void WindowFrame::otherPushTypesAreRefused()
+void WindowFrameTest::otherPushTypesAreRefused()
 {
     m_frame->open(m_module.data());
     QWidget *page = m_view->page();
@@ -222,5 +222,5 @@ void WindowFrame::otherPushTypesAreRefused()
     QTRY_VERIFY(!m_module->pushed.at(2));
 }
 
-QTEST_MAIN(WindowFrame)
+QTEST_MAIN(WindowFrameTest)
 #include "windowframe.moc"

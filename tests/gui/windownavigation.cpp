@@ -5,7 +5,7 @@
 using controlcenter::NavigationColumn;
 
 /** The window's main navigation: where entries stand, and when they open. */
-class WindowNavigation : public QObject
+class WindowNavigationTest : public QObject
 {
     Q_OBJECT
 
@@ -24,14 +24,14 @@ private:
     QScopedPointer<NavigationColumn> m_column;
 };
 
-void WindowNavigation::init()
+void WindowNavigationTest::init()
 {
     m_column.reset(new NavigationColumn);
     m_column->addEntry(QStringLiteral("keyboard"), QStringLiteral("Keyboard"), QIcon());
     m_column->addEntry(QStringLiteral("mouse"), QStringLiteral("Mouse"), QIcon());
 }
 
-QStringList WindowNavigation::texts() const
+QStringList WindowNavigationTest::texts() const
 {
     QStringList result;
     for (int row = 0; row < m_column->model()->rowCount(); ++row)
@@ -39,7 +39,7 @@ QStringList WindowNavigation::texts() const
     return result;
 }
 
-void WindowNavigation::anEntryStandsBehindTheOneItFollows()
+void WindowNavigationTest::anEntryStandsBehindTheOneItFollows()
 {
     m_column->addEntry(QStringLiteral("voice"), QStringLiteral("Voice"), QIcon(),
                        QStringLiteral("keyboard"));
@@ -48,14 +48,14 @@ void WindowNavigation::anEntryStandsBehindTheOneItFollows()
     QCOMPARE(m_column->entryText(QStringLiteral("voice")), QStringLiteral("Voice"));
 }
 
-void WindowNavigation::anEntryThatFollowsAnUnknownOneStandsLast()
+void WindowNavigationTest::anEntryThatFollowsAnUnknownOneStandsLast()
 {
     m_column->addEntry(QStringLiteral("voice"), QStringLiteral("Voice"), QIcon(),
                        QStringLiteral("printer"));
     QCOMPARE(texts().constLast(), QStringLiteral("Voice"));
 }
 
-void WindowNavigation::openingIsToldOnce()
+void WindowNavigationTest::openingIsToldOnce()
 {
     QSignalSpy opened(m_column.data(), &NavigationColumn::entryOpened);
     m_column->setCurrentEntry(QStringLiteral("mouse"));
@@ -65,7 +65,7 @@ void WindowNavigation::openingIsToldOnce()
     QCOMPARE(m_column->currentEntry(), QStringLiteral("mouse"));
 }
 
-void WindowNavigation::theArrowKeysOpen()
+void WindowNavigationTest::theArrowKeysOpen()
 {
     m_column->setCurrentEntry(QStringLiteral("keyboard"));
     QSignalSpy opened(m_column.data(), &NavigationColumn::entryOpened);
@@ -74,7 +74,7 @@ void WindowNavigation::theArrowKeysOpen()
     QCOMPARE(opened.at(0).at(0).toString(), QStringLiteral("mouse"));
 }
 
-void WindowNavigation::anUnknownEntryOpensNothing()
+void WindowNavigationTest::anUnknownEntryOpensNothing()
 {
     QSignalSpy opened(m_column.data(), &NavigationColumn::entryOpened);
     m_column->setCurrentEntry(QStringLiteral("printer"));
@@ -82,7 +82,7 @@ void WindowNavigation::anUnknownEntryOpensNothing()
     QVERIFY(m_column->currentEntry().isEmpty());
 }
 
-void WindowNavigation::itIsAsWideAsItsLongestEntry()
+void WindowNavigationTest::itIsAsWideAsItsLongestEntry()
 {
     const int before = m_column->sizeHint().width();
     const QString text = QStringLiteral("A name that is much longer than the others");
@@ -91,5 +91,5 @@ void WindowNavigation::itIsAsWideAsItsLongestEntry()
     QVERIFY(m_column->sizeHint().width() > m_column->fontMetrics().horizontalAdvance(text));
 }
 
-QTEST_MAIN(WindowNavigation)
+QTEST_MAIN(WindowNavigationTest)
 #include "windownavigation.moc"

@@ -6,7 +6,7 @@
 using namespace controlcenter;
 
 /** What the window's search finds, and in which order. */
-class WindowSearch : public QObject
+class WindowSearchTest : public QObject
 {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ const QString module = QStringLiteral("Tools");
 
 } // namespace
 
-void WindowSearch::init()
+void WindowSearchTest::init()
 {
     m_registry = ModuleRegistry();
     m_registry.addPage(QStringLiteral("Speech"), QStringLiteral("Sprache"));
@@ -44,7 +44,7 @@ void WindowSearch::init()
     m_registry.addSearchEntry({module, QStringLiteral("Sprache"), QStringLiteral("Hidden")}, false);
 }
 
-QStringList WindowSearch::found(const QString &text) const
+QStringList WindowSearchTest::found(const QString &text) const
 {
     QStringList items;
     const auto entries = findEntries(m_registry.searchEntries(), text);
@@ -53,48 +53,48 @@ QStringList WindowSearch::found(const QString &text) const
     return items;
 }
 
-void WindowSearch::findsByAnyWordInAnyCase()
+void WindowSearchTest::findsByAnyWordInAnyCase()
 {
     QCOMPARE(found(QStringLiteral("vOICE")), QStringList{QStringLiteral("Voice Test")});
 }
 
-void WindowSearch::namesThatBeginWithTheTextComeFirst()
+void WindowSearchTest::namesThatBeginWithTheTextComeFirst()
 {
     QCOMPARE(found(QStringLiteral("test")),
              (QStringList{QStringLiteral("Test"), QStringLiteral("Voice Test")}));
 }
 
-void WindowSearch::wordsMayStandInDifferentNames()
+void WindowSearchTest::wordsMayStandInDifferentNames()
 {
     QCOMPARE(found(QStringLiteral("  sprache   voice ")),
              QStringList{QStringLiteral("Voice Test")});
 }
 
-void WindowSearch::blankTextFindsNothing()
+void WindowSearchTest::blankTextFindsNothing()
 {
     QVERIFY(found(QStringLiteral("  ")).isEmpty());
 }
 
-void WindowSearch::unknownTextFindsNothing()
+void WindowSearchTest::unknownTextFindsNothing()
 {
     QVERIFY(found(QStringLiteral("printer")).isEmpty());
 }
 
-void WindowSearch::absentEntriesAreNotFound()
+void WindowSearchTest::absentEntriesAreNotFound()
 {
     QVERIFY(found(QStringLiteral("hidden")).isEmpty());
 }
 
-void WindowSearch::aTranslatedPageLeadsToItsKey()
+void WindowSearchTest::aTranslatedPageLeadsToItsKey()
 {
     QCOMPARE(m_registry.pageName(QStringLiteral("Sprache")), QStringLiteral("Speech"));
     QCOMPARE(m_registry.translatedPage(QStringLiteral("Speech")), QStringLiteral("Sprache"));
 }
 
-void WindowSearch::aPageThatWasNotRegisteredIsItsOwnKey()
+void WindowSearchTest::aPageThatWasNotRegisteredIsItsOwnKey()
 {
     QCOMPARE(m_registry.pageName(QStringLiteral("Other")), QStringLiteral("Other"));
 }
 
-QTEST_APPLESS_MAIN(WindowSearch)
+QTEST_APPLESS_MAIN(WindowSearchTest)
 #include "windowsearch.moc"

@@ -10,8 +10,9 @@
 #include <QPluginLoader>
 #include <QTranslator>
 
-#include <cstdio>
 #include <dlfcn.h>
+
+#include <cstdio>
 
 #define INTERPOSED(symbol) __asm__(symbol) __attribute__((visibility("default")))
 #define TRANSLATOR_LOAD "_ZN11QTranslator4loadERK7QStringS2_S2_S2_"

@@ -42,10 +42,9 @@ void ModuleFileTest::exportsTheTwoEntryPointsAndNothingElse()
 
     QStringList symbols;
     const auto lines = nm.readAllStandardOutput().split('\n');
-    for (const QByteArray &line : lines) {
+    for (const QByteArray &line : lines)
         if (!line.isEmpty())
             symbols.append(QString::fromLatin1(line.left(line.indexOf(' '))));
-    }
     symbols.sort();
     QCOMPARE(symbols, (QStringList{QStringLiteral("qt_plugin_instance"),
                                    QStringLiteral("qt_plugin_query_metadata")}));

@@ -42,10 +42,9 @@ QString signature(const QMetaMethod &method)
 QStringList ownMethods(const QMetaObject *metaObject, QMetaMethod::MethodType type)
 {
     QStringList methods;
-    for (int i = metaObject->methodOffset(); i < metaObject->methodCount(); ++i) {
+    for (int i = metaObject->methodOffset(); i < metaObject->methodCount(); ++i)
         if (metaObject->method(i).methodType() == type)
             methods.append(signature(metaObject->method(i)));
-    }
     return methods;
 }
 
@@ -297,10 +296,9 @@ void ModuleHostTest::logsItsLifecycle()
     const LogCapture log;
     operation(m_module);
     QList<LogRecord> records;
-    for (const LogRecord &record : log.records()) {
+    for (const LogRecord &record : log.records())
         if (QFileInfo(record.file).baseName() == QLatin1String("tavrenaiassitantcontrolplugin"))
             records.append(record);
-    }
     QCOMPARE(records.size(), 1);
     const LogRecord record = records.constFirst();
     QCOMPARE(record.type, QtDebugMsg);
@@ -599,10 +597,9 @@ void ModuleHostTest::pagesOutliveTheModuleObject()
     delete m_loader->instance();
     for (int i = 1; i < m_frame->pushes().size(); ++i) {
         const auto buttons = pushed(i)->findChildren<QAbstractButton *>();
-        for (QAbstractButton *button : buttons) {
+        for (QAbstractButton *button : buttons)
             if (button->isCheckable())
                 button->click();
-        }
     }
 }
 

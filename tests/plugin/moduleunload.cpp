@@ -30,10 +30,9 @@ const QString catalogue = QStringLiteral(":/translation/assistant-control-plugin
 QWidget *visibleWidget(const char *className)
 {
     const QWidgetList widgets = QApplication::allWidgets();
-    for (QWidget *widget : widgets) {
+    for (QWidget *widget : widgets)
         if (widget->inherits(className) && widget->isVisible())
             return widget;
-    }
     return nullptr;
 }
 

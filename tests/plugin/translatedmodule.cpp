@@ -30,7 +30,7 @@ QString shown(QString translation)
 
 } // namespace
 
-class TranslatedModule : public QObject
+class TranslatedModuleTest : public QObject
 {
     Q_OBJECT
 private slots:
@@ -42,7 +42,7 @@ private:
     void checkWidgets(const QJsonObject &widgets, const Catalogue &catalogue);
 };
 
-void TranslatedModule::speaksTheLanguageOfTheLocale_data()
+void TranslatedModuleTest::speaksTheLanguageOfTheLocale_data()
 {
     QTest::addColumn<QString>("locale");
     QTest::addColumn<QString>("language");
@@ -64,7 +64,7 @@ void TranslatedModule::speaksTheLanguageOfTheLocale_data()
                                                              << "en";
 }
 
-void TranslatedModule::speaksTheLanguageOfTheLocale()
+void TranslatedModuleTest::speaksTheLanguageOfTheLocale()
 {
     QFETCH(QString, locale);
     QFETCH(QString, language);
@@ -91,7 +91,7 @@ void TranslatedModule::speaksTheLanguageOfTheLocale()
 }
 
 /// The name in the navigation, the breadcrumb's names, and the search entries.
-void TranslatedModule::checkRegistered(const QJsonObject &host, const Catalogue &catalogue)
+void TranslatedModuleTest::checkRegistered(const QJsonObject &host, const Catalogue &catalogue)
 {
     const auto translated = [&](const QString &source) {
         return catalogue.translation(pluginContext, source);
@@ -138,7 +138,7 @@ void TranslatedModule::checkRegistered(const QJsonObject &host, const Catalogue 
 }
 
 /// The list and the pages: each has all texts of its class, and none in another language.
-void TranslatedModule::checkWidgets(const QJsonObject &widgets, const Catalogue &catalogue)
+void TranslatedModuleTest::checkWidgets(const QJsonObject &widgets, const Catalogue &catalogue)
 {
     const QStringList classes{
         QStringLiteral("AssistantSettingWidget"), QStringLiteral("TextTranslateSettingWidget"),
@@ -166,5 +166,5 @@ void TranslatedModule::checkWidgets(const QJsonObject &widgets, const Catalogue 
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
 }
 
-QTEST_GUILESS_MAIN(TranslatedModule)
+QTEST_GUILESS_MAIN(TranslatedModuleTest)
 #include "translatedmodule.moc"

@@ -14,9 +14,8 @@ QString BusMessage::summary() const
 {
     QString text =
         QStringLiteral("%1 %2 %3.%4(%5)").arg(destination, path, interface, member, signature);
-    if (type == Call && !replyExpected) {
+    if (type == Call && !replyExpected)
         text += QStringLiteral(" no-reply");
-    }
     return text;
 }
 

@@ -11,7 +11,7 @@ namespace testsupport {
 
 namespace {
 
-const int limitMs = 20000; // a loaded machine under sanitizers
+constexpr int limitMs = 20000; // a loaded machine under sanitizers
 const QString busDaemon = QStringLiteral("org.freedesktop.DBus");
 const QString roundTripMember = QStringLiteral("GetId");
 const QString markerPath = QStringLiteral("/tests/recorder");
@@ -67,11 +67,10 @@ bool BusRecorder::sync()
             return false;
         }
         const BusMessage message = BusMessage::fromJson(QJsonDocument::fromJson(line).object());
-        if (message.interface != markerInterface) {
+        if (message.interface != markerInterface)
             m_messages.append(message);
-        } else if (message.arguments == expected) {
+        else if (message.arguments == expected)
             return true;
-        }
     }
 }
 
@@ -114,9 +113,8 @@ QStringList BusRecorder::callSummaries() const
 {
     QStringList summaries;
     const QList<BusMessage> sent = calls();
-    for (const BusMessage &call : sent) {
+    for (const BusMessage &call : sent)
         summaries.append(call.summary());
-    }
     return summaries;
 }
 

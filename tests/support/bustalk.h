@@ -40,11 +40,10 @@ inline QDBusMessage pingCall(const QString &service = QStringLiteral("org.freede
 inline bool everythingArrivedFrom(const QString &service)
 {
     QCoreApplication::processEvents();
-    for (int round = 0; round < 2; ++round) {
+    for (int round = 0; round < 2; ++round)
         if (callProcessingEvents(QDBusConnection::sessionBus(), pingCall(service)).type() !=
             QDBusMessage::ReplyMessage)
             return false;
-    }
     QCoreApplication::processEvents();
     return true;
 }

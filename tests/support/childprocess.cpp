@@ -2,19 +2,18 @@
 
 #include <QDeadlineTimer>
 
-#include <csignal>
 #include <sys/prctl.h>
+
+#include <csignal>
 
 namespace testsupport {
 
 QByteArray ChildProcess::waitForLine(int limitMs)
 {
     const QDeadlineTimer deadline(limitMs);
-    while (!canReadLine()) {
-        if (!waitForReadyRead(int(deadline.remainingTime()))) {
+    while (!canReadLine())
+        if (!waitForReadyRead(int(deadline.remainingTime())))
             return {};
-        }
-    }
     QByteArray line = readLine();
     line.chop(1);
     return line;

@@ -28,11 +28,10 @@ void FakeFrame::pushWidget(zccV20::ModuleInterface *module, QWidget *widget, Pus
     if (m_page) {
         m_page->hide();
         m_window->layout()->removeWidget(m_page);
-        if (m_disposal == OnReplacement) {
+        if (m_disposal == OnReplacement)
             m_page->deleteLater();
-        } else {
+        else
             m_replaced.append(m_page);
-        }
     }
     m_page = widget;
 }
@@ -66,9 +65,8 @@ const QList<FakeFrame::Registration> &FakeFrame::registrations() const
 QStringList FakeFrame::pushedClasses() const
 {
     QStringList classes;
-    for (const Push &push : m_pushes) {
+    for (const Push &push : m_pushes)
         classes.append(push.className);
-    }
     return classes;
 }
 
@@ -96,9 +94,8 @@ bool FakeFrame::showActive()
 
 void FakeFrame::disposeReplaced()
 {
-    for (const QPointer<QWidget> &widget : qAsConst(m_replaced)) {
+    for (const QPointer<QWidget> &widget : qAsConst(m_replaced))
         delete widget;
-    }
     m_replaced.clear();
 }
 

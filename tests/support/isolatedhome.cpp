@@ -32,13 +32,11 @@ IsolatedHome::IsolatedHome()
 
 IsolatedHome::~IsolatedHome()
 {
-    for (auto variable = m_before.constBegin(); variable != m_before.constEnd(); ++variable) {
-        if (variable.value().isNull()) {
+    for (auto variable = m_before.constBegin(); variable != m_before.constEnd(); ++variable)
+        if (variable.value().isNull())
             qunsetenv(variable.key().constData());
-        } else {
+        else
             qputenv(variable.key().constData(), variable.value());
-        }
-    }
 }
 
 QString IsolatedHome::configFile(const QString &relativePath) const
@@ -68,21 +66,18 @@ void IsolatedHome::clear()
     QDir home(m_folder.path());
     const QFileInfoList entries =
         home.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    for (const QFileInfo &entry : entries) {
-        if (entry.isDir() && !entry.isSymLink()) {
+    for (const QFileInfo &entry : entries)
+        if (entry.isDir() && !entry.isSymLink())
             QDir(entry.filePath()).removeRecursively();
-        } else {
+        else
             QFile::remove(entry.filePath());
-        }
-    }
     makeFolders();
 }
 
 void IsolatedHome::makeFolders() const
 {
-    for (const auto &place : places) {
+    for (const auto &place : places)
         QDir().mkpath(m_folder.filePath(QLatin1String(place.folder)));
-    }
 }
 
 } // namespace testsupport

@@ -13,10 +13,9 @@
 inline int runIsolated(QObject *test, int argc, char **argv)
 {
     const QStringList arguments = QCoreApplication::arguments();
-    for (int i = 1; i < arguments.size(); ++i) {
+    for (int i = 1; i < arguments.size(); ++i)
         if (!arguments.at(i).startsWith(QLatin1Char('-')))
             return QTest::qExec(test, argc, argv);
-    }
 
     const QStringList surroundings = {QStringLiteral("initTestCase"),
                                       QStringLiteral("cleanupTestCase"), QStringLiteral("init"),

@@ -24,9 +24,8 @@ Store &store()
 QStringList textsOf(const QList<LogRecord> &records)
 {
     QStringList texts;
-    for (const LogRecord &record : records) {
+    for (const LogRecord &record : records)
         texts.append(record.text);
-    }
     return texts;
 }
 
@@ -73,10 +72,9 @@ QStringList LogCapture::take()
         taken.swap(store().records);
     }
     QStringList lines;
-    for (const LogRecord &record : qAsConst(taken)) {
+    for (const LogRecord &record : qAsConst(taken))
         if (record.category == QLatin1String("default"))
             lines.append(levelName(record.type) + QLatin1Char('|') + record.text);
-    }
     return lines;
 }
 
@@ -90,11 +88,9 @@ QList<LogRecord> LogCapture::records(QtMsgType type) const
 {
     QList<LogRecord> matching;
     const QList<LogRecord> all = records();
-    for (const LogRecord &record : all) {
-        if (record.type == type) {
+    for (const LogRecord &record : all)
+        if (record.type == type)
             matching.append(record);
-        }
-    }
     return matching;
 }
 
@@ -116,11 +112,9 @@ int LogCapture::count(QtMsgType type, const QString &text) const
 LogRecord LogCapture::find(const QString &text) const
 {
     const QList<LogRecord> all = records();
-    for (const LogRecord &record : all) {
-        if (record.text == text) {
+    for (const LogRecord &record : all)
+        if (record.text == text)
             return record;
-        }
-    }
     return {};
 }
 
@@ -140,9 +134,8 @@ void LogCapture::handle(QtMsgType type, const QMessageLogContext &context, const
                                 QString::fromUtf8(context.function), text});
         previous = store().previous;
     }
-    if (previous) {
+    if (previous)
         previous(type, context, text);
-    }
 }
 
 } // namespace testsupport

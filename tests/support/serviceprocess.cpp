@@ -13,16 +13,17 @@
 #include <QTimer>
 #include <QtTest>
 
-#include <csignal>
 #include <sys/wait.h>
+
+#include <csignal>
 
 namespace testsupport {
 
 namespace {
 
-const int startLimitMs = 20000; // a loaded machine under sanitizers
-const int endLimitMs = 10000;
-const int controlLimitMs = 10000;
+constexpr int startLimitMs = 20000; // a loaded machine under sanitizers
+constexpr int endLimitMs = 10000;
+constexpr int controlLimitMs = 10000;
 
 template <typename Reply>
 Reply finished(Reply reply, const char *what)
@@ -50,9 +51,8 @@ ServiceProcess::~ServiceProcess()
 {
     if (isRunning()) {
         resume(); // a suspended one could not end in order
-        if (!stop()) {
+        if (!stop())
             kill();
-        }
     }
     m_control.reset();
     QDBusConnection::disconnectFromBus(m_connectionName);
@@ -78,9 +78,8 @@ bool ServiceProcess::start(const QStringList &arguments)
 
 bool ServiceProcess::stop()
 {
-    if (!isRunning()) {
+    if (!isRunning())
         return false;
-    }
     m_process->terminate();
     return m_process->waitForFinished(endLimitMs) &&
            m_process->exitStatus() == QProcess::NormalExit && m_process->exitCode() == 0;
@@ -123,9 +122,8 @@ bool ServiceProcess::waitForEnd()
 QStringList ServiceProcess::errorLines() const
 {
     QFile file(m_folder.filePath(QStringLiteral("stderr")));
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly))
         return {};
-    }
     QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
     lines.removeAll(QString());
     return lines;
@@ -205,11 +203,9 @@ QList<ServiceCall> ServiceProcess::calls(const QString &member)
 {
     QList<ServiceCall> matching;
     const QList<ServiceCall> all = calls();
-    for (const ServiceCall &call : all) {
-        if (call.member == member) {
+    for (const ServiceCall &call : all)
+        if (call.member == member)
             matching.append(call);
-        }
-    }
     return matching;
 }
 
@@ -220,9 +216,8 @@ bool ServiceProcess::waitForCalls(const QString &member, int count, int limitMs)
             &QEventLoop::quit);
     const QDeadlineTimer deadline(limitMs);
     while (calls(member).size() < count) {
-        if (deadline.hasExpired()) {
+        if (deadline.hasExpired())
             return false;
-        }
         // The signal arrives through this loop, so one that is sent before it runs is not lost.
         QTimer::singleShot(int(deadline.remainingTime()), &loop, &QEventLoop::quit);
         loop.exec();
@@ -240,9 +235,8 @@ void ServiceProcess::waitUntilStopped() const
 
 bool ServiceProcess::connectControl(QDBusConnection::BusType bus)
 {
-    if (m_control) {
+    if (m_control)
         return true;
-    }
     const QDBusConnection connection = QDBusConnection::connectToBus(bus, m_connectionName);
     m_control = std::make_unique<ComCorvaneSandboxControlInterface>(
         QStringLiteral("com.corvane.sandbox.") + m_name, QStringLiteral("/sandbox/control"),

@@ -34,9 +34,8 @@ QVector<qint16> make(const QString &kind, const Speaker &speaker, const QString 
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("recording.wav"));
     QStringList arguments{kind, file};
-    if (!text.isEmpty()) {
+    if (!text.isEmpty())
         arguments << text;
-    }
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("VOICE"), speaker.voice);
     environment.insert(QStringLiteral("SPEED"), QString::number(speaker.wordsPerMinute));

@@ -7,8 +7,8 @@ namespace testsupport {
 
 namespace {
 
-const int startLimitMs = 30000;
-const int endLimitMs = 10000;
+constexpr int startLimitMs = 30000;
+constexpr int endLimitMs = 10000;
 
 } // namespace
 
@@ -39,9 +39,8 @@ bool VirtualMicrophone::start(const QString &kind)
 
 bool VirtualMicrophone::stop()
 {
-    if (m_process.state() == QProcess::NotRunning) {
+    if (m_process.state() == QProcess::NotRunning)
         return false;
-    }
     m_process.terminate();
     return m_process.waitForFinished(endLimitMs) &&
            m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;

@@ -17,11 +17,9 @@ template <typename Widget, typename Condition>
 Widget *firstWhere(const QWidget *page, Condition condition)
 {
     const auto widgets = page->findChildren<Widget *>();
-    for (Widget *widget : widgets) {
-        if (condition(widget)) {
+    for (Widget *widget : widgets)
+        if (condition(widget))
             return widget;
-        }
-    }
     return nullptr;
 }
 
@@ -77,9 +75,8 @@ QStringList labelTexts(const QWidget *page)
 {
     QStringList texts;
     const auto labels = page->findChildren<QLabel *>();
-    for (const QLabel *label : labels) {
+    for (const QLabel *label : labels)
         texts.append(label->text());
-    }
     return texts;
 }
 

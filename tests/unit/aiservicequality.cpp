@@ -42,9 +42,8 @@ QVector<qint16> silence(double seconds)
 QVector<qint16> amplified(QVector<qint16> samples, double decibel)
 {
     const double factor = std::pow(10.0, decibel / 20.0);
-    for (qint16 &sample : samples) {
+    for (qint16 &sample : samples)
         sample = qint16(qBound(-32768.0, std::round(sample * factor), 32767.0));
-    }
     return samples;
 }
 
@@ -58,7 +57,7 @@ QByteArray label(const QString &kind, const SpokenRecording::Speaker &speaker)
 
 } // namespace
 
-class TestAiServiceQuality : public QObject
+class AiServiceQualityTest : public QObject
 {
     Q_OBJECT
 
@@ -77,7 +76,7 @@ private Q_SLOTS:
     void noticeHoldsOneCode();
 };
 
-void TestAiServiceQuality::recordings_data()
+void AiServiceQualityTest::recordings_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("voice");
@@ -105,7 +104,7 @@ void TestAiServiceQuality::recordings_data()
     }
 }
 
-void TestAiServiceQuality::recordings()
+void AiServiceQualityTest::recordings()
 {
     QFETCH(QString, kind);
     QFETCH(QString, voice);
@@ -118,7 +117,7 @@ void TestAiServiceQuality::recordings()
     QVERIFY2(qualityVerdict(figures) == expected, qPrintable(qualityNotice(figures)));
 }
 
-void TestAiServiceQuality::inputVolume_data()
+void AiServiceQualityTest::inputVolume_data()
 {
     QTest::addColumn<double>("decibel");
     QTest::addColumn<QualityVerdict>("expected");
@@ -135,7 +134,7 @@ void TestAiServiceQuality::inputVolume_data()
     QTest::newRow("20 dB over full scale") << 26.0 << QualityVerdict::TooLoud;
 }
 
-void TestAiServiceQuality::inputVolume()
+void AiServiceQualityTest::inputVolume()
 {
     QFETCH(double, decibel);
     QFETCH(QualityVerdict, expected);
@@ -146,7 +145,7 @@ void TestAiServiceQuality::inputVolume()
     QVERIFY2(qualityVerdict(figures) == expected, qPrintable(qualityNotice(figures)));
 }
 
-void TestAiServiceQuality::verdicts_data()
+void AiServiceQualityTest::verdicts_data()
 {
     QTest::addColumn<QualityFigures>("figures");
     QTest::addColumn<QualityVerdict>("expected");
@@ -171,7 +170,7 @@ void TestAiServiceQuality::verdicts_data()
     row("cut off in noise", -2.0, -6.0, 0.5, QualityVerdict::TooLoud);
 }
 
-void TestAiServiceQuality::verdicts()
+void AiServiceQualityTest::verdicts()
 {
     QFETCH(QualityFigures, figures);
     QFETCH(QualityVerdict, expected);
@@ -179,7 +178,7 @@ void TestAiServiceQuality::verdicts()
     QCOMPARE(qualityVerdict(figures), expected);
 }
 
-void TestAiServiceQuality::levelOfATone()
+void AiServiceQualityTest::levelOfATone()
 {
     // Four seconds of silence, then one of a tone with an RMS of -23 dB.
     const QualityFigures figures = measured(silence(4.0) + tone(0.1, 1.0));
@@ -191,7 +190,7 @@ void TestAiServiceQuality::levelOfATone()
     QCOMPARE(figures.clippedShare, 0.0);
 }
 
-void TestAiServiceQuality::offsetIsNotSound()
+void AiServiceQualityTest::offsetIsNotSound()
 {
     const QualityFigures figures = measured(tone(0.0, 3.0, 5000));
 
@@ -199,7 +198,7 @@ void TestAiServiceQuality::offsetIsNotSound()
     QCOMPARE(qualityVerdict(figures), QualityVerdict::NoSound);
 }
 
-void TestAiServiceQuality::cutOffWaves()
+void AiServiceQualityTest::cutOffWaves()
 {
     QVector<qint16> samples = tone(0.5, 2.0); // 100 frames
     samples[1000] = samples[1001] = 32767;
@@ -212,7 +211,7 @@ void TestAiServiceQuality::cutOffWaves()
     QCOMPARE(measured(samples).clippedShare, 0.02);
 }
 
-void TestAiServiceQuality::blocksMakeNoDifference()
+void AiServiceQualityTest::blocksMakeNoDifference()
 {
     const auto samples = SpokenRecording::make(QStringLiteral("loud"));
     QVERIFY(!samples.isEmpty());
@@ -231,14 +230,14 @@ void TestAiServiceQuality::blocksMakeNoDifference()
     QVERIFY(whole.clippedShare > 0.5);
 }
 
-void TestAiServiceQuality::noAudio()
+void AiServiceQualityTest::noAudio()
 {
     QCOMPARE(qualityVerdict(QualityMeter().figures()), QualityVerdict::NoSound);
     QCOMPARE(qualityVerdict(measured(silence(0.01))), QualityVerdict::NoSound);
     QCOMPARE(qualityVerdict(measured(silence(10.0))), QualityVerdict::NoSound);
 }
 
-void TestAiServiceQuality::noticeHoldsOneCode()
+void AiServiceQualityTest::noticeHoldsOneCode()
 {
     // The client searches the whole text for codes: no level may look like one.
     for (int speech = -96; speech <= 0; ++speech) {
@@ -246,9 +245,8 @@ void TestAiServiceQuality::noticeHoldsOneCode()
             const QualityFigures figures{10.0, double(speech), -96.0, percent / 100.0};
             const QString notice = qualityNotice(figures);
             int codes = 0;
-            for (int code = 1000; code <= 1010; ++code) {
+            for (int code = 1000; code <= 1010; ++code)
                 codes += notice.contains(QString::number(code)) ? 1 : 0;
-            }
             QVERIFY2(codes == 1, qPrintable(notice));
             QVERIFY2(notice.contains(QString::number(int(qualityVerdict(figures)))),
                      qPrintable(notice));
@@ -256,5 +254,5 @@ void TestAiServiceQuality::noticeHoldsOneCode()
     }
 }
 
-QTEST_GUILESS_MAIN(TestAiServiceQuality)
+QTEST_GUILESS_MAIN(AiServiceQualityTest)
 #include "aiservicequality.moc"

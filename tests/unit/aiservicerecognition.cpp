@@ -63,15 +63,14 @@ QVector<Hypothesis> heard(PhraseListener *listener, const QVector<qint16> &audio
 {
     constexpr int block = 441; // no divisor of the decoder's own block
     QVector<Hypothesis> result;
-    for (int begin = 0; begin < audio.size(); begin += block) {
+    for (int begin = 0; begin < audio.size(); begin += block)
         result += listener->hear(audio.mid(begin, block));
-    }
     return result;
 }
 
 } // namespace
 
-class TestAiServiceRecognition : public QObject
+class AiServiceRecognitionTest : public QObject
 {
     Q_OBJECT
 
@@ -92,7 +91,7 @@ private Q_SLOTS:
     void missingModels();
 };
 
-void TestAiServiceRecognition::phraseIsRecognised_data()
+void AiServiceRecognitionTest::phraseIsRecognised_data()
 {
     QTest::addColumn<QString>("voice");
     QTest::addColumn<int>("wordsPerMinute");
@@ -107,7 +106,7 @@ void TestAiServiceRecognition::phraseIsRecognised_data()
     }
 }
 
-void TestAiServiceRecognition::phraseIsRecognised()
+void AiServiceRecognitionTest::phraseIsRecognised()
 {
     QFETCH(QString, voice);
     QFETCH(int, wordsPerMinute);
@@ -124,7 +123,7 @@ void TestAiServiceRecognition::phraseIsRecognised()
     QVERIFY(!rest.isEmpty() && rest.last().last);
 }
 
-void TestAiServiceRecognition::textIsGoodWhileTheTestRuns()
+void AiServiceRecognitionTest::textIsGoodWhileTheTestRuns()
 {
     // The speaker is done after about 6.2 s; the text stands a pause later, without a finish.
     PhraseListener listener(models, {});
@@ -134,7 +133,7 @@ void TestAiServiceRecognition::textIsGoodWhileTheTestRuns()
     QCOMPARE(client.text(), phrase());
 }
 
-void TestAiServiceRecognition::partialResultsGrow()
+void AiServiceRecognitionTest::partialResultsGrow()
 {
     PhraseListener listener(models, {});
     ClientText client;
@@ -149,7 +148,7 @@ void TestAiServiceRecognition::partialResultsGrow()
     }
 }
 
-void TestAiServiceRecognition::secondUtteranceIsAppended()
+void AiServiceRecognitionTest::secondUtteranceIsAppended()
 {
     const auto spoken = SpokenRecording::make(QStringLiteral("speech"), {}, QString(), 8.0);
     PhraseListener listener(models, {});
@@ -166,7 +165,7 @@ void TestAiServiceRecognition::secondUtteranceIsAppended()
     QCOMPARE(second.at(1).words, second.first().words);
 }
 
-void TestAiServiceRecognition::nothingIsRecognised_data()
+void AiServiceRecognitionTest::nothingIsRecognised_data()
 {
     QTest::addColumn<QVector<qint16>>("audio");
 
@@ -199,7 +198,7 @@ void TestAiServiceRecognition::nothingIsRecognised_data()
     }
 }
 
-void TestAiServiceRecognition::nothingIsRecognised()
+void AiServiceRecognitionTest::nothingIsRecognised()
 {
     QFETCH(QVector<qint16>, audio);
 
@@ -211,7 +210,7 @@ void TestAiServiceRecognition::nothingIsRecognised()
     QCOMPARE(client.text(), QString());
 }
 
-void TestAiServiceRecognition::patienceEnds()
+void AiServiceRecognitionTest::patienceEnds()
 {
     PhraseListener listener(models, {2000, 10000});
     QVERIFY(heard(&listener, silence(1.9)).isEmpty());
@@ -223,7 +222,7 @@ void TestAiServiceRecognition::patienceEnds()
     QVERIFY(listener.finish().isEmpty());
 }
 
-void TestAiServiceRecognition::patienceLastsWhileSomebodySpeaks()
+void AiServiceRecognitionTest::patienceLastsWhileSomebodySpeaks()
 {
     // Silence before the phrase is shorter than the patience, the phrase itself longer.
     PhraseListener listener(models, {2000, 3000});
@@ -237,14 +236,14 @@ void TestAiServiceRecognition::patienceLastsWhileSomebodySpeaks()
     QCOMPARE(news.first().words.join(QString()), phrase());
 }
 
-void TestAiServiceRecognition::finishTwice()
+void AiServiceRecognitionTest::finishTwice()
 {
     PhraseListener listener(models, {});
     QCOMPARE(listener.finish().size(), 1);
     QVERIFY(listener.finish().isEmpty());
 }
 
-void TestAiServiceRecognition::threadSaysTheSame()
+void AiServiceRecognitionTest::threadSaysTheSame()
 {
     const auto audio = SpokenRecording::make(QStringLiteral("speech"));
     PhraseListener listener(models, {});
@@ -260,9 +259,8 @@ void TestAiServiceRecognition::threadSaysTheSame()
             said.append(hypothesis);
         });
         const QByteArray stream = bytes(audio);
-        for (int begin = 0; begin < stream.size(); begin += 501) { // cuts samples in half
+        for (int begin = 0; begin < stream.size(); begin += 501) // cuts samples in half
             recognition.hear(stream.mid(begin, 501));
-        }
         recognition.finish();
         QTRY_VERIFY_WITH_TIMEOUT(!said.isEmpty() && said.last().last, 30000);
 
@@ -275,7 +273,7 @@ void TestAiServiceRecognition::threadSaysTheSame()
     QTRY_VERIFY(threads.children().isEmpty());
 }
 
-void TestAiServiceRecognition::callerNeverWaits()
+void AiServiceRecognitionTest::callerNeverWaits()
 {
     const QByteArray audio = bytes(SpokenRecording::make(QStringLiteral("speech")));
     QObject threads;
@@ -283,16 +281,15 @@ void TestAiServiceRecognition::callerNeverWaits()
     clock.start();
     {
         Recognition recognition(models, {}, &threads);
-        for (int i = 0; i < 20; ++i) { // far more than is decoded in the time allowed below
+        for (int i = 0; i < 20; ++i) // far more than is decoded in the time allowed below
             recognition.hear(audio);
-        }
         recognition.finish();
     }
     QVERIFY2(clock.elapsed() < 200, qPrintable(QString::number(clock.elapsed())));
     QTRY_VERIFY_WITH_TIMEOUT(threads.children().isEmpty(), 30000);
 }
 
-void TestAiServiceRecognition::deletedWhileListening()
+void AiServiceRecognitionTest::deletedWhileListening()
 {
     const QByteArray audio = bytes(SpokenRecording::make(QStringLiteral("speech")));
     QObject threads;
@@ -310,7 +307,7 @@ void TestAiServiceRecognition::deletedWhileListening()
     QCOMPARE(said, before);
 }
 
-void TestAiServiceRecognition::missingModels()
+void AiServiceRecognitionTest::missingModels()
 {
     const QTemporaryDir empty;
     QVERIFY(!PhraseListener(empty.path(), {}).isValid());
@@ -327,5 +324,5 @@ void TestAiServiceRecognition::missingModels()
     QTRY_VERIFY(threads.children().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(TestAiServiceRecognition)
+QTEST_GUILESS_MAIN(AiServiceRecognitionTest)
 #include "aiservicerecognition.moc"

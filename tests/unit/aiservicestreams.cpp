@@ -8,7 +8,7 @@
 
 using namespace sandbox;
 
-class TestAiServiceStreams : public QObject
+class AiServiceStreamsTest : public QObject
 {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ private Q_SLOTS:
     void resultText();
 };
 
-void TestAiServiceStreams::samplesOfBlocks()
+void AiServiceStreamsTest::samplesOfBlocks()
 {
     PcmReader reader;
     QCOMPARE(reader.read(QByteArray::fromHex("ff7f0080")), (QVector<qint16>{32767, -32768}));
@@ -32,7 +32,7 @@ void TestAiServiceStreams::samplesOfBlocks()
     QCOMPARE(reader.read(QByteArray::fromHex("00")), QVector<qint16>{2});
 }
 
-void TestAiServiceStreams::wavFile()
+void AiServiceStreamsTest::wavFile()
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("new/heard.wav"));
@@ -57,7 +57,7 @@ void TestAiServiceStreams::wavFile()
                         "010002000300"));
 }
 
-void TestAiServiceStreams::wavFileThatCannotBeWritten()
+void AiServiceStreamsTest::wavFileThatCannotBeWritten()
 {
     WavWriter writer(QStringLiteral("/proc/nowhere/heard.wav"));
     QVERIFY(!writer.errorString().isEmpty());
@@ -65,7 +65,7 @@ void TestAiServiceStreams::wavFileThatCannotBeWritten()
     QVERIFY(!QFile::exists(QStringLiteral("/proc/nowhere/heard.wav")));
 }
 
-void TestAiServiceStreams::phraseOutOfDecoderOutput_data()
+void AiServiceStreamsTest::phraseOutOfDecoderOutput_data()
 {
     QTest::addColumn<QString>("decoded");
     QTest::addColumn<QString>("expected");
@@ -93,7 +93,7 @@ void TestAiServiceStreams::phraseOutOfDecoderOutput_data()
                                       << "阿岚 帮我 预约 明天";
 }
 
-void TestAiServiceStreams::phraseOutOfDecoderOutput()
+void AiServiceStreamsTest::phraseOutOfDecoderOutput()
 {
     QFETCH(QString, decoded);
     QFETCH(QString, expected);
@@ -102,7 +102,7 @@ void TestAiServiceStreams::phraseOutOfDecoderOutput()
              expected);
 }
 
-void TestAiServiceStreams::everyWordIsPronounced()
+void AiServiceStreamsTest::everyWordIsPronounced()
 {
     QCOMPARE(PhraseModel::words().join(QString()),
              QStringLiteral("阿岚帮我预约明天早上10点的视频会议"));
@@ -122,7 +122,7 @@ void TestAiServiceStreams::everyWordIsPronounced()
     }
 }
 
-void TestAiServiceStreams::resultText()
+void AiServiceStreamsTest::resultText()
 {
     Hypothesis hypothesis;
     hypothesis.words = QStringList{QStringLiteral("明天"), QStringLiteral("早上")};
@@ -146,5 +146,5 @@ void TestAiServiceStreams::resultText()
              QStringLiteral(R"({"ls":true,"pgs":"apd","sn":3,"ws":[]})"));
 }
 
-QTEST_GUILESS_MAIN(TestAiServiceStreams)
+QTEST_GUILESS_MAIN(AiServiceStreamsTest)
 #include "aiservicestreams.moc"

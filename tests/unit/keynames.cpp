@@ -5,7 +5,7 @@
 #include <QtTest>
 
 /** The key-name table, what a cap shows for a name, and how an accelerator becomes key names. */
-class KeyNames : public QObject
+class KeyNamesTest : public QObject
 {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ private slots:
     void everyTableNameSurvivesTheFormatter();
 };
 
-void KeyNames::table_data()
+void KeyNamesTest::table_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("text");
@@ -45,7 +45,7 @@ void KeyNames::table_data()
         QTest::newRow(row.name) << QString::fromUtf8(row.name) << QString::fromUtf8(row.text);
 }
 
-void KeyNames::table()
+void KeyNamesTest::table()
 {
     QFETCH(QString, name);
     QFETCH(QString, text);
@@ -53,12 +53,12 @@ void KeyNames::table()
     QCOMPARE(KeyLabel(name, nullptr).text(), text);
 }
 
-void KeyNames::tableHoldsNothingElse()
+void KeyNamesTest::tableHoldsNothingElse()
 {
     QCOMPARE(keyDisplayNames.size(), 39);
 }
 
-void KeyNames::capText_data()
+void KeyNamesTest::capText_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("text");
@@ -88,14 +88,14 @@ void KeyNames::capText_data()
                                << "<b>T</b>";
 }
 
-void KeyNames::capText()
+void KeyNamesTest::capText()
 {
     QFETCH(QString, name);
     QFETCH(QString, text);
     QCOMPARE(KeyLabel(name, nullptr).text(), text);
 }
 
-void KeyNames::formatter_data()
+void KeyNamesTest::formatter_data()
 {
     QTest::addColumn<QString>("accels");
     QTest::addColumn<QStringList>("names");
@@ -139,14 +139,14 @@ void KeyNames::formatter_data()
     row("<Primary>T", "Primary|T");
 }
 
-void KeyNames::formatter()
+void KeyNamesTest::formatter()
 {
     QFETCH(QString, accels);
     QFETCH(QStringList, names);
     QCOMPARE(ShortcutItem::keyNames(accels), names);
 }
 
-void KeyNames::everyTableNameSurvivesTheFormatter()
+void KeyNamesTest::everyTableNameSurvivesTheFormatter()
 {
     for (auto it = keyDisplayNames.cbegin(); it != keyDisplayNames.cend(); ++it) {
         const QStringList names = ShortcutItem::keyNames(QStringLiteral("<Alt>") + it.key());
@@ -157,5 +157,5 @@ void KeyNames::everyTableNameSurvivesTheFormatter()
     }
 }
 
-QTEST_MAIN(KeyNames)
+QTEST_MAIN(KeyNamesTest)
 #include "keynames.moc"

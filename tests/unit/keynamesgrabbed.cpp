@@ -7,12 +7,12 @@
 using controlcenter::accelerator;
 
 namespace {
-const Qt::KeyboardModifiers kNone = Qt::NoModifier;
-const Qt::KeyboardModifiers kControlAlt = Qt::ControlModifier | Qt::AltModifier;
+const Qt::KeyboardModifiers noKeys = Qt::NoModifier;
+const Qt::KeyboardModifiers controlAlt = Qt::ControlModifier | Qt::AltModifier;
 } // namespace
 
 /** What the window stores for a key combination, and what a row then shows for it. */
-class KeyNamesGrabbed : public QObject
+class KeyNamesGrabbedTest : public QObject
 {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ private slots:
     void modifiersKeepTheirOrder();
 };
 
-void KeyNamesGrabbed::stored_data()
+void KeyNamesGrabbedTest::stored_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
@@ -34,8 +34,8 @@ void KeyNamesGrabbed::stored_data()
                         const char *accels, const QStringList &caps) {
         QTest::newRow(name) << key << modifiers << QString::fromLatin1(accels) << caps;
     };
-    row("letter", Qt::Key_T, kControlAlt, "<Control><Alt>T", {"Ctrl", "Alt", "T"});
-    row("digit", Qt::Key_7, kControlAlt, "<Control><Alt>7", {"Ctrl", "Alt", "7"});
+    row("letter", Qt::Key_T, controlAlt, "<Control><Alt>T", {"Ctrl", "Alt", "T"});
+    row("digit", Qt::Key_7, controlAlt, "<Control><Alt>7", {"Ctrl", "Alt", "7"});
     row("minus", Qt::Key_Minus, Qt::ControlModifier, "<Control>minus", {"Ctrl", "-"});
     row("greater", Qt::Key_Greater, Qt::ControlModifier | Qt::ShiftModifier,
         "<Control><Shift>greater", {"Ctrl", "Shift", ">"});
@@ -43,25 +43,25 @@ void KeyNamesGrabbed::stored_data()
     row("arrow", Qt::Key_Left, Qt::MetaModifier, "<Super>Left", {"Super", QChar(0x2190)});
     row("tab backwards", Qt::Key_Backtab, Qt::AltModifier | Qt::ShiftModifier, "<Alt><Shift>Tab",
         {"Alt", "Shift", "Tab"});
-    row("function key alone", Qt::Key_F9, kNone, "F9", {"F9"});
+    row("function key alone", Qt::Key_F9, noKeys, "F9", {"F9"});
     row("last function key", Qt::Key_F24, Qt::ShiftModifier, "<Shift>F24", {"Shift", "F24"});
     row("Escape with a modifier", Qt::Key_Escape, Qt::ControlModifier, "<Control>Escape",
         {"Ctrl", "Escape"});
     row("key block", Qt::Key_1, Qt::ControlModifier | Qt::KeypadModifier, "<Control>1",
         {"Ctrl", "1"});
 
-    row("letter alone", Qt::Key_T, kNone, "", {});
+    row("letter alone", Qt::Key_T, noKeys, "", {});
     row("capital letter", Qt::Key_T, Qt::ShiftModifier, "", {});
-    row("Return alone", Qt::Key_Return, kNone, "", {});
+    row("Return alone", Qt::Key_Return, noKeys, "", {});
     row("Control alone", Qt::Key_Control, Qt::ControlModifier, "", {});
     row("Super alone", Qt::Key_Meta, Qt::MetaModifier, "", {});
-    row("AltGr", Qt::Key_AltGr, kControlAlt, "", {});
-    row("key without a name", Qt::Key_unknown, kControlAlt, "", {});
-    row("letter outside ASCII", 0x416, kControlAlt, "", {});
-    row("beyond the function keys", Qt::Key_F25, kNone, "", {});
+    row("AltGr", Qt::Key_AltGr, controlAlt, "", {});
+    row("key without a name", Qt::Key_unknown, controlAlt, "", {});
+    row("letter outside ASCII", 0x416, controlAlt, "", {});
+    row("beyond the function keys", Qt::Key_F25, noKeys, "", {});
 }
 
-void KeyNamesGrabbed::stored()
+void KeyNamesGrabbedTest::stored()
 {
     QFETCH(int, key);
     QFETCH(Qt::KeyboardModifiers, modifiers);
@@ -76,7 +76,7 @@ void KeyNamesGrabbed::stored()
     QCOMPARE(shown, caps);
 }
 
-void KeyNamesGrabbed::asciiKeysHaveNames()
+void KeyNamesGrabbedTest::asciiKeysHaveNames()
 {
     for (int key = 0x20; key < 0x7f; ++key) {
         const bool smallLetter = key >= 'a' && key <= 'z'; // Qt has no such keys
@@ -84,12 +84,12 @@ void KeyNamesGrabbed::asciiKeysHaveNames()
     }
 }
 
-void KeyNamesGrabbed::modifiersKeepTheirOrder()
+void KeyNamesGrabbedTest::modifiersKeepTheirOrder()
 {
     QCOMPARE(accelerator(Qt::Key_A, Qt::MetaModifier | Qt::ShiftModifier | Qt::AltModifier |
                                         Qt::ControlModifier),
              QStringLiteral("<Control><Alt><Shift><Super>A"));
 }
 
-QTEST_MAIN(KeyNamesGrabbed)
+QTEST_MAIN(KeyNamesGrabbedTest)
 #include "keynamesgrabbed.moc"

@@ -11,7 +11,7 @@ using testsupport::BusMessage;
 using testsupport::BusRecorder;
 
 /** The audio daemon's proxy: passes its signal on, and asks the daemon nothing. */
-class PlatformAudio : public QObject
+class PlatformAudioTest : public QObject
 {
     Q_OBJECT
 
@@ -32,7 +32,7 @@ private:
     }
 };
 
-void PlatformAudio::announce(const QString &objectPath, const QString &interface)
+void PlatformAudioTest::announce(const QString &objectPath, const QString &interface)
 {
     QDBusMessage signal =
         QDBusMessage::createSignal(objectPath, interface, QStringLiteral("DefaultSourceChanged"));
@@ -40,14 +40,14 @@ void PlatformAudio::announce(const QString &objectPath, const QString &interface
     QVERIFY(daemon().send(signal));
 }
 
-void PlatformAudio::initTestCase()
+void PlatformAudioTest::initTestCase()
 {
     QVERIFY(QDBusConnection::sessionBus().isConnected());
     QVERIFY(daemon().registerService(service()));
     QCOMPARE(QString::fromLatin1(__Audio::staticInterfaceName()), service());
 }
 
-void PlatformAudio::asksNothing()
+void PlatformAudioTest::asksNothing()
 {
     BusRecorder recorder;
     QVERIFY(recorder.start());
@@ -62,7 +62,7 @@ void PlatformAudio::asksNothing()
     QCOMPARE(recorder.callSummaries(), QStringList());
 }
 
-void PlatformAudio::passesTheSignalOn()
+void PlatformAudioTest::passesTheSignalOn()
 {
     __Audio audio(service(), path(), QDBusConnection::sessionBus());
     QSignalSpy changed(&audio, &__Audio::DefaultSourceChanged);
@@ -71,7 +71,7 @@ void PlatformAudio::passesTheSignalOn()
     QCOMPARE(changed.first().first().value<QDBusObjectPath>().path(), QStringLiteral("/source/7"));
 }
 
-void PlatformAudio::ignoresOtherObjectsAndInterfaces()
+void PlatformAudioTest::ignoresOtherObjectsAndInterfaces()
 {
     __Audio audio(service(), path(), QDBusConnection::sessionBus());
     QSignalSpy changed(&audio, &__Audio::DefaultSourceChanged);
@@ -82,7 +82,7 @@ void PlatformAudio::ignoresOtherObjectsAndInterfaces()
     QCOMPARE(changed.count(), 1);
 }
 
-void PlatformAudio::survivesWithoutABus()
+void PlatformAudioTest::survivesWithoutABus()
 {
     __Audio audio(service(), path(), QDBusConnection(QStringLiteral("no such connection")));
     QVERIFY(!audio.isValid());
@@ -90,6 +90,6 @@ void PlatformAudio::survivesWithoutABus()
     QCOMPARE(changed.count(), 0);
 }
 
-QTEST_GUILESS_MAIN(PlatformAudio)
+QTEST_GUILESS_MAIN(PlatformAudioTest)
 
 #include "platformaudio.moc"

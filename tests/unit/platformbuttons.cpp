@@ -16,7 +16,7 @@ using namespace Ztk::Widget;
 
 /** The toolkit's own two buttons, each with mouse, keys, focus, and what a screen reader is told.
  */
-class PlatformButtons : public QObject
+class PlatformButtonsTest : public QObject
 {
     Q_OBJECT
 
@@ -57,12 +57,12 @@ private:
     ZCommandLinkButton *m_link = nullptr;
 };
 
-void PlatformButtons::initTestCase()
+void PlatformButtonsTest::initTestCase()
 {
     ZApplicationSetup::install();
 }
 
-void PlatformButtons::init()
+void PlatformButtonsTest::init()
 {
     m_window.reset(new QWidget);
     auto *layout = new QHBoxLayout(m_window.data());
@@ -79,19 +79,19 @@ void PlatformButtons::init()
     m_other->setFocus();
 }
 
-void PlatformButtons::cleanup()
+void PlatformButtonsTest::cleanup()
 {
     m_window.reset();
 }
 
-void PlatformButtons::both()
+void PlatformButtonsTest::both()
 {
     QTest::addColumn<QString>("kind");
     QTest::newRow("icon") << QStringLiteral("icon");
     QTest::newRow("link") << QStringLiteral("link");
 }
 
-void PlatformButtons::mouseClicks()
+void PlatformButtonsTest::mouseClicks()
 {
     QFETCH(QString, kind);
     QSignalSpy clicked(button(kind), &QAbstractButton::clicked);
@@ -106,7 +106,7 @@ void PlatformButtons::mouseClicks()
     QCOMPARE(clicked.count(), 1);
 }
 
-void PlatformButtons::keysClick_data()
+void PlatformButtonsTest::keysClick_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<int>("key");
@@ -120,7 +120,7 @@ void PlatformButtons::keysClick_data()
     }
 }
 
-void PlatformButtons::keysClick()
+void PlatformButtonsTest::keysClick()
 {
     QFETCH(QString, kind);
     QFETCH(int, key);
@@ -134,7 +134,7 @@ void PlatformButtons::keysClick()
     QCOMPARE(clicked.count(), 1);
 }
 
-void PlatformButtons::heldEnterClicksOnce()
+void PlatformButtonsTest::heldEnterClicksOnce()
 {
     QFETCH(QString, kind);
     QSignalSpy clicked(button(kind), &QAbstractButton::clicked);
@@ -146,7 +146,7 @@ void PlatformButtons::heldEnterClicksOnce()
     QCOMPARE(clicked.count(), 1);
 }
 
-void PlatformButtons::disabledDoesNothing()
+void PlatformButtonsTest::disabledDoesNothing()
 {
     QFETCH(QString, kind);
     const QImage enabled = pictures::of(button(kind));
@@ -159,7 +159,7 @@ void PlatformButtons::disabledDoesNothing()
     QCOMPARE(clicked.count(), 0);
 }
 
-void PlatformButtons::focusIsVisible()
+void PlatformButtonsTest::focusIsVisible()
 {
     QFETCH(QString, kind);
     const QColor highlight = m_window->palette().color(QPalette::Highlight);
@@ -173,7 +173,7 @@ void PlatformButtons::focusIsVisible()
     QCOMPARE(pictures::count(pictures::of(button(kind)), highlight), 0);
 }
 
-void PlatformButtons::answersTheMouse()
+void PlatformButtonsTest::answersTheMouse()
 {
     QFETCH(QString, kind);
     const QImage calm = pictures::of(button(kind));
@@ -185,7 +185,7 @@ void PlatformButtons::answersTheMouse()
     QVERIFY(pictures::of(button(kind)) != under);
 }
 
-void PlatformButtons::isAButtonToAScreenReader()
+void PlatformButtonsTest::isAButtonToAScreenReader()
 {
     QFETCH(QString, kind);
     QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(button(kind));
@@ -202,7 +202,7 @@ void PlatformButtons::isAButtonToAScreenReader()
     QTRY_COMPARE(clicked.count(), 1);
 }
 
-void PlatformButtons::iconKeepsItsPlaceInASmallButton()
+void PlatformButtonsTest::iconKeepsItsPlaceInASmallButton()
 {
     m_icon->setFixedSize(16, 16);
     const QColor text = m_window->palette().color(QPalette::WindowText);
@@ -214,7 +214,7 @@ void PlatformButtons::iconKeepsItsPlaceInASmallButton()
     QVERIFY(qAbs(large.center().x() - 20) <= 2);
 }
 
-void PlatformButtons::removeIconIsDrawnWithoutTheStyle()
+void PlatformButtonsTest::removeIconIsDrawnWithoutTheStyle()
 {
     ZIconButton remove(QStyle::StandardPixmap(0xF000001B));
     remove.resize(16, 16);
@@ -223,13 +223,13 @@ void PlatformButtons::removeIconIsDrawnWithoutTheStyle()
     QCOMPARE(remove.icon().name(), QStringLiteral("ztk_remove"));
 }
 
-void PlatformButtons::linkIsHighEnoughToHit()
+void PlatformButtonsTest::linkIsHighEnoughToHit()
 {
     QVERIFY(m_link->sizeHint().height() >= 36);
     QVERIFY(m_icon->sizeHint().height() >= 36);
 }
 
-void PlatformButtons::linkGrowsWithItsTextAndFont()
+void PlatformButtonsTest::linkGrowsWithItsTextAndFont()
 {
     const QSize before = m_link->sizeHint();
     QFont font = m_link->font();
@@ -243,12 +243,12 @@ void PlatformButtons::linkGrowsWithItsTextAndFont()
     QCOMPARE(m_link->minimumSizeHint(), m_link->sizeHint());
 }
 
-void PlatformButtons::linkIsDrawnInTheLinkColour()
+void PlatformButtonsTest::linkIsDrawnInTheLinkColour()
 {
     const QColor link = m_window->palette().color(QPalette::Link);
     QVERIFY(pictures::count(pictures::of(m_link), link, QRect(), 30) > 30);
 }
 
-QTEST_MAIN(PlatformButtons)
+QTEST_MAIN(PlatformButtonsTest)
 
 #include "platformbuttons.moc"

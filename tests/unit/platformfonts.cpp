@@ -7,7 +7,7 @@
 using Ztk::Widget::ZFontSizeManager;
 
 /** The size steps: T6 is the application's size, the others keep their proportion to it. */
-class PlatformFonts : public QObject
+class PlatformFontsTest : public QObject
 {
     Q_OBJECT
 
@@ -23,14 +23,14 @@ private:
     static void setApplicationSize(int pixels);
 };
 
-void PlatformFonts::setApplicationSize(int pixels)
+void PlatformFontsTest::setApplicationSize(int pixels)
 {
     QFont font = QApplication::font();
     font.setPixelSize(pixels);
     QApplication::setFont(font);
 }
 
-void PlatformFonts::stepsAtTheDefaultSize_data()
+void PlatformFontsTest::stepsAtTheDefaultSize_data()
 {
     QTest::addColumn<int>("step");
     QTest::addColumn<int>("pixels");
@@ -39,7 +39,7 @@ void PlatformFonts::stepsAtTheDefaultSize_data()
         QTest::newRow(qPrintable(QStringLiteral("T%1").arg(step + 1))) << step << sizes[step];
 }
 
-void PlatformFonts::stepsAtTheDefaultSize()
+void PlatformFontsTest::stepsAtTheDefaultSize()
 {
     QFETCH(int, step);
     QFETCH(int, pixels);
@@ -49,7 +49,7 @@ void PlatformFonts::stepsAtTheDefaultSize()
     QCOMPARE(ZFontSizeManager::instance()->get(type).pixelSize(), pixels);
 }
 
-void PlatformFonts::stepsFollowTheApplicationFont_data()
+void PlatformFontsTest::stepsFollowTheApplicationFont_data()
 {
     QTest::addColumn<int>("application");
     QTest::addColumn<int>("t8");
@@ -59,7 +59,7 @@ void PlatformFonts::stepsFollowTheApplicationFont_data()
     QTest::newRow("double") << 28 << 24;
 }
 
-void PlatformFonts::stepsFollowTheApplicationFont()
+void PlatformFontsTest::stepsFollowTheApplicationFont()
 {
     QFETCH(int, application);
     QFETCH(int, t8);
@@ -68,7 +68,7 @@ void PlatformFonts::stepsFollowTheApplicationFont()
     QCOMPARE(ZFontSizeManager::instance()->fontPixelSize(ZFontSizeManager::T8), t8);
 }
 
-void PlatformFonts::pointSizesCountToo()
+void PlatformFontsTest::pointSizesCountToo()
 {
     QFont font = QApplication::font();
     font.setPointSizeF(15);
@@ -77,7 +77,7 @@ void PlatformFonts::pointSizesCountToo()
              QFontInfo(QApplication::font()).pixelSize());
 }
 
-void PlatformFonts::onlyTheSizeOfTheBaseChanges()
+void PlatformFontsTest::onlyTheSizeOfTheBaseChanges()
 {
     setApplicationSize(14);
     QFont base(QStringLiteral("Some Family"), 33, QFont::Bold, true);
@@ -90,6 +90,6 @@ void PlatformFonts::onlyTheSizeOfTheBaseChanges()
     QVERIFY(font.underline());
 }
 
-QTEST_MAIN(PlatformFonts)
+QTEST_MAIN(PlatformFontsTest)
 
 #include "platformfonts.moc"

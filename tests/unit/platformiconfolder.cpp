@@ -7,10 +7,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <memory>
-
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <memory>
 
 // Where the icon theme is written when the user's cache cannot be: under the temporary folder,
 // where others may write, too. What they have put there must not become this program's icons.
@@ -47,7 +47,7 @@ bool isPrivateFolder(const QString &path)
 
 } // namespace
 
-class PlatformIconFolder : public QObject
+class PlatformIconFolderTest : public QObject
 {
     Q_OBJECT
 
@@ -68,7 +68,7 @@ private:
     mode_t m_maskBefore = 0;
 };
 
-void PlatformIconFolder::init()
+void PlatformIconFolderTest::init()
 {
     m_temporary = std::make_unique<QTemporaryDir>();
     m_usual = path(QStringLiteral("ztk-icons-%1").arg(getuid()));
@@ -80,14 +80,14 @@ void PlatformIconFolder::init()
     m_maskBefore = umask(0); // the folder's privacy must not hang on it
 }
 
-void PlatformIconFolder::cleanup()
+void PlatformIconFolderTest::cleanup()
 {
     umask(m_maskBefore);
     qputenv("TMPDIR", m_temporaryBefore);
     m_temporary.reset();
 }
 
-void PlatformIconFolder::isMadePrivate()
+void PlatformIconFolderTest::isMadePrivate()
 {
     const Program program;
     QCOMPARE(program.iconFolder(), m_usual);
@@ -95,7 +95,7 @@ void PlatformIconFolder::isMadePrivate()
     QVERIFY(QIcon::hasThemeIcon(QStringLiteral("zcc_edit")));
 }
 
-void PlatformIconFolder::isSharedByTheUsersPrograms()
+void PlatformIconFolderTest::isSharedByTheUsersPrograms()
 {
     for (int i = 0; i < 2; ++i) {
         const Program program;
@@ -103,7 +103,7 @@ void PlatformIconFolder::isSharedByTheUsersPrograms()
     }
 }
 
-void PlatformIconFolder::isNotTrusted_data()
+void PlatformIconFolderTest::isNotTrusted_data()
 {
     QTest::addColumn<QString>("what");
     QTest::newRow("a link to a private folder") << "link";
@@ -116,7 +116,7 @@ void PlatformIconFolder::isNotTrusted_data()
         qInfo("another user's folder can be made by root only");
 }
 
-void PlatformIconFolder::isNotTrusted()
+void PlatformIconFolderTest::isNotTrusted()
 {
     QFETCH(QString, what);
     const QByteArray usual = QFile::encodeName(m_usual);
@@ -153,6 +153,6 @@ void PlatformIconFolder::isNotTrusted()
     QVERIFY(QDir(m_usual).isEmpty());
 }
 
-QTEST_APPLESS_MAIN(PlatformIconFolder)
+QTEST_APPLESS_MAIN(PlatformIconFolderTest)
 
 #include "platformiconfolder.moc"

@@ -15,7 +15,7 @@ using Ztk::Gui::ZGuiApplicationHelper;
 
 /** Built-in icons: found by name without any call, in the theme's colours, in the size asked for.
  */
-class PlatformIcons : public QObject
+class PlatformIconsTest : public QObject
 {
     Q_OBJECT
 
@@ -42,28 +42,28 @@ private:
     }
 };
 
-void PlatformIcons::foundBeforeAnySetUp()
+void PlatformIconsTest::foundBeforeAnySetUp()
 {
     QVERIFY(!QIcon::fromTheme(QStringLiteral("zcc_edit")).isNull());
     QVERIFY(QIcon::hasThemeIcon(QStringLiteral("zcc_edit")));
     QVERIFY(!picture(QStringLiteral("zcc_edit"), 16).isNull());
 }
 
-void PlatformIcons::installedStyle()
+void PlatformIconsTest::installedStyle()
 {
     ZApplicationSetup::install();
     QVERIFY(qobject_cast<ZStyle *>(QApplication::style()));
     QVERIFY(QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps));
 }
 
-void PlatformIcons::rendersInTheSizeAskedFor_data()
+void PlatformIconsTest::rendersInTheSizeAskedFor_data()
 {
     QTest::addColumn<int>("size");
     for (const int size : {16, 24, 32, 48, 64})
         QTest::newRow(qPrintable(QString::number(size))) << size;
 }
 
-void PlatformIcons::rendersInTheSizeAskedFor()
+void PlatformIconsTest::rendersInTheSizeAskedFor()
 {
     QFETCH(int, size);
     // A scaled-up picture of 16 px would have no sharp edge left: fully opaque next to empty.
@@ -72,7 +72,7 @@ void PlatformIcons::rendersInTheSizeAskedFor()
     QVERIFY(pictures::count(image, textColor()) > size);
 }
 
-void PlatformIcons::followsTheThemeWhileHeld()
+void PlatformIconsTest::followsTheThemeWhileHeld()
 {
     auto *helper = ZGuiApplicationHelper::instance();
     helper->setThemeType(ZGuiApplicationHelper::LightType);
@@ -88,7 +88,7 @@ void PlatformIcons::followsTheThemeWhileHeld()
     QVERIFY(pictures::count(held.pixmap(32).toImage(), light) > 0);
 }
 
-void PlatformIcons::latePluginIsNoticedByTheNextWidget()
+void PlatformIconsTest::latePluginIsNoticedByTheNextWidget()
 {
     const QIcon askedForTooEarly = QIcon::fromTheme(QStringLiteral("late_symbol"));
     QVERIFY(askedForTooEarly.isNull());
@@ -101,7 +101,7 @@ void PlatformIcons::latePluginIsNoticedByTheNextWidget()
     QVERIFY(QResource::unregisterResource(QStringLiteral(ICON_BUNDLE)));
 }
 
-void PlatformIcons::latePluginIsNoticedOnDemand()
+void PlatformIconsTest::latePluginIsNoticedOnDemand()
 {
     ZApplicationSetup::refreshIcons();
     QVERIFY(QIcon::fromTheme(QStringLiteral("late_symbol")).isNull());
@@ -112,7 +112,7 @@ void PlatformIcons::latePluginIsNoticedOnDemand()
     QVERIFY(!QIcon::fromTheme(QStringLiteral("zcc_edit")).isNull());
 }
 
-void PlatformIcons::nearestDrawingIsTaken()
+void PlatformIconsTest::nearestDrawingIsTaken()
 {
     // The small drawing fills the left half, the large one the upper half.
     const QImage small = picture(QStringLiteral("late_symbol"), 32);
@@ -123,7 +123,7 @@ void PlatformIcons::nearestDrawingIsTaken()
     QCOMPARE(pictures::boundsOf(between, textColor()), QRect(0, 0, 64, 32));
 }
 
-void PlatformIcons::coloursOfItsOwnAreKept()
+void PlatformIconsTest::coloursOfItsOwnAreKept()
 {
     for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Active}) {
         const QImage image = picture(QStringLiteral("late_colours"), 32, mode);
@@ -132,21 +132,21 @@ void PlatformIcons::coloursOfItsOwnAreKept()
     }
 }
 
-void PlatformIcons::selectedSymbolHasTheSelectedTextsColour()
+void PlatformIconsTest::selectedSymbolHasTheSelectedTextsColour()
 {
     const QColor selected = QApplication::palette().color(QPalette::HighlightedText);
     const QImage image = picture(QStringLiteral("late_symbol"), 32, QIcon::Selected);
     QCOMPARE(pictures::boundsOf(image, selected), QRect(0, 0, 16, 32));
 }
 
-void PlatformIcons::disabledSymbolIsPale()
+void PlatformIconsTest::disabledSymbolIsPale()
 {
     const QColor pale = QApplication::palette().color(QPalette::Disabled, QPalette::WindowText);
     const QImage image = picture(QStringLiteral("late_symbol"), 32, QIcon::Disabled);
     QCOMPARE(pictures::boundsOf(image, pale), QRect(0, 0, 16, 32));
 }
 
-void PlatformIcons::removeIconHasTheToolkitsNumber()
+void PlatformIconsTest::removeIconHasTheToolkitsNumber()
 {
     const auto number = QStyle::StandardPixmap(0xF000001B);
     QCOMPARE(unsigned(ZStyle::SP_RemoveButton), 0xF000001BU);
@@ -156,11 +156,11 @@ void PlatformIcons::removeIconHasTheToolkitsNumber()
     QVERIFY(!QApplication::style()->standardIcon(QStyle::SP_DirIcon).isNull());
 }
 
-void PlatformIcons::strangerIsNotFound()
+void PlatformIconsTest::strangerIsNotFound()
 {
     QVERIFY(QIcon::fromTheme(QStringLiteral("no_such_icon")).isNull());
 }
 
-QTEST_MAIN(PlatformIcons)
+QTEST_MAIN(PlatformIconsTest)
 
 #include "platformicons.moc"

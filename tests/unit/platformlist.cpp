@@ -19,7 +19,7 @@ using Ztk::Gui::ZGuiApplicationHelper;
 Q_DECLARE_METATYPE(QMargins)
 
 /** The list: item margins, selection, hover, focus, mirrored layouts, and the item class. */
-class PlatformList : public QObject
+class PlatformListTest : public QObject
 {
     Q_OBJECT
 
@@ -58,7 +58,7 @@ private:
     QStandardItemModel *m_model = nullptr;
 };
 
-void PlatformList::initTestCase()
+void PlatformListTest::initTestCase()
 {
     QCOMPARE(int(ZListView::MarginsRole), 257);
     QFont font = QApplication::font();
@@ -67,7 +67,7 @@ void PlatformList::initTestCase()
     ZApplicationSetup::install();
 }
 
-void PlatformList::init()
+void PlatformListTest::init()
 {
     m_view.reset(new ZListView);
     m_model = new QStandardItemModel(m_view.data());
@@ -81,14 +81,14 @@ void PlatformList::init()
     QVERIFY(QTest::qWaitForWindowActive(m_view.data()));
 }
 
-void PlatformList::cleanup()
+void PlatformListTest::cleanup()
 {
     m_view.reset();
     QApplication::setLayoutDirection(Qt::LeftToRight);
     ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::LightType);
 }
 
-void PlatformList::marginsOfAnItemMakeItsHeight_data()
+void PlatformListTest::marginsOfAnItemMakeItsHeight_data()
 {
     QTest::addColumn<QMargins>("margins");
     QTest::addColumn<int>("height");
@@ -97,7 +97,7 @@ void PlatformList::marginsOfAnItemMakeItsHeight_data()
     QTest::newRow("none, but still to be hit") << QMargins() << 36;
 }
 
-void PlatformList::marginsOfAnItemMakeItsHeight()
+void PlatformListTest::marginsOfAnItemMakeItsHeight()
 {
     QFETCH(QMargins, margins);
     QFETCH(int, height);
@@ -105,7 +105,7 @@ void PlatformList::marginsOfAnItemMakeItsHeight()
     QCOMPARE(m_view->visualRect(m_model->index(1, 0)).height(), height);
 }
 
-void PlatformList::marginsMoveTheIcon()
+void PlatformListTest::marginsMoveTheIcon()
 {
     // The symbol is drawn on a grid of 16 and leaves about one of it free on each side.
     setMargins(1, QMargins(10, 8, 10, 8));
@@ -122,7 +122,7 @@ void PlatformList::marginsMoveTheIcon()
              0);
 }
 
-void PlatformList::marginsChangeSidesInMirroredLayouts()
+void PlatformListTest::marginsChangeSidesInMirroredLayouts()
 {
     m_view->setLayoutDirection(Qt::RightToLeft);
     setMargins(1, QMargins(30, 8, 0, 8));
@@ -139,14 +139,14 @@ void PlatformList::marginsChangeSidesInMirroredLayouts()
     QCOMPARE(pictures::count(image, text, QRect(row.left(), row.top(), 30, row.height())), 0);
 }
 
-void PlatformList::rowsFillTheWidth()
+void PlatformListTest::rowsFillTheWidth()
 {
     QCOMPARE(m_view->visualRect(m_model->index(0, 0)).width(), m_view->viewport()->width());
     m_view->resize(300, 400);
     QTRY_COMPARE(m_view->visualRect(m_model->index(0, 0)).width(), 300);
 }
 
-void PlatformList::longTextWrapsAndTheRowGrows()
+void PlatformListTest::longTextWrapsAndTheRowGrows()
 {
     setMargins(2, QMargins(10, 8, 10, 8));
     m_model->item(2)->setText(
@@ -162,7 +162,7 @@ void PlatformList::longTextWrapsAndTheRowGrows()
                  m_view->visualRect(m_model->index(2, 0)).bottom() + 1);
 }
 
-void PlatformList::currentRowIsHighlighted()
+void PlatformListTest::currentRowIsHighlighted()
 {
     m_view->setCurrentIndex(m_model->index(2, 0));
     const QImage image = picture();
@@ -176,7 +176,7 @@ void PlatformList::currentRowIsHighlighted()
     QCOMPARE(pictures::count(image, highlight, QRect(row.topLeft(), QSize(2, 3))), 0);
 }
 
-void PlatformList::rowUnderTheMouseIsMarked()
+void PlatformListTest::rowUnderTheMouseIsMarked()
 {
     const QRect row = m_view->visualRect(m_model->index(1, 0));
     const QImage before = picture();
@@ -186,7 +186,7 @@ void PlatformList::rowUnderTheMouseIsMarked()
     QTRY_VERIFY(picture().pixelColor(empty) != before.pixelColor(empty));
 }
 
-void PlatformList::focusIsVisible()
+void PlatformListTest::focusIsVisible()
 {
     m_view->setCurrentIndex(m_model->index(1, 0));
     m_view->clearFocus();
@@ -199,7 +199,7 @@ void PlatformList::focusIsVisible()
     QVERIFY2(more > row.width(), qPrintable(QString::number(more)));
 }
 
-void PlatformList::focusFromTheMouseIsQuiet()
+void PlatformListTest::focusFromTheMouseIsQuiet()
 {
     m_view->clearFocus();
     m_view->setCurrentIndex(m_model->index(1, 0));
@@ -213,7 +213,7 @@ void PlatformList::focusFromTheMouseIsQuiet()
     QVERIFY(pictures::count(picture(), color(QPalette::HighlightedText), row) > unfocused);
 }
 
-void PlatformList::firstKeyShowsTheFocusOnAnyViewport()
+void PlatformListTest::firstKeyShowsTheFocusOnAnyViewport()
 {
     class PaintCounter : public QObject
     {
@@ -235,7 +235,7 @@ void PlatformList::firstKeyShowsTheFocusOnAnyViewport()
     QTRY_VERIFY(paints.count > 0);
 }
 
-void PlatformList::clickAndKeysWork()
+void PlatformListTest::clickAndKeysWork()
 {
     QSignalSpy clicked(m_view.data(), &QListView::clicked);
     QTest::mouseClick(m_view->viewport(), Qt::LeftButton, Qt::NoModifier,
@@ -249,7 +249,7 @@ void PlatformList::clickAndKeysWork()
     QCOMPARE(activated.count(), 1);
 }
 
-void PlatformList::disabledRowIsPale()
+void PlatformListTest::disabledRowIsPale()
 {
     m_model->item(1)->setEnabled(false);
     const QRect row = m_view->visualRect(m_model->index(1, 0));
@@ -260,7 +260,7 @@ void PlatformList::disabledRowIsPale()
                             row) > 50);
 }
 
-void PlatformList::themeSwitchReachesTheIcons()
+void PlatformListTest::themeSwitchReachesTheIcons()
 {
     const QRect row = m_view->visualRect(m_model->index(3, 0));
     const QRect icon(row.left(), row.top(), 42, row.height());
@@ -270,7 +270,7 @@ void PlatformList::themeSwitchReachesTheIcons()
     QVERIFY(pictures::count(picture(), color(QPalette::WindowText), icon) > 50);
 }
 
-void PlatformList::rowsGrowWithTheFont()
+void PlatformListTest::rowsGrowWithTheFont()
 {
     m_view->setIconSize(QSize(8, 8));
     QFont font = m_view->font();
@@ -279,7 +279,7 @@ void PlatformList::rowsGrowWithTheFont()
     QTRY_VERIFY(m_view->visualRect(m_model->index(0, 0)).height() > 60);
 }
 
-void PlatformList::cloneCopiesDataAndFlags()
+void PlatformListTest::cloneCopiesDataAndFlags()
 {
     ZStandardItem item(QIcon::fromTheme(QStringLiteral("zcc_edit")), QStringLiteral("Text"));
     item.setData(QVariant::fromValue(QMargins(1, 2, 3, 4)), ZListView::MarginsRole);
@@ -293,7 +293,7 @@ void PlatformList::cloneCopiesDataAndFlags()
     QVERIFY(!copy->model());
 }
 
-void PlatformList::prototypeMakesItemsOfItsClass()
+void PlatformListTest::prototypeMakesItemsOfItsClass()
 {
     QStandardItemModel model;
     model.setItemPrototype(new ZStandardItem);
@@ -303,6 +303,6 @@ void PlatformList::prototypeMakesItemsOfItsClass()
     QVERIFY(dynamic_cast<ZStandardItem *>(model.item(0)));
 }
 
-QTEST_MAIN(PlatformList)
+QTEST_MAIN(PlatformListTest)
 
 #include "platformlist.moc"

@@ -39,10 +39,9 @@ inline QRect boundsOf(const QImage &image, const QColor &color, int tolerance = 
 {
     QRect bounds;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
+        for (int x = 0; x < image.width(); ++x)
             if (count(image, color, QRect(x, y, 1, 1), tolerance))
                 bounds |= QRect(x, y, 1, 1);
-        }
     }
     return bounds;
 }

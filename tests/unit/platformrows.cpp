@@ -26,7 +26,7 @@ constexpr int roundEdge = 90;
 } // namespace
 
 /** Settings rows: groups, their items, the switch row and the tip. */
-class PlatformRows : public QObject
+class PlatformRowsTest : public QObject
 {
     Q_OBJECT
 
@@ -77,7 +77,7 @@ private:
     QScopedPointer<QWidget> m_window;
 };
 
-void PlatformRows::initTestCase()
+void PlatformRowsTest::initTestCase()
 {
     QFont font = QApplication::font();
     font.setPixelSize(14);
@@ -85,13 +85,13 @@ void PlatformRows::initTestCase()
     Ztk::Widget::ZApplicationSetup::install();
 }
 
-void PlatformRows::cleanup()
+void PlatformRowsTest::cleanup()
 {
     m_window.reset();
     QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
-void PlatformRows::show(QWidget *row, int width)
+void PlatformRowsTest::show(QWidget *row, int width)
 {
     m_window.reset(new QWidget);
     auto *layout = new QVBoxLayout(m_window.data());
@@ -103,7 +103,7 @@ void PlatformRows::show(QWidget *row, int width)
     QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
 }
 
-void PlatformRows::groupHoldsItsItemsInOrder()
+void PlatformRowsTest::groupHoldsItsItemsInOrder()
 {
     SettingsGroup group;
     QCOMPARE(group.itemCount(), 0);
@@ -122,7 +122,7 @@ void PlatformRows::groupHoldsItsItemsInOrder()
     QCOMPARE(group.layout(), group.itemLayout());
 }
 
-void PlatformRows::groupMovesAnItemItHolds()
+void PlatformRowsTest::groupMovesAnItemItHolds()
 {
     SettingsGroup group;
     auto *first = new SettingsItem;
@@ -135,7 +135,7 @@ void PlatformRows::groupMovesAnItemItHolds()
     QCOMPARE(group.item(1), first);
 }
 
-void PlatformRows::groupIgnoresWhatItDoesNotHold()
+void PlatformRowsTest::groupIgnoresWhatItDoesNotHold()
 {
     SettingsGroup group;
     auto *held = new SettingsItem;
@@ -151,7 +151,7 @@ void PlatformRows::groupIgnoresWhatItDoesNotHold()
     QCOMPARE(group.item(0), held);
 }
 
-void PlatformRows::groupSurvivesADestroyedItem()
+void PlatformRowsTest::groupSurvivesADestroyedItem()
 {
     SettingsGroup group;
     auto *doomed = new SettingsItem;
@@ -164,7 +164,7 @@ void PlatformRows::groupSurvivesADestroyedItem()
     group.grab();
 }
 
-void PlatformRows::appendedItemShowsAndBelongsToTheGroup()
+void PlatformRowsTest::appendedItemShowsAndBelongsToTheGroup()
 {
     auto *group = new SettingsGroup;
     show(group);
@@ -176,7 +176,7 @@ void PlatformRows::appendedItemShowsAndBelongsToTheGroup()
     QVERIFY(item->hasBackground());
 }
 
-void PlatformRows::removedItemIsHiddenAndNotDeleted()
+void PlatformRowsTest::removedItemIsHiddenAndNotDeleted()
 {
     auto *group = new SettingsGroup;
     show(group);
@@ -191,7 +191,7 @@ void PlatformRows::removedItemIsHiddenAndNotDeleted()
     QCOMPARE(group->itemCount(), 1);
 }
 
-void PlatformRows::rowsKeepTheirHeightInATallPage()
+void PlatformRowsTest::rowsKeepTheirHeightInATallPage()
 {
     auto *page = new QWidget;
     auto *layout = new QVBoxLayout(page);
@@ -206,7 +206,7 @@ void PlatformRows::rowsKeepTheirHeightInATallPage()
     QCOMPARE(row->height(), 48);
 }
 
-void PlatformRows::closeRowsAreOneBlock()
+void PlatformRowsTest::closeRowsAreOneBlock()
 {
     auto *group = new SettingsGroup;
     group->setSpacing(1);
@@ -233,7 +233,7 @@ void PlatformRows::closeRowsAreOneBlock()
     QCOMPARE(corners(rows[1]), QStringLiteral("00"));
 }
 
-void PlatformRows::rowsApartAreCards()
+void PlatformRowsTest::rowsApartAreCards()
 {
     auto *group = new SettingsGroup;
     group->setSpacing(10);
@@ -251,7 +251,7 @@ void PlatformRows::rowsApartAreCards()
     }
 }
 
-void PlatformRows::groupBackgroundLiesBehindAllRows()
+void PlatformRowsTest::groupBackgroundLiesBehindAllRows()
 {
     auto *group = new SettingsGroup(nullptr, SettingsGroup::GroupBackground);
     auto *first = new SwitchWidget(QStringLiteral("First"));
@@ -269,7 +269,7 @@ void PlatformRows::groupBackgroundLiesBehindAllRows()
         image.width() - 2 * rowPadding);
 }
 
-void PlatformRows::itemWithoutBackgroundIsTransparent()
+void PlatformRowsTest::itemWithoutBackgroundIsTransparent()
 {
     auto *outer = new SettingsItem;
     outer->addBackground();
@@ -283,7 +283,7 @@ void PlatformRows::itemWithoutBackgroundIsTransparent()
     QVERIFY(!inner->hasBackground());
 }
 
-void PlatformRows::switchByMouse()
+void PlatformRowsTest::switchByMouse()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
     show(row);
@@ -297,7 +297,7 @@ void PlatformRows::switchByMouse()
     QVERIFY(!row->checked());
 }
 
-void PlatformRows::switchByTheRowAroundIt()
+void PlatformRowsTest::switchByTheRowAroundIt()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
     show(row);
@@ -310,7 +310,7 @@ void PlatformRows::switchByTheRowAroundIt()
     QVERIFY(!row->checked());
 }
 
-void PlatformRows::switchIgnoresOtherButtonsAndReleasesOutside()
+void PlatformRowsTest::switchIgnoresOtherButtonsAndReleasesOutside()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
     show(row);
@@ -323,7 +323,7 @@ void PlatformRows::switchIgnoresOtherButtonsAndReleasesOutside()
     QVERIFY(!button(row)->isDown());
 }
 
-void PlatformRows::switchByKeys()
+void PlatformRowsTest::switchByKeys()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
     show(row);
@@ -338,7 +338,7 @@ void PlatformRows::switchByKeys()
     QCOMPARE(changed.count(), 3);
 }
 
-void PlatformRows::switchStateIsThereAtOnce()
+void PlatformRowsTest::switchStateIsThereAtOnce()
 {
     auto *row = new SwitchWidget;
     show(row);
@@ -354,7 +354,7 @@ void PlatformRows::switchStateIsThereAtOnce()
     QCOMPARE(pictures::of(row), at);
 }
 
-void PlatformRows::disabledSwitchDoesNothing()
+void PlatformRowsTest::disabledSwitchDoesNothing()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
     show(row);
@@ -370,7 +370,7 @@ void PlatformRows::disabledSwitchDoesNothing()
     QCOMPARE(changed.count(), 1);
 }
 
-void PlatformRows::switchIsACheckBoxToAScreenReader()
+void PlatformRowsTest::switchIsACheckBoxToAScreenReader()
 {
     auto *row = new SwitchWidget(QStringLiteral("Voice Wakeup"));
     show(row);
@@ -391,7 +391,7 @@ void PlatformRows::switchIsACheckBoxToAScreenReader()
     QVERIFY(!row->checked());
 }
 
-void PlatformRows::switchShowsItsState()
+void PlatformRowsTest::switchShowsItsState()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
     show(row);
@@ -401,7 +401,7 @@ void PlatformRows::switchShowsItsState()
     QVERIFY(pictures::count(pictures::of(row), color(QPalette::Highlight)) > 300);
 }
 
-void PlatformRows::switchShowsFocus()
+void PlatformRowsTest::switchShowsFocus()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
     show(row);
@@ -416,7 +416,7 @@ void PlatformRows::switchShowsFocus()
     QCOMPARE(pictures::count(pictures::of(row), color(QPalette::Highlight)), 0);
 }
 
-void PlatformRows::switchMirrors()
+void PlatformRowsTest::switchMirrors()
 {
     QApplication::setLayoutDirection(Qt::RightToLeft);
     auto *row = new SwitchWidget(QStringLiteral("Title"));
@@ -438,7 +438,7 @@ void PlatformRows::switchMirrors()
              qPrintable(QString::number(text.right())));
 }
 
-void PlatformRows::titleTakesTheRowsFont()
+void PlatformRowsTest::titleTakesTheRowsFont()
 {
     SwitchWidget row(QStringLiteral("Title"));
     QFont font = row.font();
@@ -450,7 +450,7 @@ void PlatformRows::titleTakesTheRowsFont()
     QVERIFY(title->font().bold());
 }
 
-void PlatformRows::titleIsPlainText()
+void PlatformRowsTest::titleIsPlainText()
 {
     SwitchWidget row(QStringLiteral("<b>not bold</b> & plain"));
     auto *title = row.findChild<QLabel *>(QStringLiteral("switchTitle"));
@@ -458,7 +458,7 @@ void PlatformRows::titleIsPlainText()
     QCOMPARE(row.title(), QStringLiteral("<b>not bold</b> & plain"));
 }
 
-void PlatformRows::longTitleWraps()
+void PlatformRowsTest::longTitleWraps()
 {
     auto *row = new SwitchWidget(QStringLiteral(
         "a title that is far too long for the row, as titles in some languages are at some sizes"));
@@ -470,7 +470,7 @@ void PlatformRows::longTitleWraps()
     QVERIFY(!title->geometry().intersects(button(row)->geometry()));
 }
 
-void PlatformRows::rowAndControlsLineUp()
+void PlatformRowsTest::rowAndControlsLineUp()
 {
     // A switch row, a row that a page lays out itself with the style's margins, and a check box in
     // a nested row of margin 5: text and controls stand under one another.
@@ -511,7 +511,7 @@ void PlatformRows::rowAndControlsLineUp()
     QCOMPARE(ownRow->height(), switchRow->height());
 }
 
-void PlatformRows::tipIsPlainTextInTheTextRole()
+void PlatformRowsTest::tipIsPlainTextInTheTextRole()
 {
     auto *tip = new TipsLabel(QStringLiteral("<i>tip</i>"));
     QCOMPARE(tip->textFormat(), Qt::PlainText);
@@ -523,14 +523,14 @@ void PlatformRows::tipIsPlainTextInTheTextRole()
     QCOMPARE(tip->contentsMargins(), QMargins(0, 0, 0, 0));
 }
 
-void PlatformRows::tipLinesUpWithRows_data()
+void PlatformRowsTest::tipLinesUpWithRows_data()
 {
     QTest::addColumn<Qt::LayoutDirection>("direction");
     QTest::newRow("left to right") << Qt::LeftToRight;
     QTest::newRow("right to left") << Qt::RightToLeft;
 }
 
-void PlatformRows::tipLinesUpWithRows()
+void PlatformRowsTest::tipLinesUpWithRows()
 {
     QFETCH(Qt::LayoutDirection, direction);
     auto *tip = new TipsLabel(QStringLiteral("HHH"));
@@ -545,6 +545,6 @@ void PlatformRows::tipLinesUpWithRows()
     QVERIFY2(qAbs(leading - rowPadding) <= 2, qPrintable(QString::number(leading)));
 }
 
-QTEST_MAIN(PlatformRows)
+QTEST_MAIN(PlatformRowsTest)
 
 #include "platformrows.moc"

@@ -26,7 +26,7 @@ using namespace Ztk::Widget;
 using Ztk::Gui::ZGuiApplicationHelper;
 
 /** The widget style, by real controls: sizes, states, focus, mirrored layouts, key caps, menus. */
-class PlatformStyle : public QObject
+class PlatformStyleTest : public QObject
 {
     Q_OBJECT
 
@@ -66,7 +66,7 @@ private:
     QScopedPointer<QWidget> m_window;
 };
 
-void PlatformStyle::initTestCase()
+void PlatformStyleTest::initTestCase()
 {
     QFont font = QApplication::font();
     font.setPixelSize(14);
@@ -75,14 +75,14 @@ void PlatformStyle::initTestCase()
     QCOMPARE(QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration), 0);
 }
 
-void PlatformStyle::cleanup()
+void PlatformStyleTest::cleanup()
 {
     m_window.reset();
     QApplication::setLayoutDirection(Qt::LeftToRight);
     ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::LightType);
 }
 
-void PlatformStyle::controls()
+void PlatformStyleTest::controls()
 {
     QTest::addColumn<QString>("kind");
     for (const char *kind : {"push button", "check box", "radio button", "combo box", "line edit"})
@@ -90,7 +90,7 @@ void PlatformStyle::controls()
 }
 
 /** A control of this kind in a window in which another widget has the focus. */
-QWidget *PlatformStyle::make(const QString &kind)
+QWidget *PlatformStyleTest::make(const QString &kind)
 {
     m_window.reset(new QWidget);
     auto *layout = new QVBoxLayout(m_window.data());
@@ -120,12 +120,12 @@ QWidget *PlatformStyle::make(const QString &kind)
     return control;
 }
 
-void PlatformStyle::controlsCanBeHit_data()
+void PlatformStyleTest::controlsCanBeHit_data()
 {
     controls();
 }
 
-void PlatformStyle::controlsCanBeHit()
+void PlatformStyleTest::controlsCanBeHit()
 {
     QFETCH(QString, kind);
     QWidget *control = make(kind);
@@ -134,7 +134,7 @@ void PlatformStyle::controlsCanBeHit()
     QVERIFY(control->height() >= ZStyle::MinimumHitHeight);
 }
 
-void PlatformStyle::controlsGrowWithTheFont()
+void PlatformStyleTest::controlsGrowWithTheFont()
 {
     for (const char *kind : {"push button", "check box", "combo box", "line edit"}) {
         QWidget *control = make(QString::fromLatin1(kind));
@@ -146,7 +146,7 @@ void PlatformStyle::controlsGrowWithTheFont()
     }
 }
 
-void PlatformStyle::focusIsVisible()
+void PlatformStyleTest::focusIsVisible()
 {
     QFETCH(QString, kind);
     QWidget *control = make(kind);
@@ -156,7 +156,7 @@ void PlatformStyle::focusIsVisible()
     QVERIFY(pictures::count(pictures::of(control), color(QPalette::Highlight)) > 60);
 }
 
-void PlatformStyle::disabledLooksDifferent()
+void PlatformStyleTest::disabledLooksDifferent()
 {
     QFETCH(QString, kind);
     QWidget *control = make(kind);
@@ -169,7 +169,7 @@ void PlatformStyle::disabledLooksDifferent()
             pictures::count(enabled, color(QPalette::WindowText)) / 2);
 }
 
-void PlatformStyle::themesDiffer()
+void PlatformStyleTest::themesDiffer()
 {
     QFETCH(QString, kind);
     QWidget *control = make(kind);
@@ -181,7 +181,7 @@ void PlatformStyle::themesDiffer()
     QVERIFY(pictures::contrast(light.pixelColor(ground), dark.pixelColor(ground)) > 5);
 }
 
-void PlatformStyle::checkBoxShowsItsThreeStates()
+void PlatformStyleTest::checkBoxShowsItsThreeStates()
 {
     auto *box = qobject_cast<QCheckBox *>(make(QStringLiteral("check box")));
     QVERIFY(box);
@@ -197,7 +197,7 @@ void PlatformStyle::checkBoxShowsItsThreeStates()
     }
 }
 
-void PlatformStyle::checkBoxIsHitOnItsWholeWidth()
+void PlatformStyleTest::checkBoxIsHitOnItsWholeWidth()
 {
     auto *box = qobject_cast<QCheckBox *>(make(QStringLiteral("check box")));
     QVERIFY(box);
@@ -209,7 +209,7 @@ void PlatformStyle::checkBoxIsHitOnItsWholeWidth()
     QCOMPARE(toggled.count(), 3);
 }
 
-void PlatformStyle::checkBoxMirrors()
+void PlatformStyleTest::checkBoxMirrors()
 {
     auto *box = qobject_cast<QCheckBox *>(make(QStringLiteral("check box")));
     QVERIFY(box);
@@ -221,7 +221,7 @@ void PlatformStyle::checkBoxMirrors()
     QCOMPARE(right.left(), box->width() - 1 - left.right());
 }
 
-void PlatformStyle::comboBoxOpensAListAndTakesAChoice()
+void PlatformStyleTest::comboBoxOpensAListAndTakesAChoice()
 {
     auto *box = qobject_cast<QComboBox *>(make(QStringLiteral("combo box")));
     QVERIFY(box);
@@ -252,7 +252,7 @@ void PlatformStyle::comboBoxOpensAListAndTakesAChoice()
     QCOMPARE(box->currentText(), QStringLiteral("Two"));
 }
 
-void PlatformStyle::comboBoxIgnoresTheWheel()
+void PlatformStyleTest::comboBoxIgnoresTheWheel()
 {
     auto *box = qobject_cast<QComboBox *>(make(QStringLiteral("combo box")));
     QVERIFY(box);
@@ -263,7 +263,7 @@ void PlatformStyle::comboBoxIgnoresTheWheel()
     QVERIFY(!down.isAccepted());
 }
 
-void PlatformStyle::comboBoxElidesWhatDoesNotFit()
+void PlatformStyleTest::comboBoxElidesWhatDoesNotFit()
 {
     auto *box = qobject_cast<QComboBox *>(make(QStringLiteral("combo box")));
     QVERIFY(box);
@@ -287,7 +287,7 @@ void PlatformStyle::comboBoxElidesWhatDoesNotFit()
     QCOMPARE(pictures::of(box), image);
 }
 
-void PlatformStyle::comboBoxMirrors()
+void PlatformStyleTest::comboBoxMirrors()
 {
     auto *box = qobject_cast<QComboBox *>(make(QStringLiteral("combo box")));
     QVERIFY(box);
@@ -302,7 +302,7 @@ void PlatformStyle::comboBoxMirrors()
     QVERIFY(pictures::count(pictures::of(box), color(QPalette::ButtonText), rightHalf, 60) < arrow);
 }
 
-void PlatformStyle::listEntriesCanBeHit()
+void PlatformStyleTest::listEntriesCanBeHit()
 {
     auto *box = qobject_cast<QComboBox *>(make(QStringLiteral("combo box")));
     QVERIFY(box);
@@ -340,7 +340,7 @@ static QImage keyCapPicture(const QSize &size, QStyleOptionButton *option = null
     return image;
 }
 
-void PlatformStyle::keyCapIsDrawnInItsRoles()
+void PlatformStyleTest::keyCapIsDrawnInItsRoles()
 {
     for (const auto theme : {ZGuiApplicationHelper::LightType, ZGuiApplicationHelper::DarkType}) {
         ZGuiApplicationHelper::instance()->setThemeType(theme);
@@ -362,7 +362,7 @@ void PlatformStyle::keyCapIsDrawnInItsRoles()
     }
 }
 
-void PlatformStyle::keyCapIsNotStretchedToItsRow()
+void PlatformStyleTest::keyCapIsNotStretchedToItsRow()
 {
     const QImage image = keyCapPicture(QSize(50, 60));
     QCOMPARE(image.pixelColor(25, 2).alpha(), 0);
@@ -370,7 +370,7 @@ void PlatformStyle::keyCapIsNotStretchedToItsRow()
     QCOMPARE(image.pixelColor(8, 30).alpha(), 255);
 }
 
-void PlatformStyle::scrollBarHandleFollowsTheValue()
+void PlatformStyleTest::scrollBarHandleFollowsTheValue()
 {
     for (const Qt::Orientation orientation : {Qt::Vertical, Qt::Horizontal}) {
         QScrollBar bar(orientation);
@@ -408,7 +408,7 @@ void PlatformStyle::scrollBarHandleFollowsTheValue()
     }
 }
 
-void PlatformStyle::scrollBarIsDraggedByItsHandle()
+void PlatformStyleTest::scrollBarIsDraggedByItsHandle()
 {
     QScrollArea area;
     auto *content = new QWidget;
@@ -429,7 +429,7 @@ void PlatformStyle::scrollBarIsDraggedByItsHandle()
     QVERIFY(pictures::of(bar) != before);
 }
 
-void PlatformStyle::linesAreSharp_data()
+void PlatformStyleTest::linesAreSharp_data()
 {
     QTest::addColumn<qreal>("scale");
     QTest::addColumn<int>("thickness"); // of the frame, in device pixels
@@ -440,7 +440,7 @@ void PlatformStyle::linesAreSharp_data()
     QTest::newRow("3") << 3.0 << 3;
 }
 
-void PlatformStyle::linesAreSharp()
+void PlatformStyleTest::linesAreSharp()
 {
     QFETCH(qreal, scale);
     QFETCH(int, thickness);
@@ -463,7 +463,7 @@ void PlatformStyle::linesAreSharp()
     QCOMPARE(black, 2 * thickness);
 }
 
-void PlatformStyle::symbolsAreToldFromPictures()
+void PlatformStyleTest::symbolsAreToldFromPictures()
 {
     QPixmap pixmap(10, 10);
     pixmap.fill(Qt::transparent);
@@ -480,6 +480,6 @@ void PlatformStyle::symbolsAreToldFromPictures()
     QVERIFY(qAbs(tinted.pixelColor(6, 1).alpha() - 90) <= 1);
 }
 
-QTEST_MAIN(PlatformStyle)
+QTEST_MAIN(PlatformStyleTest)
 
 #include "platformstyle.moc"

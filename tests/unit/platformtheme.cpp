@@ -11,7 +11,7 @@
 using Ztk::Gui::ZGuiApplicationHelper;
 
 /** The two themes: their palettes and the signal that tells of a switch. */
-class PlatformTheme : public QObject
+class PlatformThemeTest : public QObject
 {
     Q_OBJECT
 
@@ -31,20 +31,20 @@ private:
     static ZGuiApplicationHelper *helper() { return ZGuiApplicationHelper::instance(); }
 };
 
-void PlatformTheme::initTestCase()
+void PlatformThemeTest::initTestCase()
 {
     QCOMPARE(helper()->themeType(), ZGuiApplicationHelper::LightType);
     Ztk::Widget::ZApplicationSetup::install();
 }
 
-void PlatformTheme::themes()
+void PlatformThemeTest::themes()
 {
     QTest::addColumn<ZGuiApplicationHelper::ColorType>("theme");
     QTest::newRow("light") << ZGuiApplicationHelper::LightType;
     QTest::newRow("dark") << ZGuiApplicationHelper::DarkType;
 }
 
-void PlatformTheme::brightTextTellsTheThemesApart()
+void PlatformThemeTest::brightTextTellsTheThemesApart()
 {
     const auto groups = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
     helper()->setThemeType(ZGuiApplicationHelper::LightType);
@@ -57,7 +57,7 @@ void PlatformTheme::brightTextTellsTheThemesApart()
                  QStringLiteral("#ffffff"));
 }
 
-void PlatformTheme::everyRoleOfEveryGroupIsSet()
+void PlatformThemeTest::everyRoleOfEveryGroupIsSet()
 {
     QFETCH(ZGuiApplicationHelper::ColorType, theme);
     helper()->setThemeType(theme);
@@ -72,7 +72,7 @@ void PlatformTheme::everyRoleOfEveryGroupIsSet()
     }
 }
 
-void PlatformTheme::textsAreReadable_data()
+void PlatformThemeTest::textsAreReadable_data()
 {
     QTest::addColumn<ZGuiApplicationHelper::ColorType>("theme");
     QTest::addColumn<QPalette::ColorRole>("text");
@@ -104,7 +104,7 @@ void PlatformTheme::textsAreReadable_data()
     }
 }
 
-void PlatformTheme::textsAreReadable()
+void PlatformThemeTest::textsAreReadable()
 {
     QFETCH(ZGuiApplicationHelper::ColorType, theme);
     QFETCH(QPalette::ColorRole, text);
@@ -115,7 +115,7 @@ void PlatformTheme::textsAreReadable()
     QVERIFY2(contrast >= 4.5, qPrintable(QString::number(contrast)));
 }
 
-void PlatformTheme::outlinesAreVisible()
+void PlatformThemeTest::outlinesAreVisible()
 {
     QFETCH(ZGuiApplicationHelper::ColorType, theme);
     helper()->setThemeType(theme);
@@ -127,7 +127,7 @@ void PlatformTheme::outlinesAreVisible()
                                palette.color(QPalette::Window)) >= 3);
 }
 
-void PlatformTheme::changeIsToldOnce()
+void PlatformThemeTest::changeIsToldOnce()
 {
     helper()->setThemeType(ZGuiApplicationHelper::LightType);
     QSignalSpy changed(helper(), &ZGuiApplicationHelper::themeTypeChanged);
@@ -151,6 +151,6 @@ void PlatformTheme::changeIsToldOnce()
     QVERIFY(seenWindow.lightness() < 60);
 }
 
-QTEST_MAIN(PlatformTheme)
+QTEST_MAIN(PlatformThemeTest)
 
 #include "platformtheme.moc"

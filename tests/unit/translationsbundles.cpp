@@ -82,7 +82,7 @@ int designSize(const QString &file)
 
 } // namespace
 
-class TranslationsBundles : public QObject
+class TranslationsBundlesTest : public QObject
 {
     Q_OBJECT
 private slots:
@@ -103,7 +103,7 @@ private:
     void addIcons();
 };
 
-void TranslationsBundles::holdsExactlyItsFilesInOrder_data()
+void TranslationsBundlesTest::holdsExactlyItsFilesInOrder_data()
 {
     QTest::addColumn<QString>("qrc");
     QTest::addColumn<QString>("folder");
@@ -112,7 +112,7 @@ void TranslationsBundles::holdsExactlyItsFilesInOrder_data()
     QTest::newRow("translation") << "translation.qrc" << catalogueFolder << catalogueFiles();
 }
 
-void TranslationsBundles::holdsExactlyItsFilesInOrder()
+void TranslationsBundlesTest::holdsExactlyItsFilesInOrder()
 {
     QFETCH(QString, qrc);
     QFETCH(QString, folder);
@@ -128,7 +128,7 @@ void TranslationsBundles::holdsExactlyItsFilesInOrder()
     QCOMPARE(QDir(folder).entryList(mine, QDir::NoFilter, QDir::Name), files);
 }
 
-void TranslationsBundles::storesEveryFileWithZlib_data()
+void TranslationsBundlesTest::storesEveryFileWithZlib_data()
 {
     QTest::addColumn<QString>("resource");
     QTest::addColumn<QString>("file");
@@ -137,7 +137,7 @@ void TranslationsBundles::storesEveryFileWithZlib_data()
             QTest::newRow(qPrintable(entry.resource)) << entry.resource << entry.file;
 }
 
-void TranslationsBundles::storesEveryFileWithZlib()
+void TranslationsBundlesTest::storesEveryFileWithZlib()
 {
     QFETCH(QString, resource);
     QFETCH(QString, file);
@@ -154,14 +154,14 @@ void TranslationsBundles::storesEveryFileWithZlib()
     QCOMPARE(contents(resource), original);
 }
 
-void TranslationsBundles::catalogueIsReadable_data()
+void TranslationsBundlesTest::catalogueIsReadable_data()
 {
     QTest::addColumn<QString>("language");
     for (const QString &language : catalogueLanguages())
         QTest::newRow(qPrintable(language)) << language;
 }
 
-void TranslationsBundles::catalogueIsReadable()
+void TranslationsBundlesTest::catalogueIsReadable()
 {
     QFETCH(QString, language);
     const Catalogue catalogue =
@@ -176,14 +176,14 @@ void TranslationsBundles::catalogueIsReadable()
                  .isEmpty());
 }
 
-void TranslationsBundles::addIcons()
+void TranslationsBundlesTest::addIcons()
 {
     QTest::addColumn<QString>("file");
     for (const QString &file : iconFiles())
         QTest::newRow(qPrintable(file)) << file;
 }
 
-void TranslationsBundles::drawingHasTheSizeOfItsName()
+void TranslationsBundlesTest::drawingHasTheSizeOfItsName()
 {
     QFETCH(QString, file);
     const QString size = QString::number(designSize(file));
@@ -197,7 +197,7 @@ void TranslationsBundles::drawingHasTheSizeOfItsName()
 }
 
 // The toolkit gives the drawings the theme's text colour, so they have just one of their own.
-void TranslationsBundles::drawingUsesOnlyPlainShapesInOneColour()
+void TranslationsBundlesTest::drawingUsesOnlyPlainShapesInOneColour()
 {
     QFETCH(QString, file);
     static const QStringList elements{QStringLiteral("svg"), QStringLiteral("g"),
@@ -217,7 +217,7 @@ void TranslationsBundles::drawingUsesOnlyPlainShapesInOneColour()
     QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));
 }
 
-void TranslationsBundles::drawingFillsItsGridWithoutTouchingTheEdge()
+void TranslationsBundlesTest::drawingFillsItsGridWithoutTouchingTheEdge()
 {
     QFETCH(QString, file);
     const int size = designSize(file);
@@ -238,5 +238,5 @@ void TranslationsBundles::drawingFillsItsGridWithoutTouchingTheEdge()
     }
 }
 
-QTEST_MAIN(TranslationsBundles)
+QTEST_MAIN(TranslationsBundlesTest)
 #include "translationsbundles.moc"

@@ -68,7 +68,7 @@ QVector<QStringList> tableRows(const QString &markdown, const QString &heading)
 
 } // namespace
 
-class TranslationsCatalogues : public QObject
+class TranslationsCataloguesTest : public QObject
 {
     Q_OBJECT
 private slots:
@@ -110,7 +110,7 @@ private:
     Catalogue m_extracted; // what lupdate finds in the sources today
 };
 
-void TranslationsCatalogues::initTestCase()
+void TranslationsCataloguesTest::initTestCase()
 {
     for (const QString &language : catalogueLanguages()) {
         const Catalogue read = Catalogue::fromFile(QStringLiteral(SOURCE_ROOT "/translations/") +
@@ -139,20 +139,20 @@ void TranslationsCatalogues::initTestCase()
     QVERIFY(!m_extracted.messages.isEmpty());
 }
 
-void TranslationsCatalogues::addLanguages()
+void TranslationsCataloguesTest::addLanguages()
 {
     QTest::addColumn<QString>("language");
     for (const QString &language : catalogueLanguages())
         QTest::newRow(qPrintable(language)) << language;
 }
 
-const Catalogue &TranslationsCatalogues::catalogue() const
+const Catalogue &TranslationsCataloguesTest::catalogue() const
 {
     QFETCH(QString, language);
     return *m_catalogues.constFind(language);
 }
 
-QStringList TranslationsCatalogues::faulty(bool (*isFaulty)(const CatalogueMessage &)) const
+QStringList TranslationsCataloguesTest::faulty(bool (*isFaulty)(const CatalogueMessage &)) const
 {
     QStringList result;
     for (const CatalogueMessage &message : catalogue().messages)
@@ -161,7 +161,7 @@ QStringList TranslationsCatalogues::faulty(bool (*isFaulty)(const CatalogueMessa
     return result;
 }
 
-void TranslationsCatalogues::namesItsLanguageAndFormat()
+void TranslationsCataloguesTest::namesItsLanguageAndFormat()
 {
     QFETCH(QString, language);
     QCOMPARE(catalogue().language, language);
@@ -169,7 +169,7 @@ void TranslationsCatalogues::namesItsLanguageAndFormat()
     QCOMPARE(catalogue().contexts.first(), QStringLiteral("AssistantSettingWidget"));
 }
 
-void TranslationsCatalogues::isNeitherStaleNorAhead()
+void TranslationsCataloguesTest::isNeitherStaleNorAhead()
 {
     const QStringList missing = without(m_extracted.keys(), catalogue().keys());
     const QStringList vanished = without(catalogue().keys(), m_extracted.keys());
@@ -179,35 +179,35 @@ void TranslationsCatalogues::isNeitherStaleNorAhead()
                         vanished.join(QLatin1Char('\n'))));
 }
 
-void TranslationsCatalogues::isFinished()
+void TranslationsCataloguesTest::isFinished()
 {
     VERIFY_NONE(faulty([](const CatalogueMessage &message) {
         return !message.type.isEmpty() || message.translation.isEmpty();
     }));
 }
 
-void TranslationsCatalogues::keepsPlaceholders()
+void TranslationsCataloguesTest::keepsPlaceholders()
 {
     VERIFY_NONE(faulty([](const CatalogueMessage &message) {
         return placeholders(message.source) != placeholders(message.translation);
     }));
 }
 
-void TranslationsCatalogues::keepsQuotationMarks()
+void TranslationsCataloguesTest::keepsQuotationMarks()
 {
     VERIFY_NONE(faulty([](const CatalogueMessage &message) {
         return quotationMarks(message.source) != quotationMarks(message.translation);
     }));
 }
 
-void TranslationsCatalogues::hasNoStrayBlank()
+void TranslationsCataloguesTest::hasNoStrayBlank()
 {
     VERIFY_NONE(faulty([](const CatalogueMessage &message) {
         return message.translation != message.translation.simplified();
     }));
 }
 
-void TranslationsCatalogues::hasNoMessageTwice()
+void TranslationsCataloguesTest::hasNoMessageTwice()
 {
     QSet<QString> seen;
     QStringList twice;
@@ -225,7 +225,7 @@ void TranslationsCatalogues::hasNoMessageTwice()
 }
 
 // A search result and the row that it leads to, or a page's list entry and its switch, read alike.
-void TranslationsCatalogues::saysTheSameForTheSameText()
+void TranslationsCataloguesTest::saysTheSameForTheSameText()
 {
     QHash<QString, QString> said;
     QStringList different;
@@ -241,7 +241,7 @@ void TranslationsCatalogues::saysTheSameForTheSameText()
 }
 
 // The hint tells the user to click the context menu's entry, which has the page's own title.
-void TranslationsCatalogues::quotesTheTitleThatThePageShows()
+void TranslationsCataloguesTest::quotesTheTitleThatThePageShows()
 {
     static const QRegularExpression quoted(QStringLiteral("\"([^\"]+)\" in the context menu"));
     QStringList wrong;
@@ -262,20 +262,20 @@ void TranslationsCatalogues::quotesTheTitleThatThePageShows()
     QCOMPARE(hints, 3);
 }
 
-void TranslationsCatalogues::englishIsTheSourceText_data()
+void TranslationsCataloguesTest::englishIsTheSourceText_data()
 {
     QTest::addColumn<QString>("language");
     QTest::newRow("en") << QStringLiteral("en");
     QTest::newRow("en_US") << QStringLiteral("en_US");
 }
 
-void TranslationsCatalogues::englishIsTheSourceText()
+void TranslationsCataloguesTest::englishIsTheSourceText()
 {
     VERIFY_NONE(faulty(
         [](const CatalogueMessage &message) { return message.translation != message.source; }));
 }
 
-void TranslationsCatalogues::everyOtherLanguageIsTranslated_data()
+void TranslationsCataloguesTest::everyOtherLanguageIsTranslated_data()
 {
     QTest::addColumn<QString>("language");
     for (const QString &language : catalogueLanguages())
@@ -284,7 +284,7 @@ void TranslationsCatalogues::everyOtherLanguageIsTranslated_data()
 }
 
 // No English word is left over. Short ones like "AI" may stay, and what is printed on a key.
-void TranslationsCatalogues::everyOtherLanguageIsTranslated()
+void TranslationsCataloguesTest::everyOtherLanguageIsTranslated()
 {
     VERIFY_NONE(faulty([](const CatalogueMessage &message) {
         static const QRegularExpression word(QStringLiteral("(?!Esc)[A-Za-z]{3,}"));
@@ -292,7 +292,7 @@ void TranslationsCatalogues::everyOtherLanguageIsTranslated()
     }));
 }
 
-void TranslationsCatalogues::regionUsesItsOwnWords_data()
+void TranslationsCataloguesTest::regionUsesItsOwnWords_data()
 {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("source"); // a message of any context
@@ -327,7 +327,7 @@ void TranslationsCatalogues::regionUsesItsOwnWords_data()
     QTest::newRow("window, zh_TW") << tw << widget << "浮動視窗" << QStringList{"懸浮", "悬"};
 }
 
-void TranslationsCatalogues::regionUsesItsOwnWords()
+void TranslationsCataloguesTest::regionUsesItsOwnWords()
 {
     QFETCH(QString, source);
     QFETCH(QString, word);
@@ -343,7 +343,7 @@ void TranslationsCatalogues::regionUsesItsOwnWords()
     QVERIFY2(used, qPrintable(source + " without " + word));
 }
 
-void TranslationsCatalogues::hongKongIsNoCopyOfTaiwan()
+void TranslationsCataloguesTest::hongKongIsNoCopyOfTaiwan()
 {
     const Catalogue &taiwan = *m_catalogues.constFind(QStringLiteral("zh_TW"));
     const Catalogue &hongKong = *m_catalogues.constFind(QStringLiteral("zh_HK"));
@@ -360,7 +360,7 @@ void TranslationsCatalogues::hongKongIsNoCopyOfTaiwan()
 }
 
 // A key combination ends in a letter or in a sign; between marks, its parts keep their order.
-void TranslationsCatalogues::uyghurKeepsShortcutsLeftToRight()
+void TranslationsCataloguesTest::uyghurKeepsShortcutsLeftToRight()
 {
     const QString marked = QStringLiteral("\u200e%1\u200e");
     QStringList unmarked;
@@ -371,7 +371,7 @@ void TranslationsCatalogues::uyghurKeepsShortcutsLeftToRight()
     VERIFY_NONE(unmarked);
 }
 
-void TranslationsCatalogues::glossarySaysWhatTheCataloguesSay()
+void TranslationsCataloguesTest::glossarySaysWhatTheCataloguesSay()
 {
     QFile file(QStringLiteral(SOURCE_ROOT "/docs/glossary.md"));
     QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.errorString()));
@@ -396,5 +396,5 @@ void TranslationsCatalogues::glossarySaysWhatTheCataloguesSay()
     VERIFY_NONE(wrong);
 }
 
-QTEST_GUILESS_MAIN(TranslationsCatalogues)
+QTEST_GUILESS_MAIN(TranslationsCataloguesTest)
 #include "translationscatalogues.moc"

@@ -13,7 +13,7 @@ const QString installedFolder = QStringLiteral("/usr/share/TavrenAIAssistant/tra
 
 } // namespace
 
-class TranslationsInstall : public QObject
+class TranslationsInstallTest : public QObject
 {
     Q_OBJECT
 private slots:
@@ -27,7 +27,7 @@ private:
     QTemporaryDir m_root;
 };
 
-void TranslationsInstall::initTestCase()
+void TranslationsInstallTest::initTestCase()
 {
     QVERIFY(m_root.isValid());
     m_folder = m_root.path() + installedFolder;
@@ -43,7 +43,7 @@ void TranslationsInstall::initTestCase()
              install.readAllStandardError().constData());
 }
 
-void TranslationsInstall::installsExactlyTheFilesThatTheModuleAsksFor()
+void TranslationsInstallTest::installsExactlyTheFilesThatTheModuleAsksFor()
 {
     // The English file begins with a doubled "a", and there is none for en_US.
     const QStringList expected{QStringLiteral("aassistant-control-plugin_en.qm"),
@@ -55,7 +55,7 @@ void TranslationsInstall::installsExactlyTheFilesThatTheModuleAsksFor()
     QCOMPARE(QDir(m_folder).entryList(QDir::Files, QDir::Name), expected);
 }
 
-void TranslationsInstall::fileTranslates_data()
+void TranslationsInstallTest::fileTranslates_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("language");
@@ -73,7 +73,7 @@ void TranslationsInstall::fileTranslates_data()
                            << "語言";
 }
 
-void TranslationsInstall::fileTranslates()
+void TranslationsInstallTest::fileTranslates()
 {
     QFETCH(QString, file);
     QFETCH(QString, language);
@@ -84,5 +84,5 @@ void TranslationsInstall::fileTranslates()
         QCOMPARE(translator.translate(context, "Language"), language);
 }
 
-QTEST_GUILESS_MAIN(TranslationsInstall)
+QTEST_GUILESS_MAIN(TranslationsInstallTest)
 #include "translationsinstall.moc"

@@ -62,12 +62,11 @@ Catalogue Catalogue::fromXml(const QByteArray &text)
     if (xml.readNextStartElement() && xml.name() == QLatin1String("TS")) {
         catalogue.version = xml.attributes().value(QLatin1String("version")).toString();
         catalogue.language = xml.attributes().value(QLatin1String("language")).toString();
-        while (xml.readNextStartElement()) {
+        while (xml.readNextStartElement())
             if (xml.name() == QLatin1String("context"))
                 readContext(xml, catalogue);
             else
                 xml.skipCurrentElement();
-        }
     } else {
         catalogue.error = QStringLiteral("not a TS file");
     }

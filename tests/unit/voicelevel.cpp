@@ -1,13 +1,13 @@
 // The microphone's sink: which blocks leave it, and with which level.
 
+#include "voice/audioinfo.h"
+
 #include <QSignalSpy>
 #include <QTest>
 
 #include <algorithm>
 #include <cstring>
 #include <limits>
-
-#include "voice/audioinfo.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // The recognition client's texts: reading one hypothesis, and merging a stream of them. No bus.
 
+#include "voice/iatwapper.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
-
-#include "voice/iatwapper.h"
 
 namespace {
 

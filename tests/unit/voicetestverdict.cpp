@@ -19,10 +19,9 @@ const QVector<QPair<QString, VoiceTestVerdict>> strength = {
 VoiceTestVerdict expectedFor(const QStringList &codes, bool words)
 {
     int strongest = -1;
-    for (int i = 0; i < strength.size(); ++i) {
+    for (int i = 0; i < strength.size(); ++i)
         if (codes.contains(strength.at(i).first))
             strongest = i;
-    }
     if (strongest <= 0 && !words)
         return VoiceTestVerdict::TooQuiet;
     if (strongest == strength.size() - 1 && words)
@@ -32,7 +31,7 @@ VoiceTestVerdict expectedFor(const QStringList &codes, bool words)
 
 } // namespace
 
-class TestVoiceTestVerdict : public QObject
+class VoiceTestVerdictTest : public QObject
 {
     Q_OBJECT
 
@@ -45,7 +44,7 @@ private Q_SLOTS:
     void unknownResults();
 };
 
-void TestVoiceTestVerdict::oneCodeAlone_data()
+void VoiceTestVerdictTest::oneCodeAlone_data()
 {
     QTest::addColumn<QString>("code");
     QTest::addColumn<VoiceTestVerdict>("withWords");
@@ -65,7 +64,7 @@ void TestVoiceTestVerdict::oneCodeAlone_data()
     QTest::newRow("1010 says nothing") << "1010" << V::None << V::TooQuiet;
 }
 
-void TestVoiceTestVerdict::oneCodeAlone()
+void VoiceTestVerdictTest::oneCodeAlone()
 {
     QFETCH(QString, code);
     QFETCH(VoiceTestVerdict, withWords);
@@ -77,7 +76,7 @@ void TestVoiceTestVerdict::oneCodeAlone()
     QVERIFY(voiceTestVerdict("{\"code\":" + code + "}", QStringLiteral("明天")) == withWords);
 }
 
-void TestVoiceTestVerdict::everyOneAndTwoCodeResult_data()
+void VoiceTestVerdictTest::everyOneAndTwoCodeResult_data()
 {
     QTest::addColumn<QStringList>("codes");
     QTest::addColumn<bool>("words");
@@ -92,7 +91,7 @@ void TestVoiceTestVerdict::everyOneAndTwoCodeResult_data()
     }
 }
 
-void TestVoiceTestVerdict::everyOneAndTwoCodeResult()
+void VoiceTestVerdictTest::everyOneAndTwoCodeResult()
 {
     QFETCH(QStringList, codes);
     QFETCH(bool, words);
@@ -101,7 +100,7 @@ void TestVoiceTestVerdict::everyOneAndTwoCodeResult()
     QCOMPARE(int(verdict), int(expectedFor(codes, words)));
 }
 
-void TestVoiceTestVerdict::unknownResults_data()
+void VoiceTestVerdictTest::unknownResults_data()
 {
     QTest::addColumn<QString>("result");
     QTest::newRow("empty") << QString();
@@ -111,12 +110,12 @@ void TestVoiceTestVerdict::unknownResults_data()
     QTest::newRow("full-width digits") << QStringLiteral("１００４");
 }
 
-void TestVoiceTestVerdict::unknownResults()
+void VoiceTestVerdictTest::unknownResults()
 {
     QFETCH(QString, result);
     QVERIFY(voiceTestVerdict(result, QStringLiteral("words")) == VoiceTestVerdict::None);
     QVERIFY(voiceTestVerdict(result, QString()) == VoiceTestVerdict::TooQuiet);
 }
 
-QTEST_GUILESS_MAIN(TestVoiceTestVerdict)
+QTEST_GUILESS_MAIN(VoiceTestVerdictTest)
 #include "voicetestverdict.moc"

@@ -1,5 +1,9 @@
 // The wave: its level from tick to tick, its heights, its picture, and how it is left.
 
+#include "tests/support/timertracker.h"
+#include "voice/voiceanimationwidget.h"
+#include "voice/wavelevel.h"
+
 #include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
@@ -8,10 +12,6 @@
 
 #include <cmath>
 #include <limits>
-
-#include "tests/support/timertracker.h"
-#include "voice/voiceanimationwidget.h"
-#include "voice/wavelevel.h"
 
 namespace {
 
@@ -39,10 +39,9 @@ QImage picture(VoiceAnimationWidget &wave)
 bool isTransparent(const QImage &image)
 {
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
+        for (int x = 0; x < image.width(); ++x)
             if (qAlpha(image.pixel(x, y)) != 0)
                 return false;
-        }
     }
     return true;
 }
@@ -83,10 +82,9 @@ public:
 
     bool tick(int count)
     {
-        for (int i = 0; i < count; ++i) {
+        for (int i = 0; i < count; ++i)
             if (!m_timer || !TimerTracker::fire(m_timer))
                 return false;
-        }
         return true;
     }
 

@@ -89,10 +89,9 @@ bool SettingsGroup::joinsNeighbour(const SettingsItem *item, int step) const
 /** A row that comes or goes changes which corners its neighbours round. */
 void SettingsGroup::updateRows()
 {
-    for (int i = 0; i < itemCount(); ++i) {
+    for (int i = 0; i < itemCount(); ++i)
         if (SettingsItem *row = item(i))
             row->update();
-    }
     update();
 }
 

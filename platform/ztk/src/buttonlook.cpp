@@ -89,9 +89,8 @@ void drawPushButton(QPainter *painter, const QStyleOptionButton *option, const Q
     }
     QStyleOptionButton label = *option;
     label.rect = style->subElementRect(QStyle::SE_PushButtonContents, option, widget);
-    if (main) {
+    if (main)
         label.palette.setColor(QPalette::ButtonText, color(option, QPalette::HighlightedText));
-    }
     style->drawControl(QStyle::CE_PushButtonLabel, &label, painter, widget);
 }
 

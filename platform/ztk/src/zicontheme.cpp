@@ -80,10 +80,9 @@ QList<BuiltinIcon> builtinIcons(const QColor &textColor)
 QByteArray themeDescription(const QString &inherited, const QList<BuiltinIcon> &icons)
 {
     QList<int> sizes;
-    for (const BuiltinIcon &icon : icons) {
+    for (const BuiltinIcon &icon : icons)
         if (!sizes.contains(icon.size))
             sizes.append(icon.size);
-    }
     QString text;
     QTextStream out(&text);
     out << "[Icon Theme]\nName=tavren\nInherits=" << inherited << "\nDirectories=";

@@ -65,10 +65,9 @@ ShortcutsPage::ShortcutsPage(const QVector<Shortcut> &shortcuts, QWidget *parent
 
 ShortcutItem *ShortcutsPage::row(const QString &id) const
 {
-    for (const Line &line : m_lines) {
+    for (const Line &line : m_lines)
         if (line.shortcut.id == id)
             return line.row;
-    }
     return nullptr;
 }
 

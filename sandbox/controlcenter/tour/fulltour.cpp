@@ -47,10 +47,9 @@ QStringList tourSections()
 
 TourSteps tourSection(const QString &name, const ControlCenterWindow *window)
 {
-    for (const Section &section : sections()) {
+    for (const Section &section : sections())
         if (section.name == name)
             return section.steps(window);
-    }
     return {};
 }
 

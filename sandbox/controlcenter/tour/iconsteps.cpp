@@ -74,10 +74,9 @@ TourStep sheetStep(const QPointer<QWidget> &sheet, bool dark)
                 sheet->resize(driver.window()->size());
                 sheet->raise();
                 sheet->show();
-                for (const DrawnIcon &drawn : drawnIcons()) {
+                for (const DrawnIcon &drawn : drawnIcons())
                     if (QIcon::fromTheme(drawn.name).isNull())
                         return QStringLiteral("there is no icon \"%1\"").arg(drawn.name);
-                }
                 return QString();
             },
             dark ? QStringLiteral("icons-dark") : QStringLiteral("icons-light")};

@@ -59,10 +59,9 @@ TourStep usualWindowStep(const QSize &size)
 TourSteps pageSteps(const ControlCenterWindow *window)
 {
     TourSteps steps;
-    for (const bool dark : {false, true}) {
+    for (const bool dark : {false, true})
         for (const QString &page : window->pageNames())
             steps.append(openPageStep(page, dark));
-    }
     steps.append(smallWindowStep(window->pageNames().value(0)));
     steps.append(usualWindowStep(window->size()));
     return steps;

@@ -101,10 +101,9 @@ QString awaitVerdict(TourDriver &driver, const QString &verdict, int millisecond
     if (pageShows(driver, verdict))
         return QString();
     QStringList texts;
-    for (const QLabel *label : driver.window()->currentPage()->findChildren<QLabel *>()) {
+    for (const QLabel *label : driver.window()->currentPage()->findChildren<QLabel *>())
         if (label->isVisible())
             texts.append(label->text());
-    }
     return QStringLiteral("the page does not say \"%1\", but: %2")
         .arg(verdict, texts.join(QStringLiteral(" | ")));
 }
@@ -120,10 +119,9 @@ bool wordsRecognised(const TourDriver &driver)
         // The phrase to say is on the page, too, in quotes.
         if (!label->isVisible() || label->text().contains(QLatin1Char('"')))
             continue;
-        for (const QString &word : words) {
+        for (const QString &word : words)
             if (label->text().contains(word))
                 return true;
-        }
     }
     return false;
 }
@@ -157,10 +155,9 @@ int waveHeight(TourDriver &driver)
     const qreal scale = picture.devicePixelRatio();
     const QImage drawn = picture.copy(QRect(inside.topLeft() * scale, inside.size() * scale));
     for (int y = 0; y < drawn.height(); ++y) {
-        for (int x = 0; x < drawn.width(); ++x) {
+        for (int x = 0; x < drawn.width(); ++x)
             if (drawn.pixelColor(x, y).saturation() > leastSaturation)
                 return qRound((drawn.height() - y) / scale);
-        }
     }
     return 0;
 }

@@ -12,19 +12,16 @@ QStringList PhraseFilter::phraseWords(const QStringList &decoded)
     QStringList run;
     int last = -1;
     const auto closeRun = [&] {
-        if (run.size() >= shortestRun) {
+        if (run.size() >= shortestRun)
             result << run;
-        }
         run.clear();
     };
     for (const QString &word : decoded) {
         const int place = phrase.indexOf(word);
-        if (place < 0 || place == last) {
+        if (place < 0 || place == last)
             continue; // another sound, or a long drawn word heard twice
-        }
-        if (place < last) {
+        if (place < last)
             closeRun();
-        }
         run << word;
         last = place;
     }

@@ -22,33 +22,28 @@ PhraseListener::PhraseListener(const QString &modelFolder, const Patience &patie
     : m_decoder(modelFolder)
     , m_patience(patience)
 {
-    if (isValid()) {
+    if (isValid())
         m_decoder.begin();
-    }
 }
 
 QVector<Hypothesis> PhraseListener::hear(const QVector<qint16> &samples)
 {
-    if (m_ended) {
+    if (m_ended)
         return {};
-    }
     m_waiting += samples;
     int heard = 0;
-    for (; !m_ended && heard + blockSamples <= m_waiting.size(); heard += blockSamples) {
+    for (; !m_ended && heard + blockSamples <= m_waiting.size(); heard += blockSamples)
         hearBlock(m_waiting.mid(heard, blockSamples));
-    }
     m_waiting.remove(0, heard);
     return std::exchange(m_news, {});
 }
 
 QVector<Hypothesis> PhraseListener::finish()
 {
-    if (!m_ended) {
+    if (!m_ended)
         hearBlock(std::exchange(m_waiting, {}));
-    }
-    if (!m_ended) {
+    if (!m_ended)
         end();
-    }
     return std::exchange(m_news, {});
 }
 
@@ -67,9 +62,8 @@ void PhraseListener::hearBlock(const QVector<qint16> &block)
     } else if (!m_speaking) {
         m_utterance.remove(0, qMax(0, m_utterance.size() - leadSamples));
     }
-    if (isOutOfPatience()) {
+    if (isOutOfPatience())
         end();
-    }
 }
 
 void PhraseListener::endUtterance()
@@ -86,9 +80,8 @@ void PhraseListener::endUtterance()
 void PhraseListener::say(const QStringList &words)
 {
     if (m_saidIsFinal) {
-        if (words.isEmpty()) {
+        if (words.isEmpty())
             return; // nothing new yet: the last utterance stays
-        }
         add(Hypothesis::Append, words);
         m_saidIsFinal = false;
     } else if (words == m_said) {
@@ -105,11 +98,10 @@ void PhraseListener::add(Hypothesis::Kind kind, const QStringList &words, bool l
 
 void PhraseListener::end()
 {
-    if (m_speaking) {
+    if (m_speaking)
         endUtterance();
-    } else {
+    else
         m_decoder.end();
-    }
     add(Hypothesis::Replace, m_said, true);
     m_ended = true;
 }

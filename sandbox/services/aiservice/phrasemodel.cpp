@@ -60,10 +60,9 @@ QStringList pronunciations(const Word &word)
     QStringList ways = {QString()};
     for (const char *sound : word.sounds) {
         QStringList longer;
-        for (const QString &way : ways) {
+        for (const QString &way : ways)
             for (const QString &alternative : QString::fromLatin1(sound).split(QLatin1Char('|')))
                 longer << (way + QLatin1Char(' ') + alternative).trimmed();
-        }
         ways = longer;
     }
     ways.removeDuplicates();

@@ -34,22 +34,19 @@ QString QualitySession::stopAqc()
 
 void QualitySession::putAudio(const QByteArray &audio_buf, bool last)
 {
-    if (!m_running) {
+    if (!m_running)
         return;
-    }
     record(audio_buf);
     const QVector<qint16> samples = m_reader.read(audio_buf);
     m_meter.add(samples.constData(), samples.size());
-    if (last) {
+    if (last)
         judge();
-    }
 }
 
 void QualitySession::judge()
 {
-    if (!m_running) {
+    if (!m_running)
         return;
-    }
     m_running = false;
     // Queued: the verdict follows the answer to the call that asked for it.
     const QString notice = qualityNotice(m_meter.figures());

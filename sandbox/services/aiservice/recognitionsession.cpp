@@ -30,11 +30,9 @@ bool isSupported(const QVariantMap &params)
         {QStringLiteral("result_type"), QStringLiteral("json")},
         {QStringLiteral("result_encoding"), QStringLiteral("utf8")},
     };
-    for (auto it = served.cbegin(); it != served.cend(); ++it) {
-        if (params.value(it.key(), it.value()) != it.value()) {
+    for (auto it = served.cbegin(); it != served.cend(); ++it)
+        if (params.value(it.key(), it.value()) != it.value())
             return false;
-        }
-    }
     return true;
 }
 
@@ -63,12 +61,10 @@ QString RecognitionSession::startIat(const QVariantMap &params)
         return compact(
             {{QStringLiteral("status"), status}, {QStringLiteral("session_id"), m_sessionId}});
     };
-    if (m_state != Idle) {
+    if (m_state != Idle)
         return answer(AlreadyRunning);
-    }
-    if (!isSupported(params)) {
+    if (!isSupported(params))
         return answer(ParameterUnsupported);
-    }
     m_sessionId = QUuid::createUuid().toString(QUuid::WithoutBraces);
     m_recognition = new Recognition(m_modelFolder, patience(params), m_threadParent, this);
     connect(m_recognition, &Recognition::heard, this, &RecognitionSession::tell);
@@ -87,30 +83,26 @@ void RecognitionSession::stopIat()
 
 void RecognitionSession::putAudio(const QByteArray &data, bool finish)
 {
-    if (m_state != Listening) {
+    if (m_state != Listening)
         return;
-    }
     record(data);
     m_recognition->hear(data);
-    if (finish) {
+    if (finish)
         stopIat();
-    }
 }
 
 void RecognitionSession::close()
 {
     m_closed = true;
-    if (m_state != Finishing) {
+    if (m_state != Finishing)
         Session::close();
-    }
 }
 
 void RecognitionSession::tell(const Hypothesis &hypothesis)
 {
     Q_EMIT onResult(hypothesis.toJson(m_sessionId));
-    if (hypothesis.last) {
+    if (hypothesis.last)
         end();
-    }
 }
 
 void RecognitionSession::fail()
@@ -128,9 +120,8 @@ void RecognitionSession::end()
     m_recognition = nullptr;
     m_state = Idle;
     Q_EMIT onEnd();
-    if (m_closed) {
+    if (m_closed)
         Session::close();
-    }
 }
 
 } // namespace sandbox

@@ -24,23 +24,20 @@ void RecognitionWorker::start()
 
 void RecognitionWorker::hear(const QByteArray &audio)
 {
-    if (m_listener && !QThread::currentThread()->isInterruptionRequested()) {
+    if (m_listener && !QThread::currentThread()->isInterruptionRequested())
         tell(m_listener->hear(m_reader.read(audio)));
-    }
 }
 
 void RecognitionWorker::finish()
 {
-    if (m_listener && !QThread::currentThread()->isInterruptionRequested()) {
+    if (m_listener && !QThread::currentThread()->isInterruptionRequested())
         tell(m_listener->finish());
-    }
 }
 
 void RecognitionWorker::tell(const QVector<Hypothesis> &news)
 {
-    for (const Hypothesis &hypothesis : news) {
+    for (const Hypothesis &hypothesis : news)
         Q_EMIT heard(hypothesis);
-    }
 }
 
 } // namespace sandbox

@@ -23,9 +23,8 @@ void Session::close()
 
 void Session::record(const QByteArray &audio)
 {
-    if (m_recording) {
+    if (m_recording)
         m_recording->append(audio);
-    }
 }
 
 } // namespace sandbox

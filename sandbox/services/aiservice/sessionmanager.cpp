@@ -61,9 +61,8 @@ SessionManager::~SessionManager()
     qDeleteAll(sessions);
     // Their recognitions have asked these to end.
     const auto threads = findChildren<QThread *>();
-    for (QThread *thread : threads) {
+    for (QThread *thread : threads)
         thread->wait();
-    }
 }
 
 QDBusObjectPath SessionManager::createSession(const QString &appId, const QString &ability,
@@ -72,27 +71,24 @@ QDBusObjectPath SessionManager::createSession(const QString &appId, const QStrin
     const Key key{caller(), appId, ability};
     close(key);
     errorcode = refusal(ability);
-    if (errorcode != SessionOk) {
+    if (errorcode != SessionOk)
         return noSession;
-    }
 
     const int number = ++m_lastNumber;
     const QString path =
         QStringLiteral("/com/corvane/aiservice/%1/%2").arg(ability, QString::number(number));
     Session *session = m_makers.value(ability)();
     const QString folder = m_service->state()->get<QString>(recordKey);
-    if (!folder.isEmpty()) {
+    if (!folder.isEmpty())
         session->recordTo(QStringLiteral("%1/%2-%3.wav").arg(folder, ability).arg(number));
-    }
     m_service->publish(path, session, key.client);
     m_sessions.insert(key, {path, session});
 
     if (!m_clients.watchedServices().contains(key.client)) {
         m_clients.addWatchedService(key.client);
         // A client that has gone between its call and the watch would never be noticed.
-        if (!m_clients.connection().interface()->isServiceRegistered(key.client)) {
+        if (!m_clients.connection().interface()->isServiceRegistered(key.client))
             clientLeft(key.client);
-        }
     }
     return QDBusObjectPath(path);
 }
@@ -100,9 +96,8 @@ QDBusObjectPath SessionManager::createSession(const QString &appId, const QStrin
 int SessionManager::freeSession(const QString &appId, const QString &ability)
 {
     const Key key{caller(), appId, ability};
-    if (!m_sessions.contains(key)) {
+    if (!m_sessions.contains(key))
         return SessionNotOpen;
-    }
     close(key);
     return SessionOk;
 }
@@ -111,42 +106,35 @@ int SessionManager::refusal(const QString &ability) const
 {
     StateStore *state = m_service->state();
     const int scripted = state->get<int>(refusalKey);
-    if (scripted != SessionOk) {
+    if (scripted != SessionOk)
         return scripted;
-    }
-    if (!knownAbilities.contains(ability)) {
+    if (!knownAbilities.contains(ability))
         return SessionAbilityUnknown;
-    }
-    if (!m_makers.contains(ability)) {
+    if (!m_makers.contains(ability))
         return SessionAbilityNotOffered;
-    }
     return m_sessions.size() >= state->get<int>(limitKey) ? SessionLimitReached : SessionOk;
 }
 
 void SessionManager::close(const Key &key)
 {
-    if (Session *session = m_sessions.take(key).session) {
+    if (Session *session = m_sessions.take(key).session)
         session->close();
-    }
 }
 
 void SessionManager::clientLeft(const QString &client)
 {
     m_clients.removeWatchedService(client);
     const auto keys = m_sessions.keys();
-    for (const Key &key : keys) {
-        if (key.client == client) {
+    for (const Key &key : keys)
+        if (key.client == client)
             close(key);
-        }
-    }
 }
 
 QStringList SessionManager::paths() const
 {
     QStringList result;
-    for (const Entry &entry : m_sessions) {
+    for (const Entry &entry : m_sessions)
         result << entry.path;
-    }
     return result;
 }
 

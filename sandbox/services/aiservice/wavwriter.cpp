@@ -34,16 +34,14 @@ WavWriter::WavWriter(const QString &path)
     : m_file(path)
 {
     QDir().mkpath(QFileInfo(path).path());
-    if (m_file.open(QIODevice::WriteOnly)) {
+    if (m_file.open(QIODevice::WriteOnly))
         append(QByteArray());
-    }
 }
 
 void WavWriter::append(const QByteArray &block)
 {
-    if (!m_file.isOpen()) {
+    if (!m_file.isOpen())
         return;
-    }
     m_file.seek(headerBytes + m_bytes);
     m_file.write(block);
     m_bytes += quint32(block.size());

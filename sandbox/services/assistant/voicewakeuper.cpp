@@ -9,7 +9,7 @@ namespace {
 
 const QString enabledKey = QStringLiteral("wakeup.enabled");
 const QString oneshotKey = QStringLiteral("wakeup.oneshot");
-const int done = 0;
+constexpr int done = 0;
 
 } // namespace
 

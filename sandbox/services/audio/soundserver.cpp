@@ -29,9 +29,8 @@ private:
 /** Answers are taken from callbacks; the operation itself is of no further use. */
 void forget(pa_operation *operation)
 {
-    if (operation) {
+    if (operation)
         pa_operation_unref(operation);
-    }
 }
 
 } // namespace
@@ -77,9 +76,8 @@ void SoundServer::connectToServer()
     const Lock lock(m_loop);
     m_context = pa_context_new(pa_threaded_mainloop_get_api(m_loop), "sandbox-audio");
     pa_context_set_state_callback(m_context, stateChanged, this);
-    if (pa_context_connect(m_context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0) {
+    if (pa_context_connect(m_context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0)
         Q_EMIT lost();
-    }
 }
 
 void SoundServer::disconnectFromServer()
@@ -124,11 +122,10 @@ void SoundServer::ask(pa_context *context, void *self)
 void SoundServer::serverAnswered(pa_context *context, const pa_server_info *info, void *self)
 {
     const char *name = info ? info->default_source_name : nullptr;
-    if (name && *name) {
+    if (name && *name)
         forget(pa_context_get_source_info_by_name(context, name, sourceAnswered, self));
-    } else if (info) {
+    else if (info)
         Q_EMIT static_cast<SoundServer *>(self)->answered(QString(), PA_INVALID_INDEX);
-    }
 }
 
 void SoundServer::sourceAnswered(pa_context *, const pa_source_info *info, int end, void *self)

@@ -31,30 +31,26 @@ Parameters parametersOf(const QMetaMethod &method)
 {
     Parameters parameters;
     const QList<QByteArray> types = method.parameterTypes();
-    for (const QByteArray &type : types) {
-        if (type.endsWith('&')) {
+    for (const QByteArray &type : types)
+        if (type.endsWith('&'))
             parameters.out.append(QMetaType::type(type.chopped(1)));
-        } else {
+        else
             parameters.in.append(QMetaType::type(type));
-        }
-    }
     return parameters;
 }
 
 QString signatureOf(const QList<int> &types)
 {
     QString signature;
-    for (const int type : types) {
+    for (const int type : types)
         signature += QLatin1String(QDBusMetaType::typeToSignature(type));
-    }
     return signature;
 }
 
 QVariant converted(const QVariant &argument, int type)
 {
-    if (argument.userType() != qMetaTypeId<QDBusArgument>()) {
+    if (argument.userType() != qMetaTypeId<QDBusArgument>())
         return argument;
-    }
     QVariant value(type, nullptr);
     QDBusMetaType::demarshall(argument.value<QDBusArgument>(), type, value.data());
     return value;
@@ -64,25 +60,21 @@ QVariantList run(QDBusAbstractAdaptor *adaptor, const QMetaMethod &method,
                  const Parameters &parameters, const QVariantList &arguments)
 {
     QVariantList values; // the in-arguments, then the out-arguments
-    for (int i = 0; i < parameters.in.size(); ++i) {
+    for (int i = 0; i < parameters.in.size(); ++i)
         values.append(converted(arguments.at(i), parameters.in.at(i)));
-    }
-    for (const int type : parameters.out) {
+    for (const int type : parameters.out)
         values.append(QVariant(type, nullptr));
-    }
     const bool returns = method.returnType() != QMetaType::Void;
     QVariant result = returns ? QVariant(method.returnType(), nullptr) : QVariant();
 
     QVector<void *> cells{returns ? result.data() : nullptr};
-    for (QVariant &value : values) {
+    for (QVariant &value : values)
         cells.append(value.data());
-    }
     adaptor->qt_metacall(QMetaObject::InvokeMetaMethod, method.methodIndex(), cells.data());
 
     QVariantList reply = values.mid(parameters.in.size());
-    if (returns) {
+    if (returns)
         reply.prepend(result);
-    }
     return reply;
 }
 
@@ -109,9 +101,8 @@ QDBusMessage dispatch(const QDBusMessage &call, QObject *object)
     const auto adaptors =
         object->findChildren<QDBusAbstractAdaptor *>(QString(), Qt::FindDirectChildrenOnly);
     for (QDBusAbstractAdaptor *adaptor : adaptors) {
-        if (!call.interface().isEmpty() && call.interface() != interfaceOf(adaptor)) {
+        if (!call.interface().isEmpty() && call.interface() != interfaceOf(adaptor))
             continue;
-        }
         const QMetaObject *meta = adaptor->metaObject();
         for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
             const QMetaMethod method = meta->method(i);
@@ -120,9 +111,8 @@ QDBusMessage dispatch(const QDBusMessage &call, QObject *object)
                 continue;
             }
             const Parameters parameters = parametersOf(method);
-            if (signatureOf(parameters.in) == call.signature()) {
+            if (signatureOf(parameters.in) == call.signature())
                 return call.createReply(run(adaptor, method, parameters, call.arguments()));
-            }
         }
     }
     return call.createErrorReply(

@@ -31,9 +31,8 @@ CallGate::CallGate(QObject *object, const QString &path, const QString &owner,
     , m_desk(desk)
 {
     const auto adaptors = adaptorsOf(object);
-    for (QDBusAbstractAdaptor *adaptor : adaptors) {
+    for (QDBusAbstractAdaptor *adaptor : adaptors)
         new SignalRelay(adaptor, path, owner, connection);
-    }
     m_connection.registerVirtualObject(m_path, this);
 }
 
@@ -45,9 +44,8 @@ CallGate::~CallGate()
 bool CallGate::handleMessage(const QDBusMessage &message, const QDBusConnection &)
 {
     m_log->append(message);
-    if (message.interface().startsWith(QLatin1String("org.freedesktop.DBus."))) {
+    if (message.interface().startsWith(QLatin1String("org.freedesktop.DBus.")))
         return false; // introspection and the like: Qt's own answer
-    }
     const bool denied = !m_owner.isEmpty() && message.service() != m_owner;
     m_desk->answer(message, [&] {
         return denied ? message.createErrorReply(
@@ -62,9 +60,8 @@ QString CallGate::introspect(const QString &) const
 {
     QString xml;
     const auto adaptors = adaptorsOf(m_object);
-    for (const QDBusAbstractAdaptor *adaptor : adaptors) {
+    for (const QDBusAbstractAdaptor *adaptor : adaptors)
         xml += introspectionOf(adaptor);
-    }
     return xml;
 }
 

@@ -10,15 +10,14 @@ namespace sandbox {
 
 namespace {
 
-const int maximumLines = 10000;
+constexpr int maximumLines = 10000;
 
 QString describe(const QDBusMessage &call)
 {
     QJsonArray arguments;
     const QVariantList values = call.arguments();
-    for (const QVariant &value : values) {
+    for (const QVariant &value : values)
         arguments.append(jsonValue(value));
-    }
     const QJsonObject record{
         {QStringLiteral("path"), call.path()},
         {QStringLiteral("interface"), call.interface()},
@@ -35,9 +34,8 @@ QString describe(const QDBusMessage &call)
 
 void CallLog::append(const QDBusMessage &call)
 {
-    if (m_lines.size() == maximumLines) {
+    if (m_lines.size() == maximumLines)
         m_lines.removeFirst();
-    }
     m_lines.append(describe(call));
     Q_EMIT appended(call.member());
 }

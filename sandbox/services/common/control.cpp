@@ -64,22 +64,20 @@ QDBusVariant Control::Value(const QString &key)
 
 void Control::SetValue(const QString &key, const QDBusVariant &value)
 {
-    if (!m_state->contains(key)) {
+    if (!m_state->contains(key))
         refuse(QStringLiteral("there is no key \"%1\"").arg(key));
-    } else if (!m_state->set(key, plainValue(value))) {
+    else if (!m_state->set(key, plainValue(value)))
         refuse(QStringLiteral("\"%1\" holds a value of another type").arg(key));
-    }
 }
 
 void Control::Script(const QString &member, const QString &behaviour, const QDBusVariant &argument)
 {
     QString error;
     const Behaviour parsed = Behaviour::parse(behaviour, argument.variant(), &error);
-    if (error.isEmpty()) {
+    if (error.isEmpty())
         m_desk->script(member, parsed);
-    } else {
+    else
         refuse(error);
-    }
 }
 
 int Control::Release(const QString &member)
@@ -100,16 +98,14 @@ QStringList Control::Calls() const
 
 void Control::LeaveBus()
 {
-    if (!m_connection.unregisterService(m_busName)) {
+    if (!m_connection.unregisterService(m_busName))
         refuse(QStringLiteral("%1 is not owned").arg(m_busName));
-    }
 }
 
 void Control::JoinBus()
 {
-    if (!m_connection.registerService(m_busName)) {
+    if (!m_connection.registerService(m_busName))
         refuse(QStringLiteral("%1 cannot be owned").arg(m_busName));
-    }
 }
 
 void Control::Hang()

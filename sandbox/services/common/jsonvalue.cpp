@@ -16,9 +16,8 @@ QJsonValue jsonValue(const QDBusArgument &argument);
 QJsonArray jsonElements(const QDBusArgument &argument)
 {
     QJsonArray elements;
-    while (!argument.atEnd()) {
+    while (!argument.atEnd())
         elements.append(jsonValue(argument));
-    }
     return elements;
 }
 
@@ -40,9 +39,8 @@ QJsonValue jsonValue(const QDBusArgument &argument)
     QJsonValue value;
     switch (argument.currentType()) {
     case QDBusArgument::ArrayType:
-        if (argument.currentSignature() == QLatin1String("ay")) {
+        if (argument.currentSignature() == QLatin1String("ay"))
             return sandbox::jsonValue(argument.asVariant());
-        }
         argument.beginArray();
         value = jsonElements(argument);
         argument.endArray();
@@ -69,21 +67,16 @@ QJsonValue jsonValue(const QDBusArgument &argument)
 QJsonValue jsonValue(const QVariant &argument)
 {
     const int type = argument.userType();
-    if (type == QMetaType::QByteArray) {
+    if (type == QMetaType::QByteArray)
         return QJsonObject{{QStringLiteral("bytes"), argument.toByteArray().size()}};
-    }
-    if (type == qMetaTypeId<QDBusArgument>()) {
+    if (type == qMetaTypeId<QDBusArgument>())
         return jsonValue(argument.value<QDBusArgument>());
-    }
-    if (type == qMetaTypeId<QDBusVariant>()) {
+    if (type == qMetaTypeId<QDBusVariant>())
         return jsonValue(argument.value<QDBusVariant>().variant());
-    }
-    if (type == qMetaTypeId<QDBusObjectPath>()) {
+    if (type == qMetaTypeId<QDBusObjectPath>())
         return argument.value<QDBusObjectPath>().path();
-    }
-    if (type == qMetaTypeId<QDBusSignature>()) {
+    if (type == qMetaTypeId<QDBusSignature>())
         return argument.value<QDBusSignature>().signature();
-    }
     return QJsonValue::fromVariant(argument);
 }
 

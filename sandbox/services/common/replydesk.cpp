@@ -77,9 +77,8 @@ int ReplyDesk::release(const QString &member)
 void ReplyDesk::reset()
 {
     m_scripts.clear();
-    for (const Held &held : qAsConst(m_held)) {
+    for (const Held &held : qAsConst(m_held))
         send(held.call, held.reply);
-    }
     m_held.clear();
 }
 
@@ -91,9 +90,8 @@ Behaviour ReplyDesk::behaviourOf(const QDBusMessage &call) const
 
 void ReplyDesk::send(const QDBusMessage &call, const QDBusMessage &reply)
 {
-    if (call.isReplyRequired()) {
+    if (call.isReplyRequired())
         m_connection.send(reply);
-    }
 }
 
 } // namespace sandbox

@@ -17,24 +17,20 @@ SignalRelay::SignalRelay(QDBusAbstractAdaptor *adaptor, const QString &path, con
 {
     const QMetaObject *meta = adaptor->metaObject();
     const int firstSlot = QObject::staticMetaObject.methodCount();
-    for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
-        if (meta->method(i).methodType() == QMetaMethod::Signal) {
+    for (int i = meta->methodOffset(); i < meta->methodCount(); ++i)
+        if (meta->method(i).methodType() == QMetaMethod::Signal)
             QMetaObject::connect(adaptor, i, this, firstSlot + i, Qt::DirectConnection);
-        }
-    }
 }
 
 int SignalRelay::qt_metacall(QMetaObject::Call call, int id, void **arguments)
 {
     id = QObject::qt_metacall(call, id, arguments);
-    if (id < 0 || call != QMetaObject::InvokeMetaMethod) {
+    if (id < 0 || call != QMetaObject::InvokeMetaMethod)
         return id;
-    }
     const QMetaMethod emitted = m_adaptor->metaObject()->method(id);
     QVariantList values;
-    for (int i = 0; i < emitted.parameterCount(); ++i) {
+    for (int i = 0; i < emitted.parameterCount(); ++i)
         values.append(QVariant(emitted.parameterType(i), arguments[i + 1]));
-    }
     const QString interface = interfaceOf(m_adaptor);
     const QString name = QString::fromLatin1(emitted.name());
     QDBusMessage message =

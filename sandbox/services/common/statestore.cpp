@@ -13,14 +13,12 @@ namespace {
 QJsonObject readObject(const QString &fileName)
 {
     QFile file(fileName);
-    if (fileName.isEmpty() || !file.open(QIODevice::ReadOnly)) {
+    if (fileName.isEmpty() || !file.open(QIODevice::ReadOnly))
         return {};
-    }
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
-    if (error.error != QJsonParseError::NoError || !document.isObject()) {
+    if (error.error != QJsonParseError::NoError || !document.isObject())
         qWarning("%s is not a JSON object; starting with the default state", qPrintable(fileName));
-    }
     return document.object();
 }
 
@@ -45,9 +43,8 @@ void StateStore::declare(const QString &key, const QVariant &initial, Lifetime l
     m_entries.insert(key, {[this, key] { return m_values.value(key); },
                            [this, key, lifetime](const QVariant &value) {
                                m_values.insert(key, value);
-                               if (lifetime == Kept) {
+                               if (lifetime == Kept)
                                    save(key, value);
-                               }
                            },
                            initial.userType()});
 }
@@ -80,9 +77,8 @@ QVariant StateStore::value(const QString &key) const
 bool StateStore::set(const QString &key, const QVariant &value)
 {
     const auto entry = m_entries.constFind(key);
-    if (entry == m_entries.constEnd() || value.userType() != entry->type) {
+    if (entry == m_entries.constEnd() || value.userType() != entry->type)
         return false;
-    }
     if (entry->read() != value) {
         entry->write(value);
         Q_EMIT changed(key, value);
@@ -93,9 +89,8 @@ bool StateStore::set(const QString &key, const QVariant &value)
 void StateStore::save(const QString &key, const QVariant &value)
 {
     m_kept.insert(key, QJsonValue::fromVariant(value));
-    if (m_file.isEmpty()) {
+    if (m_file.isEmpty())
         return;
-    }
     QDir().mkpath(QFileInfo(m_file).absolutePath());
     QSaveFile file(m_file);
     const bool written = file.open(QIODevice::WriteOnly) &&

@@ -2,9 +2,10 @@
 
 #include <QSocketNotifier>
 
-#include <csignal>
 #include <sys/signalfd.h>
 #include <unistd.h>
+
+#include <csignal>
 
 namespace sandbox {
 
@@ -21,9 +22,8 @@ TerminationSignals::TerminationSignals(QObject *parent)
     auto *notifier = new QSocketNotifier(m_descriptor, QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this] {
         signalfd_siginfo info;
-        if (read(m_descriptor, &info, sizeof info) == sizeof info) {
+        if (read(m_descriptor, &info, sizeof info) == sizeof info)
             Q_EMIT received();
-        }
     });
 }
 

@@ -63,12 +63,10 @@ int runVerb(const sandbox::Verb &verb, const QString &service, const QStringList
                         .arg(service));
     }
     const sandbox::VerbResult result = verb.run(link, words);
-    if (!result.problem.isEmpty()) {
+    if (!result.problem.isEmpty())
         return fail(Failed, result.problem);
-    }
-    if (!result.output.isEmpty()) {
+    if (!result.output.isEmpty())
         QTextStream(stdout) << result.output << '\n';
-    }
     return Done;
 }
 
@@ -90,10 +88,8 @@ int main(int argc, char *argv[])
         QTextStream(stderr) << usage();
         return WrongUsage;
     }
-    for (const sandbox::Verb &verb : sandbox::verbs()) {
-        if (verb.name == words.at(1)) {
+    for (const sandbox::Verb &verb : sandbox::verbs())
+        if (verb.name == words.at(1))
             return runVerb(verb, words.at(0), words.mid(2));
-        }
-    }
     return fail(WrongUsage, QStringLiteral("there is no verb \"%1\"; see --help").arg(words.at(1)));
 }

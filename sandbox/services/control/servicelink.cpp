@@ -8,14 +8,13 @@ namespace sandbox {
 
 namespace {
 
-const int hungAfterMs = 5000;
+constexpr int hungAfterMs = 5000;
 
 QDBusConnection busOf(const QString &name)
 {
     QDBusConnection session = QDBusConnection::sessionBus();
-    if (session.isConnected() && session.interface()->isServiceRegistered(name)) {
+    if (session.isConnected() && session.interface()->isServiceRegistered(name))
         return session;
-    }
     return QDBusConnection::systemBus();
 }
 

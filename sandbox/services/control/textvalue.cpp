@@ -21,9 +21,8 @@ QVariant converted(const QString &text, int type)
 
 QVariant valueLike(const QVariant &like, const QStringList &words)
 {
-    if (like.userType() == QMetaType::QStringList) {
+    if (like.userType() == QMetaType::QStringList)
         return words;
-    }
     return words.size() == 1 ? converted(words.constFirst(), like.userType()) : QVariant();
 }
 
@@ -36,9 +35,8 @@ QVariant typedValue(const QString &word)
                                            {QStringLiteral("string"), QMetaType::QString}};
     const int colon = word.indexOf(QLatin1Char(':'));
     const auto type = types.constFind(word.left(colon));
-    if (colon < 0 || type == types.constEnd()) {
+    if (colon < 0 || type == types.constEnd())
         return word;
-    }
     return converted(word.mid(colon + 1), *type);
 }
 

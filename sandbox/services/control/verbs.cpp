@@ -13,7 +13,7 @@ namespace sandbox {
 
 namespace {
 
-const int anyNumber = std::numeric_limits<int>::max();
+constexpr int anyNumber = std::numeric_limits<int>::max();
 
 VerbResult problem(const QString &text)
 {
@@ -25,9 +25,8 @@ template <typename Reply>
 VerbResult outcome(Reply reply)
 {
     reply.waitForFinished();
-    if (reply.isError()) {
+    if (reply.isError())
         return problem(reply.error().message());
-    }
     const QVariantList values = reply.reply().arguments();
     return {values.isEmpty() ? QString() : shownText(values.constFirst()), QString()};
 }
@@ -50,9 +49,8 @@ VerbResult list(ServiceLink &link, const QStringList &)
 {
     auto reply = link.control().Keys();
     reply.waitForFinished();
-    if (reply.isError()) {
+    if (reply.isError())
         return problem(reply.error().message());
-    }
     VerbResult result;
     const QStringList keys = reply.value();
     for (const QString &key : keys) {
@@ -76,9 +74,8 @@ VerbResult set(ServiceLink &link, const QStringList &words)
 {
     QString error;
     const QVariant current = currentValue(link, words.at(0), &error);
-    if (!error.isEmpty()) {
+    if (!error.isEmpty())
         return problem(error);
-    }
     const QVariant value = valueLike(current, words.mid(1));
     if (!value.isValid()) {
         return problem(QStringLiteral("\"%1\" holds a %2")
@@ -93,9 +90,8 @@ VerbResult script(ServiceLink &link, const QStringList &words)
     QVariantList values;
     for (const QString &word : words.mid(2)) {
         const QVariant value = typedValue(word);
-        if (!value.isValid()) {
+        if (!value.isValid())
             return problem(QStringLiteral("\"%1\" is no value of its type").arg(word));
-        }
         values.append(value);
     }
     const QVariant argument = behaviour == QLatin1String("reply-list") ? QVariant(values)

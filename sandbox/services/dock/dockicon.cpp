@@ -18,9 +18,8 @@ DockIcon::DockIcon(StateStore *state, QObject *parent)
     new DockIconAdaptor(this);
     m_state->declare(hiddenKey, false);
     connect(m_state, &StateStore::changed, this, [this](const QString &key, const QVariant &value) {
-        if (key == hiddenKey) {
+        if (key == hiddenKey)
             Q_EMIT dockHideChange(value.toBool());
-        }
     });
 }
 

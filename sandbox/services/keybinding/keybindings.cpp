@@ -11,7 +11,7 @@ namespace sandbox {
 
 namespace {
 
-const int systemType = 0;
+constexpr int systemType = 0;
 
 struct Shortcut
 {

@@ -119,14 +119,12 @@ void AssistantServiceTest::stateSurvivesARestart()
                             {"tts.speaker", "x_morven"},     {"trans.enabled", false},
                             {"trans.language", "cn|en"},     {"wakeup.enabled", true},
                             {"assistant.speaker", "morven"}, {"wakeup.oneshot", true}};
-    for (auto value = state.constBegin(); value != state.constEnd(); ++value) {
+    for (auto value = state.constBegin(); value != state.constEnd(); ++value)
         m_assistant->setValue(value.key(), value.value());
-    }
     m_assistant->kill();
     QVERIFY(m_assistant->start());
-    for (auto value = state.constBegin(); value != state.constEnd(); ++value) {
+    for (auto value = state.constBegin(); value != state.constEnd(); ++value)
         QCOMPARE(m_assistant->value(value.key()), value.value());
-    }
 }
 
 void AssistantServiceTest::brokenStateFileGivesTheDefaults_data()

@@ -1,4 +1,5 @@
 #include "tests/support/busrecorder.h"
+
 #include "tests/support/serviceprocess.h"
 
 #include <QDBusConnectionInterface>
@@ -114,9 +115,8 @@ void BusRecorderTest::callsToTheBusItselfAreLeftOut()
     QCOMPARE(recorder.callSummaries(), QStringList());
     bool seen = false;
     const QList<BusMessage> messages = recorder.messages();
-    for (const BusMessage &message : messages) {
+    for (const BusMessage &message : messages)
         seen = seen || message.member == QLatin1String("NameHasOwner");
-    }
     QVERIFY(seen);
 }
 
@@ -145,11 +145,9 @@ void BusRecorderTest::repliesAreRecordedToo()
     const quint32 serial = recorder.calls().constFirst().serial;
     QStringList errors;
     const QList<BusMessage> messages = recorder.messages();
-    for (const BusMessage &message : messages) {
-        if (message.type == BusMessage::Error && message.replySerial == serial) {
+    for (const BusMessage &message : messages)
+        if (message.type == BusMessage::Error && message.replySerial == serial)
             errors.append(message.errorName);
-        }
-    }
     QCOMPARE(errors, QStringList{"org.freedesktop.DBus.Error.ServiceUnknown"});
 }
 
@@ -165,9 +163,8 @@ void BusRecorderTest::manyCallsAreRecordedInOrder()
     QVERIFY(recorder.sync());
     const QList<BusMessage> calls = recorder.calls();
     QCOMPARE(calls.size(), count);
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; ++i)
         QCOMPARE(calls.at(i).arguments, QJsonArray{i});
-    }
 }
 
 void BusRecorderTest::sessionAndSystemBusAreTwo()

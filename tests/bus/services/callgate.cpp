@@ -1,12 +1,12 @@
 #include "sandbox/services/common/callgate.h"
-#include "sandbox/services/common/calllog.h"
-#include "sandbox/services/common/replydesk.h"
-#include "tests/bus/services/recognitionstub.h"
 
 #include "callgateiatadaptor.h"
 #include "callgateiatinterface.h"
 #include "callgatesessionadaptor.h"
 #include "callgatesessioninterface.h"
+#include "sandbox/services/common/calllog.h"
+#include "sandbox/services/common/replydesk.h"
+#include "tests/bus/services/recognitionstub.h"
 
 #include <QDBusConnection>
 #include <QDBusPendingCallWatcher>

@@ -23,9 +23,8 @@ Outcome control(const QStringList &words)
     QProcess tool;
     tool.start(QStringLiteral(SANDBOX_CONTROL), words);
     Outcome outcome;
-    if (tool.waitForFinished(20000) && tool.exitStatus() == QProcess::NormalExit) {
+    if (tool.waitForFinished(20000) && tool.exitStatus() == QProcess::NormalExit)
         outcome.exitCode = tool.exitCode();
-    }
     outcome.output = QString::fromUtf8(tool.readAllStandardOutput());
     outcome.error = QString::fromUtf8(tool.readAllStandardError());
     return outcome;
@@ -193,9 +192,8 @@ void SandboxControlTest::helpNamesEveryVerb()
     QCOMPARE(help.exitCode, 0);
     const QStringList verbs{"list",  "get",  "set",  "script", "release", "reset", "calls",
                             "leave", "join", "hang", "resume", "crash",   "pid"};
-    for (const QString &verb : verbs) {
+    for (const QString &verb : verbs)
         QVERIFY2(help.output.contains("  " + verb + " "), qPrintable(verb));
-    }
 }
 
 QTEST_GUILESS_MAIN(SandboxControlTest)

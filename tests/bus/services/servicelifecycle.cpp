@@ -13,7 +13,7 @@ using testsupport::ChildProcess;
 
 namespace {
 
-const int limitMs = 20000;
+constexpr int limitMs = 20000;
 
 QString programOf(const QString &service)
 {

@@ -144,9 +144,8 @@ void printLine(const QByteArray &line)
 // the bus.
 DBusHandlerResult record(DBusConnection *, DBusMessage *message, void *)
 {
-    if (!dbus_message_is_signal(message, DBUS_INTERFACE_LOCAL, "Disconnected")) {
+    if (!dbus_message_is_signal(message, DBUS_INTERFACE_LOCAL, "Disconnected"))
         printLine(QJsonDocument(describe(message)).toJson(QJsonDocument::Compact));
-    }
     return DBUS_HANDLER_RESULT_HANDLED;
 }
 
@@ -165,9 +164,8 @@ bool becomeMonitor(DBusConnection *connection, DBusError *error)
                              DBUS_TYPE_UINT32, &flags, DBUS_TYPE_INVALID);
     DBusMessage *reply = dbus_connection_send_with_reply_and_block(connection, call.get(),
                                                                    DBUS_TIMEOUT_USE_DEFAULT, error);
-    if (!reply) {
+    if (!reply)
         return false;
-    }
     dbus_message_unref(reply);
     return true;
 }

@@ -217,9 +217,8 @@ void DoublesTest::logTakesLinesFromThreads()
     const QtMessageHandler before = qInstallMessageHandler(countMessage); // keeps the output short
     LogCapture log;
     const auto talk = [] {
-        for (int i = 0; i < 500; ++i) {
+        for (int i = 0; i < 500; ++i)
             qDebug("again");
-        }
     };
     std::thread first(talk);
     std::thread second(talk);
@@ -260,9 +259,8 @@ void DoublesTest::widgetsAreFound()
     auto *box = new QCheckBox("OneShot");
     auto *label = new QLabel("Say (Ctrl+Alt+T) to start");
     const QList<QWidget *> widgets{off, on, firstCombo, secondCombo, box, label};
-    for (QWidget *widget : widgets) {
+    for (QWidget *widget : widgets)
         layout.addWidget(widget);
-    }
     QCOMPARE(switchTitled(&page, "On"), on);
     QCOMPARE(switchTitled(&page, "on"), nullptr);
     QCOMPARE(comboBoxAt(&page, 0), firstCombo);
