@@ -10,18 +10,37 @@
 #include <QEvent>
 #include <QMutexLocker>
 #include <QPointer>
+#include <QThread>
 
 namespace {
 
 constexpr int deviceCheckMs = 500;
 constexpr int listingRest = 99; // times as long as looking at the list of devices took
 
-// A program that calls exit() never destroys its application object, and sound backends crash when
-// they are torn down under a running capture. Built after the backend, this goes before it.
+// What Qt's PulseAudio plugin needs when the program ends. Built after the plugin, this goes before it.
 struct CaptureExitGuard
 {
-    ~CaptureExitGuard() { ProcessWide<AudioRecorder>::dispose(); }
+    ~CaptureExitGuard()
+    {
+        // A program that calls exit() never destroys its application object, and sound backends crash
+        // when they are torn down under a running capture.
+        ProcessWide<AudioRecorder>::dispose();
+        // The plugin leaves the server without the lock of the thread that talks to it. While the server
+        // still answers to a capture's end, that crashed 6 of 3000 programs; 0.1 s later, 1 of 4000.
+        QThread::msleep(static_cast<unsigned long>(m_settled.remainingTime()));
+    }
+
+    void captureClosed() { m_settled.setRemainingTime(100, Qt::PreciseTimer); }
+
+private:
+    QDeadlineTimer m_settled;
 };
+
+CaptureExitGuard &exitGuard()
+{
+    static CaptureExitGuard guard;
+    return guard;
+}
 
 } // namespace
 
@@ -70,6 +89,7 @@ AudioRecorder::~AudioRecorder()
     for (QAudioInput *input : qAsConst(m_retired)) {
         input->disconnect(this);
         input->stop();
+        exitGuard().captureClosed();
         input->setParent(QCoreApplication::instance());
         input->deleteLater();
     }
@@ -102,7 +122,7 @@ bool AudioRecorder::start()
             [](QAudio::State state) { qDebug() << "internal QAudioInput change state:" << state; });
     m_audioInfo->start();
     m_audioInput->start(m_audioInfo.data());
-    static const CaptureExitGuard exitGuard;
+    exitGuard();
 
     m_recording = true;
     Q_EMIT recordStarted();
@@ -195,8 +215,10 @@ void AudioRecorder::closeRetired()
     // An input processes events while it goes; meanwhile this may run again, and the recorder too
     // may go.
     const QPointer<AudioRecorder> self(this);
-    while (self && !m_retired.isEmpty() && !m_audioInfo->isWriting())
+    while (self && !m_retired.isEmpty() && !m_audioInfo->isWriting()) {
         delete m_retired.takeFirst();
+        exitGuard().captureClosed();
+    }
 }
 
 void AudioRecorder::DefaultSourceChanged(const QDBusObjectPath &path)
