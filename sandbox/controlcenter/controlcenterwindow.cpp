@@ -10,8 +10,8 @@
 #include "sandbox/controlcenter/search.h"
 #include "sandbox/controlcenter/searchfield.h"
 #include "sandbox/controlcenter/searchpopup.h"
-#include "sandbox/controlcenter/services/servicespage.h"
-#include "sandbox/controlcenter/shortcuts/shortcutspage.h"
+#include "sandbox/controlcenter/servicespage/servicespage.h"
+#include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 #include "sandbox/controlcenter/sidebar.h"
 #include "sandbox/controlcenter/themebutton.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "sandbox/controlcenter/moduleregistry.h"
-#include "sandbox/controlcenter/shortcuts/shortcutspage.h"
+#include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 
 #include <zcc/moduleinterface.h>
 

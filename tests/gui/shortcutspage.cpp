@@ -1,4 +1,4 @@
-#include "sandbox/controlcenter/shortcuts/shortcutspage.h"
+#include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 
 #include "pages/showntext.h"
 #include "pages/texttranslatesettingwidget.h"

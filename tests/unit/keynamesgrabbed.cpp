@@ -1,6 +1,6 @@
 #include "pages/keylabel.h"
 #include "pages/shortcutitem.h"
-#include "sandbox/controlcenter/shortcuts/accelerator.h"
+#include "sandbox/controlcenter/shortcutspage/accelerator.h"
 
 #include <QtTest>
 

@@ -2,8 +2,8 @@
 
 #include "pages/shortcutitem.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
-#include "sandbox/controlcenter/shortcuts/shortcutspage.h"
-#include "sandbox/controlcenter/shortcuts/shortcutstore.h"
+#include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
+#include "sandbox/controlcenter/shortcutspage/shortcutstore.h"
 #include "sandbox/controlcenter/tour/servicecontrol.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
 

@@ -1,4 +1,4 @@
-#include "sandbox/controlcenter/shortcuts/shortcutstore.h"
+#include "sandbox/controlcenter/shortcutspage/shortcutstore.h"
 
 #include "comcorvanesandboxcontrolinterface.h"
 #include "comtavrendaemonkeybindinginterface.h"

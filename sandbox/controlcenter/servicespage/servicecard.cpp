@@ -1,7 +1,7 @@
-#include "sandbox/controlcenter/services/servicecard.h"
+#include "sandbox/controlcenter/servicespage/servicecard.h"
 
 #include "sandbox/controlcenter/palettecolors.h"
-#include "sandbox/controlcenter/services/servicewatch.h"
+#include "sandbox/controlcenter/servicespage/servicewatch.h"
 
 #include <zcc/widgets/settingsgroup.h>
 #include <ztk/zfontsizemanager.h>

@@ -1,7 +1,7 @@
-#include "sandbox/controlcenter/services/servicespage.h"
+#include "sandbox/controlcenter/servicespage/servicespage.h"
 
-#include "sandbox/controlcenter/services/servicecard.h"
-#include "sandbox/controlcenter/services/servicewatch.h"
+#include "sandbox/controlcenter/servicespage/servicecard.h"
+#include "sandbox/controlcenter/servicespage/servicewatch.h"
 #include "sandbox/controlcenter/windowmetrics.h"
 
 #include <ztk/zfocustracker.h>

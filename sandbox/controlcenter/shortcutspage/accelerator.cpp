@@ -1,4 +1,4 @@
-#include "sandbox/controlcenter/shortcuts/accelerator.h"
+#include "sandbox/controlcenter/shortcutspage/accelerator.h"
 
 #include <QHash>
 

@@ -1,9 +1,9 @@
-#include "sandbox/controlcenter/shortcuts/shortcutspage.h"
+#include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 
 #include "pages/shortcutitem.h"
 #include "pages/showntext.h"
-#include "sandbox/controlcenter/shortcuts/keygrabber.h"
-#include "sandbox/controlcenter/shortcuts/shortcutstore.h"
+#include "sandbox/controlcenter/shortcutspage/keygrabber.h"
+#include "sandbox/controlcenter/shortcutspage/shortcutstore.h"
 #include "sandbox/controlcenter/windowmetrics.h"
 
 #include <zcc/widgets/settingsgroup.h>

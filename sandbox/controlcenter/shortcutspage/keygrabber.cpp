@@ -1,6 +1,6 @@
-#include "sandbox/controlcenter/shortcuts/keygrabber.h"
+#include "sandbox/controlcenter/shortcutspage/keygrabber.h"
 
-#include "sandbox/controlcenter/shortcuts/accelerator.h"
+#include "sandbox/controlcenter/shortcutspage/accelerator.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-#include "sandbox/controlcenter/services/servicewatch.h"
+#include "sandbox/controlcenter/servicespage/servicewatch.h"
 
 #include "comcorvanesandboxcontrolinterface.h"
 
