@@ -7,14 +7,12 @@ set(module_headers
     bus/buscalls.h
     bus/serviceproxy.h
     pages/assistantsettingwidget.h
-    pages/leftvoicetests.h
     pages/pagelayout.h
     pages/texttranslatesettingwidget.h
     pages/themedtip.h
     pages/voiceiatsettingwidget.h
     pages/voicetestverdict.h
     pages/voicettssettingwidget.h
-    pages/waveaccessible.h
     pages/wordslabel.h
     plugin/tavrenaiassitantcontrolplugin.h
     plugin/assistzlistview.h
@@ -30,12 +28,13 @@ set(module_headers
     voice/processwide.h
     voice/secondclickfilter.h
     voice/voiceanimationwidget.h
+    voice/voicetestregistry.h
+    voice/waveaccessible.h
     voice/wavelevel.h)
 set(module_sources
     bus/buscalls.cpp
     bus/serviceproxy.cpp
     pages/assistantsettingwidget.cpp
-    pages/leftvoicetests.cpp
     pages/pagelayout.cpp
     pages/texttranslatesettingwidget.cpp
     pages/themedtip.cpp
@@ -43,7 +42,6 @@ set(module_sources
     pages/voicetestpanel.cpp
     pages/voicetestverdict.cpp
     pages/voicettssettingwidget.cpp
-    pages/waveaccessible.cpp
     pages/wordslabel.cpp
     plugin/assistzlistview.cpp
     plugin/searchentries.cpp
@@ -59,6 +57,8 @@ set(module_sources
     voice/iatwapper.cpp
     voice/secondclickfilter.cpp
     voice/voiceanimationwidget.cpp
+    voice/voicetestregistry.cpp
+    voice/waveaccessible.cpp
     voice/wavelevel.cpp)
 
 # Proxies, generated from the contracts. Only the dock icon's class name does not follow its interface.

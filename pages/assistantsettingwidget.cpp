@@ -3,12 +3,12 @@
 #include "assistantdockserviceinterface.h"
 #include "bus/buscalls.h"
 #include "bus/serviceproxy.h"
-#include "pages/leftvoicetests.h"
 #include "pages/pagelayout.h"
 #include "proxy/assistantstateproxy.h"
 #include "proxy/servicenames.h"
 #include "voice/aqcwrapper.h"
 #include "voice/voiceanimationwidget.h"
+#include "voice/voicetestregistry.h"
 
 #include <zcc/widgets/settingsgroup.h>
 #include <zcc/widgets/settingsitem.h>
@@ -52,7 +52,7 @@ AssistantSettingWidget::AssistantSettingWidget(QWidget *parent)
     , m_oneShotTip(tr("Hello, Alani. What's the weather like in Beijing?"))
     //: The quoted words are what the user says aloud.
     , m_wakeupTip(tr("Say \"Hello, Alani\" to wake up AI Assistant"))
-    , m_aqcWrapper(LeftVoiceTests::newVoiceTest())
+    , m_aqcWrapper(VoiceTestRegistry::createVoiceTest())
 {
     qDebug() << "AssistantSettingWidget";
 

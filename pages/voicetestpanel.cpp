@@ -1,14 +1,18 @@
+// Part of the class AssistantSettingWidget: the voice test panel, the last row of the page, rebuilt
+// on every change of state. Such a change is mostly asked for by a widget of the old panel, so
+// nothing is deleted at once.
+
 #include "pages/accessiblefactory.h"
 #include "pages/assistantsettingwidget.h"
 #include "pages/pagelayout.h"
 #include "pages/showntext.h"
 #include "pages/voicetestverdict.h"
-#include "pages/waveaccessible.h"
 #include "pages/wordslabel.h"
 #include "proxy/assistantstateproxy.h"
 #include "voice/aqcwrapper.h"
 #include "voice/secondclickfilter.h"
 #include "voice/voiceanimationwidget.h"
+#include "voice/waveaccessible.h"
 
 #include <zcc/widgets/settingsgroup.h>
 #include <zcc/widgets/settingsitem.h>
@@ -19,11 +23,6 @@
 #include <QDebug>
 #include <QLabel>
 #include <QVBoxLayout>
-
-// The voice test panel: the last row of the page, rebuilt on every change of state.
-//
-// A change of state is mostly asked for by a widget of the old panel, so nothing is deleted at
-// once.
 
 using zcc::widgets::SettingsItem;
 using Ztk::Gui::ZGuiApplicationHelper;

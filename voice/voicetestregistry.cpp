@@ -1,17 +1,17 @@
-#include "pages/leftvoicetests.h"
+#include "voice/voicetestregistry.h"
 
 #include "voice/aqcwrapper.h"
 #include "voice/processwide.h"
 
-LeftVoiceTests::~LeftVoiceTests()
+VoiceTestRegistry::~VoiceTestRegistry()
 {
     while (!m_tests.isEmpty())
         delete m_tests.takeFirst();
 }
 
-AqcWrapper *LeftVoiceTests::newVoiceTest()
+AqcWrapper *VoiceTestRegistry::createVoiceTest()
 {
     auto *test = new AqcWrapper(nullptr);
-    ProcessWide<LeftVoiceTests>::instance()->m_tests.append(test);
+    ProcessWide<VoiceTestRegistry>::instance()->m_tests.append(test);
     return test;
 }

@@ -1,4 +1,4 @@
-#include "pages/waveaccessible.h"
+#include "voice/waveaccessible.h"
 
 #include "voice/voiceanimationwidget.h"
 
