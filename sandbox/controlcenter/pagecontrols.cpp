@@ -1,30 +1,11 @@
 #include "sandbox/controlcenter/pagecontrols.h"
 
-#include <QAccessible>
+#include <QApplication>
 
 #include <algorithm>
 
 namespace controlcenter {
 namespace {
-
-bool isControlRole(QAccessible::Role role)
-{
-    switch (role) {
-    case QAccessible::Button:
-    case QAccessible::ButtonMenu:
-    case QAccessible::CheckBox:
-    case QAccessible::ComboBox:
-    case QAccessible::EditableText:
-    case QAccessible::Link:
-    case QAccessible::List:
-    case QAccessible::RadioButton:
-    case QAccessible::Slider:
-    case QAccessible::SpinBox:
-        return true;
-    default:
-        return false;
-    }
-}
 
 bool isControl(QWidget *widget)
 {
@@ -45,6 +26,22 @@ bool isPartOfControl(const QWidget *widget, const QWidget *page)
 }
 
 } // namespace
+
+bool isControlRole(QAccessible::Role role)
+{
+    switch (role) {
+    case QAccessible::Animation: // the wave of a voice test, which a click ends
+    case QAccessible::Button:
+    case QAccessible::CheckBox:
+    case QAccessible::ComboBox:
+    case QAccessible::EditableText:
+    case QAccessible::Link:
+    case QAccessible::List:
+        return true;
+    default:
+        return false;
+    }
+}
 
 QVector<QWidget *> controlsOf(QWidget *page)
 {
@@ -80,6 +77,19 @@ QWidget *findControl(QWidget *page, const QString &name)
         return accessibleNameOf(control) == name;
     });
     return found == controls.cend() ? nullptr : *found;
+}
+
+QVector<QWidget *> focusStops(const std::function<void()> &press, const QWidget *last)
+{
+    QVector<QWidget *> stops;
+    do {
+        press();
+        QWidget *focus = QApplication::focusWidget();
+        if (!focus || stops.contains(focus))
+            break;
+        stops.append(focus);
+    } while (stops.constLast() != last);
+    return stops;
 }
 
 } // namespace controlcenter

@@ -2,7 +2,7 @@
 foreach(topic tree texts)
     assistant_add_test(accessibility${topic} TIER gui BUSES
         SOURCES accessibility${topic}.cpp accessibilitypages.cpp
-        LIBRARIES assistantcontrol test-support)
+        LIBRARIES controlcenterwindow assistantcontrol test-support)
 endforeach()
 
 # Assistive technologies choose in the toolkit's lists.

@@ -1,3 +1,4 @@
+#include "sandbox/controlcenter/pagecontrols.h"
 #include "tests/gui/accessibilitypages.h"
 #include "voice/voiceanimationwidget.h"
 
@@ -13,11 +14,11 @@
 #include <QtTest>
 
 using accessibility::Pages;
+using namespace controlcenter;
 
 namespace {
 
 constexpr int pageWidth = 640; // px
-constexpr int mostStops = 40;  // more than any page has
 
 using Interfaces = QVector<QAccessibleInterface *>;
 
@@ -60,22 +61,6 @@ QString nameOf(const QAccessibleInterface *part)
     return label ? label->text(QAccessible::Name) : part->text(QAccessible::Name);
 }
 
-bool isControlRole(QAccessible::Role role)
-{
-    switch (role) {
-    case QAccessible::Animation:
-    case QAccessible::Button:
-    case QAccessible::CheckBox:
-    case QAccessible::ComboBox:
-    case QAccessible::EditableText:
-    case QAccessible::Link:
-    case QAccessible::List:
-        return true;
-    default:
-        return false;
-    }
-}
-
 QString describe(const QAccessibleInterface *part)
 {
     const char *type = part->object() ? part->object()->metaObject()->className() : "part";
@@ -85,14 +70,7 @@ QString describe(const QAccessibleInterface *part)
 /** The stops of Tab in the window, from the first one on. */
 QVector<QWidget *> stopsOf(QWidget *window)
 {
-    QVector<QWidget *> stops;
-    for (int i = 0; i < mostStops; ++i) {
-        QTest::keyClick(window, Qt::Key_Tab);
-        QWidget *focus = QApplication::focusWidget();
-        if (!focus || stops.contains(focus))
-            break;
-        stops.append(focus);
-    }
+    QVector<QWidget *> stops = focusStops([window] { QTest::keyClick(window, Qt::Key_Tab); });
     // Begin with the one that is first in the focus chain, wherever the focus was.
     const auto first =
         std::min_element(stops.begin(), stops.end(), [window](const QWidget *a, const QWidget *b) {

@@ -1,7 +1,7 @@
 #include "sandbox/controlcenter/appearance.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/layoutcheck.h"
 #include "sandbox/controlcenter/moduleloader.h"
-#include "tests/gui/layoutcheck.h"
 #include "tests/support/isolatedhome.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/widgets.h"

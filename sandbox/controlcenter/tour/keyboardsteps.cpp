@@ -12,9 +12,6 @@
 namespace controlcenter {
 namespace {
 
-/** More stops than any page has; a round that takes longer does not come round. */
-constexpr int mostStops = 60;
-
 QString describe(QWidget *widget)
 {
     const QString name = accessibleNameOf(widget);
@@ -37,22 +34,19 @@ QString goRound(TourDriver &driver, int key, Qt::KeyboardModifiers modifiers,
 {
     SearchField *start = driver.window()->searchField();
     start->setFocus(Qt::ShortcutFocusReason);
-    for (int stop = 0; stop < mostStops; ++stop) {
+    QString unseen;
+    const auto press = [&] {
         const QImage before = driver.grab();
         driver.press(key, modifiers);
         QWidget *focus = QApplication::focusWidget();
-        if (!focus)
-            return QStringLiteral("the focus is lost after %1 stops").arg(stop);
-        if (focus == start)
-            return QString();
-        if (stops->contains(focus))
-            return QStringLiteral("the focus does not come round, it is back at \"%1\"")
-                .arg(describe(focus));
-        if (around(before, focus) == around(driver.grab(), focus))
-            return QStringLiteral("the focus on \"%1\" cannot be seen").arg(describe(focus));
-        stops->append(focus);
-    }
-    return QStringLiteral("the focus does not come round");
+        if (focus && around(before, focus) == around(driver.grab(), focus))
+            unseen += QStringLiteral("the focus on \"%1\" cannot be seen. ").arg(describe(focus));
+    };
+    *stops = focusStops(press, start);
+    if (!stops->contains(start))
+        return QStringLiteral("the focus does not come round after %1 stops").arg(stops->size());
+    stops->removeLast();
+    return unseen;
 }
 
 /** Goes from the search field to all of @p controls and back; what is on the way must be seen. */

@@ -14,12 +14,6 @@
 using Ztk::Gui::ZGuiApplicationHelper;
 
 namespace controlcenter {
-namespace {
-
-/** More stops than any page has; a round trip of Tab that takes longer does not come round. */
-constexpr int mostTabStops = 60;
-
-} // namespace
 
 TourDriver::TourDriver(ControlCenterWindow *window)
     : m_window(window)
@@ -127,8 +121,7 @@ QWidget *TourDriver::control(QAccessible::Role role, int index) const
 bool TourDriver::tabTo(QWidget *target)
 {
     m_window->searchField()->setFocus(Qt::ShortcutFocusReason);
-    for (int stop = 0; stop < mostTabStops && !target->hasFocus(); ++stop)
-        press(Qt::Key_Tab);
+    focusStops([this] { press(Qt::Key_Tab); }, target);
     return target->hasFocus();
 }
 

@@ -1,4 +1,4 @@
-#include "tests/gui/layoutcheck.h"
+#include "sandbox/controlcenter/layoutcheck.h"
 
 #include <zcc/widgets/settingsgroup.h>
 #include <zcc/widgets/settingsitem.h>
@@ -19,6 +19,7 @@
 using zcc::widgets::SettingsGroup;
 using zcc::widgets::SettingsItem;
 
+namespace controlcenter {
 namespace {
 
 constexpr int leastHitHeight = 36;  // px
@@ -66,11 +67,7 @@ QRect comboBoxField(const QComboBox *box)
 class Check
 {
 public:
-    explicit Check(const QWidget *window)
-        : m_window(window)
-    {
-        visit(window);
-    }
+    explicit Check(const QWidget *window) { visit(window); }
 
     QStringList problems;
 
@@ -89,8 +86,6 @@ private:
     void checkTarget(const QWidget *widget);
     void checkRow(const SettingsItem *row);
     int distance(const SettingsItem *row, const QWidget *of, const QRect &rect, bool leading) const;
-
-    const QWidget *m_window;
 };
 
 void Check::visit(const QWidget *widget)
@@ -146,6 +141,8 @@ void Check::checkComboBox(const QComboBox *box)
             fail(box, QStringLiteral("%1 px of text in %2").arg(needed).arg(room),
                  box->itemText(i));
     }
+    if (box->height() < box->sizeHint().height())
+        fail(box, QStringLiteral("is lower than its text"), box->currentText());
 }
 
 void Check::checkLineEdit(const QLineEdit *edit)
@@ -293,3 +290,5 @@ QStringList layoutProblems(const QWidget *window)
 {
     return Check(window).problems;
 }
+
+} // namespace controlcenter
