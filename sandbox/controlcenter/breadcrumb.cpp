@@ -1,6 +1,6 @@
 #include "sandbox/controlcenter/breadcrumb.h"
 
-#include "sandbox/controlcenter/palettecolors.h"
+#include "sandbox/controlcenter/windowstyle.h"
 
 #include <ztk/zfontsizemanager.h>
 

@@ -3,7 +3,7 @@
 #include "sandbox/controlcenter/accessibleroles.h"
 #include "sandbox/controlcenter/breadcrumb.h"
 #include "sandbox/controlcenter/frame.h"
-#include "sandbox/controlcenter/hostpage.h"
+#include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/moduleview.h"
 #include "sandbox/controlcenter/navigationcolumn.h"
 #include "sandbox/controlcenter/pagecontrols.h"
@@ -12,8 +12,8 @@
 #include "sandbox/controlcenter/searchpopup.h"
 #include "sandbox/controlcenter/servicespage/servicespage.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
-#include "sandbox/controlcenter/sidebar.h"
 #include "sandbox/controlcenter/themebutton.h"
+#include "sandbox/controlcenter/windowstyle.h"
 
 #include <ztk/zfontsizemanager.h>
 #include <ztk/zguiapplicationhelper.h>
@@ -21,6 +21,8 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
 #include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
@@ -38,6 +40,7 @@ constexpr int headerHeight = 60;        // px
 /** Internal names of the window's own entries. */
 const QLatin1String keyboardEntry("keyboard");
 const QLatin1String shortcutsEntry("shortcuts");
+const QLatin1String servicesEntry("services");
 
 /** Larger texts get a larger window, as far as the screen has room for it. */
 QSize initialSize()
@@ -48,7 +51,32 @@ QSize initialSize()
     return wanted.boundedTo(QGuiApplication::primaryScreen()->availableSize())
         .expandedTo(usualSize);
 }
-const QLatin1String servicesEntry("services");
+
+/** The window's leading column, a shade away from the page and as wide as its contents need. */
+class SideBar : public QWidget
+{
+public:
+    explicit SideBar(QWidget *parent)
+        : QWidget(parent)
+    {
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    }
+
+    QSize sizeHint() const override
+    {
+        constexpr int leastWidth = 228; // px
+        return QWidget::sizeHint().expandedTo(QSize(leastWidth, 0));
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.fillRect(rect(), sideBarColor(palette()));
+        const int edge = layoutDirection() == Qt::RightToLeft ? 0 : width() - 1;
+        painter.fillRect(edge, 0, 1, height(), separatorColor(palette()));
+    }
+};
 
 } // namespace
 
@@ -86,7 +114,8 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     sideBar->lower();
 
     m_frame->prepare(m_module);
-    addOwnEntry(keyboardEntry, tr("Keyboard"), QStringLiteral("zcc_nav_keyboard"), new HostPage);
+    addOwnEntry(keyboardEntry, tr("Keyboard"), QStringLiteral("zcc_nav_keyboard"),
+                buildKeyboardPage());
     m_navigation->addEntry(m_module->name(), m_module->displayName(), m_module->icon(),
                            m_module->follow());
     m_shortcutsPage = new ShortcutsPage(assistantShortcuts());
@@ -228,12 +257,26 @@ QWidget *ControlCenterWindow::buildHeader()
     return header;
 }
 
+QWidget *ControlCenterWindow::buildKeyboardPage()
+{
+    auto *page = new QWidget(this);
+    auto *text = new QLabel(
+        tr("These settings are the desktop's own. This window runs the assistant's module only."));
+    text->setAlignment(Qt::AlignCenter);
+    text->setWordWrap(true);
+    text->setMaximumWidth(420);
+    auto *layout = new QVBoxLayout(page);
+    layout->addWidget(text, 0, Qt::AlignCenter);
+    return page;
+}
+
 /** Titled as the module's pages of the same features are. */
 QVector<ShortcutsPage::Shortcut> ControlCenterWindow::assistantShortcuts() const
 {
-    return {{QStringLiteral("speech-to-text"), pageTitle(QStringLiteral("Speech to Text"))},
-            {QStringLiteral("text-to-speech"), pageTitle(QStringLiteral("Text to Speech"))},
-            {QStringLiteral("translation"), pageTitle(QStringLiteral("Translation"))}};
+    QVector<ShortcutsPage::Shortcut> shortcuts;
+    for (const PageShortcut &shortcut : pageShortcuts)
+        shortcuts.append({shortcut.id, pageTitle(shortcut.page)});
+    return shortcuts;
 }
 
 void ControlCenterWindow::addOwnEntry(const QString &name, const QString &text, const QString &icon,

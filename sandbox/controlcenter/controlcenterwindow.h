@@ -17,7 +17,6 @@ class Frame;
 class ModuleView;
 class NavigationColumn;
 class SearchField;
-class SideBar;
 class ThemeButton;
 
 /**
@@ -79,6 +78,8 @@ protected:
 private:
     QWidget *buildSideBar();
     QWidget *buildHeader();
+    /** The page of an entry that belongs to the desktop: it says that this window lacks it. */
+    QWidget *buildKeyboardPage();
     QVector<ShortcutsPage::Shortcut> assistantShortcuts() const;
     /** Adds an entry of the window's own with its page; @p icon is an icon's name. */
     void addOwnEntry(const QString &name, const QString &text, const QString &icon, QWidget *page);

@@ -2,8 +2,8 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/moduleloader.h"
 #include "sandbox/controlcenter/options.h"
-#include "sandbox/controlcenter/tour/fulltour.h"
 #include "sandbox/controlcenter/tour/tour.h"
+#include "sandbox/controlcenter/tour/toursections.h"
 
 #include <QApplication>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "sandbox/controlcenter/moduleview.h"
 
-#include "sandbox/controlcenter/windowmetrics.h"
+#include "sandbox/controlcenter/windowstyle.h"
 
 #include <QAbstractItemView>
 #include <QHBoxLayout>

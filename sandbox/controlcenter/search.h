@@ -9,7 +9,16 @@ namespace controlcenter {
 class SearchField;
 class SearchPopup;
 
-/** Joins the search field and its results: filters while the user types, and opens what is chosen.
+/**
+ * The entries of @p entries that contain every word of @p text, in any of their names and in any
+ * letter case. Settings whose own name begins with the text come first, then settings that contain
+ * it, then what is found only by its page or module. Empty for a blank text.
+ */
+QVector<SearchEntry> findEntries(const QVector<SearchEntry> &entries, const QString &text);
+
+/**
+ * Connects the search field with its results: filters while the user types, and opens what is
+ * chosen.
  */
 class Search : public QObject
 {

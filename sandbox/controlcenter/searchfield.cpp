@@ -1,6 +1,6 @@
 #include "sandbox/controlcenter/searchfield.h"
 
-#include "sandbox/controlcenter/palettecolors.h"
+#include "sandbox/controlcenter/windowstyle.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,14 +1,20 @@
 #include "sandbox/controlcenter/searchpopup.h"
 
-#include "sandbox/controlcenter/palettecolors.h"
-#include "sandbox/controlcenter/searchresultdelegate.h"
+#include "sandbox/controlcenter/windowstyle.h"
+
+#include <ztk/zfontsizemanager.h>
+#include <ztk/zpainting.h>
 
 #include <QGraphicsDropShadowEffect>
 #include <QLabel>
 #include <QListView>
 #include <QPainter>
 #include <QStandardItemModel>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
+
+using Ztk::Widget::ZFontSizeManager;
+using Ztk::Widget::ZPainting;
 
 namespace controlcenter {
 namespace {
@@ -17,6 +23,82 @@ constexpr int popupWidth = 380; // px
 constexpr int visibleRows = 8;
 constexpr int border = 6;    // px between card and rows
 constexpr qreal radius = 10; // px
+
+constexpr int whereRole = Qt::UserRole + 1;
+constexpr int paddingX = 12;   // px
+constexpr int paddingY = 6;    // px
+constexpr int lineGap = 2;     // px
+constexpr qreal rowRadius = 7; // px
+
+QFont whereFont(const QFont &base)
+{
+    return ZFontSizeManager::instance()->get(ZFontSizeManager::T8, base);
+}
+
+/** The height of the line as it is drawn: some scripts need more than the font's usual height. */
+int lineHeight(const QFont &font, const QString &text)
+{
+    const QFontMetrics metrics(font);
+    return qMax(metrics.height(), metrics.boundingRect(QRect(), Qt::TextSingleLine, text).height());
+}
+
+/** Draws one search result: the setting's name, and below it where it is. */
+class SearchResultDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+};
+
+void SearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                                 const QModelIndex &index) const
+{
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    const QPalette &palette = option.palette;
+    const bool selected = option.state & QStyle::State_Selected;
+
+    QColor name = palette.color(QPalette::Text);
+    QColor where = ZPainting::blend(palette.color(QPalette::Base), name, 0.62);
+    if (selected) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(palette.color(QPalette::Highlight));
+        painter->drawRoundedRect(option.rect, rowRadius, rowRadius);
+        name = palette.color(QPalette::HighlightedText);
+        where = ZPainting::blend(palette.color(QPalette::Highlight), name, 0.85);
+    } else if (option.state & QStyle::State_MouseOver) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(ZPainting::blend(palette.color(QPalette::Base), name, 0.06));
+        painter->drawRoundedRect(option.rect, rowRadius, rowRadius);
+    }
+
+    const QRect room = option.rect.adjusted(paddingX, paddingY, -paddingX, -paddingY);
+    painter->setLayoutDirection(option.direction);
+    painter->setFont(option.font);
+    painter->setPen(name);
+    const Qt::Alignment lead = QStyle::visualAlignment(option.direction, Qt::AlignLeading);
+    painter->drawText(room, int(lead | Qt::AlignTop),
+                      option.fontMetrics.elidedText(index.data(Qt::DisplayRole).toString(),
+                                                    Qt::ElideRight, room.width()));
+    const QFont small = whereFont(option.font);
+    painter->setFont(small);
+    painter->setPen(where);
+    painter->drawText(room, int(lead | Qt::AlignBottom),
+                      QFontMetrics(small).elidedText(index.data(whereRole).toString(),
+                                                     Qt::ElideRight, room.width()));
+    painter->restore();
+}
+
+QSize SearchResultDelegate::sizeHint(const QStyleOptionViewItem &option,
+                                     const QModelIndex &index) const
+{
+    const int name = lineHeight(option.font, index.data(Qt::DisplayRole).toString());
+    const int where = lineHeight(whereFont(option.font), index.data(whereRole).toString());
+    return {0, name + lineGap + where + 2 * paddingY};
+}
 
 } // namespace
 
@@ -61,7 +143,7 @@ void SearchPopup::showResults(const QVector<SearchEntry> &entries)
         auto *row = new QStandardItem(entry.item.isEmpty() ? entry.page : entry.item);
         const QString where =
             entry.item.isEmpty() ? entry.module : entry.module + QStringLiteral(" › ") + entry.page;
-        row->setData(where, SearchResultDelegate::WhereRole);
+        row->setData(where, whereRole);
         row->setData(row->text() + QStringLiteral(", ") + where, Qt::AccessibleTextRole);
         m_model->appendRow(row);
     }

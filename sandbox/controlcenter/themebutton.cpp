@@ -1,7 +1,5 @@
 #include "sandbox/controlcenter/themebutton.h"
 
-#include "sandbox/controlcenter/palettecolors.h"
-
 #include <ztk/zfocustracker.h>
 #include <ztk/zpainting.h>
 

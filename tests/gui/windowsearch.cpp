@@ -1,5 +1,5 @@
 #include "sandbox/controlcenter/moduleregistry.h"
-#include "sandbox/controlcenter/searchquery.h"
+#include "sandbox/controlcenter/search.h"
 
 #include <QtTest>
 

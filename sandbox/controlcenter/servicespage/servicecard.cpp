@@ -1,7 +1,7 @@
 #include "sandbox/controlcenter/servicespage/servicecard.h"
 
-#include "sandbox/controlcenter/palettecolors.h"
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
+#include "sandbox/controlcenter/windowstyle.h"
 
 #include <zcc/widgets/settingsgroup.h>
 #include <ztk/zfontsizemanager.h>

@@ -2,7 +2,7 @@
 
 #include "sandbox/controlcenter/servicespage/servicecard.h"
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
-#include "sandbox/controlcenter/windowmetrics.h"
+#include "sandbox/controlcenter/windowstyle.h"
 
 #include <ztk/zfocustracker.h>
 #include <ztk/zpainting.h>

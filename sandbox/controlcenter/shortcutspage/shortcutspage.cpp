@@ -4,7 +4,7 @@
 #include "pages/showntext.h"
 #include "sandbox/controlcenter/shortcutspage/keygrabber.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutstore.h"
-#include "sandbox/controlcenter/windowmetrics.h"
+#include "sandbox/controlcenter/windowstyle.h"
 
 #include <zcc/widgets/settingsgroup.h>
 

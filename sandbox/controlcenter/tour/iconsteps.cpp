@@ -1,7 +1,6 @@
-#include "sandbox/controlcenter/tour/iconsteps.h"
-
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
+#include "sandbox/controlcenter/tour/toursections.h"
 
 #include <ztk/zpainting.h>
 

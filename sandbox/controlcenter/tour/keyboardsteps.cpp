@@ -1,9 +1,8 @@
-#include "sandbox/controlcenter/tour/keyboardsteps.h"
-
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/pagecontrols.h"
 #include "sandbox/controlcenter/searchfield.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
+#include "sandbox/controlcenter/tour/toursections.h"
 
 #include <QApplication>
 

@@ -1,7 +1,6 @@
-#include "sandbox/controlcenter/tour/pagesteps.h"
-
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
+#include "sandbox/controlcenter/tour/toursections.h"
 
 namespace controlcenter {
 namespace {

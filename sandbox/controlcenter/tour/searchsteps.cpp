@@ -1,8 +1,8 @@
-#include "sandbox/controlcenter/tour/searchsteps.h"
-
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/searchfield.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
+#include "sandbox/controlcenter/tour/toursections.h"
 
 namespace controlcenter {
 namespace {
@@ -79,7 +79,7 @@ TourStep escapeStep(const QString &text)
 
 TourSteps searchSteps(const ControlCenterWindow *window)
 {
-    const QString title = window->pageTitle(QStringLiteral("Translation"));
+    const QString title = window->pageTitle(modulepages::translation);
     const SearchEntry lastSetting = window->searchEntries().constLast();
     return {typeStep(title), acceptStep(title), settingStep(lastSetting), escapeStep(title)};
 }

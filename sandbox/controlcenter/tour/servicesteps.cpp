@@ -1,7 +1,7 @@
-#include "sandbox/controlcenter/tour/servicesteps.h"
-
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
+#include "sandbox/controlcenter/tour/toursections.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -12,7 +12,6 @@
 namespace controlcenter {
 namespace {
 
-const QString page = QStringLiteral("Speech to Text");
 const QString key = QStringLiteral("iat.enabled");
 
 /** Whether the page of services shows the switch's value as @p on. */
@@ -43,7 +42,7 @@ TourStep flipStep()
 {
     return {QStringLiteral("see a flipped switch among the services"),
             [](TourDriver &driver) {
-                QString problem = driver.openPage(page);
+                QString problem = driver.openPage(modulepages::speechToText);
                 if (!problem.isEmpty())
                     return problem;
                 QWidget *box = driver.control(QAccessible::CheckBox, 0);

@@ -1,11 +1,11 @@
-#include "sandbox/controlcenter/tour/shortcutsteps.h"
-
 #include "pages/shortcutitem.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutstore.h"
 #include "sandbox/controlcenter/tour/servicecontrol.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
+#include "sandbox/controlcenter/tour/toursections.h"
 
 #include <zcc/widgets/tipslabel.h>
 
@@ -258,7 +258,7 @@ TourStep directionStep(Qt::LayoutDirection direction, const QString &picture)
 TourSteps shortcutSteps(const ControlCenterWindow *window)
 {
     const auto kept = std::make_shared<Kept>();
-    const QString title = window->pageTitle(QStringLiteral("Translation"));
+    const QString title = window->pageTitle(modulepages::translation);
     return {
         {QStringLiteral("remember the service's shortcuts"),
          [kept](TourDriver &driver) { return remember(driver, kept.get()); }, QString()},
@@ -268,7 +268,7 @@ TourSteps shortcutSteps(const ControlCenterWindow *window)
         sharpnessStep(1, QString()),
         awaitStep(),
         typeStep(),
-        hintStep(QStringLiteral("Translation")),
+        hintStep(modulepages::translation),
         editStep(),
         removeStep(),
         giveBackStep(kept),

@@ -1,9 +1,9 @@
-#include "sandbox/controlcenter/tour/voicesteps.h"
-
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/tour/microphone.h"
 #include "sandbox/controlcenter/tour/servicecontrol.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
+#include "sandbox/controlcenter/tour/toursections.h"
 
 #include <QCoreApplication>
 #include <QDBusObjectPath>
@@ -30,8 +30,6 @@ constexpr int clearlyRisen = 4;
 
 constexpr uint networkConnected = 70; // states of the network manager's interface
 constexpr uint networkDisconnected = 20;
-
-const QString assistantPage = QStringLiteral("Desktop AI Assistant");
 
 /** The page's text for @p source in the language of the window. */
 QString shown(const char *source)
@@ -66,7 +64,7 @@ QWidget *againLink(const TourDriver &driver)
 /** Opens the page afresh and presses its link. */
 QString pressLink(TourDriver &driver)
 {
-    QString problem = driver.openPage(assistantPage);
+    QString problem = driver.openPage(modulepages::assistant);
     if (!problem.isEmpty())
         return problem;
     QWidget *link = firstLink(driver);

@@ -26,9 +26,6 @@
         <source>Services</source>
         <translation>ཞབས་ཞུ།</translation>
     </message>
-</context>
-<context>
-    <name>controlcenter::HostPage</name>
     <message>
         <source>These settings are the desktop&apos;s own. This window runs the assistant&apos;s module only.</source>
         <translation>སྒྲིག་འགོད་འདི་དག་ཅོག་ངོས་རང་གི་ཡིན། སྒེའུ་ཁུང་འདིས་ལག་རོགས་ཀྱི་ཚན་པ་ཁོ་ན་འཁོར་སྐྱོད་བྱེད།</translation>

@@ -26,9 +26,6 @@
         <source>Services</source>
         <translation>مۇلازىمەتلەر</translation>
     </message>
-</context>
-<context>
-    <name>controlcenter::HostPage</name>
     <message>
         <source>These settings are the desktop&apos;s own. This window runs the assistant&apos;s module only.</source>
         <translation>بۇ تەڭشەكلەر ئۈستەليۈزىنىڭ ئۆزىنىڭ. بۇ كۆزنەك پەقەت ياردەمچىنىڭ بۆلىكىنىلا ئىجرا قىلىدۇ.</translation>

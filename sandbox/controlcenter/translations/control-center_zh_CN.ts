@@ -26,9 +26,6 @@
         <source>Services</source>
         <translation>服务</translation>
     </message>
-</context>
-<context>
-    <name>controlcenter::HostPage</name>
     <message>
         <source>These settings are the desktop&apos;s own. This window runs the assistant&apos;s module only.</source>
         <translation>这些设置由桌面环境提供，此窗口只运行助手的模块。</translation>

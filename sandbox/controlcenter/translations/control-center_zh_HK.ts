@@ -26,9 +26,6 @@
         <source>Services</source>
         <translation>服務</translation>
     </message>
-</context>
-<context>
-    <name>controlcenter::HostPage</name>
     <message>
         <source>These settings are the desktop&apos;s own. This window runs the assistant&apos;s module only.</source>
         <translation>這些設定屬於桌面環境，此視窗只會執行助理的模組。</translation>

@@ -1,14 +1,4 @@
-#include "sandbox/controlcenter/tour/fulltour.h"
-
-#include "sandbox/controlcenter/tour/choicesteps.h"
-#include "sandbox/controlcenter/tour/iconsteps.h"
-#include "sandbox/controlcenter/tour/keyboardsteps.h"
-#include "sandbox/controlcenter/tour/pagesteps.h"
-#include "sandbox/controlcenter/tour/searchsteps.h"
-#include "sandbox/controlcenter/tour/servicesteps.h"
-#include "sandbox/controlcenter/tour/shortcutsteps.h"
-#include "sandbox/controlcenter/tour/switchsteps.h"
-#include "sandbox/controlcenter/tour/voicesteps.h"
+#include "sandbox/controlcenter/tour/toursections.h"
 
 namespace controlcenter {
 namespace {

@@ -1,4 +1,4 @@
-#include "sandbox/controlcenter/palettecolors.h"
+#include "sandbox/controlcenter/windowstyle.h"
 
 #include <ztk/zpainting.h>
 
