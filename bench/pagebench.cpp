@@ -1,9 +1,9 @@
 #include "bench/suite.h"
+#include "contracts/contract.h"
 #include "pages/assistantsettingwidget.h"
 #include "pages/texttranslatesettingwidget.h"
 #include "pages/voiceiatsettingwidget.h"
 #include "pages/voicettssettingwidget.h"
-#include "proxy/servicenames.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -15,16 +15,16 @@ constexpr int rounds = 30;
 
 struct BareCall
 {
-    ServiceNames::Endpoint endpoint;
-    QString method;
+    Contract::Method method;
     QVariantList arguments;
 };
 
 void callAll(const QVector<BareCall> &calls)
 {
     for (const BareCall &call : calls) {
-        QDBusMessage message = QDBusMessage::createMethodCall(
-            call.endpoint.service, call.endpoint.path, call.endpoint.interface, call.method);
+        const Contract::Object &object = call.method.object;
+        QDBusMessage message = QDBusMessage::createMethodCall(object.service, object.path,
+                                                              object.interface, call.method.name);
         message.setArguments(call.arguments);
         QDBusConnection::sessionBus().call(message);
     }
@@ -32,7 +32,7 @@ void callAll(const QVector<BareCall> &calls)
 
 BareCall shortcut(const char *id)
 {
-    return {ServiceNames::keybinding(), QStringLiteral("GetShortcut"), {QLatin1String(id), 0}};
+    return {Contract::Keybinding::GetShortcut(), {QLatin1String(id), 0}};
 }
 
 template <typename Page>
@@ -83,22 +83,17 @@ Ratio memoryPerVisit()
 
 QVector<Ratio> benchPages()
 {
-    const ServiceNames::Endpoint dock = {ServiceNames::dockService(), ServiceNames::dockPath(),
-                                         ServiceNames::dockService()};
-    const QVector<BareCall> assistantCalls = {{dock, QStringLiteral("getDockHideStatus"), {}}};
-    const QVector<BareCall> iatCalls = {
-        shortcut("speech-to-text"),
-        {ServiceNames::speechToText(), QStringLiteral("getIatEnable"), {}},
-        {ServiceNames::speechToText(), QStringLiteral("getIatLanguage"), {}}};
-    const QVector<BareCall> ttsCalls = {
-        shortcut("text-to-speech"),
-        {ServiceNames::textToSpeech(), QStringLiteral("getTTSEnable"), {}},
-        {ServiceNames::textToSpeech(), QStringLiteral("getEnableWindow"), {}},
-        {ServiceNames::textToSpeech(), QStringLiteral("getSpeaker"), {}}};
-    const QVector<BareCall> transCalls = {
-        shortcut("translation"),
-        {ServiceNames::translation(), QStringLiteral("getTransEnable"), {}},
-        {ServiceNames::translation(), QStringLiteral("getTransLanguage"), {}}};
+    const QVector<BareCall> assistantCalls = {{Contract::DockIcon::getDockHideStatus(), {}}};
+    const QVector<BareCall> iatCalls = {shortcut("speech-to-text"),
+                                        {Contract::SpeechToText::getIatEnable(), {}},
+                                        {Contract::SpeechToText::getIatLanguage(), {}}};
+    const QVector<BareCall> ttsCalls = {shortcut("text-to-speech"),
+                                        {Contract::TextToSpeech::getTTSEnable(), {}},
+                                        {Contract::TextToSpeech::getEnableWindow(), {}},
+                                        {Contract::TextToSpeech::getSpeaker(), {}}};
+    const QVector<BareCall> transCalls = {shortcut("translation"),
+                                          {Contract::Translation::getTransEnable(), {}},
+                                          {Contract::Translation::getTransLanguage(), {}}};
 
     return {
         opening<AssistantSettingWidget>(QStringLiteral("assistant page"), assistantCalls),

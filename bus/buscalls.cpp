@@ -10,24 +10,28 @@ namespace BusCalls {
 
 namespace {
 
-QDBusMessage methodCall(const Endpoint &endpoint, const QString &method,
-                        const QVariantList &arguments = {})
+QDBusConnection busOf(const Contract::Method &method)
 {
+    return method.object.bus == QDBusConnection::SystemBus ? QDBusConnection::systemBus()
+                                                           : QDBusConnection::sessionBus();
+}
+
+QDBusMessage methodCall(const Contract::Method &method, const QVariantList &arguments = {})
+{
+    const Contract::Object &object = method.object;
     QDBusMessage call =
-        QDBusMessage::createMethodCall(endpoint.service, endpoint.path, endpoint.interface, method);
+        QDBusMessage::createMethodCall(object.service, object.path, object.interface, method.name);
     call.setArguments(arguments);
     return call;
 }
 
 } // namespace
 
-QDBusMessage callProcessingEvents(const Endpoint &endpoint, const QString &method,
-                                  const QVariantList &arguments)
+QDBusMessage callProcessingEvents(const Contract::Method &method, const QVariantList &arguments)
 {
     // What QDBus::BlockWithGui does, but for its flaw (up to Qt 5.15): it waits for ever when the
     // reply comes between sending and waiting. The watcher tells of such a reply too.
-    const QDBusPendingCall pending =
-        QDBusConnection::sessionBus().asyncCall(methodCall(endpoint, method, arguments));
+    const QDBusPendingCall pending = busOf(method).asyncCall(methodCall(method, arguments));
     QDBusPendingCallWatcher watcher(pending);
     QEventLoop loop;
     QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
@@ -36,10 +40,10 @@ QDBusMessage callProcessingEvents(const Endpoint &endpoint, const QString &metho
     return pending.reply();
 }
 
-QDBusMessage callBlocking(const QDBusConnection &bus, const Endpoint &endpoint,
-                          const QString &method)
+QDBusMessage callBlocking(const Contract::Method &method)
 {
-    return waitFor(bus, bus.asyncCall(methodCall(endpoint, method)));
+    const QDBusConnection bus = busOf(method);
+    return waitFor(bus, bus.asyncCall(methodCall(method)));
 }
 
 QDBusMessage waitFor(const QDBusConnection &bus, const QDBusPendingCall &call)
@@ -56,11 +60,9 @@ QDBusMessage waitFor(const QDBusConnection &bus, const QDBusPendingCall &call)
     return call.isFinished() ? call.reply() : QDBusMessage();
 }
 
-QDBusMessage sendNoReply(const Endpoint &endpoint, const QString &method,
-                         const QVariantList &arguments)
+QDBusMessage sendNoReply(const Contract::Method &method, const QVariantList &arguments)
 {
-    return QDBusConnection::sessionBus().call(methodCall(endpoint, method, arguments),
-                                              QDBus::NoBlock);
+    return busOf(method).call(methodCall(method, arguments), QDBus::NoBlock);
 }
 
 } // namespace BusCalls

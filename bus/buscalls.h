@@ -1,5 +1,7 @@
 #pragma once
 
+#include "contracts/contract.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
@@ -13,24 +15,15 @@
  */
 namespace BusCalls {
 
-/** One object of a service, with the interface used on it. */
-struct Endpoint
-{
-    QString service;
-    QString path;
-    QString interface;
-};
-
 /**
- * Sends a call on the session bus and waits for its reply while GUI events are processed. Whatever
+ * Sends a call and waits for its reply while GUI events are processed. Whatever
  * called this may be gone when it returns.
  */
-QDBusMessage callProcessingEvents(const Endpoint &endpoint, const QString &method,
+QDBusMessage callProcessingEvents(const Contract::Method &method,
                                   const QVariantList &arguments = {});
 
-/** Sends a call on @p bus and waits for its reply; nothing else happens meanwhile. */
-QDBusMessage callBlocking(const QDBusConnection &bus, const Endpoint &endpoint,
-                          const QString &method);
+/** Sends a call and waits for its reply; nothing else happens meanwhile. */
+QDBusMessage callBlocking(const Contract::Method &method);
 
 /**
  * Waits for the reply to @p call, sent on @p bus; nothing else happens meanwhile. Without a reply
@@ -39,11 +32,10 @@ QDBusMessage callBlocking(const QDBusConnection &bus, const Endpoint &endpoint,
 QDBusMessage waitFor(const QDBusConnection &bus, const QDBusPendingCall &call);
 
 /**
- * Sends a call on the session bus and returns at once; the service is told that no reply is
+ * Sends a call and returns at once; the service is told that no reply is
  * expected. What comes back is an error message only if the call could not be sent.
  */
-QDBusMessage sendNoReply(const Endpoint &endpoint, const QString &method,
-                         const QVariantList &arguments = {});
+QDBusMessage sendNoReply(const Contract::Method &method, const QVariantList &arguments = {});
 
 /**
  * The value of a reply, or @p fallback when there is none: an error, a reply of another type, or a

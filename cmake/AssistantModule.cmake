@@ -18,7 +18,6 @@ set(module_headers
     plugin/assistzlistview.h
     plugin/thirdlistwidget.h
     proxy/assistantstateproxy.h
-    proxy/servicenames.h
     voice/aiservice.h
     voice/aiservicesession.h
     voice/aqcwrapper.h
@@ -48,7 +47,6 @@ set(module_sources
     plugin/tavrenaiassitantcontrolplugin.cpp
     plugin/thirdlistwidget.cpp
     proxy/assistantstateproxy.cpp
-    proxy/servicenames.cpp
     proxy/shortcutlookup.cpp
     voice/aiservicesession.cpp
     voice/aqcwrapper.cpp
@@ -60,16 +58,6 @@ set(module_sources
     voice/voicetestregistry.cpp
     voice/waveaccessible.cpp
     voice/wavelevel.cpp)
-
-# Proxies, generated from the contracts. Only the dock icon's class name does not follow its interface.
-set_source_files_properties(contracts/com.corvane.aiassistant.dock.xml
-    PROPERTIES CLASSNAME AssistantDockServiceInterface)
-qt5_add_dbus_interface(module_generated
-    contracts/com.corvane.aiassistant.dock.xml assistantdockserviceinterface)
-foreach(interface session aqc iat)
-    qt5_add_dbus_interface(module_generated
-        contracts/com.corvane.aiservice.${interface}.xml comcorvaneaiservice${interface}interface)
-endforeach()
 
 # Every file of both bundles is stored zlib-compressed, the small ones too: Qt before 5.13 knows nothing
 # else, not even the option.
@@ -101,10 +89,9 @@ target_link_libraries(shortcutwidgets PUBLIC Qt5::Widgets zcc ztk)
 
 add_library(assistantcontrol OBJECT ${module_headers} ${module_sources} ${module_generated})
 assistant_configure_target(assistantcontrol)
-target_include_directories(assistantcontrol
-    PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
+target_include_directories(assistantcontrol PUBLIC "${PROJECT_SOURCE_DIR}")
 target_link_libraries(assistantcontrol
-    PUBLIC Qt5::Widgets Qt5::DBus Qt5::Multimedia zcc ztk zframeworkdbus ${CMAKE_DL_LIBS})
+    PUBLIC Qt5::Widgets Qt5::Multimedia contracts zcc ztk zframeworkdbus ${CMAKE_DL_LIBS})
 target_sources(assistantcontrol INTERFACE $<TARGET_OBJECTS:shortcutwidgets>)
 
 add_library(assistant-control-plugin MODULE)

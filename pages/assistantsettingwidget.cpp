@@ -5,7 +5,6 @@
 #include "bus/serviceproxy.h"
 #include "pages/pagelayout.h"
 #include "proxy/assistantstateproxy.h"
-#include "proxy/servicenames.h"
 #include "voice/aqcwrapper.h"
 #include "voice/voiceanimationwidget.h"
 #include "voice/voicetestregistry.h"
@@ -140,8 +139,9 @@ void AssistantSettingWidget::addSettingsGroup()
     connect(language.comboBox, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &AssistantSettingWidget::slotlanguageTypeChange);
 
+    const Contract::Object dock = Contract::DockIcon::object();
     m_dockInterface = new ServiceProxy<AssistantDockServiceInterface>(
-        ServiceNames::dockService(), ServiceNames::dockPath(), QDBusConnection::sessionBus(), this);
+        dock.service, dock.path, QDBusConnection::sessionBus(), this);
     //: Switch: the assistant's icon in the desktop's dock (taskbar).
     m_dockSwitch = PageLayout::newSwitch(tr("Show in the Dock"));
     m_settingsGroup->appendItem(m_dockSwitch);

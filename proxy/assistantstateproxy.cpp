@@ -1,22 +1,22 @@
 #include "proxy/assistantstateproxy.h"
 
 #include "bus/buscalls.h"
-#include "proxy/servicenames.h"
 
 #include <QDebug>
 #include <QElapsedTimer>
 
+using namespace Contract;
+
 namespace {
 
-bool readBool(const ServiceNames::Endpoint &endpoint, const QString &method)
+bool readBool(const Contract::Method &method)
 {
-    return BusCalls::valueOr<bool>(BusCalls::callProcessingEvents(endpoint, method), false);
+    return BusCalls::valueOr<bool>(BusCalls::callProcessingEvents(method), false);
 }
 
-QString readString(const ServiceNames::Endpoint &endpoint, const QString &method,
-                   const QString &fallback)
+QString readString(const Contract::Method &method, const QString &fallback)
 {
-    return BusCalls::valueOr<QString>(BusCalls::callProcessingEvents(endpoint, method), fallback);
+    return BusCalls::valueOr<QString>(BusCalls::callProcessingEvents(method), fallback);
 }
 
 void logError(const QDBusMessage &result)
@@ -25,9 +25,9 @@ void logError(const QDBusMessage &result)
         qCritical() << "Error Message: " << result.errorMessage() << "\n";
 }
 
-qint32 write(const ServiceNames::Endpoint &endpoint, const QString &method, const QVariant &value)
+qint32 write(const Contract::Method &method, const QVariant &value)
 {
-    logError(BusCalls::sendNoReply(endpoint, method, {value}));
+    logError(BusCalls::sendNoReply(method, {value}));
     return 0;
 }
 
@@ -36,35 +36,32 @@ qint32 write(const ServiceNames::Endpoint &endpoint, const QString &method, cons
 void AssistantStateProxy::setVoiceWakeupState(bool on)
 {
     // The service's code says nothing that the page could use.
-    BusCalls::callProcessingEvents(ServiceNames::voiceWakeuper(),
-                                   on ? QStringLiteral("enableIvw") : QStringLiteral("disableIvw"));
+    BusCalls::callProcessingEvents(on ? VoiceWakeuper::enableIvw() : VoiceWakeuper::disableIvw());
 }
 
 qint32 AssistantStateProxy::setOneShotMode(int mode)
 {
-    BusCalls::sendNoReply(ServiceNames::voiceWakeuper(), mode ? QStringLiteral("enableOneshot")
-                                                              : QStringLiteral("disableOneshot"));
+    BusCalls::sendNoReply(mode ? VoiceWakeuper::enableOneshot() : VoiceWakeuper::disableOneshot());
     return 0;
 }
 
 qint32 AssistantStateProxy::setAssistantSpeaker(int speaker)
 {
     // This service names the male voice without the prefix that text to speech uses.
-    return write(ServiceNames::mainWindow(), QStringLiteral("setVOXASpeaker"),
+    return write(MainWindow::setVOXASpeaker(),
                  speaker == 0 ? QStringLiteral("x_tovali") : QStringLiteral("morven"));
 }
 
 bool AssistantStateProxy::queryVoiceIatState()
 {
-    return readBool(ServiceNames::speechToText(), QStringLiteral("getIatEnable"));
+    return readBool(SpeechToText::getIatEnable());
 }
 
 qint32 AssistantStateProxy::setVoiceIatState(bool on)
 {
     QElapsedTimer timer;
     timer.start();
-    const QDBusMessage result =
-        BusCalls::sendNoReply(ServiceNames::speechToText(), QStringLiteral("setIatEnable"), {on});
+    const QDBusMessage result = BusCalls::sendNoReply(SpeechToText::setIatEnable(), {on});
     qDebug() << "setVoiceIatState" << double(timer.elapsed()) / 1000.0 << "s";
     logError(result);
     return 0;
@@ -72,41 +69,38 @@ qint32 AssistantStateProxy::setVoiceIatState(bool on)
 
 QString AssistantStateProxy::getVoiceIatLanguage()
 {
-    return readString(ServiceNames::speechToText(), QStringLiteral("getIatLanguage"),
-                      QStringLiteral("zh_cn"));
+    return readString(SpeechToText::getIatLanguage(), QStringLiteral("zh_cn"));
 }
 
 qint32 AssistantStateProxy::setVoiceIatLanguage(const QString &language)
 {
-    BusCalls::sendNoReply(ServiceNames::speechToText(), QStringLiteral("setIatLanguage"),
-                          {language});
+    BusCalls::sendNoReply(SpeechToText::setIatLanguage(), {language});
     return 0;
 }
 
 bool AssistantStateProxy::queryVoiceTTSState()
 {
-    return readBool(ServiceNames::textToSpeech(), QStringLiteral("getTTSEnable"));
+    return readBool(TextToSpeech::getTTSEnable());
 }
 
 qint32 AssistantStateProxy::setVoiceTTSState(bool on)
 {
-    return write(ServiceNames::textToSpeech(), QStringLiteral("setTTSEnable"), on);
+    return write(TextToSpeech::setTTSEnable(), on);
 }
 
 bool AssistantStateProxy::queryVoiceTTSWindowState()
 {
-    return readBool(ServiceNames::textToSpeech(), QStringLiteral("getEnableWindow"));
+    return readBool(TextToSpeech::getEnableWindow());
 }
 
 qint32 AssistantStateProxy::setVoiceTTSWindowState(bool on)
 {
-    return write(ServiceNames::textToSpeech(), QStringLiteral("setEnableWindow"), on);
+    return write(TextToSpeech::setEnableWindow(), on);
 }
 
 int AssistantStateProxy::getVoiceTTSSpeaker()
 {
-    const QString speaker =
-        readString(ServiceNames::textToSpeech(), QStringLiteral("getSpeaker"), QString());
+    const QString speaker = readString(TextToSpeech::getSpeaker(), QString());
     qDebug() << "getVoiceTTSSpeaker" << speaker;
     if (speaker == QLatin1String("tovali") || speaker == QLatin1String("x_tovali"))
         return 0;
@@ -122,28 +116,27 @@ qint32 AssistantStateProxy::setVoiceTTSSpeaker(int speaker)
         id = QStringLiteral("x_morven");
     else if (speaker == 2)
         id = QStringLiteral("x2_pella");
-    return write(ServiceNames::textToSpeech(), QStringLiteral("setSpeaker"), id);
+    return write(TextToSpeech::setSpeaker(), id);
 }
 
 bool AssistantStateProxy::queryAssistantTransState()
 {
-    return readBool(ServiceNames::translation(), QStringLiteral("getTransEnable"));
+    return readBool(Translation::getTransEnable());
 }
 
 qint32 AssistantStateProxy::setAssistantTransState(bool on)
 {
-    return write(ServiceNames::translation(), QStringLiteral("setTransEnable"), on);
+    return write(Translation::setTransEnable(), on);
 }
 
 QString AssistantStateProxy::getAssistantTransLang()
 {
-    return readString(ServiceNames::translation(), QStringLiteral("getTransLanguage"),
-                      QStringLiteral("en|cn"));
+    return readString(Translation::getTransLanguage(), QStringLiteral("en|cn"));
 }
 
 qint32 AssistantStateProxy::setAssistantTransLang(QString direction)
 {
-    return write(ServiceNames::translation(), QStringLiteral("setTransLanguage"), direction);
+    return write(Translation::setTransLanguage(), direction);
 }
 
 bool AssistantStateProxy::checkNetworkState()
@@ -151,8 +144,7 @@ bool AssistantStateProxy::checkNetworkState()
     // NM_STATE_CONNECTED_GLOBAL of the NetworkManager D-Bus API.
     constexpr uint connectedGlobal = 70;
 
-    const QDBusReply<uint> state = BusCalls::callBlocking(
-        QDBusConnection::systemBus(), ServiceNames::networkManager(), QStringLiteral("state"));
+    const QDBusReply<uint> state = BusCalls::callBlocking(NetworkManager::state());
     if (!state.isValid()) {
         qCritical() << "dbus call network manager state failed";
         return false;

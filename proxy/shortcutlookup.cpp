@@ -1,6 +1,5 @@
 #include "bus/buscalls.h"
 #include "proxy/assistantstateproxy.h"
-#include "proxy/servicenames.h"
 
 #include <QDebug>
 #include <QJsonArray>
@@ -9,8 +8,8 @@
 
 QString AssistantStateProxy::getShortCut(QString id, int type)
 {
-    const QDBusReply<QString> reply = BusCalls::callProcessingEvents(
-        ServiceNames::keybinding(), QStringLiteral("GetShortcut"), {id, type});
+    const QDBusReply<QString> reply =
+        BusCalls::callProcessingEvents(Contract::Keybinding::GetShortcut(), {id, type});
 
     const QJsonObject shortcut =
         QJsonDocument::fromJson(BusCalls::valueOr<QString>(reply, QString()).toUtf8()).object();

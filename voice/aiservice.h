@@ -1,5 +1,7 @@
 #pragma once
 
+#include "contracts/contract.h"
+
 #include <QObject>
 #include <QString>
 
@@ -9,7 +11,7 @@ namespace AIService {
 /** Its well-known name on the session bus. */
 inline QString busName()
 {
-    return QStringLiteral("com.corvane.aiservice");
+    return Contract::SessionManager::object().service;
 }
 
 /**

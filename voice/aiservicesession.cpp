@@ -2,6 +2,7 @@
 
 #include "bus/buscalls.h"
 #include "comcorvaneaiservicesessioninterface.h"
+#include "contracts/contract.h"
 #include "voice/aiservice.h"
 #include "voice/processwide.h"
 
@@ -24,7 +25,8 @@ AIServiceSession *AIServiceSession::instance()
 
 AIServiceSession::AIServiceSession()
     : m_sessionManager(new ComCorvaneAiserviceSessionInterface(
-          AIService::busName(), QStringLiteral("/"), QDBusConnection::sessionBus(), this))
+          AIService::busName(), Contract::SessionManager::object().path,
+          QDBusConnection::sessionBus(), this))
 {
     for (const char *ability : {"tts", "iat", "trans", "record", "aqc"})
         m_objectPaths.insert(QLatin1String(ability), QString());
@@ -40,7 +42,8 @@ int AIServiceSession::createSession(QString ability)
     // drops a path that comes without a proper error code.
     const QDBusMessage answer = BusCalls::waitFor(
         m_sessionManager->connection(),
-        m_sessionManager->asyncCall(QStringLiteral("createSession"), applicationId(), ability));
+        m_sessionManager->asyncCall(Contract::SessionManager::createSession().name, applicationId(),
+                                    ability));
     *entry = QDBusReply<QDBusObjectPath>(answer).value().path();
     const QVariantList values = answer.arguments();
     const bool proper = answer.type() == QDBusMessage::ReplyMessage && values.size() == 2;

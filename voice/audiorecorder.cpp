@@ -1,6 +1,7 @@
 #include "voice/audiorecorder.h"
 
 #include "bus/serviceproxy.h"
+#include "contracts/contract.h"
 #include "voice/processwide.h"
 
 #include <QAudioInput>
@@ -71,9 +72,9 @@ AudioRecorder::AudioRecorder()
             closeRetiredLater();
     });
 
-    m_audioDaemon.reset(new ServiceProxy<__Audio>(QStringLiteral("com.tavren.daemon.Audio"),
-                                                  QStringLiteral("/com/tavren/daemon/Audio"),
-                                                  QDBusConnection::sessionBus()));
+    const Contract::Object daemon = Contract::AudioDaemon::object();
+    m_audioDaemon.reset(
+        new ServiceProxy<__Audio>(daemon.service, daemon.path, QDBusConnection::sessionBus()));
     connect(m_audioDaemon.data(), &__Audio::DefaultSourceChanged, this,
             &AudioRecorder::DefaultSourceChanged);
 }

@@ -1,7 +1,6 @@
 #include "assistantdockserviceinterface.h"
 #include "bus/serviceproxy.h"
 #include "proxy/assistantstateproxy.h"
-#include "proxy/servicenames.h"
 #include "tests/support/busrecorder.h"
 #include "tests/support/serviceprocess.h"
 
@@ -56,6 +55,9 @@ private:
 
 namespace {
 
+const QString dockName = QStringLiteral("com.corvane.aiassistant.dock");
+const QString dockPath = QStringLiteral("/com/corvane/aiassistant/dockIconControl");
+
 QString onAssistant(const char *object, const char *interface, const char *call)
 {
     return QStringLiteral("com.corvane.aiassistant /aiassistant/%1 com.corvane.aiassistant.%2.%3")
@@ -64,10 +66,7 @@ QString onAssistant(const char *object, const char *interface, const char *call)
 
 QString onDock(const char *call)
 {
-    return QStringLiteral(
-               "com.corvane.aiassistant.dock "
-               "/com/corvane/aiassistant/dockIconControl com.corvane.aiassistant.dock.") +
-           QLatin1String(call);
+    return QStringLiteral("%1 %2 %1.%3").arg(dockName, dockPath, QLatin1String(call));
 }
 
 } // namespace
@@ -381,8 +380,8 @@ void StateContractTest::dockCallsAskForAReply_data()
     QTest::addColumn<QJsonArray>("arguments");
     QTest::addColumn<QVariant>("result");
     const auto dock = [] {
-        return std::make_shared<AssistantDockServiceInterface>(
-            ServiceNames::dockService(), ServiceNames::dockPath(), QDBusConnection::sessionBus());
+        return std::make_shared<AssistantDockServiceInterface>(dockName, dockPath,
+                                                               QDBusConnection::sessionBus());
     };
     const auto waited = [](QDBusPendingReply<bool> reply) {
         reply.waitForFinished();
@@ -410,8 +409,8 @@ void StateContractTest::theDockProxyRelaysItsSignal()
 {
     QCOMPARE(AssistantDockServiceInterface::staticInterfaceName(), "com.corvane.aiassistant.dock");
     m_dock.setValue(QStringLiteral("hidden"), false);
-    ServiceProxy<AssistantDockServiceInterface> dock(
-        ServiceNames::dockService(), ServiceNames::dockPath(), QDBusConnection::sessionBus());
+    ServiceProxy<AssistantDockServiceInterface> dock(dockName, dockPath,
+                                                     QDBusConnection::sessionBus());
     QSignalSpy changes(&dock, &AssistantDockServiceInterface::dockHideChange);
     m_dock.setValue(QStringLiteral("hidden"), true);
     QTRY_COMPARE(changes.count(), 1);
