@@ -2,6 +2,7 @@
 
 #include "comcorvanesandboxcontrolinterface.h"
 #include "comtavrendaemonkeybindinginterface.h"
+#include "contracts/contract.h"
 
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -28,9 +29,9 @@ QString firstAccelerator(const QString &json)
 
 ShortcutStore::ShortcutStore(QObject *parent)
     : QObject(parent)
-    , m_daemon(new ComTavrenDaemonKeybindingInterface(
-          QStringLiteral("com.tavren.daemon.Keybinding"),
-          QStringLiteral("/com/tavren/daemon/Keybinding"), QDBusConnection::sessionBus(), this))
+    , m_daemon(new ComTavrenDaemonKeybindingInterface(Contract::Keybinding::object().service,
+                                                      Contract::Keybinding::object().path,
+                                                      QDBusConnection::sessionBus(), this))
     , m_control(new ComCorvaneSandboxControlInterface(
           QStringLiteral("com.corvane.sandbox.keybinding"), QStringLiteral("/sandbox/control"),
           QDBusConnection::sessionBus(), this))

@@ -1,9 +1,9 @@
 #include "sandbox/services/common/callgate.h"
 
 #include "callgateiatadaptor.h"
-#include "callgateiatinterface.h"
 #include "callgatesessionadaptor.h"
-#include "callgatesessioninterface.h"
+#include "comcorvaneaiserviceiatinterface.h"
+#include "comcorvaneaiservicesessioninterface.h"
 #include "sandbox/services/common/calllog.h"
 #include "sandbox/services/common/replydesk.h"
 #include "tests/bus/services/recognitionstub.h"
