@@ -77,12 +77,18 @@ AudioInfo::AudioInfo(const QAudioFormat &format)
 
 void AudioInfo::start()
 {
+    m_discarding = false;
     open(QIODevice::WriteOnly);
 }
 
 void AudioInfo::stop()
 {
     close();
+}
+
+void AudioInfo::discard()
+{
+    m_discarding = true;
 }
 
 qint64 AudioInfo::readData(char *data, qint64 maxlen)
@@ -94,6 +100,9 @@ qint64 AudioInfo::readData(char *data, qint64 maxlen)
 
 qint64 AudioInfo::writeData(const char *data, qint64 len)
 {
+    if (m_discarding)
+        return len;
+
     ++m_writing;
     Q_EMIT audioWrite(QByteArray(data, static_cast<int>(len)));
     updateLevel(data, len);

@@ -21,6 +21,8 @@ public:
     void start();
     /** Closes the sink. */
     void stop();
+    /** Until the next start() blocks are taken, but no longer handed on. */
+    void discard();
 
     /** Nothing can be read: always 0. */
     qint64 readData(char *data, qint64 maxlen) override;
@@ -51,5 +53,6 @@ private:
     const QAudioFormat m_format;
     const quint32 m_maxAmplitude; // largest sample value; 0: formats that are not measured
     double m_level = 0.0;         // of the latest block, 0.0 to 1.0
-    int m_writing = 0;            // calls of writeData() that have not returned
+    bool m_discarding = false;
+    int m_writing = 0; // calls of writeData() that have not returned
 };
