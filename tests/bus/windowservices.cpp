@@ -37,7 +37,7 @@ void WindowServicesTest::init()
     m_watch.reset();
     m_dock.reset(new ServiceProcess(QStringLiteral("dock")));
     QVERIFY(m_dock->start());
-    m_watch.reset(new ServiceWatch(QStringLiteral("dock"), busName, QDBusConnection::sessionBus()));
+    m_watch.reset(new ServiceWatch(sandbox::serviceNamed(QStringLiteral("dock"))));
 }
 
 void WindowServicesTest::itKnowsTheValues()
@@ -87,8 +87,8 @@ void WindowServicesTest::aServiceThatHangsDoesNotHoldUpTheWindow()
 
 void WindowServicesTest::aServiceThatWasNeverThere()
 {
-    ServiceWatch watch(QStringLiteral("cellar"), QStringLiteral("com.corvane.cellar"),
-                       QDBusConnection::sessionBus());
+    ServiceWatch watch({QStringLiteral("cellar"), QStringLiteral("com.corvane.cellar"),
+                        QDBusConnection::SessionBus, QString()});
     watch.refresh();
     QTRY_COMPARE(watch.state(), ServiceWatch::Missing);
     QVERIFY(watch.values().isEmpty());

@@ -1,6 +1,7 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/moduleloader.h"
 #include "sandbox/controlcenter/navigationcolumn.h"
+#include "sandbox/services/control/servicecontrol.h"
 #include "tests/support/serviceprocess.h"
 
 #include <QApplication>
@@ -25,15 +26,15 @@ private Q_SLOTS:
     void theWindowCanBeClosed();
     void theServiceMayVanish();
 
-    // Not a test: the service has received a call.
-    void callReceived(const QString &member);
-
 private:
+    /** The service has received a call. */
+    void callReceived(const QString &member);
     NavigationColumn *navigation() const;
     /** Waits until nothing is left of @p widget. */
     static bool isGone(const QPointer<QWidget> &widget);
 
     ServiceProcess m_assistant{QStringLiteral("assistant")};
+    QScopedPointer<sandbox::ServiceControl> m_control; // of the assistant
     ServiceProcess m_keybinding{QStringLiteral("keybinding")};
     zccV20::ModuleInterface *m_module = nullptr;
     QScopedPointer<ControlCenterWindow> m_window;
@@ -59,10 +60,10 @@ void WindowWaitingTest::init()
 {
     if (!m_assistant.isRunning()) {
         QVERIFY(m_assistant.start());
-        QVERIFY(m_assistant.connection().connect(
-            QStringLiteral("com.corvane.sandbox.assistant"), QStringLiteral("/sandbox/control"),
-            QStringLiteral("com.corvane.sandbox.Control"), QStringLiteral("CallReceived"), this,
-            SLOT(callReceived(QString))));
+        m_control.reset(
+            new sandbox::ServiceControl(QStringLiteral("assistant"), m_assistant.connection()));
+        connect(m_control.data(), &sandbox::ServiceControl::CallReceived, this,
+                &WindowWaitingTest::callReceived);
     }
     m_assistant.reset();
     QCoreApplication::processEvents(); // what it told before

@@ -1,9 +1,8 @@
 #include "tests/support/serviceprocess.h"
 
-#include "comcorvanesandboxcontrolinterface.h"
+#include "sandbox/services/control/servicecontrol.h"
 #include "tests/support/childprocess.h"
 
-#include <QDBusPendingReply>
 #include <QDeadlineTimer>
 #include <QDebug>
 #include <QEventLoop>
@@ -24,18 +23,6 @@ namespace {
 constexpr int startLimitMs = 20000; // a loaded machine under sanitizers
 constexpr int endLimitMs = 10000;
 constexpr int controlLimitMs = 10000;
-
-template <typename Reply>
-Reply finished(Reply reply, const char *what)
-{
-    reply.waitForFinished();
-    if (reply.isError()) {
-        const QString problem = QStringLiteral("steering a service failed: %1: %2")
-                                    .arg(QLatin1String(what), reply.error().message());
-        QTest::qFail(qPrintable(problem), __FILE__, __LINE__);
-    }
-    return reply;
-}
 
 } // namespace
 
@@ -136,56 +123,68 @@ QDBusConnection ServiceProcess::connection() const
 
 QVariant ServiceProcess::value(const QString &key)
 {
-    return finished(m_control->Value(key), "Value").value().variant();
+    const QVariant value = m_control->value(key);
+    checkControl("Value");
+    return value;
 }
 
 void ServiceProcess::setValue(const QString &key, const QVariant &value)
 {
-    finished(m_control->SetValue(key, QDBusVariant(value)), "SetValue");
+    m_control->setValue(key, value);
+    checkControl("SetValue");
 }
 
 void ServiceProcess::script(const QString &member, const QString &behaviour,
                             const QVariant &argument)
 {
-    finished(m_control->Script(member, behaviour, QDBusVariant(argument)), "Script");
+    m_control->script(member, behaviour, argument);
+    checkControl("Script");
 }
 
 int ServiceProcess::release(const QString &member)
 {
-    return finished(m_control->Release(member), "Release").value();
+    const int released = m_control->release(member);
+    checkControl("Release");
+    return released;
 }
 
 void ServiceProcess::reset()
 {
-    finished(m_control->Reset(), "Reset");
+    m_control->reset();
+    checkControl("Reset");
 }
 
 void ServiceProcess::leaveBus()
 {
-    finished(m_control->LeaveBus(), "LeaveBus");
+    m_control->leaveBus();
+    checkControl("LeaveBus");
 }
 
 void ServiceProcess::joinBus()
 {
-    finished(m_control->JoinBus(), "JoinBus");
+    m_control->joinBus();
+    checkControl("JoinBus");
 }
 
 void ServiceProcess::hang()
 {
-    finished(m_control->Hang(), "Hang");
+    m_control->hang();
+    checkControl("Hang");
     waitUntilStopped();
 }
 
 void ServiceProcess::crash()
 {
-    finished(m_control->Crash(), "Crash");
+    m_control->crash();
+    checkControl("Crash");
     waitForEnd();
 }
 
 QList<ServiceCall> ServiceProcess::calls()
 {
     QList<ServiceCall> calls;
-    const QStringList lines = finished(m_control->Calls(), "Calls").value();
+    const QStringList lines = m_control->calls();
+    checkControl("Calls");
     for (const QString &line : lines) {
         const QJsonObject record = QJsonDocument::fromJson(line.toUtf8()).object();
         calls.append({record.value(QStringLiteral("path")).toString(),
@@ -212,8 +211,7 @@ QList<ServiceCall> ServiceProcess::calls(const QString &member)
 bool ServiceProcess::waitForCalls(const QString &member, int count, int limitMs)
 {
     QEventLoop loop;
-    connect(m_control.get(), &ComCorvaneSandboxControlInterface::CallReceived, &loop,
-            &QEventLoop::quit);
+    connect(m_control.get(), &sandbox::ServiceControl::CallReceived, &loop, &QEventLoop::quit);
     const QDeadlineTimer deadline(limitMs);
     while (calls(member).size() < count) {
         if (deadline.hasExpired())
@@ -238,11 +236,18 @@ bool ServiceProcess::connectControl(QDBusConnection::BusType bus)
     if (m_control)
         return true;
     const QDBusConnection connection = QDBusConnection::connectToBus(bus, m_connectionName);
-    m_control = std::make_unique<ComCorvaneSandboxControlInterface>(
-        QStringLiteral("com.corvane.sandbox.") + m_name, QStringLiteral("/sandbox/control"),
-        connection);
+    m_control = std::make_unique<sandbox::ServiceControl>(m_name, connection);
     m_control->setTimeout(controlLimitMs);
     return connection.isConnected();
+}
+
+void ServiceProcess::checkControl(const char *what) const
+{
+    if (m_control->error().isEmpty())
+        return;
+    const QString problem = QStringLiteral("steering a service failed: %1: %2")
+                                .arg(QLatin1String(what), m_control->error());
+    QTest::qFail(qPrintable(problem), __FILE__, __LINE__);
 }
 
 } // namespace testsupport

@@ -10,7 +10,9 @@
 
 #include <memory>
 
-class ComCorvaneSandboxControlInterface;
+namespace sandbox {
+class ServiceControl;
+}
 
 namespace testsupport {
 
@@ -124,12 +126,13 @@ public:
 private:
     void waitUntilStopped() const;
     bool connectControl(QDBusConnection::BusType bus);
+    void checkControl(const char *what) const;
 
     QString m_name;
     QString m_connectionName;
     QTemporaryDir m_folder; // the state file and what the process writes to standard error
     std::unique_ptr<ChildProcess> m_process;
-    std::unique_ptr<ComCorvaneSandboxControlInterface> m_control;
+    std::unique_ptr<sandbox::ServiceControl> m_control;
 };
 
 } // namespace testsupport

@@ -7,8 +7,8 @@
 #include <ztk/zfocustracker.h>
 #include <ztk/zpainting.h>
 
-#include <QDBusConnection>
 #include <QEvent>
+#include <QHash>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -31,22 +31,13 @@ ServicesPage::ServicesPage(QWidget *parent)
     viewport()->setAutoFillBackground(false);
     setAccessibleName(tr("Services"));
 
-    struct Service
-    {
-        QString title;
-        const char *name;
-        const char *busName;
-        QDBusConnection bus;
-    };
-    const QDBusConnection session = QDBusConnection::sessionBus();
-    const Service services[] = {
-        {tr("Assistant"), "assistant", "com.corvane.aiassistant", session},
-        {tr("Dock icon"), "dock", "com.corvane.aiassistant.dock", session},
-        {tr("Shortcuts"), "keybinding", "com.tavren.daemon.Keybinding", session},
-        {tr("AI service"), "aiservice", "com.corvane.aiservice", session},
-        {tr("Sound"), "audio", "com.tavren.daemon.Audio", session},
-        {tr("Network"), "networkmanager", "org.freedesktop.NetworkManager",
-         QDBusConnection::systemBus()},
+    const QHash<QString, QString> titles{
+        {QStringLiteral("assistant"), tr("Assistant")},
+        {QStringLiteral("dock"), tr("Dock icon")},
+        {QStringLiteral("keybinding"), tr("Shortcuts")},
+        {QStringLiteral("aiservice"), tr("AI service")},
+        {QStringLiteral("audio"), tr("Sound")},
+        {QStringLiteral("networkmanager"), tr("Network")},
     };
 
     auto *page = new QWidget;
@@ -54,11 +45,10 @@ ServicesPage::ServicesPage(QWidget *parent)
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(pageMargin, 0, pageMargin, pageMargin);
     layout->setSpacing(cardSpacing);
-    for (const Service &service : services) {
-        auto *watch = new ServiceWatch(QLatin1String(service.name), QLatin1String(service.busName),
-                                       service.bus, this);
+    for (const sandbox::ServiceIdentity &service : sandbox::serviceList()) {
+        auto *watch = new ServiceWatch(service, this);
         m_watches.append(watch);
-        layout->addWidget(new ServiceCard(service.title, watch));
+        layout->addWidget(new ServiceCard(titles.value(service.name, service.name), watch));
     }
     layout->addStretch();
     setWidget(page);

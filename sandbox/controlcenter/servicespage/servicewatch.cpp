@@ -1,6 +1,7 @@
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
 
-#include "comcorvanesandboxcontrolinterface.h"
+#include "sandbox/services/control/servicecontrol.h"
+#include "sandbox/services/control/textvalue.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -9,13 +10,6 @@
 
 namespace controlcenter {
 namespace {
-
-QString shownText(const QVariant &value)
-{
-    return value.userType() == QMetaType::QStringList
-               ? value.toStringList().join(QStringLiteral(", "))
-               : value.toString();
-}
 
 /** Calls @p then with the reply to @p call, unless @p owner is gone by then. */
 template <typename Then>
@@ -31,23 +25,20 @@ void whenAnswered(const QDBusPendingCall &call, QObject *owner, Then then)
 
 } // namespace
 
-ServiceWatch::ServiceWatch(const QString &name, const QString &busName, const QDBusConnection &bus,
-                           QObject *parent)
+ServiceWatch::ServiceWatch(const sandbox::ServiceIdentity &service, QObject *parent)
     : QObject(parent)
-    , m_busName(busName)
-    , m_bus(bus)
-    , m_control(new ComCorvaneSandboxControlInterface(QStringLiteral("com.corvane.sandbox.") + name,
-                                                      QStringLiteral("/sandbox/control"), bus,
-                                                      this))
+    , m_busName(service.busName)
+    , m_bus(service.bus == QDBusConnection::SystemBus ? QDBusConnection::systemBus()
+                                                      : QDBusConnection::sessionBus())
+    , m_control(new sandbox::ServiceControl(service.name, m_bus, this))
 {
-    auto *names = new QDBusServiceWatcher(busName, bus,
+    auto *names = new QDBusServiceWatcher(m_busName, m_bus,
                                           QDBusServiceWatcher::WatchForRegistration |
                                               QDBusServiceWatcher::WatchForUnregistration,
                                           this);
     connect(names, &QDBusServiceWatcher::serviceRegistered, this, &ServiceWatch::refresh);
     connect(names, &QDBusServiceWatcher::serviceUnregistered, this, [this] { setState(Missing); });
-    connect(m_control, &ComCorvaneSandboxControlInterface::CallReceived, this,
-            &ServiceWatch::refresh);
+    connect(m_control, &sandbox::ServiceControl::CallReceived, this, &ServiceWatch::refresh);
 }
 
 void ServiceWatch::refresh()
@@ -103,7 +94,7 @@ void ServiceWatch::askValue(const QString &key)
         const QDBusPendingReply<QDBusVariant> value = call;
         if (value.isError())
             return;
-        const QString text = shownText(value.value().variant());
+        const QString text = sandbox::shownText(value.value().variant());
         if (m_values.contains(key) && m_values.value(key) == text)
             return;
         m_values.insert(key, text);

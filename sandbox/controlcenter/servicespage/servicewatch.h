@@ -1,11 +1,15 @@
 #pragma once
 
+#include "sandbox/services/control/servicelist.h"
+
 #include <QDBusConnection>
 #include <QMap>
 #include <QObject>
 #include <QString>
 
-class ComCorvaneSandboxControlInterface;
+namespace sandbox {
+class ServiceControl;
+}
 
 namespace controlcenter {
 
@@ -24,9 +28,7 @@ public:
         Missing, ///< Nobody does.
     };
 
-    /** Watches the service with the short name @p name, which owns @p busName on @p bus. */
-    ServiceWatch(const QString &name, const QString &busName, const QDBusConnection &bus,
-                 QObject *parent = nullptr);
+    explicit ServiceWatch(const sandbox::ServiceIdentity &service, QObject *parent = nullptr);
 
     /** Asks for everything anew; changed() tells when the answers differ from what is known. */
     void refresh();
@@ -48,7 +50,7 @@ private:
 
     QString m_busName;
     QDBusConnection m_bus;
-    ComCorvaneSandboxControlInterface *m_control;
+    sandbox::ServiceControl *m_control;
     State m_state = Unknown;
     QMap<QString, QString> m_values;
 };

@@ -1,8 +1,8 @@
 #include "sandbox/controlcenter/shortcutspage/shortcutstore.h"
 
-#include "comcorvanesandboxcontrolinterface.h"
 #include "comtavrendaemonkeybindinginterface.h"
 #include "contracts/contract.h"
+#include "sandbox/services/control/servicecontrol.h"
 
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -32,9 +32,8 @@ ShortcutStore::ShortcutStore(QObject *parent)
     , m_daemon(new ComTavrenDaemonKeybindingInterface(Contract::Keybinding::object().service,
                                                       Contract::Keybinding::object().path,
                                                       QDBusConnection::sessionBus(), this))
-    , m_control(new ComCorvaneSandboxControlInterface(
-          QStringLiteral("com.corvane.sandbox.keybinding"), QStringLiteral("/sandbox/control"),
-          QDBusConnection::sessionBus(), this))
+    , m_control(new sandbox::ServiceControl(QStringLiteral("keybinding"),
+                                            QDBusConnection::sessionBus(), this))
 {
 }
 

@@ -2,9 +2,12 @@
 
 #include <QObject>
 
-class ComCorvaneSandboxControlInterface;
 class ComTavrenDaemonKeybindingInterface;
 class QDBusPendingCall;
+
+namespace sandbox {
+class ServiceControl;
+}
 
 namespace controlcenter {
 
@@ -39,7 +42,7 @@ private:
     void whenAnswered(const QDBusPendingCall &call, const QString &id, Then then);
 
     ComTavrenDaemonKeybindingInterface *m_daemon;
-    ComCorvaneSandboxControlInterface *m_control;
+    sandbox::ServiceControl *m_control;
 };
 
 } // namespace controlcenter

@@ -1,3 +1,4 @@
+#include "contracts/contract.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
@@ -61,9 +62,10 @@ TourStep followStep()
 {
     return {QStringLiteral("see the services follow another program"),
             [](TourDriver &driver) {
-                QDBusMessage call = QDBusMessage::createMethodCall(
-                    QStringLiteral("com.corvane.aiassistant"), QStringLiteral("/aiassistant/iat"),
-                    QStringLiteral("com.corvane.aiassistant.iat"), QStringLiteral("setIatEnable"));
+                const Contract::Method method = Contract::SpeechToText::setIatEnable();
+                QDBusMessage call =
+                    QDBusMessage::createMethodCall(method.object.service, method.object.path,
+                                                   method.object.interface, method.name);
                 call.setArguments({true});
                 QDBusConnection::sessionBus().send(call);
                 return driver.waitFor([&] { return shows(driver, true); })

@@ -1,8 +1,8 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/modulepages.h"
-#include "sandbox/controlcenter/tour/servicecontrol.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
 #include "sandbox/controlcenter/tour/toursections.h"
+#include "sandbox/services/control/servicecontrol.h"
 
 #include <QAccessible>
 #include <QComboBox>
@@ -78,7 +78,7 @@ QString flip(TourDriver &driver, const Setting &setting)
     if (isChecked(box) != wanted)
         return QStringLiteral("the space bar does not flip the switch");
 
-    ServiceControl service(setting.service);
+    sandbox::ServiceControl service(setting.service);
     const QVariant state = service.value(setting.key);
     if (!state.isValid())
         return service.error();
@@ -107,7 +107,7 @@ QString choose(TourDriver &driver, const Setting &setting)
     const int before = list->currentIndex();
     const int wanted = before + (atEnd ? -1 : 1);
 
-    ServiceControl service(setting.service);
+    sandbox::ServiceControl service(setting.service);
     const QVariant kept = service.value(setting.key);
     if (!kept.isValid())
         return service.error();
@@ -158,7 +158,7 @@ TourStep followStep(const Setting &setting)
                 if (!box)
                     return QStringLiteral("the page has no such switch");
                 const bool before = isChecked(box);
-                ServiceControl service(setting.service);
+                sandbox::ServiceControl service(setting.service);
                 for (const bool wanted : {!before, before}) {
                     if (!service.setValue(setting.key, wanted != setting.inverted))
                         return service.error();

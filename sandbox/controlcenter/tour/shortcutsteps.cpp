@@ -3,9 +3,9 @@
 #include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutstore.h"
-#include "sandbox/controlcenter/tour/servicecontrol.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
 #include "sandbox/controlcenter/tour/toursections.h"
+#include "sandbox/services/control/servicecontrol.h"
 
 #include <zcc/widgets/tipslabel.h>
 
@@ -66,7 +66,7 @@ QString remember(TourDriver &driver, Kept *kept)
     QString problem = openShortcuts(driver);
     if (!problem.isEmpty())
         return problem;
-    ServiceControl service(QStringLiteral("keybinding"));
+    sandbox::ServiceControl service(QStringLiteral("keybinding"));
     for (const QString &id : identifiers) {
         const QVariant value = service.value(id);
         if (!value.isValid())
@@ -189,7 +189,7 @@ TourStep removeStep()
                 driver.press(Qt::Key_Space);
                 if (!driver.waitFor([&] { return shown->accessibleDescription() != before; }))
                     return QStringLiteral("the row keeps the shortcut");
-                ServiceControl service(QStringLiteral("keybinding"));
+                sandbox::ServiceControl service(QStringLiteral("keybinding"));
                 if (!service.value(speech).toStringList().isEmpty())
                     return QStringLiteral("the service keeps the shortcut");
                 if (!remove->hasFocus())

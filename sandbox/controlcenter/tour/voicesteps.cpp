@@ -1,9 +1,9 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/tour/microphone.h"
-#include "sandbox/controlcenter/tour/servicecontrol.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
 #include "sandbox/controlcenter/tour/toursections.h"
+#include "sandbox/services/control/servicecontrol.h"
 
 #include <QCoreApplication>
 #include <QDBusObjectPath>
@@ -263,8 +263,8 @@ TourStep offlineTest()
 {
     return {QStringLiteral("voice test, without network"),
             [](TourDriver &driver) {
-                ServiceControl network(QStringLiteral("networkmanager"),
-                                       QDBusConnection::systemBus());
+                sandbox::ServiceControl network(QStringLiteral("networkmanager"),
+                                                QDBusConnection::systemBus());
                 if (!network.setValue(QStringLiteral("state"), networkDisconnected))
                     return network.error();
                 QString problem = pressLink(driver);
@@ -283,7 +283,7 @@ TourStep refusedTest()
         QStringLiteral("voice test, refused by the AI service"),
         [](TourDriver &driver) {
             constexpr int refusal = 1; // any error code but 0
-            ServiceControl service(QStringLiteral("aiservice"));
+            sandbox::ServiceControl service(QStringLiteral("aiservice"));
             if (!service.script(QStringLiteral("createSession"), QStringLiteral("reply-list"),
                                 QVariantList{QVariant::fromValue(QDBusObjectPath("/")), refusal}))
                 return service.error();

@@ -1,3 +1,4 @@
+#include "contracts/contract.h"
 #include "sandbox/services/aiservice/sessionmanager.h"
 #include "sandbox/services/common/service.h"
 
@@ -14,13 +15,9 @@ int main(int argc, char *argv[])
         QStringLiteral("model"), QStringLiteral("Find the phrase's language model in DIR."),
         QStringLiteral("DIR"),
         QCoreApplication::applicationDirPath() + QStringLiteral("/phrasemodel"));
-    sandbox::Service service(
-        {QStringLiteral("aiservice"), QStringLiteral("com.corvane.aiservice"),
-         QDBusConnection::SessionBus,
-         QStringLiteral("Checks the quality of speech and recognises the test phrase.")},
-        {record, model});
+    sandbox::Service service(sandbox::serviceNamed(QStringLiteral("aiservice")), {record, model});
     sandbox::SessionManager sessions(&service, service.arguments().value(model),
                                      service.arguments().value(record));
-    service.publish(QStringLiteral("/"), &sessions);
+    service.publish(Contract::SessionManager::object().path, &sessions);
     return service.run();
 }

@@ -51,7 +51,7 @@ void PhraseListener::hearBlock(const QVector<qint16> &block)
 {
     m_decoder.feed(block);
     m_utterance += block;
-    say(m_decoder.words());
+    report(m_decoder.words());
 
     const bool spoke = std::exchange(m_speaking, m_decoder.isSpeaking());
     m_heardSpeech = m_heardSpeech || m_speaking;
@@ -72,23 +72,23 @@ void PhraseListener::endUtterance()
     m_decoder.end();
     // The second reading is the better one, but in noise it is sometimes the one that hears less.
     const QStringList whole = m_decoder.wordsOf(std::exchange(m_utterance, {}));
-    say(whole.size() >= streamed.size() ? whole : streamed);
-    m_saidIsFinal = !m_said.isEmpty();
+    report(whole.size() >= streamed.size() ? whole : streamed);
+    m_reportedIsFinal = !m_reported.isEmpty();
     m_speaking = false;
 }
 
-void PhraseListener::say(const QStringList &words)
+void PhraseListener::report(const QStringList &words)
 {
-    if (m_saidIsFinal) {
+    if (m_reportedIsFinal) {
         if (words.isEmpty())
             return; // nothing new yet: the last utterance stays
         add(Hypothesis::Append, words);
-        m_saidIsFinal = false;
-    } else if (words == m_said) {
+        m_reportedIsFinal = false;
+    } else if (words == m_reported) {
         return;
     }
     add(Hypothesis::Replace, words);
-    m_said = words;
+    m_reported = words;
 }
 
 void PhraseListener::add(Hypothesis::Kind kind, const QStringList &words, bool last)
@@ -102,7 +102,7 @@ void PhraseListener::end()
         endUtterance();
     else
         m_decoder.end();
-    add(Hypothesis::Replace, m_said, true);
+    add(Hypothesis::Replace, m_reported, true);
     m_ended = true;
 }
 

@@ -41,7 +41,7 @@ public:
 private:
     void hearBlock(const QVector<qint16> &block);
     void endUtterance();
-    void say(const QStringList &words);
+    void report(const QStringList &words);
     void add(Hypothesis::Kind kind, const QStringList &words, bool last = false);
     void end();
     bool isOutOfPatience() const;
@@ -51,8 +51,8 @@ private:
     QVector<Hypothesis> m_news;  ///< not handed out yet
     QVector<qint16> m_waiting;   ///< less than a block
     QVector<qint16> m_utterance; ///< all of the current utterance, with what comes just before it
-    QStringList m_said;          ///< the words that the next hypothesis replaces or follows
-    bool m_saidIsFinal = false;  ///< they belong to an utterance that has ended
+    QStringList m_reported;      ///< the words that the next hypothesis replaces or follows
+    bool m_reportedIsFinal = false; ///< they belong to an utterance that has ended
     bool m_speaking = false;
     bool m_heardSpeech = false;
     int m_silentSamples = 0; ///< since anybody spoke

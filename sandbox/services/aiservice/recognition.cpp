@@ -1,10 +1,76 @@
 #include "sandbox/services/aiservice/recognition.h"
 
-#include "sandbox/services/aiservice/recognitionworker.h"
+#include "sandbox/services/aiservice/pcmreader.h"
 
 #include <QThread>
 
+#include <memory>
+
 namespace sandbox {
+
+// The side of a Recognition that lives on its thread and does the listening.
+class RecognitionWorker : public QObject
+{
+    Q_OBJECT
+
+public:
+    RecognitionWorker(const QString &modelFolder, const PhraseListener::Patience &patience);
+    ~RecognitionWorker() override;
+
+    // Loads the models; called once, before the others.
+    void start();
+    // Returns at once when the thread is asked to end.
+    void hear(const QByteArray &audio);
+    void finish();
+
+Q_SIGNALS:
+    void heard(const sandbox::Hypothesis &hypothesis);
+    void failed();
+
+private:
+    void tell(const QVector<Hypothesis> &news);
+
+    const QString m_modelFolder;
+    const PhraseListener::Patience m_patience;
+    PcmReader m_reader;
+    std::unique_ptr<PhraseListener> m_listener; // null until start(), and when there are no models
+};
+
+RecognitionWorker::RecognitionWorker(const QString &modelFolder,
+                                     const PhraseListener::Patience &patience)
+    : m_modelFolder(modelFolder)
+    , m_patience(patience)
+{
+}
+
+RecognitionWorker::~RecognitionWorker() = default;
+
+void RecognitionWorker::start()
+{
+    m_listener = std::make_unique<PhraseListener>(m_modelFolder, m_patience);
+    if (!m_listener->isValid()) {
+        m_listener.reset();
+        Q_EMIT failed();
+    }
+}
+
+void RecognitionWorker::hear(const QByteArray &audio)
+{
+    if (m_listener && !QThread::currentThread()->isInterruptionRequested())
+        tell(m_listener->hear(m_reader.read(audio)));
+}
+
+void RecognitionWorker::finish()
+{
+    if (m_listener && !QThread::currentThread()->isInterruptionRequested())
+        tell(m_listener->finish());
+}
+
+void RecognitionWorker::tell(const QVector<Hypothesis> &news)
+{
+    for (const Hypothesis &hypothesis : news)
+        Q_EMIT heard(hypothesis);
+}
 
 Recognition::Recognition(const QString &modelFolder, const PhraseListener::Patience &patience,
                          QObject *threadParent, QObject *parent)
@@ -41,3 +107,5 @@ void Recognition::finish()
 }
 
 } // namespace sandbox
+
+#include "recognition.moc"

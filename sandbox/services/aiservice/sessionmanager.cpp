@@ -2,7 +2,6 @@
 
 #include "sandbox/services/aiservice/qualitysession.h"
 #include "sandbox/services/aiservice/recognitionsession.h"
-#include "sandbox/services/aiservice/sessionerror.h"
 #include "sandbox/services/common/adaptordispatch.h"
 #include "sandbox/services/common/service.h"
 #include "sandbox/services/common/statestore.h"

@@ -14,6 +14,15 @@ namespace sandbox {
 class Service;
 class Session;
 
+/** What the session manager answers as errorcode and as the result of freeSession. */
+enum SessionError {
+    SessionOk = 0,
+    SessionAbilityUnknown = 1,    ///< no ability of that name is known at all
+    SessionAbilityNotOffered = 2, ///< a known ability that this service does not have
+    SessionLimitReached = 3,      ///< as many sessions are open as the state allows
+    SessionNotOpen = 4,           ///< nothing to free
+};
+
 /**
  * The session manager of the AI service: contract com.corvane.aiservice.session.
  *
@@ -23,11 +32,11 @@ class Session;
  * the bus.
  *
  * State, none of it kept:
- *   "createSession.errorcode" (int)    anything but 0 refuses every session with this code
- *   "sessionLimit" (int)               how many sessions may be open at a time
- *   "recordDirectory" (string)         if not empty, what each new session hears is written there,
- * as ABILITY-NUMBER.wav "sessions" (list of strings)       the paths of the open sessions; cannot
- * be changed
+ * - "createSession.errorcode" (int): anything but 0 refuses every session with this code.
+ * - "sessionLimit" (int): how many sessions may be open at a time.
+ * - "recordDirectory" (string): if not empty, what each new session hears is written there, as
+ *   ABILITY-NUMBER.wav.
+ * - "sessions" (list of strings): the paths of the open sessions; cannot be changed.
  */
 class SessionManager : public QObject
 {

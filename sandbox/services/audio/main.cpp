@@ -1,3 +1,4 @@
+#include "contracts/contract.h"
 #include "sandbox/services/audio/audiodaemon.h"
 #include "sandbox/services/audio/soundserver.h"
 #include "sandbox/services/common/service.h"
@@ -7,11 +8,9 @@
 int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
-    sandbox::Service service({QStringLiteral("audio"), QStringLiteral("com.tavren.daemon.Audio"),
-                              QDBusConnection::SessionBus,
-                              QStringLiteral("Tells of changes of the default microphone.")});
+    sandbox::Service service(sandbox::serviceNamed(QStringLiteral("audio")));
     sandbox::SoundServer server;
     sandbox::AudioDaemon daemon(service.state(), &server);
-    service.publish(QStringLiteral("/com/tavren/daemon/Audio"), &daemon);
+    service.publish(Contract::AudioDaemon::object().path, &daemon);
     return service.run();
 }

@@ -1,7 +1,9 @@
 #include "sandbox/services/common/calllog.h"
 
-#include "sandbox/services/common/jsonvalue.h"
-
+#include <QDBusArgument>
+#include <QDBusObjectPath>
+#include <QDBusSignature>
+#include <QDBusVariant>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -11,6 +13,76 @@ namespace sandbox {
 namespace {
 
 constexpr int maximumLines = 10000;
+
+QJsonValue jsonValue(const QVariant &argument);
+QJsonValue jsonValue(const QDBusArgument &argument);
+
+QJsonArray jsonElements(const QDBusArgument &argument)
+{
+    QJsonArray elements;
+    while (!argument.atEnd())
+        elements.append(jsonValue(argument));
+    return elements;
+}
+
+QJsonObject jsonMap(const QDBusArgument &argument)
+{
+    QJsonObject map;
+    while (!argument.atEnd()) {
+        argument.beginMapEntry();
+        const QString key = jsonValue(argument.asVariant()).toVariant().toString();
+        map.insert(key, jsonValue(argument));
+        argument.endMapEntry();
+    }
+    return map;
+}
+
+// Values of compound types come unread; reading moves on to the next element.
+QJsonValue jsonValue(const QDBusArgument &argument)
+{
+    QJsonValue value;
+    switch (argument.currentType()) {
+    case QDBusArgument::ArrayType:
+        if (argument.currentSignature() == QLatin1String("ay"))
+            return jsonValue(argument.asVariant());
+        argument.beginArray();
+        value = jsonElements(argument);
+        argument.endArray();
+        return value;
+    case QDBusArgument::StructureType:
+        argument.beginStructure();
+        value = jsonElements(argument);
+        argument.endStructure();
+        return value;
+    case QDBusArgument::MapType:
+        argument.beginMap();
+        value = jsonMap(argument);
+        argument.endMap();
+        return value;
+    case QDBusArgument::UnknownType:
+        return value;
+    default:
+        return jsonValue(argument.asVariant());
+    }
+}
+
+// An argument of a bus message as JSON. Byte arrays become their length in an object,
+// {"bytes": 1600}, since logs of audio would drown everything else.
+QJsonValue jsonValue(const QVariant &argument)
+{
+    const int type = argument.userType();
+    if (type == QMetaType::QByteArray)
+        return QJsonObject{{QStringLiteral("bytes"), argument.toByteArray().size()}};
+    if (type == qMetaTypeId<QDBusArgument>())
+        return jsonValue(argument.value<QDBusArgument>());
+    if (type == qMetaTypeId<QDBusVariant>())
+        return jsonValue(argument.value<QDBusVariant>().variant());
+    if (type == qMetaTypeId<QDBusObjectPath>())
+        return argument.value<QDBusObjectPath>().path();
+    if (type == qMetaTypeId<QDBusSignature>())
+        return argument.value<QDBusSignature>().signature();
+    return QJsonValue::fromVariant(argument);
+}
 
 QString describe(const QDBusMessage &call)
 {

@@ -2,8 +2,9 @@
 
 #include "controladaptor.h"
 #include "sandbox/services/common/calllog.h"
-#include "sandbox/services/common/replydesk.h"
+#include "sandbox/services/common/scriptedreplies.h"
 #include "sandbox/services/common/statestore.h"
+#include "sandbox/services/control/servicelist.h"
 
 #include <QCoreApplication>
 #include <QDBusArgument>
@@ -30,13 +31,13 @@ QVariant plainValue(const QDBusVariant &value)
 } // namespace
 
 Control::Control(const QString &busName, const QDBusConnection &connection, StateStore *state,
-                 CallLog *log, ReplyDesk *desk, QObject *parent)
+                 CallLog *log, ScriptedReplies *replies, QObject *parent)
     : QObject(parent)
     , m_busName(busName)
     , m_connection(connection)
     , m_state(state)
     , m_log(log)
-    , m_desk(desk)
+    , m_replies(replies)
 {
     new ControlAdaptor(this);
     connect(log, &CallLog::appended, this, &Control::CallReceived);
@@ -44,8 +45,7 @@ Control::Control(const QString &busName, const QDBusConnection &connection, Stat
 
 void Control::publish()
 {
-    m_connection.registerObject(QStringLiteral("/sandbox/control"), this,
-                                QDBusConnection::ExportAdaptors);
+    m_connection.registerObject(controlPath(), this, QDBusConnection::ExportAdaptors);
 }
 
 QStringList Control::Keys() const
@@ -75,19 +75,19 @@ void Control::Script(const QString &member, const QString &behaviour, const QDBu
     QString error;
     const Behaviour parsed = Behaviour::parse(behaviour, argument.variant(), &error);
     if (error.isEmpty())
-        m_desk->script(member, parsed);
+        m_replies->script(member, parsed);
     else
         refuse(error);
 }
 
 int Control::Release(const QString &member)
 {
-    return m_desk->release(member);
+    return m_replies->release(member);
 }
 
 void Control::Reset()
 {
-    m_desk->reset();
+    m_replies->reset();
     m_log->clear();
 }
 

@@ -9,7 +9,7 @@
 namespace sandbox {
 
 class CallLog;
-class ReplyDesk;
+class ScriptedReplies;
 class StateStore;
 
 /**
@@ -23,7 +23,7 @@ class Control : public QObject, protected QDBusContext
 public:
     /** Steers the service called @p busName; the three helpers are its own and outlive this. */
     Control(const QString &busName, const QDBusConnection &connection, StateStore *state,
-            CallLog *log, ReplyDesk *desk, QObject *parent);
+            CallLog *log, ScriptedReplies *replies, QObject *parent);
 
     /** Makes it reachable at its path. */
     void publish();
@@ -53,7 +53,7 @@ private:
     QDBusConnection m_connection;
     StateStore *m_state;
     CallLog *m_log;
-    ReplyDesk *m_desk;
+    ScriptedReplies *m_replies;
 };
 
 } // namespace sandbox

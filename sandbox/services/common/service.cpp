@@ -1,11 +1,12 @@
 #include "sandbox/services/common/service.h"
 
-#include "sandbox/services/common/callgate.h"
 #include "sandbox/services/common/calllog.h"
 #include "sandbox/services/common/control.h"
-#include "sandbox/services/common/replydesk.h"
+#include "sandbox/services/common/publishedobject.h"
+#include "sandbox/services/common/scriptedreplies.h"
 #include "sandbox/services/common/statestore.h"
 #include "sandbox/services/common/terminationsignals.h"
+#include "sandbox/services/control/textvalue.h"
 
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>
@@ -14,17 +15,6 @@
 #include <QTextStream>
 
 namespace sandbox {
-
-namespace {
-
-QString shownValue(const QVariant &value)
-{
-    return value.userType() == QMetaType::QStringList
-               ? value.toStringList().join(QStringLiteral(", "))
-               : value.toString();
-}
-
-} // namespace
 
 Service::Service(const ServiceIdentity &identity, const QList<QCommandLineOption> &options)
     : m_identity(identity)
@@ -50,11 +40,11 @@ Service::Service(const ServiceIdentity &identity, const QList<QCommandLineOption
     m_state = new StateStore(m_arguments.value(QStringLiteral("state")), this);
     connect(m_state, &StateStore::changed, this, [this](QString key, const QVariant &value) {
         key.replace(QLatin1Char('.'), QLatin1Char(' '));
-        say(key + QStringLiteral(" -> ") + shownValue(value));
+        report(key + QStringLiteral(" -> ") + shownText(value));
     });
     m_log = new CallLog(this);
-    m_desk = new ReplyDesk(connection(), this);
-    m_control = new Control(m_identity.busName, connection(), m_state, m_log, m_desk, this);
+    m_replies = new ScriptedReplies(connection(), this);
+    m_control = new Control(m_identity.busName, connection(), m_state, m_log, m_replies, this);
 }
 
 Service::~Service() = default;
@@ -71,10 +61,10 @@ StateStore *Service::state()
 
 void Service::publish(const QString &path, QObject *object, const QString &owner)
 {
-    new CallGate(object, path, owner, connection(), m_log, m_desk);
+    new PublishedObject(object, path, owner, connection(), m_log, m_replies);
 }
 
-void Service::say(const QString &text) const
+void Service::report(const QString &text) const
 {
     QTextStream(stderr) << m_identity.name << ": " << text << '\n';
 }
@@ -83,20 +73,20 @@ int Service::run()
 {
     QDBusConnection bus = connection();
     if (!bus.isConnected()) {
-        say(QStringLiteral("the %1 bus cannot be reached: %2")
-                .arg(busWord(), bus.lastError().message()));
+        report(QStringLiteral("the %1 bus cannot be reached: %2")
+                   .arg(busWord(), bus.lastError().message()));
         return BusUnreachable;
     }
     bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
                 QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
                 SLOT(busGone()));
 
-    const QString controlName = QStringLiteral("com.corvane.sandbox.") + m_identity.name;
+    const QString controlName = controlBusName(m_identity.name);
     const QStringList names{controlName, m_identity.busName};
     m_control->publish();
     for (const QString &name : names) {
         if (!bus.registerService(name)) {
-            say(QStringLiteral("%1 cannot be owned: %2").arg(name, whyNotOwned(name)));
+            report(QStringLiteral("%1 cannot be owned: %2").arg(name, whyNotOwned(name)));
             return NameTaken;
         }
     }
@@ -106,7 +96,7 @@ int Service::run()
 
 void Service::busGone()
 {
-    say(QStringLiteral("the bus has gone away"));
+    report(QStringLiteral("the bus has gone away"));
     QCoreApplication::quit();
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "sandbox/services/common/storedmethods.h"
+#include "sandbox/services/control/servicelist.h"
+
 #include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QDBusConnection>
@@ -9,18 +12,9 @@ namespace sandbox {
 
 class CallLog;
 class Control;
-class ReplyDesk;
+class ScriptedReplies;
 class StateStore;
 class TerminationSignals;
-
-/** What a service is called and where it is found. */
-struct ServiceIdentity
-{
-    QString name;                 ///< Short name: "dock" for the program sandbox-dock.
-    QString busName;              ///< The well-known name that clients call.
-    QDBusConnection::BusType bus; ///< SessionBus or SystemBus.
-    QString purpose;              ///< One sentence for --help.
-};
 
 /**
  * One service process: arguments, bus connection, state, control interface, start and end.
@@ -29,7 +23,8 @@ struct ServiceIdentity
  * its state; publishes the objects; and returns run(). An object is a plain QObject with one slot
  * per method of its contract and, if the contract has signals, the same signals; it creates its
  * generated adaptor in its constructor (`new DockIconAdaptor(this)`) and never talks to the bus
- * itself.
+ * itself. Where all methods only read or write the state, a table takes the object's place
+ * (StoredMethods).
  *
  * Every service has the options --state FILE, --version and --help, prints the line
  * "ready BUSNAME session" (or "system") on standard output when its names are owned, one line per
@@ -65,8 +60,17 @@ public:
      */
     void publish(const QString &path, QObject *object, const QString &owner = QString());
 
+    /** Offers an object whose methods, those of the generated @p Adaptor, are all @p stored. */
+    template <typename Adaptor>
+    void publish(const Contract::Object &where, const StoredMethods *stored)
+    {
+        auto *object = new QObject(this);
+        new StoredAdaptor<Adaptor>(object, stored);
+        publish(where.path, object);
+    }
+
     /** Writes "NAME: TEXT" to standard error. */
-    void say(const QString &text) const;
+    void report(const QString &text) const;
 
     /** Takes the bus name, serves until the end, and returns an ExitCode. */
     int run();
@@ -83,7 +87,7 @@ private:
     QCommandLineParser m_arguments;
     StateStore *m_state = nullptr;
     CallLog *m_log = nullptr;
-    ReplyDesk *m_desk = nullptr;
+    ScriptedReplies *m_replies = nullptr;
     Control *m_control = nullptr;
     TerminationSignals *m_signals = nullptr;
 };

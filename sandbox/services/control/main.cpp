@@ -1,7 +1,9 @@
-#include "sandbox/services/control/servicelink.h"
+#include "sandbox/services/control/servicecontrol.h"
+#include "sandbox/services/control/servicelist.h"
 #include "sandbox/services/control/verbs.h"
 
 #include <QCoreApplication>
+#include <QDBusConnectionInterface>
 #include <QTextStream>
 
 namespace {
@@ -13,11 +15,17 @@ enum ExitCode {
     NoSuchService = 3,
 };
 
+constexpr int hungAfterMs = 5000;
+
 QString usage()
 {
+    QStringList names;
+    for (const sandbox::ServiceIdentity &service : sandbox::serviceList())
+        names.append(service.name);
     QString text = QStringLiteral("Usage: sandbox-control SERVICE VERB [ARGUMENT...]\n\n"
-                                  "Steers a running sandbox service: assistant, dock, keybinding,\n"
-                                  "networkmanager, and whatever else runs as sandbox-SERVICE.\n\n");
+                                  "Steers a running sandbox service:\n%1,\n"
+                                  "and whatever else runs as sandbox-SERVICE.\n\n")
+                       .arg(names.join(QStringLiteral(", ")));
     for (const sandbox::Verb &verb : sandbox::verbs()) {
         text += QStringLiteral("  %1 %2\n")
                     .arg((verb.name + QLatin1Char(' ') + verb.arguments).leftJustified(35),
@@ -42,6 +50,12 @@ QString usage()
                "Exit code: 0 done, 1 the service refused, 2 wrong usage, 3 no such service.\n");
 }
 
+bool runsOn(const QDBusConnection &bus, const QString &service)
+{
+    return bus.isConnected() &&
+           bus.interface()->isServiceRegistered(sandbox::controlBusName(service));
+}
+
 int fail(ExitCode code, const QString &text)
 {
     QTextStream(stderr) << "sandbox-control: " << text << '\n';
@@ -55,14 +69,17 @@ int runVerb(const sandbox::Verb &verb, const QString &service, const QStringList
             WrongUsage,
             QStringLiteral("the verb is used like this: %1 %2").arg(verb.name, verb.arguments));
     }
-    sandbox::ServiceLink link(service);
-    if (!link.isFound()) {
+    const QDBusConnection session = QDBusConnection::sessionBus();
+    const QDBusConnection bus = runsOn(session, service) ? session : QDBusConnection::systemBus();
+    if (!runsOn(bus, service)) {
         return fail(NoSuchService,
                     QStringLiteral("no service \"%1\" runs on these buses; scripts/run says which "
                                    "are the sandbox's")
                         .arg(service));
     }
-    const sandbox::VerbResult result = verb.run(link, words);
+    sandbox::ServiceControl control(service, bus);
+    control.setTimeout(hungAfterMs);
+    const sandbox::VerbResult result = verb.run(control, words);
     if (!result.problem.isEmpty())
         return fail(Failed, result.problem);
     if (!result.output.isEmpty())

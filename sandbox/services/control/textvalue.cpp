@@ -40,9 +40,9 @@ QVariant typedValue(const QString &word)
     return converted(word.mid(colon + 1), *type);
 }
 
-QString shownText(const QVariant &value)
+QString shownText(const QVariant &value, const QString &separator)
 {
-    return value.userType() == QMetaType::QStringList ? value.toStringList().join(QLatin1Char('\n'))
+    return value.userType() == QMetaType::QStringList ? value.toStringList().join(separator)
                                                       : value.toString();
 }
 

@@ -17,7 +17,7 @@ QVariant valueLike(const QVariant &like, const QStringList &words);
  */
 QVariant typedValue(const QString &word);
 
-/** A value as the tool prints it: the words of a list on one line each. */
-QString shownText(const QVariant &value);
+/** A value as people read it; @p separator stands between the words of a list. */
+QString shownText(const QVariant &value, const QString &separator = QStringLiteral(", "));
 
 } // namespace sandbox

@@ -1,10 +1,7 @@
 #include "sandbox/services/control/verbs.h"
 
-#include "comcorvanesandboxcontrolinterface.h"
-#include "sandbox/services/control/servicelink.h"
+#include "sandbox/services/control/servicecontrol.h"
 #include "sandbox/services/control/textvalue.h"
-
-#include <QDBusArgument>
 
 #include <csignal>
 #include <limits>
@@ -14,6 +11,7 @@ namespace sandbox {
 namespace {
 
 constexpr int anyNumber = std::numeric_limits<int>::max();
+const QString lineBreak = QStringLiteral("\n");
 
 VerbResult problem(const QString &text)
 {
@@ -28,63 +26,43 @@ VerbResult outcome(Reply reply)
     if (reply.isError())
         return problem(reply.error().message());
     const QVariantList values = reply.reply().arguments();
-    return {values.isEmpty() ? QString() : shownText(values.constFirst()), QString()};
+    return {values.isEmpty() ? QString() : shownText(values.constFirst(), lineBreak), QString()};
 }
 
-// The value of a key; invalid, with a text, when the service has no such key.
-QVariant currentValue(ServiceLink &link, const QString &key, QString *error)
+VerbResult list(ServiceControl &service, const QStringList &)
 {
-    auto reply = link.control().Value(key);
-    reply.waitForFinished();
-    if (reply.isError()) {
-        *error = reply.error().message();
-        return {};
-    }
-    const QVariant value = reply.value().variant();
-    return value.userType() == qMetaTypeId<QDBusArgument>() ? qdbus_cast<QStringList>(value)
-                                                            : value;
-}
-
-VerbResult list(ServiceLink &link, const QStringList &)
-{
-    auto reply = link.control().Keys();
-    reply.waitForFinished();
-    if (reply.isError())
-        return problem(reply.error().message());
-    VerbResult result;
-    const QStringList keys = reply.value();
+    const QStringList keys = service.keys();
+    VerbResult result{QString(), service.error()};
     for (const QString &key : keys) {
-        const QString text = shownText(currentValue(link, key, &result.problem));
-        result.output += key + QStringLiteral(" = ") +
-                         QString(text).replace(QLatin1Char('\n'), QLatin1Char(' ')) +
-                         QLatin1Char('\n');
+        const QString text = shownText(service.value(key), QStringLiteral(" "));
+        if (!service.error().isEmpty())
+            result.problem = service.error();
+        result.output += key + QStringLiteral(" = ") + text + QLatin1Char('\n');
     }
     result.output.chop(1);
     return result;
 }
 
-VerbResult get(ServiceLink &link, const QStringList &words)
+VerbResult get(ServiceControl &service, const QStringList &words)
 {
-    VerbResult result;
-    result.output = shownText(currentValue(link, words.at(0), &result.problem));
-    return result;
+    const QVariant value = service.value(words.at(0));
+    return {shownText(value, lineBreak), service.error()};
 }
 
-VerbResult set(ServiceLink &link, const QStringList &words)
+VerbResult set(ServiceControl &service, const QStringList &words)
 {
-    QString error;
-    const QVariant current = currentValue(link, words.at(0), &error);
-    if (!error.isEmpty())
-        return problem(error);
+    const QVariant current = service.value(words.at(0));
+    if (!service.error().isEmpty())
+        return problem(service.error());
     const QVariant value = valueLike(current, words.mid(1));
     if (!value.isValid()) {
         return problem(QStringLiteral("\"%1\" holds a %2")
                            .arg(words.at(0), QLatin1String(current.typeName())));
     }
-    return outcome(link.control().SetValue(words.at(0), QDBusVariant(value)));
+    return outcome(service.SetValue(words.at(0), QDBusVariant(value)));
 }
 
-VerbResult script(ServiceLink &link, const QStringList &words)
+VerbResult script(ServiceControl &service, const QStringList &words)
 {
     const QString behaviour = words.at(1);
     QVariantList values;
@@ -97,12 +75,12 @@ VerbResult script(ServiceLink &link, const QStringList &words)
     const QVariant argument = behaviour == QLatin1String("reply-list") ? QVariant(values)
                               : values.isEmpty()                       ? QVariant(QString())
                                                                        : values.constFirst();
-    return outcome(link.control().Script(words.at(0), behaviour, QDBusVariant(argument)));
+    return outcome(service.Script(words.at(0), behaviour, QDBusVariant(argument)));
 }
 
-VerbResult signalled(ServiceLink &link, int number)
+VerbResult signalled(ServiceControl &service, int number)
 {
-    return ::kill(pid_t(link.processId()), number) == 0
+    return ::kill(pid_t(service.processId()), number) == 0
                ? VerbResult()
                : problem(QStringLiteral("the process cannot be reached"));
 }
@@ -119,40 +97,40 @@ const QList<Verb> &verbs()
         {"script", "MEMBER BEHAVIOUR [VALUE...]", "Change how a method is answered; see below.", 2,
          anyNumber, script},
         {"release", "MEMBER", "Send the replies on hold; print how many.", 1, 1,
-         [](ServiceLink &link, const Words &words) {
-             return outcome(link.control().Release(words.at(0)));
+         [](ServiceControl &service, const Words &words) {
+             return outcome(service.Release(words.at(0)));
          }},
         {"reset", "", "Forget scripts and the log of calls.", 0, 0,
-         [](ServiceLink &link, const Words &) {
-             return outcome(link.control().Reset());
+         [](ServiceControl &service, const Words &) {
+             return outcome(service.Reset());
          }},
         {"calls", "", "Print the calls received, one JSON object per line.", 0, 0,
-         [](ServiceLink &link, const Words &) {
-             return outcome(link.control().Calls());
+         [](ServiceControl &service, const Words &) {
+             return outcome(service.Calls());
          }},
         {"leave", "", "Give up the bus name.", 0, 0,
-         [](ServiceLink &link, const Words &) {
-             return outcome(link.control().LeaveBus());
+         [](ServiceControl &service, const Words &) {
+             return outcome(service.LeaveBus());
          }},
         {"join", "", "Take the bus name back.", 0, 0,
-         [](ServiceLink &link, const Words &) {
-             return outcome(link.control().JoinBus());
+         [](ServiceControl &service, const Words &) {
+             return outcome(service.JoinBus());
          }},
         {"hang", "", "Stop the process; it keeps its name and answers nothing.", 0, 0,
-         [](ServiceLink &link, const Words &) {
-             return signalled(link, SIGSTOP);
+         [](ServiceControl &service, const Words &) {
+             return signalled(service, SIGSTOP);
          }},
         {"resume", "", "Let a hung process run on.", 0, 0,
-         [](ServiceLink &link, const Words &) {
-             return signalled(link, SIGCONT);
+         [](ServiceControl &service, const Words &) {
+             return signalled(service, SIGCONT);
          }},
         {"crash", "", "Kill the process.", 0, 0,
-         [](ServiceLink &link, const Words &) {
-             return outcome(link.control().Crash());
+         [](ServiceControl &service, const Words &) {
+             return outcome(service.Crash());
          }},
         {"pid", "", "Print the process id.", 0, 0,
-         [](ServiceLink &link, const Words &) {
-             return VerbResult{QString::number(link.processId()), QString()};
+         [](ServiceControl &service, const Words &) {
+             return VerbResult{QString::number(service.processId()), QString()};
          }},
     };
     return all;

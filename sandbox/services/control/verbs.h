@@ -8,7 +8,7 @@
 
 namespace sandbox {
 
-class ServiceLink;
+class ServiceControl;
 
 /** What came of a verb: text for standard output, or a problem for standard error. */
 struct VerbResult
@@ -25,7 +25,7 @@ struct Verb
     QString description;  ///< One line.
     int minimumArguments; ///< How many words must follow.
     int maximumArguments; ///< How many may follow.
-    std::function<VerbResult(ServiceLink &, const QStringList &)> run;
+    std::function<VerbResult(ServiceControl &, const QStringList &)> run;
 };
 
 /** All of them, in the order of the usage text. */

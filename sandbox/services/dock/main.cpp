@@ -1,3 +1,4 @@
+#include "contracts/contract.h"
 #include "sandbox/services/common/service.h"
 #include "sandbox/services/dock/dockicon.h"
 
@@ -6,11 +7,8 @@
 int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
-    sandbox::Service service({QStringLiteral("dock"),
-                              QStringLiteral("com.corvane.aiassistant.dock"),
-                              QDBusConnection::SessionBus,
-                              QStringLiteral("Shows or hides the assistant's icon in the dock.")});
+    sandbox::Service service(sandbox::serviceNamed(QStringLiteral("dock")));
     sandbox::DockIcon icon(service.state());
-    service.publish(QStringLiteral("/com/corvane/aiassistant/dockIconControl"), &icon);
+    service.publish(Contract::DockIcon::object().path, &icon);
     return service.run();
 }

@@ -1,3 +1,4 @@
+#include "contracts/contract.h"
 #include "sandbox/services/common/service.h"
 #include "sandbox/services/keybinding/keybindings.h"
 
@@ -6,10 +7,8 @@
 int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
-    sandbox::Service service(
-        {QStringLiteral("keybinding"), QStringLiteral("com.tavren.daemon.Keybinding"),
-         QDBusConnection::SessionBus, QStringLiteral("Knows the desktop's keyboard shortcuts.")});
+    sandbox::Service service(sandbox::serviceNamed(QStringLiteral("keybinding")));
     sandbox::Keybindings keybindings(service.state());
-    service.publish(QStringLiteral("/com/tavren/daemon/Keybinding"), &keybindings);
+    service.publish(Contract::Keybinding::object().path, &keybindings);
     return service.run();
 }

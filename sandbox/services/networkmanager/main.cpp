@@ -1,16 +1,26 @@
+#include "networkmanageradaptor.h"
 #include "sandbox/services/common/service.h"
-#include "sandbox/services/networkmanager/networkstate.h"
+#include "sandbox/services/common/statestore.h"
 
 #include <QCoreApplication>
 
+namespace {
+
+constexpr uint connectedGlobal =
+    70; // NM_STATE_CONNECTED_GLOBAL; 60 site, 50 local, 20 disconnected
+
+} // namespace
+
+/** The one answer of NetworkManager that the module asks for. Like the real one it starts afresh.
+ */
 int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
-    sandbox::Service service(
-        {QStringLiteral("networkmanager"), QStringLiteral("org.freedesktop.NetworkManager"),
-         QDBusConnection::SystemBus,
-         QStringLiteral("Answers for NetworkManager on a system bus that has none.")});
-    sandbox::NetworkState network(service.state());
-    service.publish(QStringLiteral("/org/freedesktop/NetworkManager"), &network);
+    sandbox::Service service(sandbox::serviceNamed(QStringLiteral("networkmanager")));
+    const QString key = QStringLiteral("state");
+    service.state()->declare(key, connectedGlobal, sandbox::StateStore::ThisRun);
+    const sandbox::StoredMethods stored(service.state(),
+                                        {{Contract::NetworkManager::state(), key}});
+    service.publish<NetworkManagerAdaptor>(Contract::NetworkManager::object(), &stored);
     return service.run();
 }

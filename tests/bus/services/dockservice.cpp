@@ -1,3 +1,4 @@
+#include "sandbox/services/control/servicecontrol.h"
 #include "tests/support/serviceprocess.h"
 
 #include <QDBusConnection>
@@ -311,10 +312,9 @@ void DockServiceTest::wrongControlCallsAreRefused()
         m_dock->leaveBus();
         QVERIFY(bus.registerService(serviceName));
     }
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        "com.corvane.sandbox.dock", "/sandbox/control", "com.corvane.sandbox.Control", member);
-    message.setArguments(arguments);
-    QCOMPARE(bus.call(message).errorName(), QStringLiteral("com.corvane.sandbox.Error.Refused"));
+    sandbox::ServiceControl control(QStringLiteral("dock"), bus);
+    QCOMPARE(control.callWithArgumentList(QDBus::Block, member, arguments).errorName(),
+             QStringLiteral("com.corvane.sandbox.Error.Refused"));
     QCOMPARE(m_dock->value("hidden"), QVariant(false));
 }
 

@@ -1,3 +1,4 @@
+#include "sandbox/services/control/servicelist.h"
 #include "tests/support/childprocess.h"
 
 #include <QDBusConnection>
@@ -73,14 +74,10 @@ void ServiceLifecycleTest::addServices()
     QTest::addColumn<QString>("service");
     QTest::addColumn<QString>("busName");
     QTest::addColumn<bool>("onSystemBus");
-    QTest::newRow("assistant") << "assistant"
-                               << "com.corvane.aiassistant" << false;
-    QTest::newRow("dock") << "dock"
-                          << "com.corvane.aiassistant.dock" << false;
-    QTest::newRow("keybinding") << "keybinding"
-                                << "com.tavren.daemon.Keybinding" << false;
-    QTest::newRow("networkmanager") << "networkmanager"
-                                    << "org.freedesktop.NetworkManager" << true;
+    for (const sandbox::ServiceIdentity &service : sandbox::serviceList()) {
+        QTest::newRow(qPrintable(service.name))
+            << service.name << service.busName << (service.bus == QDBusConnection::SystemBus);
+    }
 }
 
 void ServiceLifecycleTest::readyLineComesWhenTheNameIsOwned_data()

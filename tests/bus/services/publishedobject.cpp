@@ -1,11 +1,11 @@
-#include "sandbox/services/common/callgate.h"
+#include "sandbox/services/common/publishedobject.h"
 
-#include "callgateiatadaptor.h"
-#include "callgatesessionadaptor.h"
 #include "comcorvaneaiserviceiatinterface.h"
 #include "comcorvaneaiservicesessioninterface.h"
+#include "publishedobjectiatadaptor.h"
+#include "publishedobjectsessionadaptor.h"
 #include "sandbox/services/common/calllog.h"
-#include "sandbox/services/common/replydesk.h"
+#include "sandbox/services/common/scriptedreplies.h"
 #include "tests/bus/services/recognitionstub.h"
 
 #include <QDBusConnection>
@@ -46,13 +46,13 @@ void RecognitionStub::putAudio(const QByteArray &data, bool finish)
 }
 
 /**
- * Calls go through the gate to generated adaptors and back, with every type of the contracts, and
- * the adaptors' signals go out.
+ * Calls go through a published object to generated adaptors and back, with every type of the
+ * contracts, and the adaptors' signals go out.
  *
  * Service and client are two connections of this process, so calls are never waited for outside the
  * event loop here.
  */
-class CallGateTest : public QObject
+class PublishedObjectTest : public QObject
 {
     Q_OBJECT
 
@@ -74,29 +74,30 @@ private:
     QDBusMessage finished(const QDBusPendingReply<Values...> &reply);
 
     std::unique_ptr<sandbox::CallLog> m_log;
-    std::unique_ptr<sandbox::ReplyDesk> m_desk;
+    std::unique_ptr<sandbox::ScriptedReplies> m_replies;
     std::unique_ptr<RecognitionStub> m_stub;
     std::unique_ptr<ComCorvaneAiserviceSessionInterface> m_sessions;
     std::unique_ptr<ComCorvaneAiserviceIatInterface> m_recognition;
 };
 
 template <typename... Values>
-QDBusMessage CallGateTest::finished(const QDBusPendingReply<Values...> &reply)
+QDBusMessage PublishedObjectTest::finished(const QDBusPendingReply<Values...> &reply)
 {
     QDBusPendingCallWatcher watcher(reply);
     const bool inTime = QTest::qWaitFor([&watcher] { return watcher.isFinished(); }, 5000);
     return inTime ? watcher.reply() : QDBusMessage();
 }
 
-void CallGateTest::init()
+void PublishedObjectTest::init()
 {
     QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "service");
     m_log = std::make_unique<sandbox::CallLog>();
-    m_desk = std::make_unique<sandbox::ReplyDesk>(bus);
+    m_replies = std::make_unique<sandbox::ScriptedReplies>(bus);
     m_stub = std::make_unique<RecognitionStub>();
     new SessionsAdaptor(m_stub.get());
     new RecognitionAdaptor(m_stub.get());
-    new sandbox::CallGate(m_stub.get(), "/stub", QString(), bus, m_log.get(), m_desk.get());
+    new sandbox::PublishedObject(m_stub.get(), "/stub", QString(), bus, m_log.get(),
+                                 m_replies.get());
 
     m_sessions = std::make_unique<ComCorvaneAiserviceSessionInterface>(
         bus.baseService(), "/stub", QDBusConnection::sessionBus());
@@ -104,16 +105,16 @@ void CallGateTest::init()
         bus.baseService(), "/stub", QDBusConnection::sessionBus());
 }
 
-void CallGateTest::cleanup()
+void PublishedObjectTest::cleanup()
 {
     m_recognition.reset();
     m_sessions.reset();
     m_stub.reset();
-    m_desk.reset();
+    m_replies.reset();
     QDBusConnection::disconnectFromBus("service");
 }
 
-void CallGateTest::severalValuesComeBack()
+void PublishedObjectTest::severalValuesComeBack()
 {
     const QDBusMessage reply = finished(m_sessions->createSession("app", "iat"));
     QCOMPARE(reply.signature(), QStringLiteral("oi"));
@@ -122,7 +123,7 @@ void CallGateTest::severalValuesComeBack()
     QCOMPARE(finished(m_sessions->freeSession("app", "iat")).arguments(), QVariantList{-3});
 }
 
-void CallGateTest::dictionaryArrivesWhole()
+void PublishedObjectTest::dictionaryArrivesWhole()
 {
     const QVariantMap parameters{{"rate", 16000}, {"name", "x"}, {"on", true}};
     QCOMPARE(finished(m_recognition->startIat(parameters)).arguments(), QVariantList{"started"});
@@ -133,7 +134,7 @@ void CallGateTest::dictionaryArrivesWhole()
              QJsonObject::fromVariantMap(parameters));
 }
 
-void CallGateTest::bytesArriveAndAreLoggedByLength()
+void PublishedObjectTest::bytesArriveAndAreLoggedByLength()
 {
     const QByteArray audio("\0\1\x80\xff", 4);
     QCOMPARE(finished(m_recognition->putAudio(audio, true)).signature(), QString());
@@ -143,7 +144,7 @@ void CallGateTest::bytesArriveAndAreLoggedByLength()
     QCOMPARE(line.value("arguments").toArray(), (QJsonArray{QJsonObject{{"bytes", 4}}, true}));
 }
 
-void CallGateTest::signalsGoOut()
+void PublishedObjectTest::signalsGoOut()
 {
     QSignalSpy results(m_recognition.get(), &ComCorvaneAiserviceIatInterface::onResult);
     QSignalSpy ends(m_recognition.get(), &ComCorvaneAiserviceIatInterface::onEnd);
@@ -154,7 +155,7 @@ void CallGateTest::signalsGoOut()
     QCOMPARE(results.at(0), QVariantList{"{}"});
 }
 
-void CallGateTest::introspectionIsTheContracts()
+void PublishedObjectTest::introspectionIsTheContracts()
 {
     const QDBusMessage call = QDBusMessage::createMethodCall(
         m_sessions->service(), "/stub", "org.freedesktop.DBus.Introspectable", "Introspect");
@@ -165,29 +166,29 @@ void CallGateTest::introspectionIsTheContracts()
     QVERIFY(xml.contains("<interface name=\"com.corvane.aiservice.iat\">"));
 }
 
-void CallGateTest::scriptsTellInterfacesApart()
+void PublishedObjectTest::scriptsTellInterfacesApart()
 {
-    m_desk->script("com.corvane.aiservice.iat.startIat", {sandbox::Behaviour::Error, "busy"});
-    m_desk->script("com.corvane.aiservice.aqc.stopIat", {sandbox::Behaviour::Error, "busy"});
+    m_replies->script("com.corvane.aiservice.iat.startIat", {sandbox::Behaviour::Error, "busy"});
+    m_replies->script("com.corvane.aiservice.aqc.stopIat", {sandbox::Behaviour::Error, "busy"});
     QCOMPARE(finished(m_recognition->startIat({})).errorMessage(), QStringLiteral("busy"));
     QCOMPARE(finished(m_recognition->stopIat()).type(), QDBusMessage::ReplyMessage);
 }
 
-void CallGateTest::deletedObjectIsWithdrawn()
+void PublishedObjectTest::deletedObjectIsWithdrawn()
 {
     m_stub.reset();
     QCOMPARE(finished(m_recognition->stopIat()).errorName(),
              QStringLiteral("org.freedesktop.DBus.Error.UnknownObject"));
 }
 
-void CallGateTest::ownedObjectIsItsClientsAlone()
+void PublishedObjectTest::ownedObjectIsItsClientsAlone()
 {
     QDBusConnection stranger =
         QDBusConnection::connectToBus(QDBusConnection::SessionBus, "stranger");
     RecognitionStub owned;
     new RecognitionAdaptor(&owned);
-    new sandbox::CallGate(&owned, "/owned", QDBusConnection::sessionBus().baseService(),
-                          QDBusConnection("service"), m_log.get(), m_desk.get());
+    new sandbox::PublishedObject(&owned, "/owned", QDBusConnection::sessionBus().baseService(),
+                                 QDBusConnection("service"), m_log.get(), m_replies.get());
     const QString service = QDBusConnection("service").baseService();
     ComCorvaneAiserviceIatInterface mine(service, "/owned", QDBusConnection::sessionBus());
     ComCorvaneAiserviceIatInterface theirs(service, "/owned", stranger);
@@ -206,6 +207,6 @@ void CallGateTest::ownedObjectIsItsClientsAlone()
     QDBusConnection::disconnectFromBus("stranger");
 }
 
-QTEST_GUILESS_MAIN(CallGateTest)
+QTEST_GUILESS_MAIN(PublishedObjectTest)
 
-#include "callgate.moc"
+#include "publishedobject.moc"

@@ -1,5 +1,6 @@
-#include "sandbox/services/common/replydesk.h"
+#include "sandbox/services/common/scriptedreplies.h"
 
+#include <QDBusArgument>
 #include <QTimer>
 
 #include <cstdlib>
@@ -17,18 +18,50 @@ QString qualifiedName(const QDBusMessage &call)
 
 } // namespace
 
-ReplyDesk::ReplyDesk(const QDBusConnection &connection, QObject *parent)
+Behaviour Behaviour::parse(const QString &name, const QVariant &argument, QString *error)
+{
+    if (name == QLatin1String("answer"))
+        return {};
+    if (name == QLatin1String("hold"))
+        return {Hold, {}};
+    if (name == QLatin1String("vanish"))
+        return {Vanish, {}};
+    if (name == QLatin1String("error"))
+        return {Error, argument.toString()};
+    if (name == QLatin1String("reply"))
+        return {Reply, argument};
+    if (name == QLatin1String("reply-list")) {
+        if (argument.userType() == qMetaTypeId<QDBusArgument>())
+            return {ReplyList, qdbus_cast<QVariantList>(argument)};
+        if (argument.userType() == QMetaType::QVariantList)
+            return {ReplyList, argument};
+        *error = QStringLiteral("reply-list takes an array of variants");
+        return {};
+    }
+    if (name == QLatin1String("delay")) {
+        bool isNumber = false;
+        const int milliseconds = argument.toInt(&isNumber);
+        if (isNumber && milliseconds >= 0)
+            return {Delay, milliseconds};
+        *error = QStringLiteral("delay takes a number of milliseconds");
+        return {};
+    }
+    *error = QStringLiteral("there is no behaviour \"%1\"").arg(name);
+    return {};
+}
+
+ScriptedReplies::ScriptedReplies(const QDBusConnection &connection, QObject *parent)
     : QObject(parent)
     , m_connection(connection)
 {
 }
 
-void ReplyDesk::script(const QString &member, const Behaviour &behaviour)
+void ScriptedReplies::script(const QString &member, const Behaviour &behaviour)
 {
     m_scripts.insert(member, behaviour);
 }
 
-void ReplyDesk::answer(const QDBusMessage &call, const std::function<QDBusMessage()> &work)
+void ScriptedReplies::answer(const QDBusMessage &call, const std::function<QDBusMessage()> &work)
 {
     const Behaviour behaviour = behaviourOf(call);
     switch (behaviour.kind) {
@@ -58,7 +91,7 @@ void ReplyDesk::answer(const QDBusMessage &call, const std::function<QDBusMessag
     }
 }
 
-int ReplyDesk::release(const QString &member)
+int ScriptedReplies::release(const QString &member)
 {
     int released = 0;
     QList<Held> kept;
@@ -74,7 +107,7 @@ int ReplyDesk::release(const QString &member)
     return released;
 }
 
-void ReplyDesk::reset()
+void ScriptedReplies::reset()
 {
     m_scripts.clear();
     for (const Held &held : qAsConst(m_held))
@@ -82,13 +115,13 @@ void ReplyDesk::reset()
     m_held.clear();
 }
 
-Behaviour ReplyDesk::behaviourOf(const QDBusMessage &call) const
+Behaviour ScriptedReplies::behaviourOf(const QDBusMessage &call) const
 {
     const auto qualified = m_scripts.constFind(qualifiedName(call));
     return qualified != m_scripts.constEnd() ? *qualified : m_scripts.value(call.member());
 }
 
-void ReplyDesk::send(const QDBusMessage &call, const QDBusMessage &reply)
+void ScriptedReplies::send(const QDBusMessage &call, const QDBusMessage &reply)
 {
     if (call.isReplyRequired())
         m_connection.send(reply);

@@ -6,24 +6,24 @@
 namespace sandbox {
 
 class CallLog;
-class ReplyDesk;
+class ScriptedReplies;
 
 /**
  * Publishes an object at a path and sees every call to it first, whatever its member and argument
- * types: writes it to the log and lets the reply desk decide how it is answered. The work itself is
+ * types: writes it to the log and lets the scripts decide how it is answered. The work itself is
  * done by the object's generated adaptors. It belongs to the object.
  *
  * An object with an owner, a client's unique bus name, is that client's alone: others are denied,
  * and only the owner gets its signals.
  */
-class CallGate : public QDBusVirtualObject
+class PublishedObject : public QDBusVirtualObject
 {
     Q_OBJECT
 
 public:
-    CallGate(QObject *object, const QString &path, const QString &owner,
-             const QDBusConnection &connection, CallLog *log, ReplyDesk *desk);
-    ~CallGate() override;
+    PublishedObject(QObject *object, const QString &path, const QString &owner,
+                    const QDBusConnection &connection, CallLog *log, ScriptedReplies *replies);
+    ~PublishedObject() override;
 
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
     QString introspect(const QString &path) const override;
@@ -34,7 +34,7 @@ private:
     QString m_owner; // empty: everybody's
     QDBusConnection m_connection;
     CallLog *m_log;
-    ReplyDesk *m_desk;
+    ScriptedReplies *m_replies;
 };
 
 } // namespace sandbox
