@@ -32,9 +32,7 @@ start_services() {
 
 # The network manager says "disconnected" (20 in its interface).
 set_offline() {
-    dbus-send --bus="$DBUS_SYSTEM_BUS_ADDRESS" --print-reply --dest=com.corvane.sandbox.networkmanager \
-        /sandbox/control com.corvane.sandbox.Control.SetValue \
-        string:state variant:uint32:20 >/dev/null
+    "$sandbox_build/sandbox/services/sandbox-control" networkmanager set state 20
 }
 
 # start_microphone KIND: KIND as on the command line, or empty for the default. SANDBOX_MICROPHONE is the
