@@ -16,6 +16,7 @@ set(module_headers
     pages/wordslabel.h
     plugin/tavrenaiassitantcontrolplugin.h
     plugin/assistzlistview.h
+    plugin/pagetable.h
     plugin/thirdlistwidget.h
     proxy/assistantstateproxy.h
     voice/aiservice.h
@@ -43,7 +44,7 @@ set(module_sources
     pages/voicettssettingwidget.cpp
     pages/wordslabel.cpp
     plugin/assistzlistview.cpp
-    plugin/searchentries.cpp
+    plugin/pagetable.cpp
     plugin/tavrenaiassitantcontrolplugin.cpp
     plugin/thirdlistwidget.cpp
     proxy/assistantstateproxy.cpp

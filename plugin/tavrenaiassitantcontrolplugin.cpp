@@ -1,9 +1,6 @@
 #include "plugin/tavrenaiassitantcontrolplugin.h"
 
-#include "pages/assistantsettingwidget.h"
-#include "pages/texttranslatesettingwidget.h"
-#include "pages/voiceiatsettingwidget.h"
-#include "pages/voicettssettingwidget.h"
+#include "plugin/pagetable.h"
 #include "plugin/thirdlistwidget.h"
 
 #include <QCoreApplication>
@@ -101,14 +98,8 @@ void TavrenAIAssitantControlPlugin::active()
 
     auto *list = new ThirdListWidget(nullptr); // the frame's from push() on
     m_listWidget = list;
-    connect(list, &ThirdListWidget::signalShowAIAssistant, this,
-            &TavrenAIAssitantControlPlugin::showAssistantWidget);
-    connect(list, &ThirdListWidget::signalShowVoiceIat, this,
-            &TavrenAIAssitantControlPlugin::showVoiceIatWidget);
-    connect(list, &ThirdListWidget::signalShowVoiceTTS, this,
-            &TavrenAIAssitantControlPlugin::showVoiceTtsWidget);
-    connect(list, &ThirdListWidget::signalShowTranslate, this,
-            &TavrenAIAssitantControlPlugin::showTranslateWidget);
+    for (const PageEntry &page : pageTable())
+        connect(list, page.requested, this, [this, &page] { showNewPage(page); });
     push(list);
 
     showAssistantWidget();
@@ -123,21 +114,22 @@ int TavrenAIAssitantControlPlugin::load(const QString &path)
 {
     qDebug() << "load" << path;
 
-    static const QStringList pageNames = {
-        QStringLiteral("Desktop AI Assistant"),
-        QStringLiteral("Speech to Text"),
-        QStringLiteral("Text to Speech"),
-        QStringLiteral("Translation"),
-    };
+    const QVector<PageEntry> &pages = pageTable();
+    int row = AssistantRow;
+    for (int i = 0; i < pages.size(); ++i)
+        if (path == QLatin1String(pages.at(i).name))
+            row = i;
     if (m_listWidget)
-        m_listWidget->updateListViewIndex(qMax(0, pageNames.indexOf(path)));
+        m_listWidget->updateListViewIndex(row);
     return 0;
 }
 
 QStringList TavrenAIAssitantControlPlugin::availPage() const
 {
-    return {QStringLiteral("assistant"), QStringLiteral("translation"), QStringLiteral("iat"),
-            QStringLiteral("tts")};
+    QStringList names;
+    for (const PageRow row : shortNameOrder)
+        names.append(QString::fromLatin1(pageTable().at(row).shortName));
+    return names;
 }
 
 QString TavrenAIAssitantControlPlugin::path() const
@@ -150,24 +142,46 @@ QString TavrenAIAssitantControlPlugin::follow() const
     return QStringLiteral("keyboard");
 }
 
+void TavrenAIAssitantControlPlugin::addChildPageTrans() const
+{
+    if (!m_frameProxy)
+        return;
+    for (const PageRow row : breadcrumbOrder) {
+        const char *name = pageTable().at(row).name;
+        m_frameProxy->addPageTranslation(QString::fromLatin1(name), tr(name));
+    }
+}
+
+void TavrenAIAssitantControlPlugin::initSearchData()
+{
+    if (!m_frameProxy)
+        return;
+    const QString moduleName = displayName();
+    for (const PageEntry &page : pageTable()) {
+        m_frameProxy->addSearchModule(moduleName, tr(page.name), true);
+        for (const char *setting : page.settings)
+            m_frameProxy->addSearchItem(moduleName, tr(page.name), tr(setting), true);
+    }
+}
+
 void TavrenAIAssitantControlPlugin::showAssistantWidget()
 {
-    showNewPage(m_assistantPage);
+    showNewPage(pageTable().at(AssistantRow));
 }
 
 void TavrenAIAssitantControlPlugin::showVoiceIatWidget()
 {
-    showNewPage(m_voiceIatPage);
+    showNewPage(pageTable().at(SpeechToTextRow));
 }
 
 void TavrenAIAssitantControlPlugin::showVoiceTtsWidget()
 {
-    showNewPage(m_voiceTtsPage);
+    showNewPage(pageTable().at(TextToSpeechRow));
 }
 
 void TavrenAIAssitantControlPlugin::showTranslateWidget()
 {
-    showNewPage(m_translatePage);
+    showNewPage(pageTable().at(TranslationRow));
 }
 
 void TavrenAIAssitantControlPlugin::push(QWidget *widget)
@@ -178,17 +192,14 @@ void TavrenAIAssitantControlPlugin::push(QWidget *widget)
         delete widget; // nobody else would ever own it
 }
 
-template <typename Page>
-void TavrenAIAssitantControlPlugin::showNewPage(QPointer<Page> &page)
+void TavrenAIAssitantControlPlugin::showNewPage(const PageEntry &page)
 {
     // A page's constructor waits for services while events are processed. Meanwhile another row may
     // be chosen, which runs this function again, or the host may drop the plugin.
     const QPointer<TavrenAIAssitantControlPlugin> self(this);
-    auto *newPage = new Page(nullptr); // the frame's from push() on
-    if (!self) {
-        delete newPage;
-        return;
-    }
-    page = newPage;
-    push(newPage);
+    QWidget *widget = page.newPage(); // the frame's from push() on
+    if (self)
+        push(widget);
+    else
+        delete widget;
 }

@@ -5,18 +5,15 @@
 #include <QObject>
 #include <QPointer>
 
-class AssistantSettingWidget;
 class QTranslator;
-class TextTranslateSettingWidget;
 class ThirdListWidget;
-class VoiceIatSettingWidget;
-class VoiceTTSSettingWidget;
+struct PageEntry;
 
 /**
  * The plugin's root object: one entry of the control center, "Assistive Tools".
  *
  * Routing only: it hands the frame a navigation list and, for each row chosen, a freshly built
- * page. The frame owns and destroys whatever was pushed, so list and pages are only observed here.
+ * page. The frame owns and destroys whatever was pushed; of that only the list is observed here.
  * GUI thread only. The class name is part of the plugin's metadata; its spelling must stay.
  */
 class TavrenAIAssitantControlPlugin : public QObject, public zccV20::ModuleInterface
@@ -60,13 +57,8 @@ public Q_SLOTS:
 private:
     void installTranslatorForSystemLocale();
     void push(QWidget *widget);
-    template <typename Page>
-    void showNewPage(QPointer<Page> &page);
+    void showNewPage(const PageEntry &page);
 
     QPointer<ThirdListWidget> m_listWidget;
-    QPointer<AssistantSettingWidget> m_assistantPage;
-    QPointer<VoiceIatSettingWidget> m_voiceIatPage;
-    QPointer<VoiceTTSSettingWidget> m_voiceTtsPage;
-    QPointer<TextTranslateSettingWidget> m_translatePage;
     QTranslator *m_translator = nullptr; // never deleted: the host may translate without the plugin
 };

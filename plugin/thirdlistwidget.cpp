@@ -1,6 +1,7 @@
 #include "plugin/thirdlistwidget.h"
 
 #include "plugin/assistzlistview.h"
+#include "plugin/pagetable.h"
 
 #include <ztk/zstandarditem.h>
 
@@ -37,15 +38,9 @@ void ThirdListWidget::init()
 
     // Qt keeps icons by name for as long as the application lives: a literal's text would go with
     // this library.
-    const QList<QPair<const char *, QString>> rows = {
-        {"zcc_nav_assistant_nor", tr("Desktop AI Assistant")},
-        {"zcc_nav_dictate_nor", tr("Speech to Text")},
-        {"zcc_nav_read_nor", tr("Text to Speech")},
-        {"zcc_nav_translate_nor", tr("Translation")},
-    };
-    for (const auto &row : rows) {
+    for (const PageEntry &page : pageTable()) {
         auto *item = new Ztk::Widget::ZStandardItem(
-            QIcon::fromTheme(QString::fromLatin1(row.first)), row.second);
+            QIcon::fromTheme(QString::fromLatin1(page.iconName)), tr(page.rowText));
         item->setData(QVariant::fromValue(QMargins(10, 8, 10, 8)),
                       Ztk::Widget::ZListView::MarginsRole);
         m_model->appendRow(item);
@@ -74,20 +69,10 @@ void ThirdListWidget::onItemClieck(const QModelIndex &index)
 
 void ThirdListWidget::requestPage(int row)
 {
-    switch (row) {
-    case 1:
-        Q_EMIT signalShowVoiceIat();
-        break;
-    case 2:
-        Q_EMIT signalShowVoiceTTS();
-        break;
-    case 3:
-        Q_EMIT signalShowTranslate();
-        break;
-    default:
-        Q_EMIT signalShowAIAssistant();
-        break;
-    }
+    const QVector<PageEntry> &pages = pageTable();
+    if (row < 0 || row >= pages.size())
+        row = AssistantRow;
+    (this->*pages.at(row).requested)();
 }
 
 void ThirdListWidget::updateListViewIndex(int row)

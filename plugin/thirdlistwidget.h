@@ -26,7 +26,7 @@ public:
     /** Emits the signal of the row of @p index; an invalid index is the first row's. */
     void onItemClieck(const QModelIndex &index);
 
-    /** Makes @p row current and opens its page. A row outside 0 to 3 leaves no row current. */
+    /** Makes @p row current and opens its page. A row without a page leaves no row current. */
     void updateListViewIndex(int row);
 
 Q_SIGNALS:
