@@ -77,7 +77,7 @@ void addHint(QVBoxLayout *layout, const QString &text, const QString &shortcut)
 
 SettingsGroup *addGroup(QVBoxLayout *layout, int spacing)
 {
-    auto *group = new SettingsGroup(nullptr, SettingsGroup::ItemBackground);
+    auto *group = new SettingsGroup;
     group->setSpacing(spacing);
     group->itemLayout()->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(group);
@@ -93,15 +93,16 @@ SwitchWidget *newSwitch(const QString &title)
 
 ComboBoxRow addComboBoxRow(SettingsGroup *group, const QString &label)
 {
-    const ComboBoxRow row = {new SettingsItem, new QLabel(label), new QComboBox};
+    const ComboBoxRow row = {new SettingsItem, new QComboBox};
     row.item->addBackground();
     group->appendItem(row.item);
 
-    setFontStep(row.label, ZFontSizeManager::T6);
-    row.label->setBuddy(row.comboBox);
+    auto *title = new QLabel(label);
+    setFontStep(title, ZFontSizeManager::T6);
+    title->setBuddy(row.comboBox);
     row.comboBox->setAccessibleName(label);
     auto *layout = new QHBoxLayout(row.item);
-    layout->addWidget(row.label);
+    layout->addWidget(title);
     layout->addWidget(row.comboBox);
     return row;
 }

@@ -61,7 +61,6 @@ zcc::widgets::SwitchWidget *newSwitch(const QString &title);
 struct ComboBoxRow
 {
     zcc::widgets::SettingsItem *item;
-    QLabel *label;
     QComboBox *comboBox;
 };
 

@@ -43,7 +43,6 @@ private Q_SLOTS:
     void rowsKeepTheirHeightInATallPage();
     void closeRowsAreOneBlock();
     void rowsApartAreCards();
-    void groupBackgroundLiesBehindAllRows();
     void itemWithoutBackgroundIsTransparent();
 
     void switchByMouse();
@@ -249,24 +248,6 @@ void PlatformRowsTest::rowsApartAreCards()
         QVERIFY(image.pixelColor(image.width() - 1, image.height() - 1) != card);
         QCOMPARE(image.pixelColor(image.width() / 2, 0), card);
     }
-}
-
-void PlatformRowsTest::groupBackgroundLiesBehindAllRows()
-{
-    auto *group = new SettingsGroup(nullptr, SettingsGroup::GroupBackground);
-    auto *first = new SwitchWidget(QStringLiteral("First"));
-    auto *second = new SwitchWidget(QStringLiteral("Second"));
-    group->appendItem(first);
-    group->appendItem(second);
-    show(group);
-    QVERIFY(!first->hasBackground());
-    const QImage image = pictures::of(group);
-    QVERIFY(image.pixelColor(0, 0) != color(QPalette::Base));
-    QCOMPARE(image.pixelColor(image.width() / 2, 1), color(QPalette::Base));
-    // A thin line parts the rows.
-    QCOMPARE(
-        pictures::count(image, color(QPalette::Mid), QRect(0, second->y() - 1, image.width(), 1)),
-        image.width() - 2 * rowPadding);
 }
 
 void PlatformRowsTest::itemWithoutBackgroundIsTransparent()

@@ -13,7 +13,6 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScopedPointer>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -85,7 +84,7 @@ void PlatformStyleTest::cleanup()
 void PlatformStyleTest::controls()
 {
     QTest::addColumn<QString>("kind");
-    for (const char *kind : {"push button", "check box", "radio button", "combo box", "line edit"})
+    for (const char *kind : {"push button", "check box", "combo box", "line edit"})
         QTest::newRow(kind) << QString::fromLatin1(kind);
 }
 
@@ -99,8 +98,6 @@ QWidget *PlatformStyleTest::make(const QString &kind)
         control = new QPushButton(QStringLiteral("Push"));
     } else if (kind == QLatin1String("check box")) {
         control = new QCheckBox(QStringLiteral("Check"));
-    } else if (kind == QLatin1String("radio button")) {
-        control = new QRadioButton(QStringLiteral("Choose"));
     } else if (kind == QLatin1String("line edit")) {
         control = new QLineEdit(QStringLiteral("Text"));
     } else {

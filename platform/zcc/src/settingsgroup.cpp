@@ -2,24 +2,18 @@
 
 #include "groupingrole.h"
 
-#include <ztk/zpainting.h>
-
-#include <QPainter>
 #include <QVBoxLayout>
 
 namespace zcc {
 namespace widgets {
-
-using Ztk::Widget::ZPainting;
 
 namespace {
 constexpr int largestJoiningSpacing = 1; ///< Rows this close are drawn as one block.
 constexpr int defaultSpacing = 10;
 } // namespace
 
-SettingsGroup::SettingsGroup(QFrame *parent, BackgroundStyle style)
+SettingsGroup::SettingsGroup(QFrame *parent)
     : QFrame(parent)
-    , m_style(style)
     , m_layout(new QVBoxLayout(this))
 {
     GroupingRole::install();
@@ -27,7 +21,7 @@ SettingsGroup::SettingsGroup(QFrame *parent, BackgroundStyle style)
     // Rows keep their natural height; what is left over belongs to the page.
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     m_layout->setContentsMargins(0, 0, 0, 0);
-    m_layout->setSpacing(style == GroupBackground ? largestJoiningSpacing : defaultSpacing);
+    m_layout->setSpacing(defaultSpacing);
 }
 
 void SettingsGroup::setSpacing(int spacing)
@@ -41,8 +35,7 @@ void SettingsGroup::appendItem(SettingsItem *item)
     if (!item)
         return;
     m_layout->removeWidget(item);
-    if (m_style == ItemBackground)
-        item->addBackground();
+    item->addBackground();
     m_layout->addWidget(item);
     item->show();
     updateRows();
@@ -93,25 +86,6 @@ void SettingsGroup::updateRows()
         if (SettingsItem *row = item(i))
             row->update();
     update();
-}
-
-void SettingsGroup::paintEvent(QPaintEvent *event)
-{
-    if (m_style == GroupBackground) {
-        QPainter painter(this);
-        ZPainting::fillRounded(&painter, rect(), ZPainting::CardRadius,
-                               palette().color(QPalette::Active, QPalette::Base));
-        const qreal line = ZPainting::hairline(&painter);
-        for (int i = 1; i < itemCount(); ++i) {
-            const SettingsItem *row = item(i);
-            if (!row || row->isHidden() || !joinsNeighbour(row, -1))
-                continue;
-            const QRectF separator(rowPadding, row->y() - line, width() - 2 * rowPadding, line);
-            painter.fillRect(ZPainting::snapped(&painter, separator),
-                             palette().color(QPalette::Mid));
-        }
-    }
-    QFrame::paintEvent(event);
 }
 
 } // namespace widgets

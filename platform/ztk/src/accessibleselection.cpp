@@ -1,4 +1,4 @@
-#include "assistedchoice.h"
+#include "accessibleselection.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -7,32 +7,33 @@
 namespace Ztk {
 namespace Widget {
 
-void AssistedChoice::serve(QListView *list)
+void AccessibleSelection::install(QListView *list)
 {
-    const bool served = list->findChild<AssistedChoice *>(QString(), Qt::FindDirectChildrenOnly);
-    if (!served && list->selectionModel() &&
+    const bool installed =
+        list->findChild<AccessibleSelection *>(QString(), Qt::FindDirectChildrenOnly);
+    if (!installed && list->selectionModel() &&
         list->selectionMode() == QAbstractItemView::SingleSelection)
-        new AssistedChoice(list);
+        new AccessibleSelection(list);
 }
 
-AssistedChoice::AssistedChoice(QListView *list)
+AccessibleSelection::AccessibleSelection(QListView *list)
     : QObject(list)
     , m_list(list)
 {
     // A click selects its row before it makes it the current one; only later can the two be told
     // from a selection that nothing follows.
     connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &AssistedChoice::check, Qt::QueuedConnection);
+            &AccessibleSelection::check, Qt::QueuedConnection);
 }
 
-void AssistedChoice::check()
+void AccessibleSelection::check()
 {
     const QModelIndexList selected = m_list->selectionModel()->selectedIndexes();
     if (selected.size() == 1 && selected.constFirst() != m_list->currentIndex())
         choose(selected.constFirst());
 }
 
-void AssistedChoice::choose(const QModelIndex &index)
+void AccessibleSelection::choose(const QModelIndex &index)
 {
     m_list->setCurrentIndex(index);
     if (m_list->window()->inherits("QComboBoxPrivateContainer")) {

@@ -12,18 +12,18 @@ namespace Widget {
  *
  * All they can do to a row is to select it. To Qt that is less than a click: the current row stays
  * what it was, nothing is opened, and a combo box keeps its value. This object makes such a
- * selection a choice. It belongs to the list that it serves.
+ * selection the user's choice. It belongs to its list.
  */
-class AssistedChoice : public QObject
+class AccessibleSelection : public QObject
 {
     Q_OBJECT
 
 public:
-    /** Serves @p list from now on, if users choose one row at a time there. */
-    static void serve(QListView *list);
+    /** Makes one for @p list, if it has none and users choose one row at a time there. */
+    static void install(QListView *list);
 
 private:
-    explicit AssistedChoice(QListView *list);
+    explicit AccessibleSelection(QListView *list);
 
     void check();
     void choose(const QModelIndex &index);

@@ -94,27 +94,11 @@ void drawPushButton(QPainter *painter, const QStyleOptionButton *option, const Q
     style->drawControl(QStyle::CE_PushButtonLabel, &label, painter, widget);
 }
 
-void drawToolPanel(QPainter *painter, const QStyleOption *option)
-{
-    QColor fill(Qt::transparent);
-    if (option->state & QStyle::State_On)
-        fill = color(option, QPalette::Button);
-    const bool touched = option->state & (QStyle::State_Sunken | QStyle::State_MouseOver);
-    if (touched && (option->state & QStyle::State_Enabled)) {
-        fill = color(option, QPalette::WindowText);
-        fill.setAlphaF(option->state & QStyle::State_Sunken ? 0.16 : 0.08);
-    }
-    drawPanel(painter, option, option->rect, ZPainting::ControlRadius, fill, Qt::transparent);
-}
-
-void drawCheckable(QPainter *painter, const QStyleOptionButton *option, bool radio)
+void drawCheckBox(QPainter *painter, const QStyleOptionButton *option)
 {
     QStyleOptionButton indicator = *option;
     indicator.rect = indicatorRect(option);
-    if (radio)
-        drawRadioIndicator(painter, &indicator);
-    else
-        drawCheckIndicator(painter, &indicator);
+    drawCheckIndicator(painter, &indicator);
 
     QRect label = labelRect(option);
     const QColor textColor = color(option, QPalette::WindowText);
@@ -161,31 +145,13 @@ void drawCheckIndicator(QPainter *painter, const QStyleOption *option)
     }
 }
 
-void drawRadioIndicator(QPainter *painter, const QStyleOption *option)
-{
-    const QRectF circle(option->rect);
-    const qreal radius = circle.width() / 2;
-    if (!(option->state & QStyle::State_On)) {
-        ZPainting::fillRounded(painter, circle, radius,
-                               answering(option, color(option, QPalette::Base)));
-        ZPainting::frameRounded(painter, circle, radius, color(option, QPalette::Dark),
-                                indicatorStroke);
-        return;
-    }
-    ZPainting::fillRounded(painter, circle, radius,
-                           answering(option, color(option, QPalette::Highlight)));
-    const qreal inset = circle.width() / 3;
-    ZPainting::fillRounded(painter, circle.adjusted(inset, inset, -inset, -inset), radius - inset,
-                           color(option, QPalette::HighlightedText));
-}
-
 QSize pushButtonSize(const QSize &contents)
 {
     return QSize(contents.width() + 2 * pushButtonPadding, contents.height() + pushButtonPadding)
         .expandedTo(QSize(pushButtonMinimumWidth, ZStyle::MinimumHitHeight));
 }
 
-QSize checkableSize(const QStyleOptionButton *option)
+QSize checkBoxSize(const QStyleOptionButton *option)
 {
     const QSize text = option->fontMetrics.size(Qt::TextShowMnemonic, option->text);
     int width = 2 * indicatorPadding + indicatorSize;
@@ -212,7 +178,7 @@ QRect labelRect(const QStyleOption *option)
 
 QRect focusRect(const QStyleOptionButton *option)
 {
-    const QSize size = checkableSize(option).boundedTo(option->rect.size());
+    const QSize size = checkBoxSize(option).boundedTo(option->rect.size());
     const int height = qMin(size.height(), qMax(indicatorSize, option->fontMetrics.height()) +
                                                2 * indicatorPadding);
     return QStyle::alignedRect(option->direction, Qt::AlignLeft | Qt::AlignVCenter,

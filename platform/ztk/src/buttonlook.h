@@ -12,7 +12,7 @@ class QWidget;
 namespace Ztk {
 namespace Widget {
 
-/** Push buttons, key caps, tool buttons, check boxes and radio buttons of ZStyle. */
+/** Push buttons, key caps and check boxes of ZStyle. */
 namespace ButtonLook {
 
 constexpr int indicatorSize = 18;
@@ -24,22 +24,16 @@ constexpr int indicatorPadding = 5;
 void drawPushButton(QPainter *painter, const QStyleOptionButton *option, const QStyle *style,
                     const QWidget *widget);
 
-/** The background of a flat button that answers the mouse. */
-void drawToolPanel(QPainter *painter, const QStyleOption *option);
-
-/** Indicator, icon, text and focus of a check box, or of a radio button if @p radio. */
-void drawCheckable(QPainter *painter, const QStyleOptionButton *option, bool radio);
+/** Indicator, icon, text and focus of a check box. */
+void drawCheckBox(QPainter *painter, const QStyleOptionButton *option);
 
 /** The box of a check box: empty, checked, or a bar for the state in between. */
 void drawCheckIndicator(QPainter *painter, const QStyleOption *option);
 
-/** The circle of a radio button. */
-void drawRadioIndicator(QPainter *painter, const QStyleOption *option);
-
 QSize pushButtonSize(const QSize &contents);
-QSize checkableSize(const QStyleOptionButton *option);
+QSize checkBoxSize(const QStyleOptionButton *option);
 
-/** Where the indicator of a check box or radio button stands. */
+/** Where the indicator of a check box stands. */
 QRect indicatorRect(const QStyleOption *option);
 
 /** Where its text stands. */

@@ -1,6 +1,6 @@
 #include "ztk/zstyle.h"
 
-#include "assistedchoice.h"
+#include "accessibleselection.h"
 #include "buttonlook.h"
 #include "controllook.h"
 #include "inputlook.h"
@@ -55,7 +55,7 @@ void ZStyle::polish(QWidget *widget)
     else if (widget->inherits("QComboBoxPrivateContainer"))
         widget->setContentsMargins(1, 0, 1, 0); // the list must not cover the panel's frame
     else if (auto *list = qobject_cast<QListView *>(widget))
-        AssistedChoice::serve(list);
+        AccessibleSelection::install(list);
 }
 
 void ZStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
@@ -64,12 +64,6 @@ void ZStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
     switch (element) {
     case PE_IndicatorCheckBox:
         ButtonLook::drawCheckIndicator(painter, option);
-        return;
-    case PE_IndicatorRadioButton:
-        ButtonLook::drawRadioIndicator(painter, option);
-        return;
-    case PE_PanelButtonTool:
-        ButtonLook::drawToolPanel(painter, option);
         return;
     case PE_FrameFocusRect:
         if (ControlLook::showsFocus(option)) {
@@ -109,9 +103,9 @@ void ZStyle::drawControl(ControlElement element, const QStyleOption *option, QPa
             ButtonLook::drawPushButton(painter, button, proxy(), widget);
             return;
         }
-    } else if (element == CE_CheckBox || element == CE_RadioButton) {
+    } else if (element == CE_CheckBox) {
         if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option)) {
-            ButtonLook::drawCheckable(painter, button, element == CE_RadioButton);
+            ButtonLook::drawCheckBox(painter, button);
             return;
         }
     } else if (element == CE_ComboBoxLabel) {
@@ -155,9 +149,8 @@ QSize ZStyle::sizeFromContents(ContentsType type, const QStyleOption *option, co
     case CT_PushButton:
         return ButtonLook::pushButtonSize(size);
     case CT_CheckBox:
-    case CT_RadioButton:
         if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option))
-            return ButtonLook::checkableSize(button);
+            return ButtonLook::checkBoxSize(button);
         break;
     case CT_ComboBox:
         return InputLook::comboBoxSize(size);
@@ -179,18 +172,13 @@ QRect ZStyle::subElementRect(SubElement element, const QStyleOption *option,
 {
     switch (element) {
     case SE_CheckBoxIndicator:
-    case SE_RadioButtonIndicator:
         return ButtonLook::indicatorRect(option);
     case SE_CheckBoxContents:
-    case SE_RadioButtonContents:
         return ButtonLook::labelRect(option);
     case SE_CheckBoxLayoutItem:
-    case SE_RadioButtonLayoutItem:
     case SE_CheckBoxClickRect:
-    case SE_RadioButtonClickRect:
         return option->rect;
     case SE_CheckBoxFocusRect:
-    case SE_RadioButtonFocusRect:
         if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option))
             return ButtonLook::focusRect(button);
         break;
@@ -237,8 +225,6 @@ int ZStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QW
         return rowSpacing;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
-    case PM_ExclusiveIndicatorWidth:
-    case PM_ExclusiveIndicatorHeight:
         return ButtonLook::indicatorSize;
     case PM_ScrollBarExtent:
         return ScrollBarLook::extent;

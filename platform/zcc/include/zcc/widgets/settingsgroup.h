@@ -20,19 +20,14 @@ class ZCC_EXPORT SettingsGroup : public QFrame
     Q_OBJECT
 
 public:
-    enum BackgroundStyle {
-        ItemBackground,  ///< Each row draws its own background.
-        GroupBackground, ///< One background behind all rows.
-    };
-
-    explicit SettingsGroup(QFrame *parent = nullptr, BackgroundStyle style = ItemBackground);
+    explicit SettingsGroup(QFrame *parent = nullptr);
 
     /** Distance between rows, in pixels. */
     void setSpacing(int spacing);
 
     /**
      * Appends @p item, shows it and becomes its parent. An item that the group already holds moves
-     * to the end; null is ignored. In the style ItemBackground the item gets its background.
+     * to the end; null is ignored. The item gets its background.
      */
     void appendItem(SettingsItem *item);
 
@@ -57,13 +52,9 @@ public:
      */
     bool joinsNeighbour(const SettingsItem *item, int step) const;
 
-protected:
-    void paintEvent(QPaintEvent *event) override;
-
 private:
     void updateRows();
 
-    BackgroundStyle m_style;
     QVBoxLayout *m_layout;
 };
 
