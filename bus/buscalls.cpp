@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace BusCalls {
+namespace buscalls {
 
 namespace {
 
@@ -65,4 +65,4 @@ QDBusMessage sendNoReply(const Contract::Method &method, const QVariantList &arg
     return busOf(method).call(methodCall(method, arguments), QDBus::NoBlock);
 }
 
-} // namespace BusCalls
+} // namespace buscalls

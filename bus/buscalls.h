@@ -13,7 +13,7 @@
  * The modes in which services are called, one function each. The mode is part of the contract with
  * a service, so no caller composes a message of its own. No time-outs are set: the bus's own apply.
  */
-namespace BusCalls {
+namespace buscalls {
 
 /**
  * Sends a call and waits for its reply while GUI events are processed. Whatever
@@ -47,4 +47,4 @@ T valueOr(const QDBusReply<T> &reply, const T &fallback)
     return reply.isValid() ? reply.value() : fallback;
 }
 
-} // namespace BusCalls
+} // namespace buscalls

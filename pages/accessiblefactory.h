@@ -3,7 +3,7 @@
 #include <QAccessible>
 
 /** Tells Qt how assistive technologies see a class of widgets of the module. */
-namespace AccessibleFactory {
+namespace accessiblefactory {
 
 /**
  * From now on an @p Accessible, made from the widget, speaks for every @p Widget. Further calls do
@@ -26,4 +26,4 @@ void install()
     static const Registration registration;
 }
 
-} // namespace AccessibleFactory
+} // namespace accessiblefactory

@@ -40,7 +40,7 @@ namespace {
 void arrangeTipMargins(QLabel *tip)
 {
     const QMargins old = tip->contentsMargins();
-    tip->setContentsMargins(PageLayout::tipLeftMargin, old.right(), old.top(), old.bottom());
+    tip->setContentsMargins(pagelayout::tipLeftMargin, old.right(), old.top(), old.bottom());
 }
 
 } // namespace
@@ -55,7 +55,7 @@ AssistantSettingWidget::AssistantSettingWidget(QWidget *parent)
 {
     qDebug() << "AssistantSettingWidget";
 
-    m_mainLayout = PageLayout::addMainLayout(this);
+    m_mainLayout = pagelayout::addMainLayout(this);
     addDescription();
     addWakeupGroup();
     addSettingsGroup();
@@ -75,7 +75,7 @@ AssistantSettingWidget::~AssistantSettingWidget()
 void AssistantSettingWidget::addDescription()
 {
     m_descriptionLabel =
-        PageLayout::newTip(this, tr("AI Assistant boosts your productivity by executing "
+        pagelayout::newTip(this, tr("AI Assistant boosts your productivity by executing "
                                     "voice commands, such as checking the "
                                     "weather, creating events, etc."));
     arrangeTipMargins(m_descriptionLabel);
@@ -85,7 +85,7 @@ void AssistantSettingWidget::addDescription()
 
 void AssistantSettingWidget::addWakeupGroup()
 {
-    m_wakeupGroup = PageLayout::addGroup(m_mainLayout, 1);
+    m_wakeupGroup = pagelayout::addGroup(m_mainLayout, 1);
     auto *wakeupItem = new SettingsItem;
     wakeupItem->addBackground();
     m_wakeupGroup->appendItem(wakeupItem);
@@ -99,7 +99,7 @@ void AssistantSettingWidget::addWakeupGroup()
     const bool oneShotOn =
         wakeupOn && store.value(QStringLiteral("base/enableOneshot"), false).toBool();
 
-    m_voiceWakeupSwitch = PageLayout::newSwitch(tr("Voice Wakeup"));
+    m_voiceWakeupSwitch = pagelayout::newSwitch(tr("Voice Wakeup"));
     m_voiceWakeupSwitch->setChecked(wakeupOn);
     connect(m_voiceWakeupSwitch, &SwitchWidget::checkedChanged, this,
             &AssistantSettingWidget::slotVoiceWakeupSetting);
@@ -111,10 +111,10 @@ void AssistantSettingWidget::addWakeupGroup()
     oneShotLayout->setContentsMargins(5, 5, 5, 5);
     //: Check box: say the wake-up word and the command in one sentence, without a pause.
     m_oneShotCheckBox = new QCheckBox(tr("OneShot"));
-    PageLayout::setFontStep(m_oneShotCheckBox, ZFontSizeManager::T6);
+    pagelayout::setFontStep(m_oneShotCheckBox, ZFontSizeManager::T6);
     m_oneShotCheckBox->setEnabled(wakeupOn);
     m_oneShotCheckBox->setChecked(oneShotOn);
-    m_wakeupTipsLabel = PageLayout::newTip(this, oneShotOn ? m_oneShotTip : m_wakeupTip);
+    m_wakeupTipsLabel = pagelayout::newTip(this, oneShotOn ? m_oneShotTip : m_wakeupTip);
     m_wakeupTipsLabel->setVisible(wakeupOn);
     oneShotLayout->addWidget(m_oneShotCheckBox);
     wakeupLayout->addWidget(oneShotItem);
@@ -128,11 +128,11 @@ void AssistantSettingWidget::addWakeupGroup()
 
 void AssistantSettingWidget::addSettingsGroup()
 {
-    m_settingsGroup = PageLayout::addGroup(m_mainLayout, 10);
+    m_settingsGroup = pagelayout::addGroup(m_mainLayout, 10);
 
     // One entry, and the voice wake-up knows no other language.
-    const PageLayout::ComboBoxRow language =
-        PageLayout::addComboBoxRow(m_settingsGroup, tr("Language"));
+    const pagelayout::ComboBoxRow language =
+        pagelayout::addComboBoxRow(m_settingsGroup, tr("Language"));
     m_languageItem = language.item;
     //: Name of a spoken language: Mandarin Chinese.
     language.comboBox->addItem(tr("中文-普通话"));
@@ -143,7 +143,7 @@ void AssistantSettingWidget::addSettingsGroup()
     m_dockInterface = new ServiceProxy<AssistantDockServiceInterface>(
         dock.service, dock.path, QDBusConnection::sessionBus(), this);
     //: Switch: the assistant's icon in the desktop's dock (taskbar).
-    m_dockSwitch = PageLayout::newSwitch(tr("Show in the Dock"));
+    m_dockSwitch = pagelayout::newSwitch(tr("Show in the Dock"));
     m_settingsGroup->appendItem(m_dockSwitch);
     m_dockSwitch->setChecked(dockIconShown());
     connect(m_dockInterface, &AssistantDockServiceInterface::dockHideChange, this,
@@ -159,8 +159,8 @@ void AssistantSettingWidget::addSettingsGroup()
 bool AssistantSettingWidget::dockIconShown() const
 {
     const QDBusMessage hidden =
-        BusCalls::waitFor(m_dockInterface->connection(), m_dockInterface->getDockHideStatus());
-    return !BusCalls::valueOr<bool>(hidden, false);
+        buscalls::waitFor(m_dockInterface->connection(), m_dockInterface->getDockHideStatus());
+    return !buscalls::valueOr<bool>(hidden, false);
 }
 
 void AssistantSettingWidget::slotVoiceWakeupSetting(bool on)

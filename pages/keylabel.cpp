@@ -21,7 +21,7 @@ KeyLabel::KeyLabel(const QString &text, QWidget *parent)
         //: On a key cap: no key is set.
         m_text = tr("None");
     } else {
-        m_text = ShownText::cut(shown.isEmpty() ? text : shown, ShownText::longestShortcut);
+        m_text = showntext::cut(shown.isEmpty() ? text : shown, showntext::longestShortcut);
     }
     setAccessibleName(m_text);
     fitWidthToText();

@@ -19,7 +19,7 @@ using zcc::widgets::SwitchWidget;
 using zcc::widgets::TipsLabel;
 using Ztk::Widget::ZFontSizeManager;
 
-namespace PageLayout {
+namespace pagelayout {
 
 QVBoxLayout *addMainLayout(QWidget *page)
 {
@@ -67,7 +67,7 @@ TipsLabel *newTip(QWidget *page, const QString &text)
 void addHint(QVBoxLayout *layout, const QString &text, const QString &shortcut)
 {
     TipsLabel *hint = newTip(layout->parentWidget(),
-                             text.arg(ShownText::cut(shortcut, ShownText::longestShortcut)));
+                             text.arg(showntext::cut(shortcut, showntext::longestShortcut)));
     QMargins margins = hint->contentsMargins();
     margins.setLeft(tipLeftMargin);
     hint->setContentsMargins(margins);
@@ -107,4 +107,4 @@ ComboBoxRow addComboBoxRow(SettingsGroup *group, const QString &label)
     return row;
 }
 
-} // namespace PageLayout
+} // namespace pagelayout

@@ -19,7 +19,7 @@ class TipsLabel;
 } // namespace zcc
 
 /** The pieces that all settings pages are made of. */
-namespace PageLayout {
+namespace pagelayout {
 
 /** Gives @p page its layout: vertical, no spacing, from the top, margin 10. */
 QVBoxLayout *addMainLayout(QWidget *page);
@@ -67,4 +67,4 @@ struct ComboBoxRow
 /** Appends a row with a label and a list to @p group. */
 ComboBoxRow addComboBoxRow(zcc::widgets::SettingsGroup *group, const QString &label);
 
-} // namespace PageLayout
+} // namespace pagelayout

@@ -125,7 +125,7 @@ void ShortcutItem::setShortcut(const QString &accels)
     setEditMode(false);
     showShortcut();
     m_info.accels = accels;
-    m_key->setTextList(keyNames(ShownText::cut(accels, ShownText::longestShortcut)));
+    m_key->setTextList(keyNames(showntext::cut(accels, showntext::longestShortcut)));
     setAccessibleDescription(m_key->accessibleName());
 }
 
@@ -284,7 +284,7 @@ int ShortcutItem::titleWidth() const
 // The title before it is elided.
 QString ShortcutItem::shownTitle() const
 {
-    return ShownText::cut(m_info.name, ShownText::longestTitle);
+    return showntext::cut(m_info.name, showntext::longestTitle);
 }
 
 // A line edit asks for some width of its own; this one holds a known text.

@@ -10,7 +10,7 @@ ShortcutItemAccessible::ShortcutItemAccessible(ShortcutItem *row)
 
 void ShortcutItemAccessible::install()
 {
-    AccessibleFactory::install<ShortcutItem, ShortcutItemAccessible>();
+    accessiblefactory::install<ShortcutItem, ShortcutItemAccessible>();
 }
 
 QAccessible::Role ShortcutItemAccessible::role() const

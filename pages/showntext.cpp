@@ -2,7 +2,7 @@
 
 #include <QTextBoundaryFinder>
 
-QString ShownText::cut(const QString &text, int limit)
+QString showntext::cut(const QString &text, int limit)
 {
     if (text.size() <= limit)
         return text;

@@ -7,7 +7,7 @@
  * megabyte would hold up the control center for seconds. What is stored, logged and merged is never
  * cut.
  */
-namespace ShownText {
+namespace showntext {
 
 // Characters (UTF-16 units), the sign of the cut included.
 constexpr int longestWords = 2000;
@@ -20,4 +20,4 @@ constexpr int longestTitle = 512;
  */
 QString cut(const QString &text, int limit);
 
-} // namespace ShownText
+} // namespace showntext

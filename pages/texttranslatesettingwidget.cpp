@@ -17,25 +17,25 @@ TextTranslateSettingWidget::TextTranslateSettingWidget(QWidget *parent)
 {
     qDebug() << "TextTranslateSettingWidget";
 
-    QVBoxLayout *layout = PageLayout::addMainLayout(this);
+    QVBoxLayout *layout = pagelayout::addMainLayout(this);
 
     const QString shortcut = AssistantStateProxy::getShortCut(QStringLiteral("translation"), 0);
-    PageLayout::addHint(
+    pagelayout::addHint(
         layout,
         //: %1 is a key combination such as Ctrl+Alt+T; the quoted text is this page's title.
         tr("Press the shortcuts (%1) or click \"Translation\" in the context menu to "
            "translate the selected text."),
         shortcut);
 
-    auto *group = PageLayout::addGroup(layout, 10);
+    auto *group = pagelayout::addGroup(layout, 10);
 
-    m_switch = PageLayout::newSwitch(tr("Translation"));
+    m_switch = pagelayout::newSwitch(tr("Translation"));
     group->appendItem(m_switch);
     m_switch->setChecked(AssistantStateProxy::queryAssistantTransState());
     connect(m_switch, &SwitchWidget::checkedChanged, this,
             &TextTranslateSettingWidget::slotVoiceSetting);
 
-    m_directionComboBox = PageLayout::addComboBoxRow(group, tr("Language")).comboBox;
+    m_directionComboBox = pagelayout::addComboBoxRow(group, tr("Language")).comboBox;
     //: Direction of translation: from Chinese into English.
     m_directionComboBox->addItem(tr("CN-EN"));
     //: Direction of translation: from English into Chinese.

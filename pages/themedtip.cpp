@@ -16,6 +16,6 @@ ThemedTip::ThemedTip(QLabel *tip, QWidget *page)
 bool ThemedTip::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::PaletteChange)
-        PageLayout::setTextColor(m_tip, PageLayout::tipColor(*m_page));
+        pagelayout::setTextColor(m_tip, pagelayout::tipColor(*m_page));
     return QObject::eventFilter(watched, event);
 }

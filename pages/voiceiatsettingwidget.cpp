@@ -17,19 +17,19 @@ VoiceIatSettingWidget::VoiceIatSettingWidget(QWidget *parent)
 {
     qDebug() << "VoiceIatSettingWidget";
 
-    QVBoxLayout *layout = PageLayout::addMainLayout(this);
+    QVBoxLayout *layout = pagelayout::addMainLayout(this);
 
     const QString shortcut = AssistantStateProxy::getShortCut(QStringLiteral("speech-to-text"), 0);
-    PageLayout::addHint(
+    pagelayout::addHint(
         layout,
         //: %1 is a key combination such as Ctrl+Alt+T; the quoted text is this page's title.
         tr("Press the shortcuts (%1) or click \"Speech to Text\" in the context menu "
            "to convert your speech to text."),
         shortcut);
 
-    auto *group = PageLayout::addGroup(layout, 10);
+    auto *group = pagelayout::addGroup(layout, 10);
 
-    m_switch = PageLayout::newSwitch(tr("Speech to Text"));
+    m_switch = pagelayout::newSwitch(tr("Speech to Text"));
     group->appendItem(m_switch);
     const bool on = AssistantStateProxy::queryVoiceIatState();
     qDebug() << "AssistantStateProxy::queryVoiceIatState()" << (on ? "true" : "false");
@@ -38,7 +38,7 @@ VoiceIatSettingWidget::VoiceIatSettingWidget(QWidget *parent)
     connect(m_switch, &SwitchWidget::checkedChanged, this,
             &VoiceIatSettingWidget::slotVoiceSetting);
 
-    m_languageComboBox = PageLayout::addComboBoxRow(group, tr("Language")).comboBox;
+    m_languageComboBox = pagelayout::addComboBoxRow(group, tr("Language")).comboBox;
     //: Name of a spoken language: Mandarin Chinese.
     m_languageComboBox->addItem(tr("中文-普通话"));
     //: Name of a spoken language.

@@ -37,7 +37,7 @@ constexpr int waveMinimumHeight = 42;   // px
 
 QColor panelTipColor()
 {
-    return PageLayout::tipColor(ZGuiApplicationHelper::instance()->themeType() ==
+    return pagelayout::tipColor(ZGuiApplicationHelper::instance()->themeType() ==
                                 ZGuiApplicationHelper::LightType);
 }
 
@@ -45,7 +45,7 @@ QColor panelTipColor()
 void showTipColor(QLabel *label)
 {
     label->setForegroundRole(QPalette::Text);
-    PageLayout::setTextColor(label, panelTipColor());
+    pagelayout::setTextColor(label, panelTipColor());
 }
 
 /** Takes a widget out of the panel; it goes when events are next processed. */
@@ -152,7 +152,7 @@ void AssistantSettingWidget::voiceTesting()
         m_recognisedLabel = new WordsLabel(this);
     m_recognisedLabel->setMinimumWidth(testMinimumWidth);
     m_recognisedLabel->setMaximumWidth(m_voiceTestItem->maximumWidth());
-    PageLayout::setFontStep(m_recognisedLabel, ZFontSizeManager::T8);
+    pagelayout::setFontStep(m_recognisedLabel, ZFontSizeManager::T8);
     showTipColor(m_recognisedLabel);
     m_voiceTestLayout->addWidget(m_recognisedLabel, 0, Qt::AlignHCenter | Qt::AlignTop);
 
@@ -160,7 +160,7 @@ void AssistantSettingWidget::voiceTesting()
     addPrompt(QStringLiteral("现在请说\"阿岚，帮我预约明天早上10点的视频会议\""));
 
     qDebug() << "animationwidget start";
-    AccessibleFactory::install<VoiceAnimationWidget, WaveAccessible>();
+    accessiblefactory::install<VoiceAnimationWidget, WaveAccessible>();
     m_animationWidget = new VoiceAnimationWidget(m_voiceTestItem);
     connect(m_animationWidget, &VoiceAnimationWidget::signalStopPaint, this,
             [this] { refreshVoiceTestUI(VoiceTestInit); });
@@ -225,7 +225,7 @@ void AssistantSettingWidget::beginVoiceTestPanel(const QMargins &margins)
     if (!m_voiceTestTitle)
         //: Title of the microphone test.
         m_voiceTestTitle = new QLabel(tr("Voice Test"), this);
-    PageLayout::setFontStep(m_voiceTestTitle, ZFontSizeManager::T6);
+    pagelayout::setFontStep(m_voiceTestTitle, ZFontSizeManager::T6);
     m_voiceTestTitle->setAlignment(Qt::AlignLeft | Qt::AlignHCenter);
     m_voiceTestTitle->setMargin(0);
     // The margins are the same in mirrored layouts, where the title begins on the other side.
@@ -244,7 +244,7 @@ void AssistantSettingWidget::addPrompt(const QString &text)
     m_promptLabel->setWordWrap(true);
     m_promptLabel->adjustSize();
     m_voiceTestLayout->addWidget(m_promptLabel);
-    PageLayout::setFontStep(m_promptLabel, ZFontSizeManager::T8);
+    pagelayout::setFontStep(m_promptLabel, ZFontSizeManager::T8);
     showTipColor(m_promptLabel);
 }
 
@@ -255,7 +255,7 @@ void AssistantSettingWidget::addTestButton(const QString &text, Qt::Alignment al
         // It takes the place of the wave, where a click ends a test.
         new SecondClickFilter(m_testButton);
     }
-    PageLayout::setFontStep(m_testButton, ZFontSizeManager::T6);
+    pagelayout::setFontStep(m_testButton, ZFontSizeManager::T6);
     connect(m_testButton, &ZCommandLinkButton::clicked, this,
             &AssistantSettingWidget::startVoiceTest);
     m_voiceTestLayout->addWidget(m_testButton, 0, alignment);
@@ -265,7 +265,7 @@ void AssistantSettingWidget::recolourVoiceTest()
 {
     for (QLabel *label : {m_promptLabel.data(), m_recognisedLabel.data()})
         if (label)
-            PageLayout::setTextColor(label, panelTipColor());
+            pagelayout::setTextColor(label, panelTipColor());
 }
 
 void AssistantSettingWidget::startVoiceTest()
@@ -315,7 +315,7 @@ void AssistantSettingWidget::slotIatResult(QString text, int, bool)
     if (!m_recognisedLabel)
         return;
     // Each run adds a connection to this slot: the same text comes as often, and is read out once.
-    const QString shown = ShownText::cut(text, ShownText::longestWords);
+    const QString shown = showntext::cut(text, showntext::longestWords);
     const bool isNew = m_recognisedLabel->text() != shown;
     m_recognisedLabel->clear();
     m_recognisedLabel->setText(shown);

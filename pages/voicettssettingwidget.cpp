@@ -17,19 +17,19 @@ VoiceTTSSettingWidget::VoiceTTSSettingWidget(QWidget *parent)
 {
     qDebug() << "VoiceTTSSettingWidget";
 
-    QVBoxLayout *layout = PageLayout::addMainLayout(this);
+    QVBoxLayout *layout = pagelayout::addMainLayout(this);
 
     const QString shortcut = AssistantStateProxy::getShortCut(QStringLiteral("text-to-speech"), 0);
-    PageLayout::addHint(
+    pagelayout::addHint(
         layout,
         //: %1 is a key combination such as Ctrl+Alt+T; the quoted text is this page's title.
         tr("Press the shortcuts (%1) or click \"Text to Speech\" in the context menu "
            "to read the selected text out."),
         shortcut);
 
-    auto *group = PageLayout::addGroup(layout, 10);
+    auto *group = pagelayout::addGroup(layout, 10);
 
-    m_switch = PageLayout::newSwitch(tr("Text to Speech"));
+    m_switch = pagelayout::newSwitch(tr("Text to Speech"));
     group->appendItem(m_switch);
     if (AssistantStateProxy::queryVoiceTTSState())
         m_switch->setChecked(true);
@@ -37,7 +37,7 @@ VoiceTTSSettingWidget::VoiceTTSSettingWidget(QWidget *parent)
             &VoiceTTSSettingWidget::slotVoiceTTSSetting);
 
     //: Switch: the small floating window that is there while text is read aloud.
-    m_windowSwitch = PageLayout::newSwitch(tr("Show Speech Widget"));
+    m_windowSwitch = pagelayout::newSwitch(tr("Show Speech Widget"));
     group->appendItem(m_windowSwitch);
     if (AssistantStateProxy::queryVoiceTTSWindowState())
         m_windowSwitch->setChecked(true);
@@ -45,7 +45,7 @@ VoiceTTSSettingWidget::VoiceTTSSettingWidget(QWidget *parent)
             &VoiceTTSSettingWidget::slotVoiceTTSWindowSetting);
 
     //: Title of a list of voices: woman, man, child.
-    m_voiceComboBox = PageLayout::addComboBoxRow(group, tr("Voice Gender")).comboBox;
+    m_voiceComboBox = pagelayout::addComboBoxRow(group, tr("Voice Gender")).comboBox;
     //: A woman's voice.
     m_voiceComboBox->addItem(tr("Female"));
     //: A man's voice.

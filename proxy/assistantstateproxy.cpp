@@ -11,12 +11,12 @@ namespace {
 
 bool readBool(const Contract::Method &method)
 {
-    return BusCalls::valueOr<bool>(BusCalls::callProcessingEvents(method), false);
+    return buscalls::valueOr<bool>(buscalls::callProcessingEvents(method), false);
 }
 
 QString readString(const Contract::Method &method, const QString &fallback)
 {
-    return BusCalls::valueOr<QString>(BusCalls::callProcessingEvents(method), fallback);
+    return buscalls::valueOr<QString>(buscalls::callProcessingEvents(method), fallback);
 }
 
 void logError(const QDBusMessage &result)
@@ -27,7 +27,7 @@ void logError(const QDBusMessage &result)
 
 qint32 write(const Contract::Method &method, const QVariant &value)
 {
-    logError(BusCalls::sendNoReply(method, {value}));
+    logError(buscalls::sendNoReply(method, {value}));
     return 0;
 }
 
@@ -36,12 +36,12 @@ qint32 write(const Contract::Method &method, const QVariant &value)
 void AssistantStateProxy::setVoiceWakeupState(bool on)
 {
     // The service's code says nothing that the page could use.
-    BusCalls::callProcessingEvents(on ? VoiceWakeuper::enableIvw() : VoiceWakeuper::disableIvw());
+    buscalls::callProcessingEvents(on ? VoiceWakeuper::enableIvw() : VoiceWakeuper::disableIvw());
 }
 
 qint32 AssistantStateProxy::setOneShotMode(int mode)
 {
-    BusCalls::sendNoReply(mode ? VoiceWakeuper::enableOneshot() : VoiceWakeuper::disableOneshot());
+    buscalls::sendNoReply(mode ? VoiceWakeuper::enableOneshot() : VoiceWakeuper::disableOneshot());
     return 0;
 }
 
@@ -61,7 +61,7 @@ qint32 AssistantStateProxy::setVoiceIatState(bool on)
 {
     QElapsedTimer timer;
     timer.start();
-    const QDBusMessage result = BusCalls::sendNoReply(SpeechToText::setIatEnable(), {on});
+    const QDBusMessage result = buscalls::sendNoReply(SpeechToText::setIatEnable(), {on});
     qDebug() << "setVoiceIatState" << double(timer.elapsed()) / 1000.0 << "s";
     logError(result);
     return 0;
@@ -74,7 +74,7 @@ QString AssistantStateProxy::getVoiceIatLanguage()
 
 qint32 AssistantStateProxy::setVoiceIatLanguage(const QString &language)
 {
-    BusCalls::sendNoReply(SpeechToText::setIatLanguage(), {language});
+    buscalls::sendNoReply(SpeechToText::setIatLanguage(), {language});
     return 0;
 }
 
@@ -144,7 +144,7 @@ bool AssistantStateProxy::checkNetworkState()
     // NM_STATE_CONNECTED_GLOBAL of the NetworkManager D-Bus API.
     constexpr uint connectedGlobal = 70;
 
-    const QDBusReply<uint> state = BusCalls::callBlocking(NetworkManager::state());
+    const QDBusReply<uint> state = buscalls::callBlocking(NetworkManager::state());
     if (!state.isValid()) {
         qCritical() << "dbus call network manager state failed";
         return false;

@@ -9,10 +9,10 @@
 QString AssistantStateProxy::getShortCut(QString id, int type)
 {
     const QDBusReply<QString> reply =
-        BusCalls::callProcessingEvents(Contract::Keybinding::GetShortcut(), {id, type});
+        buscalls::callProcessingEvents(Contract::Keybinding::GetShortcut(), {id, type});
 
     const QJsonObject shortcut =
-        QJsonDocument::fromJson(BusCalls::valueOr<QString>(reply, QString()).toUtf8()).object();
+        QJsonDocument::fromJson(buscalls::valueOr<QString>(reply, QString()).toUtf8()).object();
     const QString key = QStringLiteral("Accels");
     if (!shortcut.contains(key)) {
         qCritical() << "Key Accels not found in JSON.";

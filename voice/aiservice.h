@@ -6,7 +6,7 @@
 #include <QString>
 
 /** What all clients of the AI service share. */
-namespace AIService {
+namespace aiservice {
 
 /** Its well-known name on the session bus. */
 inline QString busName()
@@ -25,4 +25,4 @@ void connectSignal(const Session *session, Rest... rest)
         QObject::connect(session, rest...);
 }
 
-} // namespace AIService
+} // namespace aiservice

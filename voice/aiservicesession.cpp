@@ -25,7 +25,7 @@ AIServiceSession *AIServiceSession::instance()
 
 AIServiceSession::AIServiceSession()
     : m_sessionManager(new ComCorvaneAiserviceSessionInterface(
-          AIService::busName(), Contract::SessionManager::object().path,
+          aiservice::busName(), Contract::SessionManager::object().path,
           QDBusConnection::sessionBus(), this))
 {
     for (const char *ability : {"tts", "iat", "trans", "record", "aqc"})
@@ -40,7 +40,7 @@ int AIServiceSession::createSession(QString ability)
 
     // Not by the proxy's own createSession(): the one waits for ever on a bus that ends, the other
     // drops a path that comes without a proper error code.
-    const QDBusMessage answer = BusCalls::waitFor(
+    const QDBusMessage answer = buscalls::waitFor(
         m_sessionManager->connection(),
         m_sessionManager->asyncCall(Contract::SessionManager::createSession().name, applicationId(),
                                     ability));

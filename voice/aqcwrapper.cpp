@@ -23,7 +23,7 @@ QString ability()
 
 // Qt's bus and sound threads go on using what a test has given them, messages with names in this
 // library among it. Once one was started, a host that unloads the module leaves it in memory.
-void stayLoaded()
+void pinLibrary()
 {
     Dl_info library;
     if (dladdr(&testMs, &library))
@@ -60,7 +60,7 @@ AqcWrapper::~AqcWrapper()
 
 int AqcWrapper::start()
 {
-    stayLoaded();
+    pinLibrary();
     if (m_aqc) {
         disconnect(m_aqc, &ComCorvaneAiserviceAqcInterface::onNotify, this,
                    &AqcWrapper::signalAqcResult);
@@ -75,11 +75,11 @@ int AqcWrapper::start()
         return code;
     }
 
-    m_aqc = new ServiceProxy<ComCorvaneAiserviceAqcInterface>(AIService::busName(),
+    m_aqc = new ServiceProxy<ComCorvaneAiserviceAqcInterface>(aiservice::busName(),
                                                               sessions->queryObjectPath(ability()),
                                                               QDBusConnection::sessionBus(), this);
     m_aqc->startAqc();
-    AIService::connectSignal(m_aqc, &ComCorvaneAiserviceAqcInterface::onNotify, this,
+    aiservice::connectSignal(m_aqc, &ComCorvaneAiserviceAqcInterface::onNotify, this,
                              &AqcWrapper::signalAqcResult);
 
     recorder()->start();

@@ -65,12 +65,12 @@ bool IatWapper::startIat()
         return false;
     }
 
-    m_iat = new ServiceProxy<ComCorvaneAiserviceIatInterface>(AIService::busName(),
+    m_iat = new ServiceProxy<ComCorvaneAiserviceIatInterface>(aiservice::busName(),
                                                               sessions->queryObjectPath(ability()),
                                                               QDBusConnection::sessionBus(), this);
     const QDBusMessage reply =
-        BusCalls::waitFor(m_iat->connection(), m_iat->startIat(recognitionParameters()));
-    const QJsonObject answer = parseObject(BusCalls::valueOr<QString>(reply, QString()));
+        buscalls::waitFor(m_iat->connection(), m_iat->startIat(recognitionParameters()));
+    const QJsonObject answer = parseObject(buscalls::valueOr<QString>(reply, QString()));
     const int status = answer.value(QLatin1String("status")).toInt();
     m_sessionId = sessionIdOf(answer);
 
@@ -184,9 +184,9 @@ void IatWapper::handleResult(const QString &json)
 
 void IatWapper::connectResults()
 {
-    AIService::connectSignal(m_iat, SIGNAL(onEnd()), this, SLOT(handleEnd()));
-    AIService::connectSignal(m_iat, SIGNAL(onError(QString)), this, SLOT(handleError(QString)));
-    AIService::connectSignal(m_iat, SIGNAL(onResult(QString)), this, SLOT(handleResult(QString)));
+    aiservice::connectSignal(m_iat, SIGNAL(onEnd()), this, SLOT(handleEnd()));
+    aiservice::connectSignal(m_iat, SIGNAL(onError(QString)), this, SLOT(handleError(QString)));
+    aiservice::connectSignal(m_iat, SIGNAL(onResult(QString)), this, SLOT(handleResult(QString)));
 }
 
 void IatWapper::disconnectResults()

@@ -6,7 +6,7 @@ namespace {
 
 constexpr double lowestTarget = 20.0; // the wave moves in silence too
 constexpr double highestTarget = 100.0;
-constexpr double breath = 5.0; // how far it falls before it climbs again
+constexpr double fallDepth = 5.0; // below the target; then it climbs again
 
 } // namespace
 
@@ -27,7 +27,7 @@ void WaveLevel::advance()
     if (m_current >= m_target)
         m_rising = false;
 
-    if (m_current > m_target - breath)
+    if (m_current > m_target - fallDepth)
         m_current -= 1.0;
     else
         m_rising = true;

@@ -2,7 +2,7 @@
 
 /**
  * The level that the wave shows: follows the microphone's in steps of one per frame, climbs to it
- * and then breathes just below it. In percent of full scale.
+ * and then moves up and down just below it. In percent of full scale.
  */
 class WaveLevel
 {

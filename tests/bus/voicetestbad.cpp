@@ -399,7 +399,7 @@ void VoiceTestBad::tenMegabytes()
     const QString text(10 * 1024 * 1024, QLatin1Char('w'));
     world.service.recognise(iatPath, text);
     QTRY_VERIFY_WITH_TIMEOUT(!world.page->texts().at(1).isEmpty(), 60000);
-    QCOMPARE(world.page->texts().at(1), ShownText::cut(text, ShownText::longestWords));
+    QCOMPARE(world.page->texts().at(1), showntext::cut(text, showntext::longestWords));
     QApplication::processEvents(); // and painted
     world.service.notify(aqcPath, text);
     QTRY_VERIFY_WITH_TIMEOUT(!world.page->texts().contains(wave), 60000);

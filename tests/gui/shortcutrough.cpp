@@ -70,8 +70,8 @@ void ShortcutRoughTest::accelerator_data()
     QTest::newRow("opened only") << QString(500, QLatin1Char('<'));
     QTest::newRow("closed only") << QString(500, QLatin1Char('>'));
     QTest::newRow("crossed") << QStringLiteral(">Control<>Alt<T<<>>");
-    QTest::newRow("as much as is shown") << QString(ShownText::longestShortcut, QLatin1Char('W'));
-    QTest::newRow("one more") << QString(ShownText::longestShortcut + 1, QLatin1Char('W'));
+    QTest::newRow("as much as is shown") << QString(showntext::longestShortcut, QLatin1Char('W'));
+    QTest::newRow("one more") << QString(showntext::longestShortcut + 1, QLatin1Char('W'));
     QTest::newRow("never closed") << QStringLiteral("<Control<Alt<T");
     QTest::newRow("hundreds of keys") << QStringLiteral("<Control>").repeated(400) + 'T';
     QTest::newRow("control characters") << QStringLiteral("<Control>") + controls;
@@ -121,8 +121,8 @@ void ShortcutRoughTest::accelerator()
     const RowParts parts(*row);
     QString shown = capTexts(parts.key).join(QString());
     shown.remove(QStringLiteral("None")); // stands for no character
-    QVERIFY(shown.size() <= ShownText::longestShortcut);
-    QCOMPARE(shown.endsWith(ellipsis), accels.size() > ShownText::longestShortcut);
+    QVERIFY(shown.size() <= showntext::longestShortcut);
+    QCOMPARE(shown.endsWith(ellipsis), accels.size() > showntext::longestShortcut);
     row->onEditMode(true);
     QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
     row->onEditMode(false);
@@ -144,8 +144,8 @@ void ShortcutRoughTest::accelerator()
 void ShortcutRoughTest::title_data()
 {
     QTest::addColumn<QString>("title");
-    QTest::newRow("as much as is shown") << QString(ShownText::longestTitle, QLatin1Char('W'));
-    QTest::newRow("one more") << QString(ShownText::longestTitle + 1, QLatin1Char('W'));
+    QTest::newRow("as much as is shown") << QString(showntext::longestTitle, QLatin1Char('W'));
+    QTest::newRow("one more") << QString(showntext::longestTitle + 1, QLatin1Char('W'));
     QTest::newRow("1 MB, one word") << QString(megabyte, QLatin1Char('W'));
     QTest::newRow("1 MB of words") << QStringLiteral("word ").repeated(megabyte / 5);
     QTest::newRow("1 MB of marks") << QString(megabyte, QChar(0x0301));
@@ -178,8 +178,8 @@ void ShortcutRoughTest::title()
     // The row is too narrow for most; a wide one shows all that is ever shown.
     window.setMinimumWidth(20000);
     showTwice(&window);
-    const QString shown = ShownText::cut(title, ShownText::longestTitle);
-    QVERIFY(shown.size() <= ShownText::longestTitle);
+    const QString shown = showntext::cut(title, showntext::longestTitle);
+    QVERIFY(shown.size() <= showntext::longestTitle);
     QTRY_COMPARE(RowParts(*row).title->text(), shown);
     QCOMPARE(row->accessibleName(), shown);
 

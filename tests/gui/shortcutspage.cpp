@@ -361,7 +361,7 @@ void ShortcutsPageTest::serviceErrorIsTold()
     m_page->hide();
     m_page->show();
     QTRY_VERIFY(m_page->message().contains(QStringLiteral("xxx")));
-    QVERIFY(m_page->message().size() < 2 * ShownText::longestWords);
+    QVERIFY(m_page->message().size() < 2 * showntext::longestWords);
     m_service->reset();
     m_page->hide();
     m_page->show();

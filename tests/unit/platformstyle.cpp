@@ -127,8 +127,8 @@ void PlatformStyleTest::controlsCanBeHit()
     QFETCH(QString, kind);
     QWidget *control = make(kind);
     QVERIFY(control);
-    QVERIFY(control->sizeHint().height() >= ZStyle::MinimumHitHeight);
-    QVERIFY(control->height() >= ZStyle::MinimumHitHeight);
+    QVERIFY(control->sizeHint().height() >= ZStyle::minimumHitHeight);
+    QVERIFY(control->height() >= ZStyle::minimumHitHeight);
 }
 
 void PlatformStyleTest::controlsGrowWithTheFont()
@@ -139,7 +139,7 @@ void PlatformStyleTest::controlsGrowWithTheFont()
         font.setPixelSize(48);
         control->setFont(font);
         QVERIFY2(control->sizeHint().height() >= control->fontMetrics().height(), kind);
-        QVERIFY2(control->sizeHint().height() > ZStyle::MinimumHitHeight, kind);
+        QVERIFY2(control->sizeHint().height() > ZStyle::minimumHitHeight, kind);
     }
 }
 
@@ -307,14 +307,14 @@ void PlatformStyleTest::listEntriesCanBeHit()
     QAbstractItemView *list = box->view();
     QTRY_VERIFY(list->isVisible());
     for (int row = 0; row < box->count(); ++row)
-        QVERIFY(list->visualRect(box->model()->index(row, 0)).height() >= ZStyle::MinimumHitHeight);
+        QVERIFY(list->visualRect(box->model()->index(row, 0)).height() >= ZStyle::minimumHitHeight);
     box->hidePopup();
 
     QMenu menu;
     QAction *entry = menu.addAction(QStringLiteral("Entry"));
     menu.addSeparator();
-    QVERIFY(menu.sizeHint().height() >= ZStyle::MinimumHitHeight);
-    QVERIFY(menu.actionGeometry(entry).height() >= ZStyle::MinimumHitHeight);
+    QVERIFY(menu.sizeHint().height() >= ZStyle::minimumHitHeight);
+    QVERIFY(menu.actionGeometry(entry).height() >= ZStyle::minimumHitHeight);
 }
 
 /** What a key cap's owner hands over: no state, its colours in four roles of the palette. */

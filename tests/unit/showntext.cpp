@@ -37,19 +37,19 @@ void ShownTextTest::whatFitsStaysWhole()
 {
     for (const int length : {0, 1, 9, 10}) {
         const QString text(length, QLatin1Char('x'));
-        QCOMPARE(ShownText::cut(text, 10), text);
+        QCOMPARE(showntext::cut(text, 10), text);
     }
-    QVERIFY(ShownText::cut(QString(), 10).isEmpty());
+    QVERIFY(showntext::cut(QString(), 10).isEmpty());
 }
 
 void ShownTextTest::whatIsLongerEndsWithTheSign()
 {
-    QCOMPARE(ShownText::cut(QStringLiteral("0123456789A"), 10), QStringLiteral("012345678") + sign);
+    QCOMPARE(showntext::cut(QStringLiteral("0123456789A"), 10), QStringLiteral("012345678") + sign);
     for (const int limit :
-         {ShownText::longestWords, ShownText::longestShortcut, ShownText::longestTitle}) {
+         {showntext::longestWords, showntext::longestShortcut, showntext::longestTitle}) {
         const QString most(limit, QLatin1Char('x'));
-        QCOMPARE(ShownText::cut(most, limit), most);
-        QCOMPARE(ShownText::cut(most + QLatin1Char('x'), limit), most.left(limit - 1) + sign);
+        QCOMPARE(showntext::cut(most, limit), most);
+        QCOMPARE(showntext::cut(most + QLatin1Char('x'), limit), most.left(limit - 1) + sign);
     }
 }
 
@@ -78,7 +78,7 @@ void ShownTextTest::charactersStayWhole()
     QFETCH(QString, before);
     QFETCH(QString, character);
     const QString rest(20, QLatin1Char('x'));
-    QCOMPARE(ShownText::cut(before + character + rest, 10), before + sign);
+    QCOMPARE(showntext::cut(before + character + rest, 10), before + sign);
 }
 
 void ShownTextTest::aMegabyteCostsNothing_data()
@@ -88,7 +88,7 @@ void ShownTextTest::aMegabyteCostsNothing_data()
     const int megabyte = 1 << 20;
     const QString letters(megabyte, QLatin1Char('x'));
     const QString marks(megabyte, QChar(0x0301));
-    QTest::newRow("letters") << letters << letters.left(ShownText::longestWords - 1) + sign;
+    QTest::newRow("letters") << letters << letters.left(showntext::longestWords - 1) + sign;
     // One character, too long to be shown at all.
     QTest::newRow("combining marks on one letter") << 'e' + marks << QString(sign);
     QTest::newRow("on the second letter") << QStringLiteral("xe") + marks << 'x' + QString(sign);
@@ -100,7 +100,7 @@ void ShownTextTest::aMegabyteCostsNothing()
     QFETCH(QString, text);
     QFETCH(QString, shown);
     const std::clock_t start = std::clock(); // of this program: others may be busy
-    const QString result = ShownText::cut(text, ShownText::longestWords);
+    const QString result = showntext::cut(text, showntext::longestWords);
     const double cost = 1000.0 * double(std::clock() - start) / CLOCKS_PER_SEC;
     QVERIFY2(cost < 10, qPrintable(QString::number(cost)));
     QCOMPARE(result, shown);

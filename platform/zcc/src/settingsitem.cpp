@@ -41,8 +41,8 @@ void SettingsItem::paintEvent(QPaintEvent *event)
         const bool joinsBelow = group && group->joinsNeighbour(this, 1);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.fillPath(ZPainting::roundedPath(ZPainting::snapped(&painter, rect()),
-                                                joinsAbove ? 0 : ZPainting::CardRadius,
-                                                joinsBelow ? 0 : ZPainting::CardRadius),
+                                                joinsAbove ? 0 : ZPainting::cardRadius,
+                                                joinsBelow ? 0 : ZPainting::cardRadius),
                          palette().color(QPalette::Active, QPalette::Base));
     }
     QFrame::paintEvent(event);

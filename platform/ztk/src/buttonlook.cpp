@@ -9,9 +9,9 @@
 
 namespace Ztk {
 namespace Widget {
-namespace ButtonLook {
+namespace buttonlook {
 
-using namespace ControlLook;
+using namespace controllook;
 
 namespace {
 
@@ -51,12 +51,12 @@ void drawKeyCap(QPainter *painter, const QStyleOptionButton *option)
     const QRectF face = cap.adjusted(line, line, -line, -keyCapEdge);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    QLinearGradient shine(face.topLeft(), face.bottomLeft());
-    shine.setColorAt(0, active(QPalette::Light));
-    shine.setColorAt(1, active(QPalette::Dark));
+    QLinearGradient shading(face.topLeft(), face.bottomLeft());
+    shading.setColorAt(0, active(QPalette::Light));
+    shading.setColorAt(1, active(QPalette::Dark));
     painter->fillPath(ZPainting::roundedPath(ZPainting::snapped(painter, face), keyCapRadius - line,
                                              keyCapRadius - line),
-                      shine);
+                      shading);
     painter->setPen(active(QPalette::ButtonText));
     painter->drawText(face, Qt::AlignCenter, option->text);
     painter->restore();
@@ -74,17 +74,17 @@ void drawPushButton(QPainter *painter, const QStyleOptionButton *option, const Q
     const bool main = (option->features & QStyleOptionButton::DefaultButton) ||
                       (option->state & QStyle::State_On);
     const QColor fill =
-        answering(option, color(option, main ? QPalette::Highlight : QPalette::Button));
+        stateFill(option, color(option, main ? QPalette::Highlight : QPalette::Button));
     QRectF panel(option->rect);
     const bool flat = (option->features & QStyleOptionButton::Flat) &&
                       !(option->state & (QStyle::State_Sunken | QStyle::State_MouseOver));
     if (!flat && main && showsFocus(option)) {
         // Ring and button have one colour, so a gap keeps them apart.
-        ZPainting::drawFocusRing(painter, panel, ZPainting::ControlRadius, option->palette);
+        ZPainting::drawFocusRing(painter, panel, ZPainting::controlRadius, option->palette);
         panel.adjust(3, 3, -3, -3);
-        ZPainting::fillRounded(painter, panel, ZPainting::ControlRadius - 3, fill);
+        ZPainting::fillRounded(painter, panel, ZPainting::controlRadius - 3, fill);
     } else {
-        drawPanel(painter, option, panel, ZPainting::ControlRadius, flat ? Qt::transparent : fill,
+        drawPanel(painter, option, panel, ZPainting::controlRadius, flat ? Qt::transparent : fill,
                   main || flat ? Qt::transparent : color(option, QPalette::Mid));
     }
     QStyleOptionButton label = *option;
@@ -116,7 +116,7 @@ void drawCheckBox(QPainter *painter, const QStyleOptionButton *option)
     painter->drawText(label, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, option->text);
     painter->restore();
     if (showsFocus(option)) {
-        ZPainting::drawFocusRing(painter, focusRect(option), ZPainting::ControlRadius,
+        ZPainting::drawFocusRing(painter, focusRect(option), ZPainting::controlRadius,
                                  option->palette);
     }
 }
@@ -127,13 +127,13 @@ void drawCheckIndicator(QPainter *painter, const QStyleOption *option)
     const QRectF box(option->rect);
     if (!partly && !(option->state & QStyle::State_On)) {
         ZPainting::fillRounded(painter, box, checkBoxRadius,
-                               answering(option, color(option, QPalette::Base)));
+                               stateFill(option, color(option, QPalette::Base)));
         ZPainting::frameRounded(painter, box, checkBoxRadius, color(option, QPalette::Dark),
                                 indicatorStroke);
         return;
     }
     ZPainting::fillRounded(painter, box, checkBoxRadius,
-                           answering(option, color(option, QPalette::Highlight)));
+                           stateFill(option, color(option, QPalette::Highlight)));
     const QColor mark = color(option, QPalette::HighlightedText);
     if (partly) {
         const qreal inset = box.width() / 4;
@@ -148,7 +148,7 @@ void drawCheckIndicator(QPainter *painter, const QStyleOption *option)
 QSize pushButtonSize(const QSize &contents)
 {
     return QSize(contents.width() + 2 * pushButtonPadding, contents.height() + pushButtonPadding)
-        .expandedTo(QSize(pushButtonMinimumWidth, ZStyle::MinimumHitHeight));
+        .expandedTo(QSize(pushButtonMinimumWidth, ZStyle::minimumHitHeight));
 }
 
 QSize checkBoxSize(const QStyleOptionButton *option)
@@ -159,7 +159,7 @@ QSize checkBoxSize(const QStyleOptionButton *option)
         width += indicatorGap + text.width();
     if (!option->icon.isNull())
         width += indicatorGap + option->iconSize.width();
-    return QSize(width, qMax(text.height() + 2 * indicatorPadding, ZStyle::MinimumHitHeight));
+    return QSize(width, qMax(text.height() + 2 * indicatorPadding, ZStyle::minimumHitHeight));
 }
 
 QRect indicatorRect(const QStyleOption *option)
@@ -185,6 +185,6 @@ QRect focusRect(const QStyleOptionButton *option)
                                QSize(size.width(), height), option->rect);
 }
 
-} // namespace ButtonLook
+} // namespace buttonlook
 } // namespace Widget
 } // namespace Ztk

@@ -13,7 +13,7 @@ namespace Ztk {
 namespace Widget {
 
 /** Push buttons, key caps and check boxes of ZStyle. */
-namespace ButtonLook {
+namespace buttonlook {
 
 constexpr int indicatorSize = 18;
 constexpr int indicatorGap = 8; ///< Between indicator and text.
@@ -42,7 +42,7 @@ QRect labelRect(const QStyleOption *option);
 /** Indicator and text together, with room for the focus ring. */
 QRect focusRect(const QStyleOptionButton *option);
 
-} // namespace ButtonLook
+} // namespace buttonlook
 
 } // namespace Widget
 } // namespace Ztk

@@ -9,7 +9,7 @@
 
 namespace Ztk {
 namespace Widget {
-namespace ControlLook {
+namespace controllook {
 
 namespace {
 constexpr qreal hoverAmount = 0.05;
@@ -26,7 +26,7 @@ QColor color(const QStyleOption *option, QPalette::ColorRole role)
     return option->palette.color(colorGroup(option), role);
 }
 
-QColor answering(const QStyleOption *option, const QColor &fill)
+QColor stateFill(const QStyleOption *option, const QColor &fill)
 {
     if (!(option->state & QStyle::State_Enabled))
         return fill;
@@ -58,6 +58,6 @@ void drawSymbol(QPainter *painter, const QRect &rect, const char *name, const QC
     ZPainting::drawIcon(painter, rect, QIcon::fromTheme(QLatin1String(name)), color);
 }
 
-} // namespace ControlLook
+} // namespace controllook
 } // namespace Widget
 } // namespace Ztk

@@ -14,7 +14,7 @@ namespace Widget {
 /**
  * What the controls of ZStyle have in common: the colours of their states and their frames.
  */
-namespace ControlLook {
+namespace controllook {
 
 /** The palette's group for the option's state; a control of an inactive window looks active. */
 QPalette::ColorGroup colorGroup(const QStyleOption *option);
@@ -23,7 +23,7 @@ QPalette::ColorGroup colorGroup(const QStyleOption *option);
 QColor color(const QStyleOption *option, QPalette::ColorRole role);
 
 /** @p fill as it looks while the mouse is over the control, or while it is pressed. */
-QColor answering(const QStyleOption *option, const QColor &fill);
+QColor stateFill(const QStyleOption *option, const QColor &fill);
 
 /** Whether the focus ring is to be drawn. */
 bool showsFocus(const QStyleOption *option);
@@ -35,7 +35,7 @@ void drawPanel(QPainter *painter, const QStyleOption *option, const QRectF &rect
 /** One of the toolkit's own symbols, in the middle of @p rect. */
 void drawSymbol(QPainter *painter, const QRect &rect, const char *name, const QColor &color);
 
-} // namespace ControlLook
+} // namespace controllook
 
 } // namespace Widget
 } // namespace Ztk

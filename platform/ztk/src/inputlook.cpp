@@ -10,9 +10,9 @@
 
 namespace Ztk {
 namespace Widget {
-namespace InputLook {
+namespace inputlook {
 
-using namespace ControlLook;
+using namespace controllook;
 
 namespace {
 constexpr int arrowSize = 16;
@@ -25,8 +25,8 @@ constexpr int bearings = 6; ///< Combo boxes measure the ink of their texts, and
 void drawComboBox(QPainter *painter, const QStyleOptionComboBox *option)
 {
     const QColor fill =
-        answering(option, color(option, option->editable ? QPalette::Base : QPalette::Button));
-    drawPanel(painter, option, option->rect, ZPainting::ControlRadius, fill,
+        stateFill(option, color(option, option->editable ? QPalette::Base : QPalette::Button));
+    drawPanel(painter, option, option->rect, ZPainting::controlRadius, fill,
               color(option, QPalette::Mid));
     drawSymbol(painter, comboBoxArrow(option), "ztk_chevron_down",
                color(option, QPalette::ButtonText));
@@ -58,7 +58,7 @@ void drawComboBoxLabel(QPainter *painter, const QStyleOptionComboBox *option, co
 QSize comboBoxSize(const QSize &contents)
 {
     const int width = sidePadding + contents.width() + bearings + 2 * arrowPadding + arrowSize;
-    return QSize(width, qMax(contents.height() + 2 * verticalPadding, ZStyle::MinimumHitHeight));
+    return QSize(width, qMax(contents.height() + 2 * verticalPadding, ZStyle::minimumHitHeight));
 }
 
 QRect comboBoxField(const QStyleOption *option)
@@ -78,19 +78,19 @@ void drawLineEdit(QPainter *painter, const QStyleOption *option)
 {
     // A text cursor is not easily seen: an edited field is marked however the focus came to it.
     const bool focused = option->state & QStyle::State_HasFocus;
-    ZPainting::fillRounded(painter, option->rect, ZPainting::ControlRadius,
+    ZPainting::fillRounded(painter, option->rect, ZPainting::controlRadius,
                            color(option, QPalette::Base));
     if (focused) {
-        ZPainting::drawFocusRing(painter, option->rect, ZPainting::ControlRadius, option->palette);
+        ZPainting::drawFocusRing(painter, option->rect, ZPainting::controlRadius, option->palette);
         return;
     }
     const bool over =
         (option->state & QStyle::State_MouseOver) && (option->state & QStyle::State_Enabled);
-    ZPainting::frameRounded(painter, option->rect, ZPainting::ControlRadius,
+    ZPainting::frameRounded(painter, option->rect, ZPainting::controlRadius,
                             color(option, over ? QPalette::Dark : QPalette::Mid),
                             ZPainting::hairline(painter));
 }
 
-} // namespace InputLook
+} // namespace inputlook
 } // namespace Widget
 } // namespace Ztk

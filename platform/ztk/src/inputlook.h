@@ -11,7 +11,7 @@ namespace Ztk {
 namespace Widget {
 
 /** Combo boxes and line edits of ZStyle. */
-namespace InputLook {
+namespace inputlook {
 
 constexpr int sidePadding = 12; ///< Between a control's edge and its text.
 
@@ -28,7 +28,7 @@ QRect comboBoxArrow(const QStyleOption *option);
 /** Background and frame of a line edit. */
 void drawLineEdit(QPainter *painter, const QStyleOption *option);
 
-} // namespace InputLook
+} // namespace inputlook
 
 } // namespace Widget
 } // namespace Ztk

@@ -11,9 +11,9 @@
 
 namespace Ztk {
 namespace Widget {
-namespace MenuLook {
+namespace menulook {
 
-using namespace ControlLook;
+using namespace controllook;
 
 namespace {
 
@@ -57,7 +57,7 @@ void drawItem(QPainter *painter, const QStyleOptionMenuItem *option)
     const bool selected = option->state & QStyle::State_Selected;
     const QColor textColor = color(option, selected ? QPalette::HighlightedText : QPalette::Text);
     if (selected) {
-        ZPainting::fillRounded(painter, row, ZPainting::ControlRadius - 1,
+        ZPainting::fillRounded(painter, row, ZPainting::controlRadius - 1,
                                color(option, QPalette::Highlight));
     }
 
@@ -116,9 +116,9 @@ QSize itemSize(const QStyleOptionMenuItem *option)
     width += metrics.size(Qt::TextShowMnemonic, parts.first()).width();
     if (parts.size() > 1)
         width += 3 * gap + metrics.size(Qt::TextSingleLine, parts.at(1)).width();
-    return QSize(width, qMax(metrics.height() + 2 * gap, ZStyle::MinimumHitHeight));
+    return QSize(width, qMax(metrics.height() + 2 * gap, ZStyle::minimumHitHeight));
 }
 
-} // namespace MenuLook
+} // namespace menulook
 } // namespace Widget
 } // namespace Ztk

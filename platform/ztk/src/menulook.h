@@ -11,7 +11,7 @@ namespace Ztk {
 namespace Widget {
 
 /** Menus and the lists that combo boxes open, of ZStyle. */
-namespace MenuLook {
+namespace menulook {
 
 /** What entries lie on. The window that a combo box opens has not the palette of menus. */
 QColor surface();
@@ -24,7 +24,7 @@ void drawItem(QPainter *painter, const QStyleOptionMenuItem *option);
 
 QSize itemSize(const QStyleOptionMenuItem *option);
 
-} // namespace MenuLook
+} // namespace menulook
 
 } // namespace Widget
 } // namespace Ztk

@@ -8,7 +8,7 @@
 
 namespace Ztk {
 namespace Widget {
-namespace ScrollBarLook {
+namespace scrollbarlook {
 
 namespace {
 constexpr qreal handleInset = 3;
@@ -25,7 +25,7 @@ void draw(QPainter *painter, const QStyleOptionSlider *option)
     const qreal inset = over ? touchedInset : handleInset;
     const QRectF handle =
         QRectF(partRect(option, QStyle::SC_ScrollBarSlider)).adjusted(inset, inset, -inset, -inset);
-    QColor fill = ControlLook::color(option, QPalette::WindowText);
+    QColor fill = controllook::color(option, QPalette::WindowText);
     fill.setAlphaF(pressed ? 0.62 : over ? 0.50 : 0.36);
     ZPainting::fillRounded(painter, handle, qMin(handle.width(), handle.height()) / 2, fill);
 }
@@ -64,6 +64,6 @@ QRect partRect(const QStyleOptionSlider *option, QStyle::SubControl part)
     }
 }
 
-} // namespace ScrollBarLook
+} // namespace scrollbarlook
 } // namespace Widget
 } // namespace Ztk

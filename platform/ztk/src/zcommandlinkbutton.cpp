@@ -30,7 +30,7 @@ QSize ZCommandLinkButton::sizeHint() const
 {
     const QSize label = fontMetrics().size(Qt::TextShowMnemonic, text());
     return QSize(label.width() + 2 * padding,
-                 qMax(label.height() + padding, ZStyle::MinimumHitHeight));
+                 qMax(label.height() + padding, ZStyle::minimumHitHeight));
 }
 
 QSize ZCommandLinkButton::minimumSizeHint() const
@@ -47,12 +47,12 @@ void ZCommandLinkButton::paintEvent(QPaintEvent *)
     if (over) {
         QColor wash = link;
         wash.setAlphaF(isDown() ? 0.18 : 0.10);
-        ZPainting::fillRounded(&painter, panel, ZPainting::ControlRadius, wash);
+        ZPainting::fillRounded(&painter, panel, ZPainting::controlRadius, wash);
     }
     painter.setPen(link);
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
     if (ZFocusTracker::showsFocus(this))
-        ZPainting::drawFocusRing(&painter, panel, ZPainting::ControlRadius, palette());
+        ZPainting::drawFocusRing(&painter, panel, ZPainting::controlRadius, palette());
 }
 
 void ZCommandLinkButton::keyPressEvent(QKeyEvent *event)

@@ -10,7 +10,7 @@ namespace Ztk {
 namespace Widget {
 
 namespace {
-QPointer<ZFocusTracker> s_tracker;
+QPointer<ZFocusTracker> currentTracker;
 } // namespace
 
 ZFocusTracker::ZFocusTracker(QObject *parent)
@@ -21,8 +21,8 @@ ZFocusTracker::ZFocusTracker(QObject *parent)
 
 void ZFocusTracker::install()
 {
-    if (!s_tracker && qobject_cast<QApplication *>(QCoreApplication::instance()))
-        s_tracker = new ZFocusTracker(QCoreApplication::instance());
+    if (!currentTracker && qobject_cast<QApplication *>(QCoreApplication::instance()))
+        currentTracker = new ZFocusTracker(QCoreApplication::instance());
 }
 
 bool ZFocusTracker::showsFocus(const QWidget *widget)
@@ -33,7 +33,7 @@ bool ZFocusTracker::showsFocus(const QWidget *widget)
 bool ZFocusTracker::ringsVisible()
 {
     install();
-    return s_tracker && s_tracker->m_visible;
+    return currentTracker && currentTracker->m_visible;
 }
 
 bool ZFocusTracker::eventFilter(QObject *watched, QEvent *event)

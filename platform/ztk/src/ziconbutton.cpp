@@ -33,13 +33,13 @@ ZIconButton::ZIconButton(QStyle::StandardPixmap icon, QWidget *parent)
 QSize ZIconButton::sizeHint() const
 {
     const QSize padded = iconSize() + QSize(2 * roomyPadding, 2 * roomyPadding);
-    return padded.expandedTo(QSize(ZStyle::MinimumHitHeight, ZStyle::MinimumHitHeight));
+    return padded.expandedTo(QSize(ZStyle::minimumHitHeight, ZStyle::minimumHitHeight));
 }
 
 void ZIconButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    const qreal radius = qMin<qreal>(ZPainting::ControlRadius, height() / 4.0);
+    const qreal radius = qMin<qreal>(ZPainting::controlRadius, height() / 4.0);
     if (isEnabled() && (isDown() || underMouse())) {
         QColor overlay = palette().color(QPalette::WindowText);
         overlay.setAlphaF(isDown() ? 0.16 : 0.09);

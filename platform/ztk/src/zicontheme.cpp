@@ -26,7 +26,7 @@ namespace Gui {
 
 namespace {
 
-QPointer<ZIconTheme> s_theme;
+QPointer<ZIconTheme> currentTheme;
 
 /** What artists paint in where the theme's text colour is meant. */
 const char symbolColor[] = "#000000";
@@ -171,24 +171,24 @@ QString ZIconTheme::themesFolder()
 
 void ZIconTheme::install()
 {
-    if (!s_theme && qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
-        s_theme = new ZIconTheme(QCoreApplication::instance());
+    if (!currentTheme && qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
+        currentTheme = new ZIconTheme(QCoreApplication::instance());
 }
 
 void ZIconTheme::setTextColor(const QColor &textColor)
 {
     install();
-    if (!s_theme || s_theme->m_textColor == textColor)
+    if (!currentTheme || currentTheme->m_textColor == textColor)
         return;
-    s_theme->m_textColor = textColor;
-    s_theme->activate();
+    currentTheme->m_textColor = textColor;
+    currentTheme->activate();
 }
 
 void ZIconTheme::refresh()
 {
     install();
-    if (s_theme && s_theme->m_fileCount != builtinFileCount())
-        s_theme->activate();
+    if (currentTheme && currentTheme->m_fileCount != builtinFileCount())
+        currentTheme->activate();
 }
 
 bool ZIconTheme::eventFilter(QObject *watched, QEvent *event)

@@ -64,19 +64,19 @@ void ZItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &given,
     const QColor textColor =
         palette.color(group, selected ? QPalette::HighlightedText : QPalette::WindowText);
     if (selected) {
-        ZPainting::fillRounded(painter, row, ZPainting::ControlRadius,
+        ZPainting::fillRounded(painter, row, ZPainting::controlRadius,
                                palette.color(group, QPalette::Highlight));
     } else if (enabled && (option.state & QStyle::State_MouseOver)) {
         QColor hover = palette.color(QPalette::WindowText);
         hover.setAlphaF(0.07);
-        ZPainting::fillRounded(painter, row, ZPainting::ControlRadius, hover);
+        ZPainting::fillRounded(painter, row, ZPainting::controlRadius, hover);
     }
     if ((option.state & QStyle::State_HasFocus) && ZFocusTracker::showsFocus(option.widget)) {
         // On the selected row the ring stands inside, in the colour of its text.
         QPalette ring = palette;
         if (selected)
             ring.setColor(QPalette::Active, QPalette::Highlight, textColor);
-        ZPainting::drawFocusRing(painter, row.adjusted(2, 2, -2, -2), ZPainting::ControlRadius - 2,
+        ZPainting::drawFocusRing(painter, row.adjusted(2, 2, -2, -2), ZPainting::controlRadius - 2,
                                  ring);
     }
 

@@ -109,7 +109,7 @@ void ZPainting::drawFocusRing(QPainter *painter, const QRectF &rect, qreal radiu
                               const QPalette &palette)
 {
     frameRounded(painter, rect, radius, palette.color(QPalette::Active, QPalette::Highlight),
-                 FocusRingWidth);
+                 focusRingWidth);
 }
 
 void ZPainting::drawIcon(QPainter *painter, const QRect &rect, const QIcon &icon,

@@ -63,31 +63,31 @@ void ZStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
 {
     switch (element) {
     case PE_IndicatorCheckBox:
-        ButtonLook::drawCheckIndicator(painter, option);
+        buttonlook::drawCheckIndicator(painter, option);
         return;
     case PE_FrameFocusRect:
-        if (ControlLook::showsFocus(option)) {
-            ZPainting::drawFocusRing(painter, option->rect, ZPainting::ControlRadius,
+        if (controllook::showsFocus(option)) {
+            ZPainting::drawFocusRing(painter, option->rect, ZPainting::controlRadius,
                                      option->palette);
         }
         return;
     case PE_PanelLineEdit: {
         const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
         if (frame && frame->lineWidth > 0)
-            InputLook::drawLineEdit(painter, option);
+            inputlook::drawLineEdit(painter, option);
         return;
     }
     case PE_PanelMenu:
-        MenuLook::drawPanel(painter, option, MenuLook::surface());
+        menulook::drawPanel(painter, option, menulook::surface());
         return;
     case PE_PanelTipLabel:
-        MenuLook::drawPanel(painter, option, option->palette.color(QPalette::ToolTipBase));
+        menulook::drawPanel(painter, option, option->palette.color(QPalette::ToolTipBase));
         return;
     case PE_FrameMenu:
         return; // part of the panel
     case PE_Frame:
-        ZPainting::frameRounded(painter, option->rect, ZPainting::ControlRadius,
-                                ControlLook::color(option, QPalette::Mid),
+        ZPainting::frameRounded(painter, option->rect, ZPainting::controlRadius,
+                                controllook::color(option, QPalette::Mid),
                                 ZPainting::hairline(painter));
         return;
     default:
@@ -100,25 +100,25 @@ void ZStyle::drawControl(ControlElement element, const QStyleOption *option, QPa
 {
     if (element == CE_PushButton) {
         if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option)) {
-            ButtonLook::drawPushButton(painter, button, proxy(), widget);
+            buttonlook::drawPushButton(painter, button, proxy(), widget);
             return;
         }
     } else if (element == CE_CheckBox) {
         if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option)) {
-            ButtonLook::drawCheckBox(painter, button);
+            buttonlook::drawCheckBox(painter, button);
             return;
         }
     } else if (element == CE_ComboBoxLabel) {
         if (const auto *box = qstyleoption_cast<const QStyleOptionComboBox *>(option)) {
-            InputLook::drawComboBoxLabel(painter, box, InputLook::comboBoxField(option));
+            inputlook::drawComboBoxLabel(painter, box, inputlook::comboBoxField(option));
             return;
         }
     } else if (element == CE_MenuEmptyArea) {
-        painter->fillRect(option->rect, MenuLook::surface());
+        painter->fillRect(option->rect, menulook::surface());
         return;
     } else if (element == CE_MenuItem) {
         if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option)) {
-            MenuLook::drawItem(painter, item);
+            menulook::drawItem(painter, item);
             return;
         }
     }
@@ -130,12 +130,12 @@ void ZStyle::drawComplexControl(ComplexControl control, const QStyleOptionComple
 {
     if (control == CC_ComboBox) {
         if (const auto *box = qstyleoption_cast<const QStyleOptionComboBox *>(option)) {
-            InputLook::drawComboBox(painter, box);
+            inputlook::drawComboBox(painter, box);
             return;
         }
     } else if (control == CC_ScrollBar) {
         if (const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option)) {
-            ScrollBarLook::draw(painter, bar);
+            scrollbarlook::draw(painter, bar);
             return;
         }
     }
@@ -147,20 +147,20 @@ QSize ZStyle::sizeFromContents(ContentsType type, const QStyleOption *option, co
 {
     switch (type) {
     case CT_PushButton:
-        return ButtonLook::pushButtonSize(size);
+        return buttonlook::pushButtonSize(size);
     case CT_CheckBox:
         if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option))
-            return ButtonLook::checkBoxSize(button);
+            return buttonlook::checkBoxSize(button);
         break;
     case CT_ComboBox:
-        return InputLook::comboBoxSize(size);
+        return inputlook::comboBoxSize(size);
     case CT_MenuItem:
         if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option))
-            return MenuLook::itemSize(item);
+            return menulook::itemSize(item);
         break;
     case CT_LineEdit:
         return QProxyStyle::sizeFromContents(type, option, size, widget)
-            .expandedTo(QSize(0, MinimumHitHeight));
+            .expandedTo(QSize(0, minimumHitHeight));
     default:
         break;
     }
@@ -172,22 +172,22 @@ QRect ZStyle::subElementRect(SubElement element, const QStyleOption *option,
 {
     switch (element) {
     case SE_CheckBoxIndicator:
-        return ButtonLook::indicatorRect(option);
+        return buttonlook::indicatorRect(option);
     case SE_CheckBoxContents:
-        return ButtonLook::labelRect(option);
+        return buttonlook::labelRect(option);
     case SE_CheckBoxLayoutItem:
     case SE_CheckBoxClickRect:
         return option->rect;
     case SE_CheckBoxFocusRect:
         if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option))
-            return ButtonLook::focusRect(button);
+            return buttonlook::focusRect(button);
         break;
     case SE_LineEditContents: {
         const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
         // QLineEdit itself adds 2 px on each side.
         if (frame && frame->lineWidth > 0)
-            return option->rect.adjusted(InputLook::sidePadding - 2, 1,
-                                         -(InputLook::sidePadding - 2), -1);
+            return option->rect.adjusted(inputlook::sidePadding - 2, 1,
+                                         -(inputlook::sidePadding - 2), -1);
         break;
     }
     default:
@@ -201,12 +201,12 @@ QRect ZStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *
 {
     if (control == CC_ComboBox) {
         if (subControl == SC_ComboBoxEditField)
-            return InputLook::comboBoxField(option);
+            return inputlook::comboBoxField(option);
         if (subControl == SC_ComboBoxArrow)
-            return InputLook::comboBoxArrow(option);
+            return inputlook::comboBoxArrow(option);
     } else if (control == CC_ScrollBar) {
         if (const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option))
-            return ScrollBarLook::partRect(bar, subControl);
+            return scrollbarlook::partRect(bar, subControl);
     }
     return QProxyStyle::subControlRect(control, option, subControl, widget);
 }
@@ -225,11 +225,11 @@ int ZStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QW
         return rowSpacing;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
-        return ButtonLook::indicatorSize;
+        return buttonlook::indicatorSize;
     case PM_ScrollBarExtent:
-        return ScrollBarLook::extent;
+        return scrollbarlook::extent;
     case PM_ScrollBarSliderMin:
-        return ScrollBarLook::minimumHandleLength;
+        return scrollbarlook::minimumHandleLength;
     case PM_ToolTipLabelFrameWidth:
         return 6;
     case PM_MenuVMargin:

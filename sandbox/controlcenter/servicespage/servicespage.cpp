@@ -69,7 +69,7 @@ void ServicesPage::paintEvent(QPaintEvent *event)
         return;
     QPainter painter(viewport());
     ZPainting::drawFocusRing(&painter, viewport()->rect().adjusted(2, 2, -2, -2),
-                             ZPainting::CardRadius, palette());
+                             ZPainting::cardRadius, palette());
 }
 
 void ServicesPage::showEvent(QShowEvent *event)

@@ -180,7 +180,7 @@ void ShortcutsPage::onKnown(const QString &id, const QString &accelerator)
 void ShortcutsPage::onFailed(const QString &id, const QString &reason)
 {
     say(tr("The shortcut for “%1”: %2")
-            .arg(line(id)->shortcut.title, ShownText::cut(reason, ShownText::longestWords)));
+            .arg(line(id)->shortcut.title, showntext::cut(reason, showntext::longestWords)));
 }
 
 } // namespace controlcenter

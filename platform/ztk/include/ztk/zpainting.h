@@ -26,9 +26,9 @@ class ZTK_EXPORT ZPainting
 public:
     ZPainting() = delete;
 
-    static constexpr qreal ControlRadius = 7;  ///< Corners of combo boxes, buttons, line edits.
-    static constexpr qreal CardRadius = 10;    ///< Corners of the backgrounds behind settings rows.
-    static constexpr qreal FocusRingWidth = 2; ///< Stroke of the focus ring.
+    static constexpr qreal controlRadius = 7;  ///< Corners of combo boxes, buttons, line edits.
+    static constexpr qreal cardRadius = 10;    ///< Corners of the backgrounds behind settings rows.
+    static constexpr qreal focusRingWidth = 2; ///< Stroke of the focus ring.
 
     /** @p from moved towards @p to by @p amount, 0.0 to 1.0; opaque when both are. */
     static QColor blend(const QColor &from, const QColor &to, qreal amount);

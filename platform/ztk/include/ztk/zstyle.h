@@ -11,7 +11,7 @@ namespace Widget {
  * The desktop's widget style, in the colours of the palette in force.
  *
  * ZApplicationSetup::install() puts it in force; QApplication owns it. Controls are at least
- * MinimumHitHeight logical pixels high, and what it draws is sharp at every display scale. What it
+ * minimumHitHeight logical pixels high, and what it draws is sharp at every display scale. What it
  * does not draw itself is Fusion's.
  */
 class ZTK_EXPORT ZStyle : public QProxyStyle
@@ -19,7 +19,7 @@ class ZTK_EXPORT ZStyle : public QProxyStyle
     Q_OBJECT
 
 public:
-    static constexpr int MinimumHitHeight = 36;
+    static constexpr int minimumHitHeight = 36;
 
     /** Icons of the toolkit's own, beyond those of QStyle. */
     enum ToolkitPixmap : unsigned {
