@@ -1,4 +1,5 @@
 #include "tests/e2e/windowprogram.h"
+#include "tests/support/modulepages.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/virtualmicrophone.h"
 
@@ -242,8 +243,8 @@ void WindowTourTest::wrongUsageIsRefused_data()
     refused("unknown locale", {QStringLiteral("--locale"), QStringLiteral("xx_YY")},
             "There is no locale \"xx_YY\", but zh_CN, zh_HK, zh_TW, bo_CN, ug_CN, en_US, en_GB.");
     refused("unknown page", {QStringLiteral("--page"), QStringLiteral("Foo")},
-            "There is no page \"Foo\", but Desktop AI Assistant, Text to Speech, Speech to Text, "
-            "Translation.");
+            qPrintable(QStringLiteral("There is no page \"Foo\", but %1.")
+                           .arg(testsupport::registeredPageNames().join(QLatin1String(", ")))));
     refused("scale is a word", {QStringLiteral("--scale"), QStringLiteral("big")},
             "The scale must be a number from 0.5 to 4.");
     refused("scale is no number", {QStringLiteral("--scale"), QStringLiteral("nan")},

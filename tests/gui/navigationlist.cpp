@@ -1,6 +1,7 @@
 #include "plugin/assistzlistview.h"
 #include "plugin/thirdlistwidget.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/modulepages.h"
 
 #include <ztk/zstandarditem.h>
 
@@ -18,16 +19,20 @@ Q_DECLARE_METATYPE(QMargins)
 
 namespace {
 
-/** Writes down, in order, which page each signal asks for. */
+/** The short names of the pages that the list's signals ask for, in order. */
 class Requests : public QObject
 {
+    Q_OBJECT
+
 public:
     explicit Requests(ThirdListWidget *list)
     {
-        connect(list, &ThirdListWidget::signalShowAIAssistant, this, [this] { add("assistant"); });
-        connect(list, &ThirdListWidget::signalShowVoiceIat, this, [this] { add("iat"); });
-        connect(list, &ThirdListWidget::signalShowVoiceTTS, this, [this] { add("tts"); });
-        connect(list, &ThirdListWidget::signalShowTranslate, this, [this] { add("translate"); });
+        const QMetaMethod slot = metaObject()->method(metaObject()->indexOfSlot("add()"));
+        for (const testsupport::ModulePage &page : testsupport::modulePages()) {
+            const int index = list->metaObject()->indexOfSignal(page.requestSignal.toLatin1());
+            QVERIFY2(index >= 0, qPrintable(page.requestSignal));
+            connect(list, list->metaObject()->method(index), this, slot);
+        }
     }
 
     QStringList take()
@@ -37,9 +42,16 @@ public:
         return taken;
     }
 
-private:
-    void add(const char *page) { m_requests.append(QLatin1String(page)); }
+private Q_SLOTS:
+    void add()
+    {
+        const QMetaMethod signal = sender()->metaObject()->method(senderSignalIndex());
+        for (const testsupport::ModulePage &page : testsupport::modulePages())
+            if (page.requestSignal == QLatin1String(signal.methodSignature()))
+                m_requests.append(page.shortName);
+    }
 
+private:
     QStringList m_requests;
 };
 
@@ -72,7 +84,7 @@ private Q_SLOTS:
     void cleanup();
 
     void isAWidgetNamedVoiceWithOneListView();
-    void hasFourRowsWithTextsAndMargins();
+    void hasARowPerPageWithTextAndMargins();
     void cannotBeEditedAndShowsNoHorizontalScrollBar();
     void firstRowIsCurrentFromTheStart();
     void sayingNothingWhileItIsBuilt();
@@ -114,6 +126,7 @@ private Q_SLOTS:
     void logsItsEnd();
 
 private:
+    static int lastRow() { return testsupport::modulePages().size() - 1; }
     int currentRow() const { return m_view->currentIndex().row(); }
     void setCurrentRow(int row) { m_view->setCurrentIndex(m_view->model()->index(row, 0)); }
 
@@ -159,19 +172,17 @@ void NavigationListTest::isAWidgetNamedVoiceWithOneListView()
     QCOMPARE(layout->itemAt(0)->alignment(), Qt::Alignment());
 }
 
-void NavigationListTest::hasFourRowsWithTextsAndMargins()
+void NavigationListTest::hasARowPerPageWithTextAndMargins()
 {
-    const QStringList texts = {QStringLiteral("Desktop AI Assistant"),
-                               QStringLiteral("Speech to Text"), QStringLiteral("Text to Speech"),
-                               QStringLiteral("Translation")};
+    const QVector<testsupport::ModulePage> pages = testsupport::modulePages();
     auto *model = qobject_cast<QStandardItemModel *>(m_view->model());
     QVERIFY(model);
-    QCOMPARE(model->rowCount(), 4);
+    QCOMPARE(model->rowCount(), pages.size());
     QCOMPARE(model->columnCount(), 1);
-    for (int row = 0; row < 4; ++row) {
+    for (int row = 0; row < pages.size(); ++row) {
         QStandardItem *item = model->item(row);
         QVERIFY(dynamic_cast<Ztk::Widget::ZStandardItem *>(item));
-        QCOMPARE(item->text(), texts.at(row));
+        QCOMPARE(item->text(), pages.at(row).name);
         const QVariant margins = item->data(Qt::UserRole + 1);
         QCOMPARE(margins.typeName(), "QMargins");
         QCOMPARE(margins.value<QMargins>(), QMargins(10, 8, 10, 8));
@@ -207,10 +218,9 @@ void NavigationListTest::clickOnARowAsksForItsPageOnce_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<QString>("page");
-    QTest::newRow("assistant") << 0 << "assistant";
-    QTest::newRow("speech to text") << 1 << "iat";
-    QTest::newRow("text to speech") << 2 << "tts";
-    QTest::newRow("translation") << 3 << "translate";
+    const QVector<testsupport::ModulePage> pages = testsupport::modulePages();
+    for (int row = 0; row < pages.size(); ++row)
+        QTest::newRow(qPrintable(pages.at(row).name)) << row << pages.at(row).shortName;
 }
 
 void NavigationListTest::clickOnARowAsksForItsPageOnce()
@@ -267,12 +277,12 @@ void NavigationListTest::doubleClickAsksTwice()
 void NavigationListTest::emittedClickAsksAtOnce()
 {
     Q_EMIT m_view->clicked(m_view->model()->index(3, 0));
-    QCOMPARE(m_requests->take(), QStringList{QStringLiteral("translate")});
+    QCOMPARE(m_requests->take(), QStringList{QStringLiteral("translation")});
 }
 
 void NavigationListTest::clickBelowTheRowsAsksForNothing()
 {
-    const QRect last = m_view->visualRect(m_view->model()->index(3, 0));
+    const QRect last = m_view->visualRect(m_view->model()->index(lastRow(), 0));
     const QPoint below(last.center().x(), m_view->viewport()->height() - 2);
     QVERIFY(!m_view->indexAt(below).isValid());
     QTest::mouseClick(m_view->viewport(), Qt::LeftButton, Qt::NoModifier, below);
@@ -285,10 +295,12 @@ void NavigationListTest::enterAsksForTheCurrentRowsPage_data()
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("key");
     QTest::addColumn<QString>("page");
-    QTest::newRow("Return on the first row") << 0 << int(Qt::Key_Return) << "assistant";
-    QTest::newRow("Return on the second row") << 1 << int(Qt::Key_Return) << "iat";
-    QTest::newRow("Enter on the third row") << 2 << int(Qt::Key_Enter) << "tts";
-    QTest::newRow("Enter on the last row") << 3 << int(Qt::Key_Enter) << "translate";
+    const QVector<testsupport::ModulePage> pages = testsupport::modulePages();
+    for (int row = 0; row < pages.size(); ++row) {
+        const QString &page = pages.at(row).shortName;
+        QTest::addRow("Return on row %d", row) << row << int(Qt::Key_Return) << page;
+        QTest::addRow("Enter on row %d", row) << row << int(Qt::Key_Enter) << page;
+    }
 }
 
 void NavigationListTest::enterAsksForTheCurrentRowsPage()
@@ -312,9 +324,9 @@ void NavigationListTest::upOnTheFirstRowChangesNothing()
 
 void NavigationListTest::downOnTheLastRowChangesNothing()
 {
-    setCurrentRow(3);
+    setCurrentRow(lastRow());
     QTest::keyClick(m_view, Qt::Key_Down);
-    QCOMPARE(currentRow(), 3);
+    QCOMPARE(currentRow(), lastRow());
     QCOMPARE(m_requests->take(), QStringList());
 }
 
@@ -328,14 +340,20 @@ void NavigationListTest::upOnTheThirdRowAsksForSpeechToTextOnce()
 
 void NavigationListTest::eachArrowPressAsksForOnePage()
 {
-    for (int press = 0; press < 5; ++press)
+    QStringList down;
+    QStringList up;
+    for (const testsupport::ModulePage &page : testsupport::modulePages()) {
+        down.append(page.shortName);
+        up.prepend(page.shortName);
+    }
+    down.removeFirst(); // the row from which the walk begins
+    up.removeFirst();
+    for (int press = 0; press < lastRow() + 2; ++press)
         QTest::keyClick(m_view, Qt::Key_Down);
-    QCOMPARE(m_requests->take(), (QStringList{QStringLiteral("iat"), QStringLiteral("tts"),
-                                              QStringLiteral("translate")}));
-    for (int press = 0; press < 5; ++press)
+    QCOMPARE(m_requests->take(), down);
+    for (int press = 0; press < lastRow() + 2; ++press)
         QTest::keyClick(m_view, Qt::Key_Up);
-    QCOMPARE(m_requests->take(), (QStringList{QStringLiteral("tts"), QStringLiteral("iat"),
-                                              QStringLiteral("assistant")}));
+    QCOMPARE(m_requests->take(), up);
     QCOMPARE(m_view->selectionModel()->selectedIndexes(),
              QModelIndexList{m_view->model()->index(0, 0)});
 }
@@ -413,8 +431,8 @@ void NavigationListTest::updateListViewIndexChoosesAndAsks()
 void NavigationListTest::updateListViewIndexOutOfRangeClearsTheRow_data()
 {
     QTest::addColumn<int>("row");
-    QTest::newRow("7") << 7;
-    QTest::newRow("4, one too far") << 4;
+    QTest::newRow("far too far") << 2 * lastRow() + 1;
+    QTest::newRow("one too far") << lastRow() + 1;
     QTest::newRow("-1") << -1;
     QTest::newRow("largest number") << std::numeric_limits<int>::max();
     QTest::newRow("smallest number") << std::numeric_limits<int>::min();
@@ -448,7 +466,7 @@ void NavigationListTest::refusedMovesReturnTheCurrentIndex_data()
     QTest::addColumn<int>("action");
     QTest::addColumn<int>("row");
     QTest::newRow("up from the first") << int(OpenListView::MoveUp) << 0;
-    QTest::newRow("down from the last") << int(OpenListView::MoveDown) << 3;
+    QTest::newRow("down from the last") << int(OpenListView::MoveDown) << lastRow();
     QTest::newRow("left") << int(OpenListView::MoveLeft) << 1;
     QTest::newRow("right") << int(OpenListView::MoveRight) << 1;
     QTest::newRow("home") << int(OpenListView::MoveHome) << 1;

@@ -1,3 +1,5 @@
+#include "tests/support/modulepages.h"
+
 #include <QFile>
 #include <QJsonObject>
 #include <QLibrary>
@@ -87,12 +89,7 @@ void ModuleFileTest::bundlesListTheirFilesInOrder_data()
     };
     QTest::newRow("icons") << QStringLiteral("voice")
                            << QStringLiteral("/icons/tavren/builtin/actions")
-                           << QStringList{QStringLiteral("zcc_nav_dictate_nor_32px.svg"),
-                                          QStringLiteral("zcc_nav_assistant_nor_32px.svg"),
-                                          QStringLiteral("zcc_nav_translate_nor_32px.svg"),
-                                          QStringLiteral("zcc_nav_read_nor_32px.svg"),
-                                          QStringLiteral("zcc_nav_voice_42px.svg"),
-                                          QStringLiteral("zcc_nav_voice_84px.svg")};
+                           << testsupport::bundledIconFiles();
     QTest::newRow("catalogues") << QStringLiteral("translation") << QStringLiteral("/translation")
                                 << QStringList{catalogue("zh_CN"), catalogue("bo"),
                                                catalogue("ug"),    catalogue("zh_HK"),

@@ -1,5 +1,6 @@
 #include "tests/support/fakeframe.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/modulepages.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/moduleinterface.h>
@@ -14,6 +15,7 @@
 #include <QMetaMethod>
 #include <QPluginLoader>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QResource>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -27,6 +29,8 @@
 using testsupport::FakeFrame;
 using testsupport::LogCapture;
 using testsupport::LogRecord;
+using testsupport::ModulePage;
+using testsupport::modulePages;
 using zccV20::ModuleInterface;
 
 namespace {
@@ -83,14 +87,14 @@ private Q_SLOTS:
 
     void saysWhatItIs();
     void keepsTheDefaultsOfTheBase();
-    void availablePagesAreFourShortNamesInOrder();
+    void availablePagesAreShortNamesInOrder();
 
     void logsItsLifecycle_data();
     void logsItsLifecycle();
     void logsNothingElse();
 
-    void registersFourPageNamesInTheirOwnOrder();
-    void registersFifteenSearchEntriesInOrder();
+    void registersThePageNamesInTheirOwnOrder();
+    void registersTheSearchEntriesInOrder();
     void activeRegistersNothing();
 
     void activePushesTheListThenTheAssistantPage();
@@ -107,7 +111,7 @@ private Q_SLOTS:
 
     void slotsOfThePages_data();
     void slotsOfThePages();
-    void listHasFourSignalsAndNoSlots();
+    void listHasASignalPerPageAndNoSlots();
 
     void theFrameMayDestroyAPageAtAnyTime();
     void theFrameMayDestroyTheListBeforeThePages();
@@ -140,10 +144,11 @@ void ModuleHostTest::initTestCase()
                         "[actions/32]\nSize=32\nType=Fixed\n") > 0);
     QPixmap picture(32, 32);
     picture.fill(Qt::black);
-    for (const char *name : {"zcc_nav_voice", "zcc_nav_assistant_nor", "zcc_nav_dictate_nor",
-                             "zcc_nav_read_nor", "zcc_nav_translate_nor"})
-        QVERIFY(picture.save(actions + QLatin1Char('/') + QLatin1String(name) +
-                             QStringLiteral(".png")));
+    QStringList names = {QStringLiteral("zcc_nav_voice")};
+    for (const ModulePage &page : modulePages())
+        names.append(page.icon);
+    for (const QString &name : qAsConst(names))
+        QVERIFY(picture.save(actions + QLatin1Char('/') + name + QStringLiteral(".png")));
     QIcon::setThemeSearchPaths({m_theme.path()});
     QIcon::setThemeName(QStringLiteral("names"));
 }
@@ -237,11 +242,9 @@ void ModuleHostTest::keepsTheDefaultsOfTheBase()
     QVERIFY(!m_module->moduleWidget());
 }
 
-void ModuleHostTest::availablePagesAreFourShortNamesInOrder()
+void ModuleHostTest::availablePagesAreShortNamesInOrder()
 {
-    QCOMPARE(m_module->availPage(),
-             (QStringList{QStringLiteral("assistant"), QStringLiteral("translation"),
-                          QStringLiteral("iat"), QStringLiteral("tts")}));
+    QCOMPARE(m_module->availPage(), testsupport::availableShortNames());
 }
 
 using Operation = std::function<void(ModuleInterface *)>;
@@ -327,41 +330,31 @@ void ModuleHostTest::logsNothingElse()
     QCOMPARE(log.texts(), QStringList());
 }
 
-void ModuleHostTest::registersFourPageNamesInTheirOwnOrder()
+void ModuleHostTest::registersThePageNamesInTheirOwnOrder()
 {
     m_module->preInitialize();
+    QStringList expected;
+    for (const QString &name : testsupport::registeredPageNames())
+        expected.append(QStringLiteral("name|%1|%1").arg(name));
     QCOMPARE(registrations(*m_frame, FakeFrame::Registration::PageTranslation,
                            FakeFrame::Registration::PageTranslation),
-             (QStringList{QStringLiteral("name|Desktop AI Assistant|Desktop AI Assistant"),
-                          QStringLiteral("name|Text to Speech|Text to Speech"),
-                          QStringLiteral("name|Speech to Text|Speech to Text"),
-                          QStringLiteral("name|Translation|Translation")}));
+             expected);
     QVERIFY(m_frame->pushes().isEmpty());
 }
 
-void ModuleHostTest::registersFifteenSearchEntriesInOrder()
+void ModuleHostTest::registersTheSearchEntriesInOrder()
 {
     m_module->preInitialize();
-    QCOMPARE(
-        registrations(*m_frame, FakeFrame::Registration::SearchModule,
-                      FakeFrame::Registration::SearchItem),
-        (QStringList{
-            QStringLiteral("page|Assistive Tools|Desktop AI Assistant|present"),
-            QStringLiteral("item|Assistive Tools|Desktop AI Assistant|Voice Wakeup|present"),
-            QStringLiteral("item|Assistive Tools|Desktop AI Assistant|Language|present"),
-            QStringLiteral("item|Assistive Tools|Desktop AI Assistant|Show in the Dock|present"),
-            QStringLiteral("item|Assistive Tools|Desktop AI Assistant|Voice Test|present"),
-            QStringLiteral("page|Assistive Tools|Speech to Text|present"),
-            QStringLiteral("item|Assistive Tools|Speech to Text|Speech to Text|present"),
-            QStringLiteral("item|Assistive Tools|Speech to Text|Language|present"),
-            QStringLiteral("page|Assistive Tools|Text to Speech|present"),
-            QStringLiteral("item|Assistive Tools|Text to Speech|Show Speech Widget|present"),
-            QStringLiteral("item|Assistive Tools|Text to Speech|Text to Speech|present"),
-            QStringLiteral("item|Assistive Tools|Text to Speech|Voice Gender|present"),
-            QStringLiteral("page|Assistive Tools|Translation|present"),
-            QStringLiteral("item|Assistive Tools|Translation|Translation|present"),
-            QStringLiteral("item|Assistive Tools|Translation|Language|present"),
-        }));
+    QStringList expected;
+    for (const ModulePage &page : modulePages()) {
+        expected.append(QStringLiteral("page|Assistive Tools|%1|present").arg(page.name));
+        for (const QString &setting : page.settings)
+            expected.append(
+                QStringLiteral("item|Assistive Tools|%1|%2|present").arg(page.name, setting));
+    }
+    QCOMPARE(registrations(*m_frame, FakeFrame::Registration::SearchModule,
+                           FakeFrame::Registration::SearchItem),
+             expected);
 }
 
 void ModuleHostTest::activeRegistersNothing()
@@ -414,10 +407,9 @@ void ModuleHostTest::everyPushIsAParentlessWidgetOfTheModuleWithType2()
 {
     m_module->preInitialize(false, zccV20::FrameProxyInterface::FullWindow);
     m_module->active();
-    for (const char *page :
-         {"Speech to Text", "Text to Speech", "Translation", "Desktop AI Assistant"})
-        m_module->load(QLatin1String(page));
-    QCOMPARE(m_frame->pushes().size(), 6);
+    for (const ModulePage &page : modulePages())
+        m_module->load(page.name);
+    QCOMPARE(m_frame->pushes().size(), modulePages().size() + 2); // after active()'s two
     for (const FakeFrame::Push &push : m_frame->pushes()) {
         QCOMPARE(push.module, m_module);
         QVERIFY(push.widget);
@@ -444,10 +436,11 @@ void ModuleHostTest::loadOpensThePageOfItsUntranslatedName_data()
     QTest::addColumn<int>("row");
     QTest::addColumn<QString>("page");
     const QString assistant = QStringLiteral("AssistantSettingWidget");
-    QTest::newRow("assistant") << "Desktop AI Assistant" << 0 << assistant;
-    QTest::newRow("speech to text") << "Speech to Text" << 1 << "VoiceIatSettingWidget";
-    QTest::newRow("text to speech") << "Text to Speech" << 2 << "VoiceTTSSettingWidget";
-    QTest::newRow("translation") << "Translation" << 3 << "TextTranslateSettingWidget";
+    const QVector<ModulePage> pages = modulePages();
+    for (int row = 0; row < pages.size(); ++row) {
+        const ModulePage &page = pages.at(row);
+        QTest::newRow(qPrintable(page.name)) << page.name << row << page.className;
+    }
     QTest::newRow("other letter case") << "speech to text" << 0 << assistant;
     QTest::newRow("short name iat") << "iat" << 0 << assistant;
     QTest::newRow("short name tts") << "tts" << 0 << assistant;
@@ -509,26 +502,8 @@ void ModuleHostTest::slotsOfThePages_data()
 {
     QTest::addColumn<QString>("page");
     QTest::addColumn<QStringList>("slotNames");
-    QTest::newRow("assistant") << "Desktop AI Assistant"
-                               << QStringList{QStringLiteral("slotVoiceWakeupSetting(bool)"),
-                                              QStringLiteral("slotVoiceSourceTypeChange(int)"),
-                                              QStringLiteral("slotlanguageTypeChange(int)"),
-                                              QStringLiteral("slotPluginShowSet(bool)"),
-                                              QStringLiteral("slotdockHideChange(bool)"),
-                                              QStringLiteral("slotOneShotMode(int)"),
-                                              QStringLiteral("slotAqcResult(QString)"),
-                                              QStringLiteral("slotIatResult(QString,int,bool)")};
-    const QStringList languagePage{QStringLiteral("slotVoiceSetting(bool)"),
-                                   QStringLiteral("slotVoiceSourceTypeChange(int)"),
-                                   QStringLiteral("slotlanguageTypeChange(int)"),
-                                   QStringLiteral("slotPluginShowChange(bool)")};
-    QTest::newRow("speech to text") << "Speech to Text" << languagePage;
-    QTest::newRow("text to speech")
-        << "Text to Speech"
-        << QStringList{QStringLiteral("slotVoiceTTSSetting(bool)"),
-                       QStringLiteral("slotVoiceTTSWindowSetting(bool)"),
-                       QStringLiteral("slotVoiceSourceTypeChange(int)")};
-    QTest::newRow("translation") << "Translation" << languagePage;
+    for (const ModulePage &page : modulePages())
+        QTest::newRow(qPrintable(page.name)) << page.name << page.slotNames;
 }
 
 void ModuleHostTest::slotsOfThePages()
@@ -547,16 +522,16 @@ void ModuleHostTest::slotsOfThePages()
         QCOMPARE(metaObject->method(i).access(), QMetaMethod::Public);
 }
 
-void ModuleHostTest::listHasFourSignalsAndNoSlots()
+void ModuleHostTest::listHasASignalPerPageAndNoSlots()
 {
     m_module->active();
     const QMetaObject *metaObject = pushed(0)->metaObject();
     QCOMPARE(metaObject->superClass(), &QWidget::staticMetaObject);
-    QCOMPARE(ownMethods(metaObject, QMetaMethod::Signal),
-             (QStringList{
-                 QStringLiteral("signalShowAIAssistant()"), QStringLiteral("signalShowVoiceIat()"),
-                 QStringLiteral("signalShowVoiceTTS()"), QStringLiteral("signalShowTranslate()")}));
-    QCOMPARE(metaObject->methodCount() - metaObject->methodOffset(), 4);
+    QStringList expected;
+    for (const ModulePage &page : modulePages())
+        expected.append(page.requestSignal);
+    QCOMPARE(ownMethods(metaObject, QMetaMethod::Signal), expected);
+    QCOMPARE(metaObject->methodCount() - metaObject->methodOffset(), expected.size());
     QCOMPARE(metaObject->propertyCount(), metaObject->propertyOffset());
 
     const QMetaObject *view = pushed(0)->findChild<QListView *>()->metaObject();
@@ -569,9 +544,8 @@ void ModuleHostTest::theFrameMayDestroyAPageAtAnyTime()
 {
     m_module->active();
     delete pushed(1);
-    for (const char *page :
-         {"Speech to Text", "Text to Speech", "Translation", "Desktop AI Assistant"}) {
-        m_module->load(QLatin1String(page));
+    for (const ModulePage &page : modulePages()) {
+        m_module->load(page.name);
         QVERIFY(m_frame->pushes().constLast().widget);
         delete m_frame->pushes().constLast().widget;
     }
@@ -591,9 +565,8 @@ void ModuleHostTest::theFrameMayDestroyTheListBeforeThePages()
 void ModuleHostTest::pagesOutliveTheModuleObject()
 {
     m_module->active();
-    for (const char *page :
-         {"Speech to Text", "Text to Speech", "Translation", "Desktop AI Assistant"})
-        m_module->load(QLatin1String(page));
+    for (const ModulePage &page : modulePages())
+        m_module->load(page.name);
     delete m_loader->instance();
     for (int i = 1; i < m_frame->pushes().size(); ++i) {
         const auto buttons = pushed(i)->findChildren<QAbstractButton *>();
@@ -624,20 +597,14 @@ void ModuleHostTest::carriesItsIconsAndCatalogues_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<QByteArray>("begin");
     QTest::addColumn<QByteArray>("attribute");
-    const auto icon = [](const char *name, int size) {
-        QTest::newRow(name) << QStringLiteral(":/icons/tavren/builtin/actions/%1_%2px.svg")
-                                   .arg(QLatin1String(name))
-                                   .arg(size)
-                            << QByteArray("svg")
-                            << QByteArray("width=\"" + QByteArray::number(size) + "\" height=\"" +
-                                          QByteArray::number(size) + "\"");
-    };
-    icon("zcc_nav_dictate_nor", 32);
-    icon("zcc_nav_assistant_nor", 32);
-    icon("zcc_nav_translate_nor", 32);
-    icon("zcc_nav_read_nor", 32);
-    icon("zcc_nav_voice", 42);
-    icon("zcc_nav_voice", 84);
+    static const QRegularExpression suffix(QStringLiteral("_(\\d+)px\\.svg$"));
+    for (const QString &file : testsupport::bundledIconFiles()) {
+        const QByteArray size = suffix.match(file).captured(1).toLatin1();
+        QVERIFY(!size.isEmpty());
+        QTest::newRow(qPrintable(file))
+            << QStringLiteral(":/icons/tavren/builtin/actions/") + file << QByteArray("svg")
+            << QByteArray("width=\"" + size + "\" height=\"" + size + "\"");
+    }
     for (const char *language : {"zh_CN", "bo", "ug", "zh_HK", "en_US", "zh_TW", "en"})
         QTest::newRow(language) << QStringLiteral(":/translation/assistant-control-plugin_%1.ts")
                                        .arg(QLatin1String(language))

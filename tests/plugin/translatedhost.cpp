@@ -117,6 +117,14 @@ public:
                 {QStringLiteral("widgets"), m_widgets}};
     }
 
+    QStringList pageNames() const
+    {
+        QStringList names;
+        for (const QJsonValue &page : m_pageNames)
+            names.append(page.toArray().at(0).toString());
+        return names;
+    }
+
 private:
     QList<QPointer<QWidget>> m_pushed;
     QPointer<QWidget> m_page;
@@ -161,8 +169,8 @@ int main(int argc, char **argv)
     module->initialize();
     module->active();
     walkAssistantPage(frame);
-    for (const auto *page : {"Speech to Text", "Text to Speech", "Translation"})
-        module->load(QString::fromLatin1(page));
+    for (const QString &page : frame.pageNames())
+        module->load(page);
 
     std::puts(QJsonDocument(frame.result(module->displayName())).toJson().constData());
     return 0;

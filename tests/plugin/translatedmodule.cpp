@@ -1,3 +1,4 @@
+#include "tests/support/modulepages.h"
 #include "tests/unit/translationsreader.h"
 
 #include <QJsonArray>
@@ -100,50 +101,32 @@ void TranslatedModuleTest::checkRegistered(const QJsonObject &host, const Catalo
     QVERIFY(!name.isEmpty());
     QCOMPARE(host.value(QLatin1String("name")).toString(), name);
 
-    const QStringList pages{QStringLiteral("Desktop AI Assistant"),
-                            QStringLiteral("Text to Speech"), QStringLiteral("Speech to Text"),
-                            QStringLiteral("Translation")};
+    const QStringList pages = testsupport::registeredPageNames();
     const QJsonArray pageNames = host.value(QLatin1String("pageNames")).toArray();
     QCOMPARE(pageNames.size(), pages.size());
     for (int i = 0; i < pages.size(); ++i)
         QCOMPARE(strings(pageNames.at(i)), QStringList({pages.at(i), translated(pages.at(i))}));
 
-    static const struct
-    {
-        const char *page;
-        const char *item;
-    } entries[] = {{"Desktop AI Assistant", ""},
-                   {"Desktop AI Assistant", "Voice Wakeup"},
-                   {"Desktop AI Assistant", "Language"},
-                   {"Desktop AI Assistant", "Show in the Dock"},
-                   {"Desktop AI Assistant", "Voice Test"},
-                   {"Speech to Text", ""},
-                   {"Speech to Text", "Speech to Text"},
-                   {"Speech to Text", "Language"},
-                   {"Text to Speech", ""},
-                   {"Text to Speech", "Show Speech Widget"},
-                   {"Text to Speech", "Text to Speech"},
-                   {"Text to Speech", "Voice Gender"},
-                   {"Translation", ""},
-                   {"Translation", "Translation"},
-                   {"Translation", "Language"}};
-    const QJsonArray search = host.value(QLatin1String("search")).toArray();
-    QCOMPARE(search.size(), int(std::end(entries) - std::begin(entries)));
-    for (int i = 0; i < search.size(); ++i) {
-        const QString item = QString::fromLatin1(entries[i].item);
-        QCOMPARE(strings(search.at(i)),
-                 QStringList({name, translated(QString::fromLatin1(entries[i].page)),
-                              item.isEmpty() ? item : translated(item)}));
+    QVector<QStringList> expected;
+    for (const testsupport::ModulePage &page : testsupport::modulePages()) {
+        const QString pageName = translated(page.name);
+        expected.append({name, pageName, QString()});
+        for (const QString &setting : page.settings)
+            expected.append({name, pageName, translated(setting)});
     }
+    const QJsonArray search = host.value(QLatin1String("search")).toArray();
+    QCOMPARE(search.size(), expected.size());
+    for (int i = 0; i < search.size(); ++i)
+        QCOMPARE(strings(search.at(i)), expected.at(i));
 }
 
 /// The list and the pages: each has all texts of its class, and none in another language.
 void TranslatedModuleTest::checkWidgets(const QJsonObject &widgets, const Catalogue &catalogue)
 {
-    const QStringList classes{
-        QStringLiteral("AssistantSettingWidget"), QStringLiteral("TextTranslateSettingWidget"),
-        QStringLiteral("ThirdListWidget"), QStringLiteral("VoiceIatSettingWidget"),
-        QStringLiteral("VoiceTTSSettingWidget")};
+    QStringList classes = {QStringLiteral("ThirdListWidget")};
+    for (const testsupport::ModulePage &page : testsupport::modulePages())
+        classes.append(page.className);
+    classes.sort();
     QCOMPARE(widgets.keys(), classes);
 
     // These are on the screen only while the microphone is heard, or because of what it heard.
@@ -152,7 +135,7 @@ void TranslatedModuleTest::checkWidgets(const QJsonObject &widgets, const Catalo
                                      QStringLiteral("Microphone level"),
                                      QStringLiteral("Press Space or Escape to cancel the test")};
     QStringList faults;
-    for (const QString &name : classes) {
+    for (const QString &name : qAsConst(classes)) {
         const QStringList texts = strings(widgets.value(name));
         for (const CatalogueMessage &message : catalogue.messages) {
             const QString expected = shown(message.translation);

@@ -1,3 +1,4 @@
+#include "tests/support/modulepages.h"
 #include "tests/unit/translationsreader.h"
 
 #include <QDir>
@@ -16,16 +17,6 @@ namespace {
 
 const QString iconFolder = QStringLiteral(":/icons/tavren/builtin/actions");
 const QString catalogueFolder = QStringLiteral(":/translation");
-
-QStringList iconFiles()
-{
-    return {QStringLiteral("zcc_nav_dictate_nor_32px.svg"),
-            QStringLiteral("zcc_nav_assistant_nor_32px.svg"),
-            QStringLiteral("zcc_nav_translate_nor_32px.svg"),
-            QStringLiteral("zcc_nav_read_nor_32px.svg"),
-            QStringLiteral("zcc_nav_voice_42px.svg"),
-            QStringLiteral("zcc_nav_voice_84px.svg")};
-}
 
 QStringList catalogueFiles()
 {
@@ -108,7 +99,7 @@ void TranslationsBundlesTest::holdsExactlyItsFilesInOrder_data()
     QTest::addColumn<QString>("qrc");
     QTest::addColumn<QString>("folder");
     QTest::addColumn<QStringList>("files");
-    QTest::newRow("voice") << "voice.qrc" << iconFolder << iconFiles();
+    QTest::newRow("voice") << "voice.qrc" << iconFolder << testsupport::bundledIconFiles();
     QTest::newRow("translation") << "translation.qrc" << catalogueFolder << catalogueFiles();
 }
 
@@ -179,7 +170,7 @@ void TranslationsBundlesTest::catalogueIsReadable()
 void TranslationsBundlesTest::addIcons()
 {
     QTest::addColumn<QString>("file");
-    for (const QString &file : iconFiles())
+    for (const QString &file : testsupport::bundledIconFiles())
         QTest::newRow(qPrintable(file)) << file;
 }
 
