@@ -15,7 +15,7 @@ using Ztk::Gui::ZGuiApplicationHelper;
 namespace controlcenter {
 namespace {
 
-/** What the toolkit's sizes are made for: 14 px on a usual display. */
+/** The size that the toolkit's measures are made for: 14 px on a usual display. */
 constexpr double usualFontSize = 10.5; // points
 
 /** Whether there is a desktop whose settings name a font. */
@@ -81,7 +81,7 @@ QString fontFamily(QLocale::Language language)
                                         : QStringLiteral("Noto Sans");
 }
 
-void dressApplication(const Options &options)
+void applyAppearance(const Options &options)
 {
     QApplication::setFont(windowFont(options));
     Ztk::Widget::ZApplicationSetup::install();

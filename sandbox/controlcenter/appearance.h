@@ -9,10 +9,10 @@ struct Options;
 /** Sets locale and scale in the environment. Before the application object and any QLocale. */
 void prepareEnvironment(const Options &options);
 
-/** What the window's texts in @p language are set in, where no desktop names a font. */
+/** The font of the window's texts in @p language, where no desktop names one. */
 QString fontFamily(QLocale::Language language);
 
-/** Gives the application its direction, style, icons, font and theme. After its construction. */
-void dressApplication(const Options &options);
+/** Sets direction, style, icons, font and theme. After the application object's construction. */
+void applyAppearance(const Options &options);
 
 } // namespace controlcenter

@@ -47,7 +47,7 @@ void Breadcrumb::setPath(const QString &entry, const QString &page)
     setAccessibleName(both ? entry + QStringLiteral(", ") + page : entry);
 }
 
-void Breadcrumb::keepRoomFor(const QString &entry, const QString &page)
+void Breadcrumb::reserveWidthFor(const QString &entry, const QString &page)
 {
     setPath(entry, page);
     setMinimumWidth(qMax(minimumWidth(), layout()->totalMinimumSize().width()));
@@ -67,10 +67,10 @@ void Breadcrumb::changeEvent(QEvent *event)
 
 void Breadcrumb::updateColors()
 {
-    QPalette quiet = palette();
-    quiet.setColor(QPalette::WindowText, secondaryTextColor(palette()));
-    m_entry->setPalette(quiet);
-    m_arrow->setPalette(quiet);
+    QPalette secondary = palette();
+    secondary.setColor(QPalette::WindowText, secondaryTextColor(palette()));
+    m_entry->setPalette(secondary);
+    m_arrow->setPalette(secondary);
 }
 
 } // namespace controlcenter

@@ -17,8 +17,8 @@ public:
     /** @p page may be empty: then the entry is the heading. */
     void setPath(const QString &entry, const QString &page);
 
-    /** Never gets too narrow for this path any more. */
-    void keepRoomFor(const QString &entry, const QString &page);
+    /** From now on at least as wide as this path needs. */
+    void reserveWidthFor(const QString &entry, const QString &page);
 
     QString page() const;
 

@@ -139,9 +139,9 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     showTheme();
     addShortcuts();
     for (const QString &name : pageNames())
-        m_breadcrumb->keepRoomFor(m_module->displayName(), pageTitle(name));
+        m_breadcrumb->reserveWidthFor(m_module->displayName(), pageTitle(name));
     header->setMinimumHeight(qMax(headerHeight, header->minimumSizeHint().height()));
-    // Once: what changes later, a heading for instance, is not to move the window's edges.
+    // Once: what changes later, a heading for instance, must not move the window's edges.
     setMinimumSize(layout->totalMinimumSize());
     setFocus(); // nothing is chosen yet; the first Tab leads to the search field
 }
@@ -225,7 +225,7 @@ void ControlCenterWindow::closeEvent(QCloseEvent *event)
 
 void ControlCenterWindow::keyPressEvent(QKeyEvent *event)
 {
-    // Typing anywhere but in a control searches.
+    // Typing outside a control starts a search.
     const QString text = event->text();
     if (hasFocus() && !text.isEmpty() && text.at(0).isLetterOrNumber()) {
         m_searchField->setFocus(Qt::ShortcutFocusReason);

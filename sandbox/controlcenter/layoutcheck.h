@@ -13,4 +13,7 @@ namespace controlcenter {
  */
 QStringList layoutProblems(const QWidget *window);
 
+/** Declares that @p widget is meant to lie over its siblings, as a popup is. */
+void setOverlay(QWidget *widget);
+
 } // namespace controlcenter

@@ -25,7 +25,7 @@ enum ExitCode {
     Unavailable = 3, ///< the module, the display or a file
 };
 
-int complain(const QString &text, ExitCode code)
+int reportError(const QString &text, ExitCode code)
 {
     QTextStream(stderr) << "control-center: " << text << '\n';
     return code;
@@ -33,9 +33,9 @@ int complain(const QString &text, ExitCode code)
 
 QtMessageHandler usualHandler = nullptr;
 
-/** While the application is made: Qt aborts where it cannot show windows, and does not tell why in
- * one sentence. */
-void complainOfQt(QtMsgType type, const QMessageLogContext &context, const QString &text)
+/** While the application object is made: Qt aborts where it cannot show windows, without one
+ * sentence that says why. */
+void reportQtFailure(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     static QStringList reasons;
     reasons.append(text.simplified());
@@ -43,11 +43,11 @@ void complainOfQt(QtMsgType type, const QMessageLogContext &context, const QStri
         usualHandler(type, context, text);
         return;
     }
-    complain(QStringLiteral("The window cannot be shown; DISPLAY is \"%1\", WAYLAND_DISPLAY is "
-                            "\"%2\". %3")
-                 .arg(qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"),
-                      reasons.join(QLatin1String("; "))),
-             Unavailable);
+    reportError(QStringLiteral("The window cannot be shown; DISPLAY is \"%1\", WAYLAND_DISPLAY is "
+                               "\"%2\". %3")
+                    .arg(qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"),
+                         reasons.join(QLatin1String("; "))),
+                Unavailable);
     _exit(Unavailable);
 }
 
@@ -61,7 +61,7 @@ void writeToLog(QtMsgType type, const QMessageLogContext &context, const QString
 }
 
 /** The exit code of a tour of @p window. */
-int goOnTour(ControlCenterWindow *window, const Options &options)
+int runTour(ControlCenterWindow *window, const Options &options)
 {
     TourSteps steps;
     for (const QString &section : options.sections.isEmpty() ? tourSections() : options.sections)
@@ -69,7 +69,7 @@ int goOnTour(ControlCenterWindow *window, const Options &options)
     Tour tour(window, options.tour);
     const QString problem = tour.prepareFolder(steps);
     if (!problem.isEmpty())
-        return complain(problem, WrongUsage);
+        return reportError(problem, WrongUsage);
     return tour.run(steps) ? 0 : TourFailed;
 }
 
@@ -82,10 +82,11 @@ int main(int argc, char **argv)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     const Options options = parseOptions(arguments);
     if (!options.error.isEmpty())
-        return complain(options.error, WrongUsage);
+        return reportError(options.error, WrongUsage);
     for (const QString &section : options.sections)
         if (!tourSections().contains(section))
-            return complain(noSuch(QStringLiteral("section"), section, tourSections()), WrongUsage);
+            return reportError(noSuch(QStringLiteral("section"), section, tourSections()),
+                               WrongUsage);
 
     prepareEnvironment(options);
     int qtArgumentCount = 1; // Qt would take --plugin for one of its own options
@@ -94,40 +95,40 @@ int main(int argc, char **argv)
         QTextStream(stdout) << helpText();
         return 0;
     }
-    usualHandler = qInstallMessageHandler(complainOfQt);
+    usualHandler = qInstallMessageHandler(reportQtFailure);
     QApplication application(qtArgumentCount, argv);
     qInstallMessageHandler(usualHandler);
     QApplication::setApplicationName(QStringLiteral("control-center"));
     if (!options.log.isEmpty()) {
         logFile = std::fopen(QFile::encodeName(options.log).constData(), "ae");
         if (!logFile)
-            return complain(
+            return reportError(
                 QStringLiteral("%1 cannot be written: %2").arg(options.log, qt_error_string()),
                 Unavailable);
         qInstallMessageHandler(writeToLog);
     }
-    dressApplication(options);
+    applyAppearance(options);
 
     const LoadedModule loaded = loadModule(options.plugin);
     if (!loaded.module)
-        return complain(loaded.error, Unavailable);
+        return reportError(loaded.error, Unavailable);
 
     ControlCenterWindow window(loaded.module);
     if (!options.page.isEmpty() && !window.pageNames().contains(options.page))
-        return complain(noSuch(QStringLiteral("page"), options.page, window.pageNames()),
-                        WrongUsage);
+        return reportError(noSuch(QStringLiteral("page"), options.page, window.pageNames()),
+                           WrongUsage);
     window.show();
     if (options.tour.isEmpty())
         QTextStream(stdout) << "open\n";
-    // From inside the event loop: before it, nobody would hear that the application shall quit
-    // while a page waits for its service.
+    // From inside the event loop: before it, a request to quit would be lost while a page waits
+    // for its service.
     QTimer::singleShot(0, &window, [&window, &options] {
         if (options.page.isEmpty())
             window.openModule();
         else
             window.openPage(options.page);
         if (!options.tour.isEmpty())
-            QCoreApplication::exit(goOnTour(&window, options));
+            QCoreApplication::exit(runTour(&window, options));
     });
     return QApplication::exec();
 }

@@ -36,7 +36,7 @@ LoadedModule loadModule(const QString &path)
     const QString api =
         metaData.value(QLatin1String("MetaData")).toObject().value(QLatin1String("api")).toString();
     if (QVersionNumber::fromString(api).majorVersion() != apiMajor)
-        return failure(QStringLiteral("%1 is made for module api \"%2\", this window speaks %3.x")
+        return failure(QStringLiteral("%1 is made for module api \"%2\", this window supports %3.x")
                            .arg(path, api)
                            .arg(apiMajor));
 

@@ -15,7 +15,7 @@ struct LoadedModule
 
 /**
  * Loads the plugin file @p path after checking, without running any of its code, that its metadata
- * names the control center's interface and an "api" that this window speaks.
+ * names the control center's interface and an "api" that this window supports.
  */
 LoadedModule loadModule(const QString &path);
 

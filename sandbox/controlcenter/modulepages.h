@@ -14,7 +14,16 @@ const QLatin1String translation("Translation");
 
 } // namespace modulepages
 
-/** A shortcut of the keybinding daemon, and the page of the feature that it starts. */
+/** The keybinding daemon's identifiers of the shortcuts of the same features. */
+namespace shortcutids {
+
+const QLatin1String speechToText("speech-to-text");
+const QLatin1String textToSpeech("text-to-speech");
+const QLatin1String translation("translation");
+
+} // namespace shortcutids
+
+/** A shortcut, and the page of the feature that it starts. */
 struct PageShortcut
 {
     QLatin1String id;
@@ -22,9 +31,9 @@ struct PageShortcut
 };
 
 const PageShortcut pageShortcuts[] = {
-    {QLatin1String("speech-to-text"), modulepages::speechToText},
-    {QLatin1String("text-to-speech"), modulepages::textToSpeech},
-    {QLatin1String("translation"), modulepages::translation},
+    {shortcutids::speechToText, modulepages::speechToText},
+    {shortcutids::textToSpeech, modulepages::textToSpeech},
+    {shortcutids::translation, modulepages::translation},
 };
 
 } // namespace controlcenter

@@ -54,7 +54,7 @@ QWidget *ModuleView::page() const
 
 void ModuleView::setPage(QWidget *page)
 {
-    // setWidget() would delete the old page under the feet of the signal that asks for the new one.
+    // setWidget() would delete the old page while its signal, which asks for the new one, runs.
     dispose(m_scrollArea->takeWidget());
     page->setMaximumWidth(widestPage);
     m_scrollArea->setWidget(page);

@@ -63,7 +63,7 @@ Search::Search(const ModuleRegistry *registry, SearchField *field, SearchPopup *
     , m_popup(popup)
 {
     connect(m_field, &QLineEdit::textChanged, this, &Search::showResults);
-    connect(m_field, &SearchField::left, m_popup, &QWidget::hide);
+    connect(m_field, &SearchField::focusLost, m_popup, &QWidget::hide);
     connect(m_field, &SearchField::accepted, m_popup, &SearchPopup::acceptSelection);
     connect(m_field, &SearchField::moved, this, [this](int rows) {
         if (!m_popup->isVisible()) {

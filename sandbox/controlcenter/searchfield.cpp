@@ -8,10 +8,10 @@
 namespace controlcenter {
 namespace {
 
-constexpr int fieldHeight = 36; // px, a comfortable target
-constexpr int glassRoom = 28;   // px, on the leading side
-constexpr int textEdge = 12;    // px, around the text
-constexpr qreal glassRadius = 4.5;
+constexpr int fieldHeight = 36;   // px, a comfortable target
+constexpr int magnifierRoom = 28; // px, on the leading side
+constexpr int textMargin = 12;    // px, around the text
+constexpr qreal magnifierRadius = 4.5;
 
 } // namespace
 
@@ -22,14 +22,14 @@ SearchField::SearchField(QWidget *parent)
     setAccessibleName(tr("Search settings"));
     setMinimumHeight(fieldHeight);
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    setTextMargins(mirrored ? 0 : glassRoom, 0, mirrored ? glassRoom : 0, 0);
+    setTextMargins(mirrored ? 0 : magnifierRoom, 0, mirrored ? magnifierRoom : 0, 0);
 }
 
 QSize SearchField::sizeHint() const
 {
     const QSize usual = QLineEdit::sizeHint();
     const int text = fontMetrics().horizontalAdvance(placeholderText());
-    return usual.expandedTo(QSize(glassRoom + text + 2 * textEdge, fieldHeight));
+    return usual.expandedTo(QSize(magnifierRoom + text + 2 * textMargin, fieldHeight));
 }
 
 void SearchField::keyPressEvent(QKeyEvent *event)
@@ -57,7 +57,7 @@ void SearchField::focusOutEvent(QFocusEvent *event)
 {
     QLineEdit::focusOutEvent(event);
     if (event->reason() != Qt::PopupFocusReason)
-        Q_EMIT left();
+        Q_EMIT focusLost();
 }
 
 void SearchField::paintEvent(QPaintEvent *event)
@@ -67,10 +67,10 @@ void SearchField::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(secondaryTextColor(palette()), 1.6, Qt::SolidLine, Qt::RoundCap));
-    const qreal leading = 12 + glassRadius;
+    const qreal leading = 12 + magnifierRadius;
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     const QPointF center(mirrored ? width() - leading - 3 : leading, height() / 2.0 - 1);
-    painter.drawEllipse(center, glassRadius, glassRadius);
+    painter.drawEllipse(center, magnifierRadius, magnifierRadius);
     const QPointF edge = center + QPointF(3.3, 3.3);
     painter.drawLine(edge, edge + QPointF(3.7, 3.7));
 }

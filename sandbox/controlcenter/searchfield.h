@@ -22,8 +22,7 @@ Q_SIGNALS:
     /** The user moves @p rows down (negative: up) in the results. */
     void moved(int rows);
     void accepted();
-    /** The keyboard has gone elsewhere. */
-    void left();
+    void focusLost();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

@@ -1,5 +1,6 @@
 #include "sandbox/controlcenter/searchpopup.h"
 
+#include "sandbox/controlcenter/layoutcheck.h"
 #include "sandbox/controlcenter/windowstyle.h"
 
 #include <ztk/zfontsizemanager.h>
@@ -132,6 +133,7 @@ SearchPopup::SearchPopup(QWidget *window)
     shadow->setOffset(0, 6);
     shadow->setColor(QColor(0, 0, 0, 80));
     setGraphicsEffect(shadow);
+    setOverlay(this);
     hide();
 }
 

@@ -101,11 +101,11 @@ QLabel *ServiceCard::addRow(const QString &key)
 
 void ServiceCard::updateColors()
 {
-    QPalette quiet = palette();
-    quiet.setColor(QPalette::WindowText, secondaryTextColor(palette()));
-    m_state->setPalette(quiet);
+    QPalette secondary = palette();
+    secondary.setColor(QPalette::WindowText, secondaryTextColor(palette()));
+    m_state->setPalette(secondary);
     for (QLabel *value : qAsConst(m_values)) {
-        value->setPalette(quiet);
+        value->setPalette(secondary);
         value->setEnabled(m_watch->state() == ServiceWatch::Running);
     }
 }

@@ -58,7 +58,7 @@ ServicesPage::ServicesPage(QWidget *parent)
 bool ServicesPage::event(QEvent *event)
 {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
-        viewport()->update(); // it carries the ring
+        viewport()->update(); // it draws the focus ring
     return QScrollArea::event(event);
 }
 

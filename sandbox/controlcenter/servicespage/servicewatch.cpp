@@ -43,13 +43,13 @@ ServiceWatch::ServiceWatch(const sandbox::ServiceIdentity &service, QObject *par
 
 void ServiceWatch::refresh()
 {
-    askOwner();
+    queryOwner();
     whenAnswered(m_control->Keys(), this, [this](const QDBusPendingCall &call) {
         const QDBusPendingReply<QStringList> keys = call;
         if (keys.isError())
             return;
         for (const QString &key : keys.value())
-            askValue(key);
+            queryValue(key);
     });
 }
 
@@ -76,7 +76,7 @@ void ServiceWatch::setState(State state)
     Q_EMIT changed();
 }
 
-void ServiceWatch::askOwner()
+void ServiceWatch::queryOwner()
 {
     QDBusMessage question = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
@@ -88,7 +88,7 @@ void ServiceWatch::askOwner()
     });
 }
 
-void ServiceWatch::askValue(const QString &key)
+void ServiceWatch::queryValue(const QString &key)
 {
     whenAnswered(m_control->Value(key), this, [this, key](const QDBusPendingCall &call) {
         const QDBusPendingReply<QDBusVariant> value = call;

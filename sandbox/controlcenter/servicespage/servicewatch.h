@@ -15,7 +15,7 @@ namespace controlcenter {
 
 /**
  * The state of one sandbox service, followed while it changes. Everything is asked asynchronously:
- * a service that hangs never holds up the window.
+ * a service that hangs never blocks the window.
  */
 class ServiceWatch : public QObject
 {
@@ -30,7 +30,7 @@ public:
 
     explicit ServiceWatch(const sandbox::ServiceIdentity &service, QObject *parent = nullptr);
 
-    /** Asks for everything anew; changed() tells when the answers differ from what is known. */
+    /** Asks for everything anew; changed() follows where the answers differ from what is known. */
     void refresh();
 
     QString busName() const;
@@ -45,8 +45,8 @@ Q_SIGNALS:
 
 private:
     void setState(State state);
-    void askOwner();
-    void askValue(const QString &key);
+    void queryOwner();
+    void queryValue(const QString &key);
 
     QString m_busName;
     QDBusConnection m_bus;

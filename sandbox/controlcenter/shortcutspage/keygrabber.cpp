@@ -19,24 +19,19 @@ KeyGrabber::~KeyGrabber()
     stop();
 }
 
-void KeyGrabber::start(QWidget *home)
+void KeyGrabber::start(QWidget *requester)
 {
-    m_home = home;
+    m_requester = requester;
     if (m_active)
         return;
     m_active = true;
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-bool KeyGrabber::isActive() const
-{
-    return m_active;
-}
-
 void KeyGrabber::stop()
 {
     m_active = false;
-    m_home.clear();
+    m_requester.clear();
     if (QCoreApplication::instance())
         QCoreApplication::instance()->removeEventFilter(this);
 }
@@ -50,24 +45,25 @@ bool KeyGrabber::eventFilter(QObject *watched, QEvent *event)
     case QEvent::KeyPress: {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (!key->isAutoRepeat())
-            takeKey(key->key(), key->modifiers());
+            handleKey(key->key(), key->modifiers());
         return true;
     }
     case QEvent::KeyRelease:
         return true;
     case QEvent::MouseButtonPress:
-        if (!isHome(static_cast<QMouseEvent *>(event)->globalPos()))
+        if (!isOnRequester(static_cast<QMouseEvent *>(event)->globalPos()))
             cancel();
         return false;
-    case QEvent::MouseButtonRelease: // of a click on home: others have ended the wait when pressed
+    case QEvent::MouseButtonRelease: // of a click on the requester: others have ended the wait when
+                                     // pressed
         cancelLater();
         return false;
     case QEvent::Hide:
-        if (watched == m_home)
+        if (watched == m_requester)
             cancelLater();
         return false;
     case QEvent::WindowDeactivate:
-        if (m_home && watched == m_home->window())
+        if (m_requester && watched == m_requester->window())
             cancelLater();
         return false;
     default:
@@ -75,9 +71,9 @@ bool KeyGrabber::eventFilter(QObject *watched, QEvent *event)
     }
 }
 
-bool KeyGrabber::isHome(const QPoint &globalPosition) const
+bool KeyGrabber::isOnRequester(const QPoint &globalPosition) const
 {
-    return m_home && m_home->rect().contains(m_home->mapFromGlobal(globalPosition));
+    return m_requester && m_requester->rect().contains(m_requester->mapFromGlobal(globalPosition));
 }
 
 void KeyGrabber::cancel()
@@ -88,23 +84,23 @@ void KeyGrabber::cancel()
     Q_EMIT cancelled();
 }
 
-/** For events that widgets have yet to deal with, or that come while they are being destroyed. */
+/** For events that widgets have yet to handle, or that come while they are being destroyed. */
 void KeyGrabber::cancelLater()
 {
     QTimer::singleShot(0, this, &KeyGrabber::cancel);
 }
 
-void KeyGrabber::takeKey(int key, Qt::KeyboardModifiers modifiers)
+void KeyGrabber::handleKey(int key, Qt::KeyboardModifiers modifiers)
 {
     if (key == Qt::Key_Escape && modifiers == Qt::NoModifier) {
         cancel();
         return;
     }
-    const QString taken = accelerator(key, modifiers);
-    if (taken.isEmpty())
+    const QString combination = accelerator(key, modifiers);
+    if (combination.isEmpty())
         return; // a modifier, or a key that would be missing when typing: wait on
     stop();
-    Q_EMIT grabbed(taken);
+    Q_EMIT grabbed(combination);
 }
 
 } // namespace controlcenter

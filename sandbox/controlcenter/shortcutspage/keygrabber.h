@@ -9,7 +9,7 @@ class QWidget;
 namespace controlcenter {
 
 /**
- * Takes the next key combination away from the whole program, its own shortcuts included.
+ * Grabs the next key combination in the whole program, its own shortcuts included.
  *
  * Ends by itself: with grabbed() at the first combination that can be a shortcut, with cancelled()
  * at Escape, at a click anywhere, or when the widget that asked is hidden or its window is left.
@@ -23,12 +23,10 @@ public:
     ~KeyGrabber() override;
 
     /**
-     * Begins to wait on behalf of @p home, which is shown. A click on home counts only when the
-     * button is released, so that home has dealt with it when cancelled() arrives.
+     * Begins to wait for @p requester, which is shown. A click on the requester counts only when
+     * the button is released, so that it has handled the click when cancelled() arrives.
      */
-    void start(QWidget *home);
-
-    bool isActive() const;
+    void start(QWidget *requester);
 
     /** Ends the wait without a signal. */
     void stop();
@@ -41,13 +39,13 @@ Q_SIGNALS:
     void cancelled();
 
 private:
-    bool isHome(const QPoint &globalPosition) const;
+    bool isOnRequester(const QPoint &globalPosition) const;
     void cancel();
     void cancelLater();
-    void takeKey(int key, Qt::KeyboardModifiers modifiers);
+    void handleKey(int key, Qt::KeyboardModifiers modifiers);
 
     bool m_active = false;
-    QPointer<QWidget> m_home;
+    QPointer<QWidget> m_requester;
 };
 
 } // namespace controlcenter

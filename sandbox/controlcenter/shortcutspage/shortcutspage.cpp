@@ -23,7 +23,7 @@ namespace {
 constexpr int rowSpacing = 1;      // px: the rows stand as one block
 constexpr int messageSpacing = 12; // px
 
-QString spoken(const QString &accelerator)
+QString readable(const QString &accelerator)
 {
     return ShortcutItem::keyNames(accelerator).join(QLatin1Char('+'));
 }
@@ -128,8 +128,8 @@ void ShortcutsPage::setEditMode(bool on)
         line.row->onEditMode(on);
 }
 
-/** Says @p text in writing, and aloud to those who listen. */
-void ShortcutsPage::say(const QString &text)
+/** Shows @p text, and has screen readers read it out. */
+void ShortcutsPage::announce(const QString &text)
 {
     m_message->setText(text);
     QAccessibleEvent alert(m_message, QAccessible::Alert);
@@ -142,8 +142,8 @@ void ShortcutsPage::await(const QString &id)
         endWait();
     m_awaited = id;
     const Line &awaited = *line(id);
-    say(tr("Press the new shortcut for “%1”. Escape keeps the old one.")
-            .arg(awaited.shortcut.title));
+    announce(tr("Press the new shortcut for “%1”. Escape keeps the old one.")
+                 .arg(awaited.shortcut.title));
     m_grabber->start(awaited.row);
 }
 
@@ -161,8 +161,8 @@ void ShortcutsPage::store(const QString &accelerator)
     endWait();
     for (const Line &other : qAsConst(m_lines)) {
         if (other.shortcut.id != id && other.accelerator == accelerator) {
-            say(tr("%1 is the shortcut for “%2” already.")
-                    .arg(spoken(accelerator), other.shortcut.title));
+            announce(tr("%1 is the shortcut for “%2” already.")
+                         .arg(readable(accelerator), other.shortcut.title));
             return;
         }
     }
@@ -179,8 +179,8 @@ void ShortcutsPage::onKnown(const QString &id, const QString &accelerator)
 
 void ShortcutsPage::onFailed(const QString &id, const QString &reason)
 {
-    say(tr("The shortcut for “%1”: %2")
-            .arg(line(id)->shortcut.title, showntext::cut(reason, showntext::longestWords)));
+    announce(tr("The shortcut for “%1”: %2")
+                 .arg(line(id)->shortcut.title, showntext::cut(reason, showntext::longestWords)));
 }
 
 } // namespace controlcenter

@@ -58,7 +58,7 @@ private:
     Line *line(const QString &id);
     void showLine(const Line &line);
     void setEditMode(bool on);
-    void say(const QString &text);
+    void announce(const QString &text);
     void await(const QString &id);
     void endWait();
     void store(const QString &accelerator);

@@ -12,7 +12,7 @@ class ServiceControl;
 namespace controlcenter {
 
 /**
- * The system shortcuts in the keybinding daemon, which is asked and told without waiting.
+ * The system shortcuts in the keybinding daemon, which is read and written without waiting.
  *
  * They are read by the daemon's contract. Changing one is not part of it, so that goes over the
  * control interface of the sandbox's daemon.

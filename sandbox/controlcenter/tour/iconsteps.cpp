@@ -1,4 +1,5 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/layoutcheck.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
 #include "sandbox/controlcenter/tour/toursections.h"
 
@@ -81,9 +82,9 @@ TourStep sheetStep(const QPointer<QWidget> &sheet, bool dark)
             dark ? QStringLiteral("icons-dark") : QStringLiteral("icons-light")};
 }
 
-TourStep putAwayStep(const QPointer<QWidget> &sheet)
+TourStep hideStep(const QPointer<QWidget> &sheet)
 {
-    return {QStringLiteral("put the icons away"),
+    return {QStringLiteral("hide the icons"),
             [sheet](TourDriver &driver) {
                 sheet->hide();
                 driver.setDark(false);
@@ -97,7 +98,8 @@ TourStep putAwayStep(const QPointer<QWidget> &sheet)
 TourSteps iconSteps(const ControlCenterWindow *window)
 {
     const QPointer<QWidget> sheet = new IconSheet(const_cast<ControlCenterWindow *>(window));
-    return {sheetStep(sheet, false), sheetStep(sheet, true), putAwayStep(sheet)};
+    setOverlay(sheet);
+    return {sheetStep(sheet, false), sheetStep(sheet, true), hideStep(sheet)};
 }
 
 } // namespace controlcenter

@@ -11,13 +11,13 @@ namespace controlcenter {
 class Microphone
 {
 public:
-    /** Whether a virtual microphone is running; the tour must not listen to a room. */
+    /** Whether a virtual microphone is running; the tour must never record real people. */
     static bool isVirtual();
 
-    /** @p kind is "speech", "noise", "loud", "quiet" or "silence". False when it cannot be told. */
+    /** @p kind is "speech", "noise", "loud", "quiet" or "silence". False when that fails. */
     static bool choose(const QString &kind);
 
-    /** Brings the microphone, or takes it away. False when that fails. */
+    /** Plugs the microphone in or out. False when that fails. */
     static bool plug(bool in);
 };
 

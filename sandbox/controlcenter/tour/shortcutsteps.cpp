@@ -18,16 +18,12 @@
 namespace controlcenter {
 namespace {
 
-const QString speech = QStringLiteral("speech-to-text");
-const QString translation = QStringLiteral("translation");
-const QStringList identifiers = {speech, QStringLiteral("text-to-speech"), translation};
-
 /** Far from any default, so that it is free. */
 constexpr Qt::Key newKey = Qt::Key_F11;
 const QString newKeyText = QStringLiteral("Ctrl+Alt+F11");
 
 /** The shortcuts before the tour, by identifier. */
-struct Kept
+struct SavedShortcuts
 {
     QMap<QString, QString> accelerators; ///< in the service
     QMap<QString, QString> shown;        ///< on the page
@@ -51,7 +47,8 @@ QString waitForShortcut(TourDriver &driver, const QString &id, const QString &te
 QString openShortcuts(TourDriver &driver)
 {
     driver.window()->openShortcuts();
-    for (const QString &id : identifiers) {
+    for (const PageShortcut &shortcut : pageShortcuts) {
+        const QString id = shortcut.id;
         const ShortcutItem *shown = row(driver, id);
         if (!driver.waitFor([shown] { return !shown->accessibleDescription().isEmpty(); }))
             return QStringLiteral("no shortcut is shown: ") +
@@ -61,44 +58,45 @@ QString openShortcuts(TourDriver &driver)
     return QString();
 }
 
-QString remember(TourDriver &driver, Kept *kept)
+QString save(TourDriver &driver, SavedShortcuts *saved)
 {
     QString problem = openShortcuts(driver);
     if (!problem.isEmpty())
         return problem;
     sandbox::ServiceControl service(QStringLiteral("keybinding"));
-    for (const QString &id : identifiers) {
+    for (const PageShortcut &shortcut : pageShortcuts) {
+        const QString id = shortcut.id;
         const QVariant value = service.value(id);
         if (!value.isValid())
             return service.error();
-        kept->accelerators.insert(id, value.toStringList().value(0));
-        kept->shown.insert(id, row(driver, id)->accessibleDescription());
+        saved->accelerators.insert(id, value.toStringList().value(0));
+        saved->shown.insert(id, row(driver, id)->accessibleDescription());
     }
     return QString();
 }
 
-QString giveBack(TourDriver &driver, const Kept &kept)
+QString restore(TourDriver &driver, const SavedShortcuts &saved)
 {
     ShortcutStore store;
     QMap<QString, QString> known;
     QObject::connect(
         &store, &ShortcutStore::known, driver.window(),
         [&known](const QString &id, const QString &accelerator) { known.insert(id, accelerator); });
-    for (const QString &id : identifiers)
-        store.write(id, kept.accelerators.value(id));
-    if (!driver.waitFor([&] { return known == kept.accelerators; }))
-        return QStringLiteral("the service does not take its old shortcuts back");
+    for (const PageShortcut &shortcut : pageShortcuts)
+        store.write(shortcut.id, saved.accelerators.value(shortcut.id));
+    if (!driver.waitFor([&] { return known == saved.accelerators; }))
+        return QStringLiteral("the service does not take its old shortcuts");
 
     driver.window()->openModule(); // the page asks again when it is opened again
     driver.window()->openShortcuts();
     QString problem;
-    for (const QString &id : identifiers)
-        problem += waitForShortcut(driver, id, kept.shown.value(id));
+    for (const PageShortcut &shortcut : pageShortcuts)
+        problem += waitForShortcut(driver, shortcut.id, saved.shown.value(shortcut.id));
     driver.settle();
     return problem;
 }
 
-TourStep lookStep(bool dark)
+TourStep showStep(bool dark)
 {
     const QString theme = dark ? QStringLiteral("dark") : QStringLiteral("light");
     return {QStringLiteral("show the shortcuts (%1)").arg(theme),
@@ -123,7 +121,7 @@ TourStep awaitStep()
 {
     return {QStringLiteral("ask for a new shortcut with the keyboard"),
             [](TourDriver &driver) {
-                ShortcutItem *asking = row(driver, translation);
+                ShortcutItem *asking = row(driver, shortcutids::translation);
                 if (!driver.tabTo(asking))
                     return QStringLiteral("Tab does not lead to the row");
                 driver.press(Qt::Key_Space);
@@ -139,7 +137,7 @@ TourStep typeStep()
     return {QStringLiteral("type the new shortcut"),
             [](TourDriver &driver) {
                 driver.press(newKey, Qt::ControlModifier | Qt::AltModifier);
-                return waitForShortcut(driver, translation, newKeyText);
+                return waitForShortcut(driver, shortcutids::translation, newKeyText);
             },
             QStringLiteral("shortcuts-changed")};
 }
@@ -155,7 +153,7 @@ TourStep hintStep(const QString &page)
                     driver.window()->currentPage()->findChild<zcc::widgets::TipsLabel *>();
                 return hint && hint->text().contains(newKeyText)
                            ? QString()
-                           : QStringLiteral("its hint does not tell the new shortcut");
+                           : QStringLiteral("its hint does not show the new shortcut");
             },
             QStringLiteral("shortcuts-hint")};
 }
@@ -181,7 +179,7 @@ TourStep removeStep()
 {
     return {QStringLiteral("remove a shortcut"),
             [](TourDriver &driver) {
-                const ShortcutItem *shown = row(driver, speech);
+                const ShortcutItem *shown = row(driver, shortcutids::speechToText);
                 const QString before = shown->accessibleDescription();
                 auto *remove = shown->findChild<QWidget *>(QStringLiteral("remove"));
                 if (!driver.tabTo(remove))
@@ -190,7 +188,7 @@ TourStep removeStep()
                 if (!driver.waitFor([&] { return shown->accessibleDescription() != before; }))
                     return QStringLiteral("the row keeps the shortcut");
                 sandbox::ServiceControl service(QStringLiteral("keybinding"));
-                if (!service.value(speech).toStringList().isEmpty())
+                if (!service.value(shortcutids::speechToText).toStringList().isEmpty())
                     return QStringLiteral("the service keeps the shortcut");
                 if (!remove->hasFocus())
                     return QStringLiteral("the focus has left the button");
@@ -201,18 +199,17 @@ TourStep removeStep()
             QStringLiteral("shortcuts-removed")};
 }
 
-TourStep giveBackStep(const std::shared_ptr<Kept> &kept)
+TourStep restoreStep(const std::shared_ptr<SavedShortcuts> &saved)
 {
-    return {QStringLiteral("give the service its old shortcuts back"),
-            [kept](TourDriver &driver) { return giveBack(driver, *kept); }, QString()};
+    return {QStringLiteral("restore the service's old shortcuts"),
+            [saved](TourDriver &driver) { return restore(driver, *saved); }, QString()};
 }
 
-/** The page's title text stands in the row again afterwards. */
 TourStep elideStep()
 {
     return {QStringLiteral("elide a long title"),
             [](TourDriver &driver) {
-                ShortcutItem *shown = row(driver, translation);
+                ShortcutItem *shown = row(driver, shortcutids::translation);
                 const QString title = shown->accessibleName();
                 QStringList words;
                 while (words.size() < 20)
@@ -234,7 +231,7 @@ TourStep usualTitleStep(const QString &title)
 {
     return {QStringLiteral("go back to the usual title"),
             [title](TourDriver &driver) {
-                row(driver, translation)->setTitle(title);
+                row(driver, shortcutids::translation)->setTitle(title);
                 driver.settle();
                 return QString();
             },
@@ -257,13 +254,13 @@ TourStep directionStep(Qt::LayoutDirection direction, const QString &picture)
 
 TourSteps shortcutSteps(const ControlCenterWindow *window)
 {
-    const auto kept = std::make_shared<Kept>();
+    const auto saved = std::make_shared<SavedShortcuts>();
     const QString title = window->pageTitle(modulepages::translation);
     return {
-        {QStringLiteral("remember the service's shortcuts"),
-         [kept](TourDriver &driver) { return remember(driver, kept.get()); }, QString()},
-        lookStep(true),
-        lookStep(false),
+        {QStringLiteral("save the service's shortcuts"),
+         [saved](TourDriver &driver) { return save(driver, saved.get()); }, QString()},
+        showStep(true),
+        showStep(false),
         sharpnessStep(2, QStringLiteral("shortcuts-sharp")),
         sharpnessStep(1, QString()),
         awaitStep(),
@@ -271,7 +268,7 @@ TourSteps shortcutSteps(const ControlCenterWindow *window)
         hintStep(modulepages::translation),
         editStep(),
         removeStep(),
-        giveBackStep(kept),
+        restoreStep(saved),
         elideStep(),
         usualTitleStep(title),
         directionStep(Qt::RightToLeft, QStringLiteral("shortcuts-mirrored")),

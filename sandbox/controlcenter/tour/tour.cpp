@@ -1,6 +1,7 @@
 #include "sandbox/controlcenter/tour/tour.h"
 
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/layoutcheck.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -129,14 +130,30 @@ QString Tour::runStep(const TourStep &step, const QString &file)
 {
     QString problem = step.run(m_driver);
     if (!file.isEmpty()) {
-        const QString pictureProblem = savePicture(file);
+        const QString pictureProblem = takePicture(file);
         if (problem.isEmpty())
             problem = pictureProblem;
     }
     return problem;
 }
 
-QString Tour::savePicture(const QString &file)
+QString Tour::takePicture(const QString &file)
+{
+    constexpr int settlingTime = 1000; // ms
+    QImage picture;
+    QStringList problems;
+    m_driver.waitFor(
+        [&] {
+            picture = m_driver.grab();
+            problems = layoutProblems(m_driver.window());
+            return problems.isEmpty();
+        },
+        settlingTime);
+    const QString unwritten = savePicture(picture, file);
+    return unwritten.isEmpty() ? problems.join(QStringLiteral("; ")) : unwritten;
+}
+
+QString Tour::savePicture(const QImage &image, const QString &file)
 {
     QByteArray picture;
     QBuffer buffer(&picture);
@@ -144,7 +161,7 @@ QString Tour::savePicture(const QString &file)
     // Listed first: a picture that is not in the list could never be replaced.
     QFile list(m_folder.filePath(listName));
     QSaveFile target(m_folder.filePath(file));
-    const bool written = m_driver.grab().save(&buffer, "png") && list.open(QIODevice::Append) &&
+    const bool written = image.save(&buffer, "png") && list.open(QIODevice::Append) &&
                          list.write(checksum(picture) + "  " + file.toUtf8() + '\n') > 0 &&
                          list.flush() && target.open(QIODevice::WriteOnly) &&
                          target.write(picture) == picture.size() && target.commit();

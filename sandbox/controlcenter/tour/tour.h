@@ -11,7 +11,8 @@
 namespace controlcenter {
 
 /**
- * One step of the tour: what it does in words, the doing, and the picture that shows the result.
+ * One step of the tour: what it does in words, the doing, and the picture that shows the result. A
+ * step with a picture fails, too, when the window's layout is wrong in it.
  *
  * run() returns an empty text when everything was as expected, otherwise what was not.
  */
@@ -50,7 +51,10 @@ private:
 
     /** What was not as expected; empty when all was well. @p file is the picture, or empty. */
     QString runStep(const TourStep &step, const QString &file);
-    QString savePicture(const QString &file);
+
+    /** Takes the picture once the window's layout has settled; says what is wrong with either. */
+    QString takePicture(const QString &file);
+    QString savePicture(const QImage &image, const QString &file);
 
     TourDriver m_driver;
     QDir m_folder;

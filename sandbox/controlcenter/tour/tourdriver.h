@@ -13,7 +13,7 @@ namespace controlcenter {
 class ControlCenterWindow;
 
 /**
- * The hand and the eye of the tour: presses real keys in the window and looks at the result.
+ * Operates the window for the tour: presses real keys in it and looks at the result.
  *
  * It never calls into the module. Controls are found by the name that a screen reader says.
  */
@@ -54,8 +54,7 @@ public:
     /** The shown page's control number @p index, in tab order, of those with @p role; or null. */
     QWidget *control(QAccessible::Role role, int index) const;
 
-    /** Presses Tab from the search field until @p target has the focus. False when it never gets
-     * it. */
+    /** Presses Tab from the search field on; false when @p target does not get the focus. */
     bool tabTo(QWidget *target);
 
 private:

@@ -31,8 +31,8 @@ constexpr int clearlyRisen = 4;
 constexpr uint networkConnected = 70; // states of the network manager's interface
 constexpr uint networkDisconnected = 20;
 
-/** The page's text for @p source in the language of the window. */
-QString shown(const char *source)
+/** The page's text for @p source in the window's language. */
+QString translated(const char *source)
 {
     return QCoreApplication::translate("AssistantSettingWidget", source);
 }
@@ -48,17 +48,17 @@ bool pageShows(const TourDriver &driver, const QString &text)
 
 QWidget *wave(const TourDriver &driver)
 {
-    return driver.control(shown("Microphone level"));
+    return driver.control(translated("Microphone level"));
 }
 
 QWidget *firstLink(const TourDriver &driver)
 {
-    return driver.control(shown("Click here to test"));
+    return driver.control(translated("Click here to test"));
 }
 
 QWidget *againLink(const TourDriver &driver)
 {
-    return driver.control(shown("Click here to test again"));
+    return driver.control(translated("Click here to test again"));
 }
 
 /** Opens the page afresh and presses its link. */
@@ -81,7 +81,7 @@ QString startTest(TourDriver &driver, const QString &microphone)
     if (!Microphone::isVirtual())
         return QStringLiteral("no virtual microphone is running");
     if (!Microphone::choose(microphone))
-        return QStringLiteral("the microphone cannot be told what to hear");
+        return QStringLiteral("the microphone's sound cannot be chosen");
     QString problem = pressLink(driver);
     if (!problem.isEmpty())
         return problem;
@@ -172,7 +172,7 @@ TourStep waveStep()
             QStringLiteral("voice-wave")};
 }
 
-TourSteps spokenTest()
+TourSteps spokenTestSteps()
 {
     return {{QStringLiteral("voice test, a voice: start"),
              [](TourDriver &driver) { return startTest(driver, QStringLiteral("speech")); },
@@ -193,7 +193,7 @@ TourSteps spokenTest()
             {QStringLiteral("voice test, a voice: the verdict"),
              [](TourDriver &driver) {
                  driver.setDark(false);
-                 QString problem = awaitVerdict(driver, shown("It sounds good"), longestTest);
+                 QString problem = awaitVerdict(driver, translated("It sounds good"), longestTest);
                  if (problem.isEmpty() && !wordsRecognised(driver))
                      return QStringLiteral("the recognised words are gone");
                  return problem;
@@ -213,34 +213,34 @@ TourSteps spokenTest()
              QString()}};
 }
 
-TourStep heardTest(const QString &microphone, const char *verdict)
+TourStep verdictStep(const QString &microphone, const char *verdict)
 {
     return {QStringLiteral("voice test, %1").arg(microphone),
             [microphone, verdict](TourDriver &driver) {
                 QString problem = startTest(driver, microphone);
-                return problem.isEmpty() ? awaitVerdict(driver, shown(verdict), longestTest)
+                return problem.isEmpty() ? awaitVerdict(driver, translated(verdict), longestTest)
                                          : problem;
             },
             QStringLiteral("voice-") + microphone};
 }
 
-TourStep unpluggedTest()
+TourStep unpluggedStep()
 {
     return {QStringLiteral("voice test, no microphone"),
             [](TourDriver &driver) {
                 if (!Microphone::isVirtual() || !Microphone::plug(false))
-                    return QStringLiteral("the microphone cannot be taken away");
+                    return QStringLiteral("the microphone cannot be unplugged");
                 QString problem = startTest(driver, QStringLiteral("silence"));
                 if (problem.isEmpty())
-                    problem = awaitVerdict(driver, shown("No sound recorded"), longestTest);
+                    problem = awaitVerdict(driver, translated("No sound recorded"), longestTest);
                 if (!Microphone::plug(true))
-                    return QStringLiteral("the microphone cannot be brought back");
+                    return QStringLiteral("the microphone cannot be plugged in again");
                 return problem;
             },
             QStringLiteral("voice-unplugged")};
 }
 
-TourStep cancelledTest()
+TourStep cancelledStep()
 {
     return {QStringLiteral("voice test, cancelled by a click on the wave"),
             [](TourDriver &driver) {
@@ -259,7 +259,7 @@ TourStep cancelledTest()
             QStringLiteral("voice-cancelled")};
 }
 
-TourStep offlineTest()
+TourStep offlineStep()
 {
     return {QStringLiteral("voice test, without network"),
             [](TourDriver &driver) {
@@ -269,7 +269,8 @@ TourStep offlineTest()
                     return network.error();
                 QString problem = pressLink(driver);
                 if (problem.isEmpty())
-                    problem = awaitVerdict(driver, shown("Network unavailable"), longestReaction);
+                    problem =
+                        awaitVerdict(driver, translated("Network unavailable"), longestReaction);
                 if (!network.setValue(QStringLiteral("state"), networkConnected))
                     return network.error();
                 return problem;
@@ -277,7 +278,7 @@ TourStep offlineTest()
             QStringLiteral("voice-offline")};
 }
 
-TourStep refusedTest()
+TourStep refusedStep()
 {
     return {
         QStringLiteral("voice test, refused by the AI service"),
@@ -289,7 +290,7 @@ TourStep refusedTest()
                 return service.error();
             QString problem = pressLink(driver);
             if (problem.isEmpty())
-                problem = awaitVerdict(driver, shown("Service exception"), longestReaction);
+                problem = awaitVerdict(driver, translated("Service exception"), longestReaction);
             if (!service.reset())
                 return service.error();
             return problem;
@@ -301,15 +302,16 @@ TourStep refusedTest()
 
 TourSteps voiceSteps(const ControlCenterWindow *)
 {
-    return spokenTest() +
-           TourSteps{heardTest(QStringLiteral("loud"), "Turn down the input volume and try again"),
-                     heardTest(QStringLiteral("quiet"), "Turn up the input volume and try again"),
-                     heardTest(QStringLiteral("noise"), "Too many noises"),
-                     heardTest(QStringLiteral("silence"), "No sound recorded"),
-                     unpluggedTest(),
-                     cancelledTest(),
-                     offlineTest(),
-                     refusedTest()};
+    return spokenTestSteps() +
+           TourSteps{
+               verdictStep(QStringLiteral("loud"), "Turn down the input volume and try again"),
+               verdictStep(QStringLiteral("quiet"), "Turn up the input volume and try again"),
+               verdictStep(QStringLiteral("noise"), "Too many noises"),
+               verdictStep(QStringLiteral("silence"), "No sound recorded"),
+               unpluggedStep(),
+               cancelledStep(),
+               offlineStep(),
+               refusedStep()};
 }
 
 } // namespace controlcenter
