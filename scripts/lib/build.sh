@@ -1,7 +1,7 @@
 # Building from the entry points in scripts/. Sourced; $project_dir is the repository's root.
 
-# Configures and builds a preset; further arguments are targets. Tells how far it is when somebody is
-# looking, and what went wrong. Fails with 3 when the build folder cannot be written.
+# Configures and builds a preset; further arguments are targets. Shows progress on a terminal, and says
+# what went wrong. Fails with 3 when the build folder cannot be written.
 build_preset() {
     local preset=$1 folder log problem
     shift

@@ -19,7 +19,7 @@ packages_test="
     clang-format-16 clang-tidy shellcheck"
 
 # Installs what is missing of the packages in the named lists ("build", "run", "test"). Fails with 3 when
-# they cannot be had.
+# that is not possible.
 install_packages() {
     local wanted="" list package missing=()
     for list in "$@"; do

@@ -14,7 +14,7 @@ start_process() {
 start_shown_process() {
     local name=$1
     shift
-    # It goes when this shell goes, even if that is killed, and does not hear Ctrl+C in a terminal.
+    # It ends with this shell, even if that is killed, and does not get Ctrl+C from a terminal.
     setpriv --pdeathsig TERM setsid "$@" 2>"$work/$name.log" </dev/null &
     started_pid=$!
     process_names[$started_pid]=$name

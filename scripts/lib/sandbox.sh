@@ -18,8 +18,8 @@ start_buses() {
     export DBUS_SESSION_BUS_ADDRESS DBUS_SYSTEM_BUS_ADDRESS
 }
 
-# Every service of the sandbox; each says "ready" when it owns its names. The folders in the sources say
-# which there are: tests build doubles, for the same names, beside the services.
+# Every service of the sandbox; each prints "ready" when it owns its names. The folders in the sources
+# name them: tests build doubles, for the same names, beside the services.
 start_services() {
     local folder name
     for folder in "$project_dir"/sandbox/services/*/; do
@@ -56,7 +56,7 @@ start_microphone() {
 # start_window ARGUMENT...: the control-center window with the built module. It says "open" when it is.
 start_window() {
     local start=start_process
-    [[ -z $tour ]] || start=start_shown_process # tells of its steps
+    [[ -z $tour ]] || start=start_shown_process # prints its steps
     export TRANSLATIONS_DIR=$sandbox_build/translations
     "$project_dir/sandbox/with-translations" true # says on the terminal when it cannot do its work
     "$start" control-center "$project_dir/sandbox/with-translations" \
@@ -64,8 +64,8 @@ start_window() {
         --plugin "$sandbox_build/libassistant-control-plugin.so" "$@"
 }
 
-# What there is now, and what can be done with it.
-say_what_is_open() {
+# What is open, and how to use it.
+print_instructions() {
     cat <<END
 The control center is open. Closing it, or Ctrl+C here, ends everything.
 To steer a service, in another terminal:

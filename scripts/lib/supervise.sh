@@ -9,14 +9,14 @@ trap '((interrupted)) || interrupted=15' TERM
 
 # supervise COMMAND ARGUMENT...: runs COMMAND with the process id of this shell, a folder for temporary
 # files, and the ARGUMENTs, and exits with its status, or with 128 + the number of a signal. Before that
-# the keeper, which hears of the end because a pipe closes, ends every process that comes from COMMAND and
-# removes the folder. It does so, too, if this shell is killed.
+# the program "cleanup", which notices the end because a pipe closes, ends every process that comes from
+# COMMAND and removes the folder. It does so, too, if this shell is killed.
 supervise() {
-    local mark=assistant-sandbox.$$.$RANDOM command=$1 work worker='' keeper status=0
+    local mark=assistant-sandbox.$$.$RANDOM command=$1 work worker='' cleanup status=0
     shift
     work=$(realpath -m -- "${TMPDIR:-/tmp}")/$mark
     exec 8<> <(:) # a pipe into which nobody writes
-    start_keeper
+    start_cleanup
     make_folder "$work" || status=$?
     if ((!interrupted && !status)); then
         SANDBOX_MARK=$mark TMPDIR=$work \
@@ -28,44 +28,44 @@ supervise() {
         ((interrupted)) || wait "$worker" || status=$?
     fi
 
-    # First of all COMMAND, which might else report that what it has started ends.
+    # First of all COMMAND, which might otherwise report that what it has started ends.
     [[ -z $worker ]] || kill -TERM "$worker" 2>/dev/null || true
     # 2 and 3 come with a sentence that says it all.
     if ((status == 1 || status > 3)) && ((!interrupted)) && compgen -G "$work/*.log" >/dev/null &&
         : >"$work/keep"; then
         echo "What every program said: $work" >&2
     fi
-    if ! end_keeper; then # it was killed
-        start_keeper
-        end_keeper || true
+    if ! finish_cleanup; then # it was killed
+        start_cleanup
+        finish_cleanup || true
     fi
     trap - HUP INT TERM
     exit $((interrupted ? 128 + interrupted : status))
 }
 
-# Starts the keeper, beyond the reach of a signal to the process group.
-start_keeper() {
+# Starts the cleanup, beyond the reach of a signal to the process group.
+start_cleanup() {
     exec 9> >(
         trap '' HUP INT TERM
-        exec setsid "${BASH_SOURCE[0]%/*}/keeper" "$mark" "$work"
+        exec setsid "${BASH_SOURCE[0]%/*}/cleanup" "$mark" "$work"
     )
-    keeper=$!
+    cleanup=$!
 }
 
-# Lets the keeper do its work. Fails when it cannot.
-end_keeper() {
+# Has the cleanup do its work. Fails when it cannot.
+finish_cleanup() {
     exec 9>&-
-    while is_running "$keeper"; do
+    while is_running "$cleanup"; do
         read -r -t 0.01 -u 8 || true
     done
-    wait "$keeper"
+    wait "$cleanup"
 }
 
 is_running() {
     kill -0 "$1" 2>/dev/null
 }
 
-# Makes the folder, and sees that there is room for what is going to lie in it.
+# Makes the folder, and checks that there is room for what will be in it.
 make_folder() {
     local reason
     if reason=$(mkdir -m 700 -- "$1" 2>&1 && head -c 8M /dev/zero 2>&1 >"$1/room" && rm "$1/room"); then

@@ -60,7 +60,7 @@ stopped=$started_pid
 expect "another starts" wait_for_line ready
 kill -STOP "$stopped"
 unset SANDBOX_MARK # or what looks for the others would find itself
-"$project_dir/scripts/lib/keeper" "$mark" "$work/none" </dev/null
+"$project_dir/scripts/lib/cleanup" "$mark" "$work/none" </dev/null
 for pid in "$talker" "$stubborn" "$orphan" "$stopped"; do
     expect "process $pid has ended" fails lives "$pid"
 done

@@ -24,7 +24,7 @@ status=0
 start_services || status=$?
 started=$(printf '%s\n' "${process_names[@]}" | sort | xargs)
 unset SANDBOX_MARK # or what looks for the others would find itself
-"$1/scripts/lib/keeper" "$mark" "$work/none" </dev/null
+"$1/scripts/lib/cleanup" "$mark" "$work/none" </dev/null
 
 if ((status)) || [[ $started != "sandbox-dock sandbox-keybinding" ]]; then
     echo "FAIL  status $status, started: $started"
