@@ -5,9 +5,9 @@
 #include "pages/showntext.h"
 #include "tests/bus/voiceimpatientbus.h"
 #include "tests/bus/voiceservice.h"
-#include "tests/gui/voicepage.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/timertracker.h"
+#include "tests/support/voicepage.h"
 #include "tests/support/widgets.h"
 #include "voice/audiorecorder.h"
 

@@ -1,11 +1,11 @@
 // The voice test panel while the real sound server is away or goes. Each function in a process of
 // its own: a process has one connection to the sound server.
 
-#include "tests/gui/voicepage.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/timertracker.h"
 #include "tests/support/virtualmicrophone.h"
+#include "tests/support/voicepage.h"
 #include "tests/support/widgets.h"
 #include "voice/audiorecorder.h"
 

@@ -3,7 +3,6 @@
 
 #include "pages/voiceiatsettingwidget.h"
 #include "plugin/tavrenaiassitantcontrolplugin.h"
-#include "tests/gui/voicepage.h"
 #include "tests/support/childprocess.h"
 #include "tests/support/fakeframe.h"
 #include "tests/support/isolatedtests.h"
@@ -11,6 +10,7 @@
 #include "tests/support/serviceprocess.h"
 #include "tests/support/timertracker.h"
 #include "tests/support/virtualmicrophone.h"
+#include "tests/support/voicepage.h"
 #include "voice/audiorecorder.h"
 
 #include <QApplication>

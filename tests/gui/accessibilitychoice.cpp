@@ -1,4 +1,5 @@
 #include "plugin/thirdlistwidget.h"
+#include "tests/support/testprogram.h"
 
 #include <ztk/zapplicationsetup.h>
 #include <ztk/zlistview.h>
@@ -156,5 +157,5 @@ void AccessibilityChoiceTest::rowOfTheModulesListOpensItsPage()
     QCOMPARE(speechToText.count(), 1);
 }
 
-QTEST_MAIN(AccessibilityChoiceTest)
+TEST_CLASS(QApplication, AccessibilityChoiceTest)
 #include "accessibilitychoice.moc"

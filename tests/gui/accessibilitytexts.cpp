@@ -1,6 +1,7 @@
 #include "sandbox/controlcenter/appearance.h"
 #include "sandbox/controlcenter/layoutcheck.h"
 #include "tests/gui/accessibilitypages.h"
+#include "tests/support/testprogram.h"
 
 #include <zcc/widgets/switchwidget.h>
 #include <ztk/zapplicationsetup.h>
@@ -99,8 +100,6 @@ private:
 
 void AccessibilityTextsTest::initTestCase()
 {
-    // As for users. Set by the test's main function, it is heeded by some fonts only.
-    QCoreApplication::setAttribute(Qt::AA_Use96Dpi, false);
     Ztk::Widget::ZApplicationSetup::install();
     QVERIFY(m_pages.start());
 }
@@ -230,5 +229,5 @@ void AccessibilityTextsTest::faultsAreFound()
     QVERIFY2(found.constFirst().contains(fault), qPrintable(found.constFirst()));
 }
 
-QTEST_MAIN(AccessibilityTextsTest)
+TEST_CLASS(QApplication, AccessibilityTextsTest)
 #include "accessibilitytexts.moc"

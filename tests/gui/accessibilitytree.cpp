@@ -1,5 +1,6 @@
 #include "sandbox/controlcenter/pagecontrols.h"
 #include "tests/gui/accessibilitypages.h"
+#include "tests/support/testprogram.h"
 #include "voice/voiceanimationwidget.h"
 
 #include <zcc/widgets/switchwidget.h>
@@ -293,5 +294,5 @@ void AccessibilityTreeTest::faultsAreFound()
     QVERIFY2(!found.isEmpty(), qPrintable(faultsOf(&window).join(QLatin1Char('\n'))));
 }
 
-QTEST_MAIN(AccessibilityTreeTest)
+TEST_CLASS(QApplication, AccessibilityTreeTest)
 #include "accessibilitytree.moc"

@@ -2,6 +2,7 @@
 #include "tests/gui/pagelog.h"
 #include "tests/support/isolatedhome.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/widgets/switchwidget.h>
@@ -549,5 +550,5 @@ void AssistantPageTest::logsItsEnd()
                                           QStringLiteral("~AssistantSettingWidget")}));
 }
 
-QTEST_MAIN(AssistantPageTest)
+TEST_CLASS(QApplication, AssistantPageTest)
 #include "assistantpage.moc"

@@ -4,6 +4,7 @@
 #include "sandbox/controlcenter/moduleloader.h"
 #include "tests/support/isolatedhome.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <ztk/zapplicationsetup.h>
@@ -56,12 +57,6 @@ class LooksTest : public QObject
 {
     Q_OBJECT
 
-public:
-    explicit LooksTest(IsolatedHome *home)
-        : m_home(home)
-    {
-    }
-
 private Q_SLOTS:
     void initTestCase();
     void cleanup();
@@ -77,7 +72,7 @@ private:
     void startVoiceTest();
     void endVoiceTest(const char *code);
 
-    IsolatedHome *m_home;
+    const IsolatedHome m_home;
     ServiceProcess m_assistant{QStringLiteral("assistant")};
     ServiceProcess m_dock{QStringLiteral("dock")};
     ServiceProcess m_keybinding{QStringLiteral("keybinding")};
@@ -93,7 +88,7 @@ void LooksTest::initTestCase()
     for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network, &m_ai})
         QVERIFY(service->start());
     m_network.setValue(QStringLiteral("state"), 70u);
-    QVERIFY(m_home->writeWakeupSettings("[base]\nenable=true\nenableOneshot=true\n"));
+    QVERIFY(m_home.writeWakeupSettings("[base]\nenable=true\nenableOneshot=true\n"));
     Ztk::Widget::ZApplicationSetup::install();
     const LoadedModule loaded = loadModule(QStringLiteral(MODULE_FILE));
     QVERIFY2(loaded.module, qPrintable(loaded.error));
@@ -257,12 +252,5 @@ void LooksTest::theVoiceTestKeepsItsHeight()
     QCOMPARE(height(), 120);
 }
 
-int main(int argc, char **argv)
-{
-    IsolatedHome home;
-    QApplication application(argc, argv);
-    LooksTest test(&home);
-    return QTest::qExec(&test, argc, argv);
-}
-
+TEST_CLASS(QApplication, LooksTest)
 #include "looks.moc"

@@ -2,6 +2,7 @@
 #include "plugin/thirdlistwidget.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/modulepages.h"
+#include "tests/support/testprogram.h"
 
 #include <ztk/zstandarditem.h>
 
@@ -540,5 +541,5 @@ void NavigationListTest::logsItsEnd()
     QCOMPARE(record.function, QStringLiteral("virtual ThirdListWidget::~ThirdListWidget()"));
 }
 
-QTEST_MAIN(NavigationListTest)
+TEST_CLASS(QApplication, NavigationListTest)
 #include "navigationlist.moc"

@@ -4,6 +4,7 @@
 #include "pages/voicettssettingwidget.h"
 #include "tests/gui/pagelog.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/widgets/switchwidget.h>
@@ -458,5 +459,5 @@ void PageActionsTest::changesWithoutAServiceStayOnScreen()
     QVERIFY(m_assistant.calls().isEmpty());
 }
 
-QTEST_MAIN(PageActionsTest)
+TEST_CLASS(QApplication, PageActionsTest)
 #include "pageactions.moc"

@@ -5,6 +5,7 @@
 #include "tests/gui/pagelog.h"
 #include "tests/support/isolatedhome.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/widgets/settingsgroup.h>
@@ -874,5 +875,5 @@ void PageFormTest::opensInARightToLeftLanguage()
     QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
-QTEST_MAIN(PageFormTest)
+TEST_CLASS(QApplication, PageFormTest)
 #include "pageform.moc"

@@ -1,5 +1,6 @@
 #include "pages/keydisplaynames.h"
-#include "shortcutparts.h"
+#include "tests/gui/shortcutparts.h"
+#include "tests/support/testprogram.h"
 
 #include <ztk/zguiapplicationhelper.h>
 
@@ -330,5 +331,5 @@ void ShortcutCapsTest::rowTellsItsKeys()
     QCOMPARE(caps(&key).last()->accessibleName(), QStringLiteral("-"));
 }
 
-QTEST_MAIN(ShortcutCapsTest)
+TEST_CLASS(QApplication, ShortcutCapsTest)
 #include "shortcutcaps.moc"

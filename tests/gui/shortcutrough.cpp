@@ -1,5 +1,6 @@
 #include "pages/showntext.h"
-#include "shortcutparts.h"
+#include "tests/gui/shortcutparts.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <QElapsedTimer>
@@ -217,5 +218,5 @@ void ShortcutRoughTest::manyKeysAreCut()
     QCOMPARE(capTexts(&key), names + QStringList(QString(ellipsis)));
 }
 
-QTEST_MAIN(ShortcutRoughTest)
+TEST_CLASS(QApplication, ShortcutRoughTest)
 #include "shortcutrough.moc"

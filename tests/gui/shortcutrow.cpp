@@ -1,4 +1,5 @@
-#include "shortcutparts.h"
+#include "tests/gui/shortcutparts.h"
+#include "tests/support/testprogram.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
@@ -867,5 +868,5 @@ void ShortcutRowTest::capsFillTheRowAfterEveryChange()
     }
 }
 
-QTEST_MAIN(ShortcutRowTest)
+TEST_CLASS(QApplication, ShortcutRowTest)
 #include "shortcutrow.moc"

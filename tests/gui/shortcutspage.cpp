@@ -2,8 +2,9 @@
 
 #include "pages/showntext.h"
 #include "pages/texttranslatesettingwidget.h"
-#include "shortcutparts.h"
+#include "tests/gui/shortcutparts.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 
 #include <zcc/widgets/tipslabel.h>
 
@@ -441,5 +442,5 @@ void ShortcutsPageTest::featurePageShowsNewShortcut()
     QVERIFY(hint().contains(QStringLiteral("(Ctrl+Alt+minus)")));
 }
 
-QTEST_MAIN(ShortcutsPageTest)
+TEST_CLASS(QApplication, ShortcutsPageTest)
 #include "shortcutspage.moc"

@@ -3,6 +3,7 @@
 #include "pages/voiceiatsettingwidget.h"
 #include "pages/voicettssettingwidget.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/widgets/tipslabel.h>
@@ -119,5 +120,5 @@ void ThemeSwitchTest::runningVoiceTestTakesTheNewThemesColour()
     QCOMPARE(testsupport::labelContaining(&page, QStringLiteral("现在请说")), phrase);
 }
 
-QTEST_MAIN(ThemeSwitchTest)
+TEST_CLASS(QApplication, ThemeSwitchTest)
 #include "themeswitch.moc"

@@ -1,5 +1,6 @@
-#include "tests/gui/voicepage.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
+#include "tests/support/voicepage.h"
 #include "tests/support/widgets.h"
 #include "voice/audiorecorder.h"
 
@@ -674,5 +675,5 @@ void VoiceTestPanelTest::panelsDoNotPileUp()
     QCOMPARE(page->findChildren<SettingsItem *>().size(), 6);
 }
 
-QTEST_MAIN(VoiceTestPanelTest)
+TEST_CLASS(QApplication, VoiceTestPanelTest)
 #include "voicetestpanel.moc"

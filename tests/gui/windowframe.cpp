@@ -1,6 +1,7 @@
 #include "sandbox/controlcenter/frame.h"
 #include "sandbox/controlcenter/moduleregistry.h"
 #include "sandbox/controlcenter/moduleview.h"
+#include "tests/support/testprogram.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -222,5 +223,5 @@ void WindowFrameTest::otherPushTypesAreRefused()
     QTRY_VERIFY(!m_module->pushed.at(2));
 }
 
-QTEST_MAIN(WindowFrameTest)
+TEST_CLASS(QApplication, WindowFrameTest)
 #include "windowframe.moc"

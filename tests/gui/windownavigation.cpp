@@ -1,4 +1,5 @@
 #include "sandbox/controlcenter/navigationcolumn.h"
+#include "tests/support/testprogram.h"
 
 #include <QtTest>
 
@@ -91,5 +92,5 @@ void WindowNavigationTest::itIsAsWideAsItsLongestEntry()
     QVERIFY(m_column->sizeHint().width() > m_column->fontMetrics().horizontalAdvance(text));
 }
 
-QTEST_MAIN(WindowNavigationTest)
+TEST_CLASS(QApplication, WindowNavigationTest)
 #include "windownavigation.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/modulepages.h"
+#include "tests/support/testprogram.h"
 
 #include <QFile>
 #include <QJsonObject>
@@ -119,5 +120,5 @@ void ModuleFileTest::bundlesListTheirFilesInOrder()
     QCOMPARE(listed, files);
 }
 
-QTEST_GUILESS_MAIN(ModuleFileTest)
+TEST_CLASS(QCoreApplication, ModuleFileTest)
 #include "modulefile.moc"

@@ -1,6 +1,7 @@
 #include "tests/support/fakeframe.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/modulepages.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/moduleinterface.h>
@@ -661,5 +662,5 @@ void ModuleHostTest::translationPathLeadsToTheCatalogueOfALocale()
     QCOMPARE(reader.attributes().value(QLatin1String("language")).toString(), locale);
 }
 
-QTEST_MAIN(ModuleHostTest)
+TEST_CLASS(QApplication, ModuleHostTest)
 #include "modulehost.moc"

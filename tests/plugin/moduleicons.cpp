@@ -1,6 +1,7 @@
 #include "tests/support/fakeframe.h"
 #include "tests/support/modulepages.h"
-#include "tests/unit/platformpictures.h"
+#include "tests/support/pictures.h"
+#include "tests/support/testprogram.h"
 
 #include <zcc/moduleinterface.h>
 #include <ztk/zguiapplicationhelper.h>
@@ -70,5 +71,5 @@ void ModuleIconsTest::everyIconIsDrawnAndLikeNoOther()
     QCOMPARE(names, expected);
 }
 
-QTEST_MAIN(ModuleIconsTest)
+TEST_CLASS(QApplication, ModuleIconsTest)
 #include "moduleicons.moc"

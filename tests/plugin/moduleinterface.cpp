@@ -1,3 +1,5 @@
+#include "tests/support/testprogram.h"
+
 #include <zcc/moduleinterface.h>
 
 #include <QtTest>
@@ -122,5 +124,5 @@ void ModuleInterfaceTest::defaultsOfTheBase()
     QVERIFY(!bare.hasFrame());
 }
 
-QTEST_APPLESS_MAIN(ModuleInterfaceTest)
+TEST_CLASS(testsupport::NoApplication, ModuleInterfaceTest)
 #include "moduleinterface.moc"

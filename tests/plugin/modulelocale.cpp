@@ -1,3 +1,5 @@
+#include "tests/support/testprogram.h"
+
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QtTest>
@@ -75,5 +77,5 @@ void ModuleLocaleTest::asksForTheCatalogueOfTheLocale()
                                               : QStringLiteral("install EMPTY"));
 }
 
-QTEST_GUILESS_MAIN(ModuleLocaleTest)
+TEST_CLASS(QCoreApplication, ModuleLocaleTest)
 #include "modulelocale.moc"

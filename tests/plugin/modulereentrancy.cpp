@@ -4,6 +4,7 @@
 #include "plugin/thirdlistwidget.h"
 #include "tests/support/fakeframe.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <QTimer>
@@ -270,5 +271,5 @@ void ModuleReentrancyTest::theKeybindingDaemonMayDieWhileAPageWaits()
     QCOMPARE(m_frame->pushes().constLast().className, QStringLiteral("VoiceIatSettingWidget"));
 }
 
-QTEST_MAIN(ModuleReentrancyTest)
+TEST_CLASS(QApplication, ModuleReentrancyTest)
 #include "modulereentrancy.moc"

@@ -1,6 +1,6 @@
 #include "tests/support/fakeframe.h"
-#include "tests/support/isolatedtests.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/moduleinterface.h>
@@ -109,5 +109,5 @@ void ModuleUnloadTest::unloadsWhileAVoiceTestRuns()
     QCoreApplication::processEvents();
 }
 
-ISOLATED_TEST_MAIN(QApplication, ModuleUnloadTest, )
+ISOLATED_TEST_CLASS(QApplication, ModuleUnloadTest, )
 #include "moduleunload.moc"

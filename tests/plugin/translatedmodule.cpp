@@ -1,5 +1,6 @@
 #include "tests/support/modulepages.h"
-#include "tests/unit/translationsreader.h"
+#include "tests/support/testprogram.h"
+#include "tests/support/translationsreader.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -149,5 +150,5 @@ void TranslatedModuleTest::checkWidgets(const QJsonObject &widgets, const Catalo
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
 }
 
-QTEST_GUILESS_MAIN(TranslatedModuleTest)
+TEST_CLASS(QCoreApplication, TranslatedModuleTest)
 #include "translatedmodule.moc"

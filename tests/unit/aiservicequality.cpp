@@ -1,5 +1,6 @@
 #include "sandbox/services/aiservice/qualityverdict.h"
 #include "tests/support/spokenrecording.h"
+#include "tests/support/testprogram.h"
 
 #include <QtTest>
 
@@ -254,5 +255,5 @@ void AiServiceQualityTest::noticeHoldsOneCode()
     }
 }
 
-QTEST_GUILESS_MAIN(AiServiceQualityTest)
+TEST_CLASS(QCoreApplication, AiServiceQualityTest)
 #include "aiservicequality.moc"

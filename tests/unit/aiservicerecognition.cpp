@@ -2,6 +2,7 @@
 #include "sandbox/services/aiservice/phrasemodel.h"
 #include "sandbox/services/aiservice/recognition.h"
 #include "tests/support/spokenrecording.h"
+#include "tests/support/testprogram.h"
 
 #include <QThread>
 #include <QtTest>
@@ -324,5 +325,5 @@ void AiServiceRecognitionTest::missingModels()
     QTRY_VERIFY(threads.children().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(AiServiceRecognitionTest)
+TEST_CLASS(QCoreApplication, AiServiceRecognitionTest)
 #include "aiservicerecognition.moc"

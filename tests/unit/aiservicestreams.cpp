@@ -3,6 +3,7 @@
 #include "sandbox/services/aiservice/phrasefilter.h"
 #include "sandbox/services/aiservice/phrasemodel.h"
 #include "sandbox/services/aiservice/wavwriter.h"
+#include "tests/support/testprogram.h"
 
 #include <QtTest>
 
@@ -146,5 +147,5 @@ void AiServiceStreamsTest::resultText()
              QStringLiteral(R"({"ls":true,"pgs":"apd","sn":3,"ws":[]})"));
 }
 
-QTEST_GUILESS_MAIN(AiServiceStreamsTest)
+TEST_CLASS(QCoreApplication, AiServiceStreamsTest)
 #include "aiservicestreams.moc"

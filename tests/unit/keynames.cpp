@@ -1,6 +1,7 @@
 #include "pages/keydisplaynames.h"
 #include "pages/keylabel.h"
 #include "pages/shortcutitem.h"
+#include "tests/support/testprogram.h"
 
 #include <QtTest>
 
@@ -157,5 +158,5 @@ void KeyNamesTest::everyTableNameSurvivesTheFormatter()
     }
 }
 
-QTEST_MAIN(KeyNamesTest)
+TEST_CLASS(QApplication, KeyNamesTest)
 #include "keynames.moc"

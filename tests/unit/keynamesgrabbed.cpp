@@ -1,6 +1,7 @@
 #include "pages/keylabel.h"
 #include "pages/shortcutitem.h"
 #include "sandbox/controlcenter/shortcutspage/accelerator.h"
+#include "tests/support/testprogram.h"
 
 #include <QtTest>
 
@@ -91,5 +92,5 @@ void KeyNamesGrabbedTest::modifiersKeepTheirOrder()
              QStringLiteral("<Control><Alt><Shift><Super>A"));
 }
 
-QTEST_MAIN(KeyNamesGrabbedTest)
+TEST_CLASS(QApplication, KeyNamesGrabbedTest)
 #include "keynamesgrabbed.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/busrecorder.h"
+#include "tests/support/testprogram.h"
 
 #include <zframeworkdbus/audio.h>
 
@@ -90,6 +91,6 @@ void PlatformAudioTest::survivesWithoutABus()
     QCOMPARE(changed.count(), 0);
 }
 
-QTEST_GUILESS_MAIN(PlatformAudioTest)
+TEST_CLASS(QCoreApplication, PlatformAudioTest)
 
 #include "platformaudio.moc"

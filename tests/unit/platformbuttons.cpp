@@ -1,4 +1,5 @@
-#include "platformpictures.h"
+#include "tests/support/pictures.h"
+#include "tests/support/testprogram.h"
 
 #include <ztk/zapplicationsetup.h>
 #include <ztk/zcommandlinkbutton.h>
@@ -249,6 +250,6 @@ void PlatformButtonsTest::linkIsDrawnInTheLinkColour()
     QVERIFY(pictures::count(pictures::of(m_link), link, QRect(), 30) > 30);
 }
 
-QTEST_MAIN(PlatformButtonsTest)
+TEST_CLASS(QApplication, PlatformButtonsTest)
 
 #include "platformbuttons.moc"

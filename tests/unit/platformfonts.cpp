@@ -1,3 +1,5 @@
+#include "tests/support/testprogram.h"
+
 #include <ztk/zfontsizemanager.h>
 
 #include <QApplication>
@@ -90,6 +92,6 @@ void PlatformFontsTest::onlyTheSizeOfTheBaseChanges()
     QVERIFY(font.underline());
 }
 
-QTEST_MAIN(PlatformFontsTest)
+TEST_CLASS(QApplication, PlatformFontsTest)
 
 #include "platformfonts.moc"

@@ -1,3 +1,5 @@
+#include "tests/support/testprogram.h"
+
 #include <ztk/zapplicationsetup.h>
 
 #include <QDir>
@@ -153,6 +155,6 @@ void PlatformIconFolderTest::isNotTrusted()
     QVERIFY(QDir(m_usual).isEmpty());
 }
 
-QTEST_APPLESS_MAIN(PlatformIconFolderTest)
+TEST_CLASS(testsupport::NoApplication, PlatformIconFolderTest)
 
 #include "platformiconfolder.moc"

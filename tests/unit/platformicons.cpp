@@ -1,4 +1,5 @@
-#include "platformpictures.h"
+#include "tests/support/pictures.h"
+#include "tests/support/testprogram.h"
 
 #include <ztk/zapplicationsetup.h>
 #include <ztk/zguiapplicationhelper.h>
@@ -161,6 +162,6 @@ void PlatformIconsTest::strangerIsNotFound()
     QVERIFY(QIcon::fromTheme(QStringLiteral("no_such_icon")).isNull());
 }
 
-QTEST_MAIN(PlatformIconsTest)
+TEST_CLASS(QApplication, PlatformIconsTest)
 
 #include "platformicons.moc"

@@ -1,4 +1,5 @@
-#include "platformpictures.h"
+#include "tests/support/pictures.h"
+#include "tests/support/testprogram.h"
 
 #include <ztk/zapplicationsetup.h>
 #include <ztk/zguiapplicationhelper.h>
@@ -303,6 +304,6 @@ void PlatformListTest::prototypeMakesItemsOfItsClass()
     QVERIFY(dynamic_cast<ZStandardItem *>(model.item(0)));
 }
 
-QTEST_MAIN(PlatformListTest)
+TEST_CLASS(QApplication, PlatformListTest)
 
 #include "platformlist.moc"

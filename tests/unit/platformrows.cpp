@@ -1,4 +1,5 @@
-#include "platformpictures.h"
+#include "tests/support/pictures.h"
+#include "tests/support/testprogram.h"
 
 #include <zcc/widgets/settingsgroup.h>
 #include <zcc/widgets/settingsitem.h>
@@ -526,6 +527,6 @@ void PlatformRowsTest::tipLinesUpWithRows()
     QVERIFY2(qAbs(leading - rowPadding) <= 2, qPrintable(QString::number(leading)));
 }
 
-QTEST_MAIN(PlatformRowsTest)
+TEST_CLASS(QApplication, PlatformRowsTest)
 
 #include "platformrows.moc"

@@ -1,4 +1,5 @@
-#include "platformpictures.h"
+#include "tests/support/pictures.h"
+#include "tests/support/testprogram.h"
 
 #include <ztk/zapplicationsetup.h>
 #include <ztk/zguiapplicationhelper.h>
@@ -477,6 +478,6 @@ void PlatformStyleTest::symbolsAreToldFromPictures()
     QVERIFY(qAbs(tinted.pixelColor(6, 1).alpha() - 90) <= 1);
 }
 
-QTEST_MAIN(PlatformStyleTest)
+TEST_CLASS(QApplication, PlatformStyleTest)
 
 #include "platformstyle.moc"

@@ -1,4 +1,5 @@
-#include "platformpictures.h"
+#include "tests/support/pictures.h"
+#include "tests/support/testprogram.h"
 
 #include <ztk/zapplicationsetup.h>
 #include <ztk/zguiapplicationhelper.h>
@@ -151,6 +152,6 @@ void PlatformThemeTest::changeIsToldOnce()
     QVERIFY(seenWindow.lightness() < 60);
 }
 
-QTEST_MAIN(PlatformThemeTest)
+TEST_CLASS(QApplication, PlatformThemeTest)
 
 #include "platformtheme.moc"

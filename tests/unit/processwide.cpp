@@ -1,5 +1,7 @@
 #include "voice/processwide.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QSemaphore>
 #include <QtTest>
 
@@ -74,5 +76,5 @@ void ProcessWideTest::leadsBackToItself()
     ProcessWide<Returning>::dispose();
 }
 
-QTEST_GUILESS_MAIN(ProcessWideTest)
+TEST_CLASS(QCoreApplication, ProcessWideTest)
 #include "processwide.moc"

@@ -2,6 +2,8 @@
 
 #include "pages/showntext.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QtTest>
 
 #include <ctime>
@@ -106,5 +108,5 @@ void ShownTextTest::aMegabyteCostsNothing()
     QCOMPARE(result, shown);
 }
 
-QTEST_MAIN(ShownTextTest)
+TEST_CLASS(QApplication, ShownTextTest)
 #include "showntext.moc"

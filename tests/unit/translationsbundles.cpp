@@ -1,5 +1,6 @@
 #include "tests/support/modulepages.h"
-#include "tests/unit/translationsreader.h"
+#include "tests/support/testprogram.h"
+#include "tests/support/translationsreader.h"
 
 #include <QDir>
 #include <QFile>
@@ -229,5 +230,5 @@ void TranslationsBundlesTest::drawingFillsItsGridWithoutTouchingTheEdge()
     }
 }
 
-QTEST_MAIN(TranslationsBundlesTest)
+TEST_CLASS(QApplication, TranslationsBundlesTest)
 #include "translationsbundles.moc"

@@ -1,4 +1,5 @@
-#include "tests/unit/translationsreader.h"
+#include "tests/support/testprogram.h"
+#include "tests/support/translationsreader.h"
 
 #include <QFile>
 #include <QHash>
@@ -396,5 +397,5 @@ void TranslationsCataloguesTest::glossarySaysWhatTheCataloguesSay()
     VERIFY_NONE(wrong);
 }
 
-QTEST_GUILESS_MAIN(TranslationsCataloguesTest)
+TEST_CLASS(QCoreApplication, TranslationsCataloguesTest)
 #include "translationscatalogues.moc"

@@ -1,3 +1,5 @@
+#include "tests/support/testprogram.h"
+
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -84,5 +86,5 @@ void TranslationsInstallTest::fileTranslates()
         QCOMPARE(translator.translate(context, "Language"), language);
 }
 
-QTEST_GUILESS_MAIN(TranslationsInstallTest)
+TEST_CLASS(QCoreApplication, TranslationsInstallTest)
 #include "translationsinstall.moc"

@@ -1,5 +1,6 @@
 // The microphone's sink: which blocks leave it, and with which level.
 
+#include "tests/support/testprogram.h"
 #include "voice/audioinfo.h"
 
 #include <QSignalSpy>
@@ -300,5 +301,5 @@ void VoiceLevelTest::sinkOpensAndCloses()
     QVERIFY(info.isWritable());
 }
 
-QTEST_GUILESS_MAIN(VoiceLevelTest)
+TEST_CLASS(QCoreApplication, VoiceLevelTest)
 #include "voicelevel.moc"

@@ -1,5 +1,6 @@
 // The recognition client's texts: reading one hypothesis, and merging a stream of them. No bus.
 
+#include "tests/support/testprogram.h"
 #include "voice/iatwapper.h"
 
 #include <QJsonArray>
@@ -448,5 +449,5 @@ void VoiceRecognitionTest::declaredMembers()
     QCOMPARE(int(IatWapper::IatResultAppend), 2);
 }
 
-QTEST_GUILESS_MAIN(VoiceRecognitionTest)
+TEST_CLASS(QCoreApplication, VoiceRecognitionTest)
 #include "voicerecognition.moc"

@@ -1,5 +1,7 @@
 #include "pages/voicetestverdict.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QtTest>
 
 Q_DECLARE_METATYPE(VoiceTestVerdict)
@@ -117,5 +119,5 @@ void VoiceTestVerdictTest::unknownResults()
     QVERIFY(voiceTestVerdict(result, QString()) == VoiceTestVerdict::TooQuiet);
 }
 
-QTEST_GUILESS_MAIN(VoiceTestVerdictTest)
+TEST_CLASS(QCoreApplication, VoiceTestVerdictTest)
 #include "voicetestverdict.moc"

@@ -1,5 +1,6 @@
 // The wave: its level from tick to tick, its heights, its picture, and how it is left.
 
+#include "tests/support/testprogram.h"
 #include "tests/support/timertracker.h"
 #include "voice/voiceanimationwidget.h"
 #include "voice/wavelevel.h"
@@ -623,5 +624,5 @@ void VoiceWaveTest::declaredMembers()
                                    QStringLiteral("updateMaxLevel(double)")}));
 }
 
-QTEST_MAIN(VoiceWaveTest)
+TEST_CLASS(QApplication, VoiceWaveTest)
 #include "voicewave.moc"

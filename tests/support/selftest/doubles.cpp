@@ -1,6 +1,7 @@
 #include "tests/support/fakeframe.h"
 #include "tests/support/isolatedhome.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/widgets/switchwidget.h>
@@ -297,6 +298,6 @@ void DoublesTest::forgottenWindowsAreListed()
     QCOMPARE(topLevelWidgetsLeft(), QStringList{"QLabel tip"});
 }
 
-QTEST_MAIN(DoublesTest)
+TEST_CLASS(QApplication, DoublesTest)
 
 #include "doubles.moc"

@@ -1,5 +1,6 @@
 #include "sandbox/controlcenter/moduleregistry.h"
 #include "sandbox/controlcenter/search.h"
+#include "tests/support/testprogram.h"
 
 #include <QtTest>
 
@@ -96,5 +97,5 @@ void WindowSearchTest::aPageThatWasNotRegisteredIsItsOwnKey()
     QCOMPARE(m_registry.pageName(QStringLiteral("Other")), QStringLiteral("Other"));
 }
 
-QTEST_APPLESS_MAIN(WindowSearchTest)
+TEST_CLASS(testsupport::NoApplication, WindowSearchTest)
 #include "windowsearch.moc"

@@ -1,4 +1,4 @@
-#include "tests/unit/translationsreader.h"
+#include "tests/support/translationsreader.h"
 
 #include <QFile>
 #include <QXmlStreamReader>

@@ -1,3 +1,0 @@
-assistant_add_test(themeswitch TIER gui BUSES
-    SOURCES themeswitch.cpp
-    LIBRARIES assistantcontrol test-support)

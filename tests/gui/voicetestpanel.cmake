@@ -1,4 +1,0 @@
-assistant_add_test(voicetestpanel TIER gui BUSES
-    SOURCES voicetestpanel.cpp
-    LIBRARIES assistantcontrol test-support
-    DEPENDS sandbox-networkmanager sandbox-aiservice)

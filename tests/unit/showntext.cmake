@@ -1,3 +1,0 @@
-assistant_add_test(showntext TIER unit
-    SOURCES showntext.cpp
-    LIBRARIES assistantcontrol)

@@ -1,3 +1,0 @@
-assistant_add_test(voicetestverdict TIER unit
-    SOURCES voicetestverdict.cpp
-    LIBRARIES assistantcontrol)
