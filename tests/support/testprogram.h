@@ -30,7 +30,6 @@ bool addTestClass(const TestClass &test);
     static const bool added##Class =                                                               \
         testsupport::addTestClass({&Class::staticMetaObject,                                       \
                                    [](int &argc, char **argv) {                                    \
-                                       QCoreApplication::setAttribute(Qt::AA_Use96Dpi);            \
                                        const Application application(argc, argv);                  \
                                        PREPARE;                                                    \
                                        Class test;                                                 \

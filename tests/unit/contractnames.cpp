@@ -1,3 +1,5 @@
+#include "tests/support/testprogram.h"
+
 #include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
@@ -204,6 +206,6 @@ void ContractNamesTest::everyContractIsInTheHeader()
     QCOMPARE(all(generated, object), all(declared, textOf(file)));
 }
 
-QTEST_GUILESS_MAIN(ContractNamesTest)
+TEST_CLASS(QCoreApplication, ContractNamesTest)
 
 #include "contractnames.moc"
