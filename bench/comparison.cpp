@@ -1,5 +1,7 @@
 #include "bench/comparison.h"
 
+#include "tests/support/median.h"
+
 #include <QElapsedTimer>
 
 #include <malloc.h>
@@ -7,17 +9,11 @@
 
 #include <algorithm>
 
+using testsupport::median;
+
 namespace {
 
 int roundsOfAll = 0; // 0: each comparison has its own number
-
-double medianOf(QVector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    const int middle = values.size() / 2;
-    return values.size() % 2 ? values.at(middle)
-                             : (values.at(middle - 1) + values.at(middle)) / 2.0;
-}
 
 double milliseconds(const timeval &time)
 {
@@ -74,12 +70,12 @@ Ratio compare(const QString &name, const QString &subject, const QString &baseli
     result.name = name;
     result.subject = subject;
     result.baseline = baseline;
-    result.median = medianOf(ratios);
+    result.median = median(ratios);
     result.lowest = *std::min_element(ratios.cbegin(), ratios.cend());
     result.highest = *std::max_element(ratios.cbegin(), ratios.cend());
     result.note = QStringLiteral("%1 against %2 %3")
-                      .arg(medianOf(subjects), 0, 'g', 3)
-                      .arg(medianOf(baselines), 0, 'g', 3)
+                      .arg(median(subjects), 0, 'g', 3)
+                      .arg(median(baselines), 0, 'g', 3)
                       .arg(unit);
     return result;
 }

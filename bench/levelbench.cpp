@@ -1,7 +1,7 @@
 #include "bench/suite.h"
 #include "voice/audioinfo.h"
+#include "voice/audiorecorder.h"
 
-#include <QAudioFormat>
 #include <QByteArray>
 
 #include <cstring>
@@ -11,13 +11,7 @@ QVector<Ratio> benchLevel()
     constexpr int blocks = 200;
     constexpr int blockBytes = 1 << 20; // larger than the caches, so that memory is what counts
 
-    QAudioFormat format;
-    format.setSampleRate(16000);
-    format.setChannelCount(1);
-    format.setSampleSize(16);
-    format.setCodec(QStringLiteral("audio/pcm"));
-    format.setByteOrder(QAudioFormat::LittleEndian);
-    format.setSampleType(QAudioFormat::SignedInt);
+    const QAudioFormat format = AudioRecorder::captureFormat();
 
     QByteArray audio(blockBytes, Qt::Uninitialized);
     for (int i = 0; i < audio.size(); ++i)

@@ -1,9 +1,9 @@
 #include "bench/suite.h"
 #include "pages/assistantsettingwidget.h"
+#include "voice/audiorecorder.h"
 
 #include <ztk/zcommandlinkbutton.h>
 
-#include <QAudioFormat>
 #include <QAudioInput>
 #include <QEventLoop>
 #include <QLabel>
@@ -57,13 +57,7 @@ double voiceTestShare()
 
 double captureShare()
 {
-    QAudioFormat format;
-    format.setSampleRate(16000);
-    format.setChannelCount(1);
-    format.setSampleSize(16);
-    format.setCodec(QStringLiteral("audio/pcm"));
-    format.setByteOrder(QAudioFormat::LittleEndian);
-    format.setSampleType(QAudioFormat::SignedInt);
+    const QAudioFormat format = AudioRecorder::captureFormat();
     DiscardingSink sink;
     QAudioInput input(QAudioDeviceInfo::defaultInputDevice(), format);
     return processorShare([&] {

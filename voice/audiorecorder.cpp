@@ -52,19 +52,25 @@ AudioRecorder *AudioRecorder::getInstance()
     return ProcessWide<AudioRecorder>::instance();
 }
 
+QAudioFormat AudioRecorder::captureFormat()
+{
+    QAudioFormat format;
+    format.setSampleRate(16000);
+    format.setChannelCount(1);
+    format.setSampleSize(16);
+    // Not a string literal, which would go with this library: a closed input may keep the format.
+    format.setCodec(QString::fromLatin1("audio/pcm"));
+    format.setByteOrder(QAudioFormat::LittleEndian);
+    format.setSampleType(QAudioFormat::SignedInt);
+    return format;
+}
+
 AudioRecorder::AudioRecorder()
     : m_mutex(QMutex::Recursive)
+    , m_format(captureFormat())
 {
     connect(&m_checkTimer, &QTimer::timeout, this, &AudioRecorder::watchDevices);
     m_checkTimer.start(deviceCheckMs);
-
-    m_format.setSampleRate(16000);
-    m_format.setChannelCount(1);
-    m_format.setSampleSize(16);
-    // Not a string literal, which would go with this library: a closed input may keep the format.
-    m_format.setCodec(QString::fromLatin1("audio/pcm"));
-    m_format.setByteOrder(QAudioFormat::LittleEndian);
-    m_format.setSampleType(QAudioFormat::SignedInt);
 
     m_audioInfo.reset(new AudioInfo(m_format));
     connect(m_audioInfo.data(), &AudioInfo::audioWrite, this, &AudioRecorder::audioRecorded);

@@ -39,6 +39,9 @@ public:
     /** The instance; built on first use. */
     static AudioRecorder *getInstance();
 
+    /** How every recording is made. */
+    static QAudioFormat captureFormat();
+
     ~AudioRecorder() override;
 
     /**
@@ -85,7 +88,7 @@ private:
     QMutex m_mutex; // guards the two flags and the input
     QScopedPointer<AudioInfo> m_audioInfo;
     QAudioDeviceInfo m_device;
-    QAudioFormat m_format;
+    const QAudioFormat m_format;
     QScopedPointer<QAudioInput> m_audioInput; // null while not recording
     QTimer m_checkTimer;
     bool m_deviceValid = false; // the latest result of checkDevice()

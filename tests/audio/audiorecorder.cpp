@@ -18,6 +18,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using testsupport::ScriptedAudio;
+using testsupport::TimerTracker;
+
 namespace {
 
 const QString audioService = QStringLiteral("com.tavren.daemon.Audio");

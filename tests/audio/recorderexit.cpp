@@ -10,6 +10,8 @@
 #include <QTextStream>
 #include <QTimer>
 
+using testsupport::ScriptedAudio;
+
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
@@ -26,13 +28,7 @@ int main(int argc, char **argv)
 
     if (way == QLatin1String("foreign capture")) {
         // Not the recorder's: shows that a capture left open is noticed.
-        QAudioFormat format;
-        format.setSampleRate(16000);
-        format.setChannelCount(1);
-        format.setSampleSize(16);
-        format.setCodec(QStringLiteral("audio/pcm"));
-        format.setByteOrder(QAudioFormat::LittleEndian);
-        format.setSampleType(QAudioFormat::SignedInt);
+        const QAudioFormat format = AudioRecorder::captureFormat();
         auto *sink = new AudioInfo(format);
         sink->start();
         auto *input = new QAudioInput(QAudioDeviceInfo::defaultInputDevice(), format);

@@ -15,6 +15,7 @@
 #include <memory>
 
 using testsupport::ServiceProcess;
+namespace SpokenRecording = testsupport::SpokenRecording;
 
 namespace {
 

@@ -44,6 +44,9 @@
 #include <memory>
 #include <vector>
 
+using testsupport::CuttableBus;
+using testsupport::ScriptedAudio;
+
 using Proxy = AssistantStateProxy;
 
 namespace {

@@ -11,6 +11,8 @@
 
 #include <cstring>
 
+namespace testsupport {
+
 namespace {
 
 constexpr int headerSize = 16; // the fixed part: what the length of a message is known from
@@ -194,3 +196,5 @@ bool CuttableBus::passMessages(int bus)
     }
     return true;
 }
+
+} // namespace testsupport

@@ -8,6 +8,8 @@
 #include <atomic>
 #include <thread>
 
+namespace testsupport {
+
 /**
  * Stands between this process and a bus. It passes everything on, counts the messages that the
  * process sends, and ends the connection when told to, as the end of the bus daemon would: at once
@@ -53,3 +55,5 @@ private:
     bool m_loggedIn = false;
     std::thread m_thread;
 };
+
+} // namespace testsupport

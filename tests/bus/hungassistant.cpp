@@ -2,6 +2,7 @@
 #include "pages/texttranslatesettingwidget.h"
 #include "pages/voiceiatsettingwidget.h"
 #include "pages/voicettssettingwidget.h"
+#include "tests/support/median.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/widgets.h"
 
@@ -13,25 +14,18 @@
 #include <QElapsedTimer>
 #include <QtTest>
 
-#include <algorithm>
 #include <memory>
 
 // With the services stopped in their tracks, a control whose change nobody waits for returns at
 // once, and nothing that the user did is lost.
 
+using testsupport::median;
 using testsupport::ServiceCall;
 using testsupport::ServiceProcess;
 
 namespace {
 
 constexpr qint64 limitNs = 5 * 1000 * 1000;
-
-/** The median of the times, so that one pause of the machine does not count. */
-qint64 median(QVector<qint64> times)
-{
-    std::sort(times.begin(), times.end());
-    return times.at(times.size() / 2);
-}
 
 } // namespace
 

@@ -15,6 +15,8 @@
 #include <QPointer>
 #include <QTest>
 
+using testsupport::everythingArrived;
+using testsupport::everythingIsQueued;
 using testsupport::ServiceCall;
 using testsupport::ServiceProcess;
 

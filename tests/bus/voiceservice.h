@@ -11,12 +11,14 @@
 #include <QString>
 #include <QStringList>
 
+namespace testsupport {
+
 /** The scripted AI service, on a machine with one good microphone. */
-class VoiceService : public testsupport::ServiceProcess
+class VoiceService : public ServiceProcess
 {
 public:
     VoiceService()
-        : testsupport::ServiceProcess(QStringLiteral("voicescript"))
+        : ServiceProcess(QStringLiteral("voicescript"))
     {
         ScriptedAudio::instance().setDevices({{"mic", true}});
     }
@@ -60,7 +62,7 @@ private:
 /** All signals that the service has sent until now have reached their slots when this returns. */
 inline bool everythingArrived()
 {
-    return testsupport::everythingArrivedFrom(QStringLiteral("com.corvane.aiservice"));
+    return everythingArrivedFrom(QStringLiteral("com.corvane.aiservice"));
 }
 
 /**
@@ -70,6 +72,8 @@ inline bool everythingArrived()
 inline bool everythingIsQueued()
 {
     return QDBusConnection::sessionBus()
-               .call(testsupport::pingCall(QStringLiteral("com.corvane.aiservice")), QDBus::Block)
+               .call(pingCall(QStringLiteral("com.corvane.aiservice")), QDBus::Block)
                .type() == QDBusMessage::ReplyMessage;
 }
+
+} // namespace testsupport

@@ -1,7 +1,7 @@
 // Sessions at the AI service: what goes over the bus, and what is made of every kind of answer.
 // Each function in a process of its own.
 
-#include "tests/bus/voiceimpatientbus.h"
+#include "tests/support/impatientbus.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
@@ -13,6 +13,7 @@
 #include <QTest>
 #include <QTimer>
 
+using testsupport::ImpatientBus;
 using testsupport::ServiceCall;
 using testsupport::ServiceProcess;
 

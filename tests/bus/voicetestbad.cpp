@@ -3,8 +3,8 @@
 // of its own.
 
 #include "pages/showntext.h"
-#include "tests/bus/voiceimpatientbus.h"
 #include "tests/bus/voiceservice.h"
+#include "tests/support/impatientbus.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/timertracker.h"
 #include "tests/support/voicepage.h"
@@ -16,7 +16,14 @@
 
 #include <memory>
 
+using testsupport::everythingArrived;
+using testsupport::everythingIsQueued;
+using testsupport::ImpatientBus;
+using testsupport::ScriptedAudio;
 using testsupport::ServiceProcess;
+using testsupport::TimerTracker;
+using testsupport::VoicePage;
+using testsupport::VoiceService;
 
 namespace {
 

@@ -20,7 +20,9 @@
 #include <memory>
 
 using testsupport::LogCapture;
+using testsupport::ScriptedAudio;
 using testsupport::ServiceProcess;
+using testsupport::VoiceService;
 using Ztk::Widget::ZCommandLinkButton;
 
 namespace {

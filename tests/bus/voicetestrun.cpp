@@ -2,10 +2,10 @@
 // order; what comes back; how a test ends. Each function in a process of its own.
 
 #include "comcorvaneaiserviceaqcinterface.h"
-#include "tests/bus/voiceimpatientbus.h"
 #include "tests/bus/voiceservice.h"
 #include "tests/fakeaudio/scriptedaudio.h"
 #include "tests/support/busrecorder.h"
+#include "tests/support/impatientbus.h"
 #include "tests/support/isolatedtests.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
@@ -24,8 +24,14 @@
 
 #include <memory>
 
+using testsupport::everythingArrived;
+using testsupport::everythingIsQueued;
+using testsupport::ImpatientBus;
+using testsupport::ScriptedAudio;
 using testsupport::ServiceCall;
 using testsupport::ServiceProcess;
+using testsupport::TimerTracker;
+using testsupport::VoiceService;
 
 namespace {
 

@@ -1,5 +1,7 @@
 #include "pages/assistantsettingwidget.h"
+#include "sandbox/services/aiservice/wavfile.h"
 #include "tests/support/busrecorder.h"
+#include "tests/support/median.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/virtualmicrophone.h"
 #include "tests/support/widgets.h"
@@ -16,9 +18,8 @@
 
 #include <malloc.h>
 
-#include <algorithm>
-
 using testsupport::BusRecorder;
+using testsupport::median;
 using testsupport::ServiceProcess;
 using testsupport::VirtualMicrophone;
 using Ztk::Widget::ZCommandLinkButton;
@@ -28,19 +29,11 @@ namespace {
 constexpr int runs = 100;
 constexpr int warmUp = 20;     // runs in which caches fill: backend, bus, styles
 constexpr int runBytes = 6400; // 0.2 s of audio
-constexpr int wavHeaderBytes = 44;
 
 double heapBytes()
 {
     const struct mallinfo2 info = mallinfo2();
     return double(info.uordblks) + double(info.hblkhd);
-}
-
-template <typename T>
-T median(QVector<T> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
 }
 
 /** Match rules that the bus keeps for this process, as the bus daemon counts them. */
@@ -61,11 +54,9 @@ QVector<QByteArray> heardBy(const QString &ability, const QString &folder)
     QMap<int, QByteArray> sessions;
     const QDir directory(folder);
     for (const QString &name : directory.entryList({ability + QStringLiteral("-*.wav")})) {
-        QFile file(directory.filePath(name));
-        if (file.open(QIODevice::ReadOnly))
-            sessions.insert(
-                name.section(QLatin1Char('-'), 1).section(QLatin1Char('.'), 0, 0).toInt(),
-                file.readAll().mid(wavHeaderBytes));
+        const int number =
+            name.section(QLatin1Char('-'), 1).section(QLatin1Char('.'), 0, 0).toInt();
+        sessions.insert(number, sandbox::WavFile::audio(directory.filePath(name)));
     }
     return sessions.values().toVector();
 }

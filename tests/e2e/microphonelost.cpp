@@ -15,7 +15,9 @@
 #include <memory>
 
 using testsupport::ServiceProcess;
+using testsupport::TimerTracker;
 using testsupport::VirtualMicrophone;
+using testsupport::VoicePage;
 
 namespace {
 

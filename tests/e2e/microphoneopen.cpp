@@ -22,7 +22,9 @@
 using testsupport::ChildProcess;
 using testsupport::RecordingStreams;
 using testsupport::ServiceProcess;
+using testsupport::TimerTracker;
 using testsupport::VirtualMicrophone;
+using testsupport::VoicePage;
 
 namespace {
 

@@ -1,3 +1,4 @@
+#include "sandbox/services/aiservice/wavfile.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/spokenrecording.h"
 #include "tests/support/virtualmicrophone.h"
@@ -9,10 +10,11 @@
 
 using testsupport::ServiceProcess;
 using testsupport::VirtualMicrophone;
+namespace SpokenRecording = testsupport::SpokenRecording;
 
 namespace {
 
-constexpr int samplesPerSecond = 16000;
+using sandbox::WavFile::samplesPerSecond;
 
 /** What a capture may lose or add while it starts, in samples. */
 constexpr int startUp = samplesPerSecond / 2;

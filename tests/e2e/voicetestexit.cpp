@@ -34,6 +34,8 @@
 
 #include <cstdlib>
 
+using testsupport::ScriptedAudio;
+
 namespace {
 
 constexpr int usage = 2; // exit codes

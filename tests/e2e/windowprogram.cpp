@@ -5,6 +5,8 @@
 #include <QProcess>
 #include <QRegularExpression>
 
+namespace testsupport {
+
 WindowRun runWindow(const QStringList &arguments, Warnings warnings)
 {
     constexpr int limit = 280000; // ms
@@ -60,3 +62,5 @@ QString failureOf(const WindowRun &run, const QString &folder)
     }
     return pictures > 0 ? QString() : QStringLiteral("no pictures\n") + everything;
 }
+
+} // namespace testsupport

@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+namespace testsupport {
+
 /** What the control-center window's program did. */
 struct WindowRun
 {
@@ -28,3 +30,5 @@ WindowRun runTour(const QString &folder, const QStringList &arguments,
  * exit code. Empty when all is well.
  */
 QString failureOf(const WindowRun &run, const QString &folder);
+
+} // namespace testsupport

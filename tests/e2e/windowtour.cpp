@@ -10,7 +10,12 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using testsupport::failureOf;
+using testsupport::runTour;
+using testsupport::runWindow;
 using testsupport::ServiceProcess;
+using testsupport::Warnings;
+using testsupport::WindowRun;
 
 /** The window's program as a user starts it: the tour with its pictures, and what it says when it
  * cannot run. */

@@ -6,8 +6,12 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using testsupport::failureOf;
+using testsupport::runTour;
 using testsupport::ServiceProcess;
 using testsupport::VirtualMicrophone;
+using testsupport::Warnings;
+using testsupport::WindowRun;
 
 /** The part of the tour that speaks into a microphone: whole voice tests and their verdicts. */
 class WindowVoiceTourTest : public QObject

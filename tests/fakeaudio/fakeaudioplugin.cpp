@@ -4,6 +4,8 @@
 #include "tests/fakeaudio/scripteddeviceinfo.h"
 #include "tests/fakeaudio/scriptedinput.h"
 
+namespace testsupport {
+
 namespace {
 
 // Goes when the process ends, like the engine of a real backend: after whatever was built later.
@@ -46,3 +48,5 @@ QAbstractAudioDeviceInfo *FakeAudioPlugin::createDeviceInfo(const QByteArray &de
     Q_UNUSED(mode)
     return new ScriptedDeviceInfo(device);
 }
+
+} // namespace testsupport

@@ -2,6 +2,8 @@
 
 #include <QAudioSystemPlugin>
 
+namespace testsupport {
+
 /** Gives Qt Multimedia the devices of ScriptedAudio in place of a sound server's. No outputs. */
 class FakeAudioPlugin : public QAudioSystemPlugin
 {
@@ -17,3 +19,5 @@ public:
     QAbstractAudioDeviceInfo *createDeviceInfo(const QByteArray &device,
                                                QAudio::Mode mode) override;
 };
+
+} // namespace testsupport

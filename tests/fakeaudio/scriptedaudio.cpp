@@ -4,6 +4,8 @@
 #include <QIODevice>
 #include <QScopedValueRollback>
 
+namespace testsupport {
+
 ScriptedAudio &ScriptedAudio::instance()
 {
     static ScriptedAudio *audio = new ScriptedAudio; // outlives every static object
@@ -64,3 +66,5 @@ void ScriptedAudio::backendGoes()
     if (!openCaptures().isEmpty())
         qFatal("scripted audio: a capture is open while the process ends");
 }
+
+} // namespace testsupport

@@ -13,6 +13,8 @@
 
 class QIODevice;
 
+namespace testsupport {
+
 /** An audio input as the script sees it; implemented by the plugin. */
 class ScriptedCapture
 {
@@ -81,3 +83,5 @@ private:
     bool m_locked = false;      // the backend is calling a sink
     bool m_backendGone = false; // the process is ending
 };
+
+} // namespace testsupport

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace testsupport {
+
 ScriptedDeviceInfo::ScriptedDeviceInfo(const QByteArray &device)
     : m_device(device)
 {
@@ -59,3 +61,5 @@ QList<QAudioFormat::SampleType> ScriptedDeviceInfo::supportedSampleTypes()
 {
     return {QAudioFormat::SignedInt};
 }
+
+} // namespace testsupport

@@ -2,6 +2,8 @@
 
 #include <QAudioSystemPlugin>
 
+namespace testsupport {
+
 /** What a scripted device can do at this moment; nothing any more when it has been unplugged. */
 class ScriptedDeviceInfo : public QAbstractAudioDeviceInfo
 {
@@ -23,3 +25,5 @@ public:
 private:
     const QByteArray m_device;
 };
+
+} // namespace testsupport

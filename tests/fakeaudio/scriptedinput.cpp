@@ -1,5 +1,7 @@
 #include "tests/fakeaudio/scriptedinput.h"
 
+namespace testsupport {
+
 ScriptedInput::ScriptedInput(const QByteArray &device)
     : m_device(device)
 {
@@ -122,3 +124,5 @@ void ScriptedInput::setState(QAudio::State state)
     m_state = state;
     Q_EMIT stateChanged(state);
 }
+
+} // namespace testsupport

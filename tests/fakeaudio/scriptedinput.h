@@ -4,6 +4,8 @@
 
 #include <QAudioSystemPlugin>
 
+namespace testsupport {
+
 /** An audio input that hears what the script lets it hear. */
 class ScriptedInput : public QAbstractAudioInput, public ScriptedCapture
 {
@@ -46,3 +48,5 @@ private:
     QIODevice *m_sink = nullptr;
     QAudio::State m_state = QAudio::StoppedState;
 };
+
+} // namespace testsupport

@@ -14,6 +14,7 @@
 
 using testsupport::flushDeferredDeletes;
 using testsupport::ServiceProcess;
+using testsupport::VoicePage;
 using zcc::widgets::SettingsGroup;
 using zcc::widgets::SettingsItem;
 using Ztk::Gui::ZGuiApplicationHelper;

@@ -6,6 +6,8 @@
 #include <QTest>
 #include <QTextStream>
 
+namespace testsupport {
+
 /**
  * Runs each test function of a class in a process of its own, for tests of objects that a process
  * has once. Called with the name of a function, the program runs just that one.
@@ -46,6 +48,8 @@ inline int runIsolated(QObject *test, int argc, char **argv)
     return failed.isEmpty() && run > 0 ? 0 : 1;
 }
 
+} // namespace testsupport
+
 /** main() of a test whose functions each get a process; before any of them, PREPARE is run. */
 #define ISOLATED_TEST_MAIN(Application, TestClass, PREPARE)                                        \
     int main(int argc, char **argv)                                                                \
@@ -53,5 +57,5 @@ inline int runIsolated(QObject *test, int argc, char **argv)
         Application app(argc, argv);                                                               \
         PREPARE;                                                                                   \
         TestClass test;                                                                            \
-        return runIsolated(&test, argc, argv);                                                     \
+        return testsupport::runIsolated(&test, argc, argv);                                        \
     }

@@ -1,28 +1,23 @@
 #include "tests/support/spokenrecording.h"
 
+#include "sandbox/services/aiservice/wavfile.h"
+
 #include <QDebug>
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtEndian>
 
+namespace testsupport {
+
+namespace WavFile = sandbox::WavFile;
+
 namespace SpokenRecording {
-
-namespace {
-
-constexpr int samplesPerSecond = 16000;
-constexpr int headerBytes = 44;
-
-} // namespace
 
 QVector<qint16> read(const QString &file)
 {
-    QFile wav(file);
-    if (!wav.open(QIODevice::ReadOnly)) {
-        qWarning("%s: %s", qPrintable(file), qPrintable(wav.errorString()));
-        return {};
-    }
-    const QByteArray audio = wav.readAll().mid(headerBytes);
+    const QByteArray audio = WavFile::audio(file);
+    if (audio.isEmpty())
+        qWarning("%s: no sound", qPrintable(file));
     QVector<qint16> samples(audio.size() / int(sizeof(qint16)));
     qFromLittleEndian<qint16>(audio.constData(), samples.size(), samples.data());
     return samples;
@@ -47,7 +42,9 @@ QVector<qint16> make(const QString &kind, const Speaker &speaker, const QString 
         qWarning("no recording of kind \"%s\" could be made", qPrintable(kind));
         return {};
     }
-    return read(file).mid(0, int(seconds * samplesPerSecond));
+    return read(file).mid(0, int(seconds * WavFile::samplesPerSecond));
 }
 
 } // namespace SpokenRecording
+
+} // namespace testsupport

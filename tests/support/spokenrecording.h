@@ -3,6 +3,8 @@
 #include <QStringList>
 #include <QVector>
 
+namespace testsupport {
+
 /** Recordings for tests, made on the spot by sandbox/microphone/recording: 16000 Hz, mono. */
 namespace SpokenRecording {
 
@@ -18,7 +20,9 @@ struct Speaker
 QVector<qint16> make(const QString &kind, const Speaker &speaker = Speaker(),
                      const QString &text = QString(), double seconds = 10.0);
 
-/** The samples of a WAV file that has a header of 44 bytes; empty when it cannot be read. */
+/** The samples of a WAV file of the sandbox; empty, with a warning, when it cannot be read. */
 QVector<qint16> read(const QString &file);
 
 } // namespace SpokenRecording
+
+} // namespace testsupport

@@ -8,6 +8,8 @@
 // Qt's table of hooks for tools that watch the objects of a process (layout: QtCore's qhooks).
 extern Q_CORE_EXPORT quintptr qtHookData[];
 
+namespace testsupport {
+
 /**
  * Finds the timers that are created while it lives, parentless ones included, so that tests look at
  * them and let them tick without waiting. Counts all objects on the way. One at a time.
@@ -93,3 +95,5 @@ private:
     quintptr m_previousAdd = 0;
     quintptr m_previousRemove = 0;
 };
+
+} // namespace testsupport

@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
+namespace testsupport {
+
 /** A shown assistant page, and its voice test panel as a user sees it. */
 class VoicePage
 {
@@ -102,3 +104,5 @@ public:
 private:
     QPointer<AssistantSettingWidget> m_page;
 };
+
+} // namespace testsupport

@@ -7,6 +7,7 @@
 #include <cmath>
 
 using namespace sandbox;
+namespace SpokenRecording = testsupport::SpokenRecording;
 
 Q_DECLARE_METATYPE(sandbox::QualityFigures)
 Q_DECLARE_METATYPE(sandbox::QualityVerdict)

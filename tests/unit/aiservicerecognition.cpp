@@ -8,6 +8,7 @@
 #include <QtTest>
 
 using namespace sandbox;
+namespace SpokenRecording = testsupport::SpokenRecording;
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include "sandbox/services/aiservice/pcmreader.h"
 #include "sandbox/services/aiservice/phrasefilter.h"
 #include "sandbox/services/aiservice/phrasemodel.h"
-#include "sandbox/services/aiservice/wavwriter.h"
+#include "sandbox/services/aiservice/wavfile.h"
 #include "tests/support/testprogram.h"
 
 #include <QtTest>

@@ -14,6 +14,8 @@
 #include <cmath>
 #include <limits>
 
+using testsupport::TimerTracker;
+
 namespace {
 
 constexpr int frameMs = 15;

@@ -1,6 +1,6 @@
 #include "sandbox/services/aiservice/session.h"
 
-#include "sandbox/services/aiservice/wavwriter.h"
+#include "sandbox/services/aiservice/wavfile.h"
 
 namespace sandbox {
 

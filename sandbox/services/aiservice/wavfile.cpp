@@ -1,4 +1,4 @@
-#include "sandbox/services/aiservice/wavwriter.h"
+#include "sandbox/services/aiservice/wavfile.h"
 
 #include <QDataStream>
 #include <QDir>
@@ -8,10 +8,10 @@ namespace sandbox {
 
 namespace {
 
-constexpr quint32 samplesPerSecond = 16000;
+using namespace WavFile;
+
 constexpr quint16 channels = 1;
 constexpr quint16 bytesPerFrame = 2;
-constexpr quint32 headerBytes = 44;
 
 QByteArray header(quint32 audioBytes)
 {
@@ -19,9 +19,9 @@ QByteArray header(quint32 audioBytes)
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream.setByteOrder(QDataStream::LittleEndian);
     stream.writeRawData("RIFF", 4);
-    stream << quint32(headerBytes - 8 + audioBytes);
+    stream << quint32(headerBytes - 8) + audioBytes;
     stream.writeRawData("WAVEfmt ", 8);
-    stream << quint32(16) << quint16(1) << channels << samplesPerSecond
+    stream << quint32(16) << quint16(1) << channels << quint32(samplesPerSecond)
            << quint32(samplesPerSecond * bytesPerFrame) << bytesPerFrame << quint16(16);
     stream.writeRawData("data", 4);
     stream << audioBytes;
