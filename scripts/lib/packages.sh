@@ -16,7 +16,7 @@ packages_run="
 packages_test="
     binutils iproute2 network-manager procps
     at-spi2-core python3-pyatspi openbox xauth xdotool xvfb
-    clang-format-16 clang-tidy shellcheck"
+    clang-format-16 clang-tidy cmake-format flake8 shellcheck"
 
 # Installs what is missing of the packages in the named lists ("build", "run", "test"). Fails with 3 when
 # that is not possible.
