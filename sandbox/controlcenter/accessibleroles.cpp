@@ -8,7 +8,7 @@
 namespace controlcenter {
 namespace {
 
-/** One text, read in one go, without the arrow between its parts. */
+// One text, read in one go, without the arrow between its parts.
 class BreadcrumbAccessible : public QAccessibleWidget
 {
 public:

@@ -15,10 +15,10 @@ using Ztk::Gui::ZGuiApplicationHelper;
 namespace controlcenter {
 namespace {
 
-/** The size that the toolkit's measures are made for: 14 px on a usual display. */
+// The size that the toolkit's measures are made for: 14 px on a usual display.
 constexpr double usualFontSize = 10.5; // points
 
-/** Whether there is a desktop whose settings name a font. */
+// Whether there is a desktop whose settings name a font.
 bool desktopHasFont()
 {
     return QGuiApplication::platformName() != QLatin1String("offscreen") &&
@@ -33,10 +33,8 @@ void installTranslator()
         QCoreApplication::installTranslator(translator);
 }
 
-/**
- * The direction is the translation of a text of Qt's own, and nothing else will do: Qt looks it up
- * again whenever a translator is installed, as modules do, and then forgets what was set.
- */
+// The direction is the translation of a text of Qt's own, and nothing else will do: Qt looks it up
+// again whenever a translator is installed, as modules do, and then forgets what was set.
 Qt::LayoutDirection translatedDirection()
 {
     return QCoreApplication::translate("QGuiApplication", "QT_LAYOUT_DIRECTION") ==

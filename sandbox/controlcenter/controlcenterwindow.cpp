@@ -37,12 +37,12 @@ constexpr QSize usualSize(1100, 720);
 constexpr QSize leastContent(652, 480); // beside the side bar and below the heading
 constexpr int headerHeight = 60;        // px
 
-/** Internal names of the window's own entries. */
+// Internal names of the window's own entries.
 const QLatin1String keyboardEntry("keyboard");
 const QLatin1String shortcutsEntry("shortcuts");
 const QLatin1String servicesEntry("services");
 
-/** Larger texts get a larger window, as far as the screen has room for it. */
+// Larger texts get a larger window, as far as the screen has room for it.
 QSize initialSize()
 {
     constexpr double usualTextSize = 14; // px
@@ -52,7 +52,7 @@ QSize initialSize()
         .expandedTo(usualSize);
 }
 
-/** The window's leading column, a shade away from the page and as wide as its contents need. */
+// The window's leading column, a shade away from the page and as wide as its contents need.
 class SideBar : public QWidget
 {
 public:
@@ -270,7 +270,7 @@ QWidget *ControlCenterWindow::buildKeyboardPage()
     return page;
 }
 
-/** Titled as the module's pages of the same features are. */
+// Titled as the module's pages of the same features are.
 QVector<ShortcutsPage::Shortcut> ControlCenterWindow::assistantShortcuts() const
 {
     QVector<ShortcutsPage::Shortcut> shortcuts;

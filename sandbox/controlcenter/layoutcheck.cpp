@@ -37,13 +37,13 @@ QString describe(const QWidget *widget, const QString &text = QString())
         .arg(QString::fromLatin1(widget->metaObject()->className()), name);
 }
 
-/** The size of @p text in at most @p width pixels; a word that is wider makes it wider. */
+// The size of a text that may be this many pixels wide; a wider word makes it wider.
 QSize textSize(const QFont &font, const QString &text, int width, int flags)
 {
     return QFontMetrics(font).boundingRect(QRect(0, 0, width, tallEnough), flags, text).size();
 }
 
-/** Where a label draws its text. */
+// Where a label draws its text.
 QRect textRoom(const QLabel *label)
 {
     const int margin = label->margin();
@@ -233,7 +233,7 @@ void Check::checkTarget(const QWidget *widget)
         fail(widget, QStringLiteral("a target %1 px high").arg(target->height()));
 }
 
-/** From the row's edge to that of @p rect in @p of, on the leading or the trailing side. */
+// From the row's edge to that of a part of one of its widgets, on one of its two sides.
 int Check::distance(const SettingsItem *row, const QWidget *of, const QRect &rect,
                     bool leading) const
 {

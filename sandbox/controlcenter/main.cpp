@@ -18,11 +18,11 @@ using namespace controlcenter;
 
 namespace {
 
-/** Exit codes; 0 is success. */
+// Exit codes; 0 is success.
 enum ExitCode {
     TourFailed = 1,
     WrongUsage = 2,
-    Unavailable = 3, ///< the module, the display or a file
+    Unavailable = 3, // the module, the display or a file
 };
 
 int reportError(const QString &text, ExitCode code)
@@ -33,8 +33,8 @@ int reportError(const QString &text, ExitCode code)
 
 QtMessageHandler usualHandler = nullptr;
 
-/** While the application object is made: Qt aborts where it cannot show windows, without one
- * sentence that says why. */
+// While the application object is made: Qt aborts where it cannot show windows, without one
+// sentence that says why.
 void reportQtFailure(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     static QStringList reasons;
@@ -51,7 +51,7 @@ void reportQtFailure(QtMsgType type, const QMessageLogContext &context, const QS
     _exit(Unavailable);
 }
 
-/** Never closed: messages come from any thread, to the very end. */
+// Never closed: messages come from any thread, to the very end.
 FILE *logFile = nullptr;
 
 void writeToLog(QtMsgType type, const QMessageLogContext &context, const QString &text)
@@ -60,7 +60,7 @@ void writeToLog(QtMsgType type, const QMessageLogContext &context, const QString
     std::fflush(logFile);
 }
 
-/** The exit code of a tour of @p window. */
+// Returns the exit code.
 int runTour(ControlCenterWindow *window, const Options &options)
 {
     TourSteps steps;

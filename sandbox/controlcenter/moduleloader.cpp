@@ -8,7 +8,7 @@
 namespace controlcenter {
 namespace {
 
-/** Major number of the module interface's "api" that this window drives. */
+// Major number of the module interface's "api" that this window drives.
 constexpr int apiMajor = 1;
 
 LoadedModule failure(const QString &text)

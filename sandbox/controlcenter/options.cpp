@@ -5,7 +5,7 @@
 namespace controlcenter {
 namespace {
 
-/** The locales whose texts the module has. */
+// The locales whose texts the module has.
 const QStringList &locales()
 {
     static const QStringList all = {QStringLiteral("zh_CN"), QStringLiteral("zh_HK"),
@@ -15,7 +15,7 @@ const QStringList &locales()
     return all;
 }
 
-/** What is wrong with the number @p value; empty when it lies between @p least and @p most. */
+// What is wrong with a number; empty when it is in its range.
 QString outOfRange(const QString &what, double value, double least, double most)
 {
     return value >= least && value <= most // and not "nan"
@@ -26,7 +26,7 @@ QString outOfRange(const QString &what, double value, double least, double most)
                      .arg(most);
 }
 
-/** The options of the command line, described once for parsing and for the help. */
+// The options of the command line, described once for parsing and for the help.
 struct CommandLine
 {
     QCommandLineOption plugin{QStringLiteral("plugin"), QStringLiteral("The module's file."),

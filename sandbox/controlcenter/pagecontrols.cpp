@@ -14,7 +14,7 @@ bool isControl(QWidget *widget)
            (isControlRole(accessible->role()) || widget->focusPolicy() & Qt::TabFocus);
 }
 
-/** A combo box shows its list and its line edit as children; the user operates the box. */
+// A combo box shows its list and its line edit as children; the user operates the box.
 bool isPartOfControl(const QWidget *widget, const QWidget *page)
 {
     for (QWidget *above = widget->parentWidget(); above && above != page;

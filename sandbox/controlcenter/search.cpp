@@ -17,7 +17,7 @@ QString ownName(const SearchEntry &entry)
     return entry.item.isEmpty() ? entry.page : entry.item;
 }
 
-/** 0 is the best match; see findEntries(). */
+// 0 is the best match; see findEntries().
 int rank(const SearchEntry &entry, const QString &text)
 {
     const QString name = ownName(entry);

@@ -36,14 +36,14 @@ QFont whereFont(const QFont &base)
     return ZFontSizeManager::instance()->get(ZFontSizeManager::T8, base);
 }
 
-/** The height of the line as it is drawn: some scripts need more than the font's usual height. */
+// The height of the line as it is drawn: some scripts need more than the font's usual height.
 int lineHeight(const QFont &font, const QString &text)
 {
     const QFontMetrics metrics(font);
     return qMax(metrics.height(), metrics.boundingRect(QRect(), Qt::TextSingleLine, text).height());
 }
 
-/** Draws one search result: the setting's name, and below it where it is. */
+// Draws one search result: the setting's name, and below it where it is.
 class SearchResultDelegate : public QStyledItemDelegate
 {
 public:

@@ -65,7 +65,7 @@ private Q_SLOTS:
     void theVoiceTestKeepsItsHeight();
 
 private:
-    void speak(const QString &locale, double textSize);
+    void useLocale(const QString &locale, double textSize);
     void open(const QSize &size);
     QString problems(const QString &where) const;
     QAbstractButton *link() const;
@@ -103,7 +103,7 @@ void LooksTest::cleanup()
 }
 
 /** Texts of @p locale from now on; "long" is made up. */
-void LooksTest::speak(const QString &locale, double textSize)
+void LooksTest::useLocale(const QString &locale, double textSize)
 {
     const QString language =
         locale.startsWith(QLatin1String("zh")) ? locale : locale.section(QLatin1Char('_'), 0, 0);
@@ -209,7 +209,7 @@ void LooksTest::nothingIsCutOffOrLiesOverAnother()
     QFETCH(QString, locale);
     QFETCH(double, textSize);
     QFETCH(QSize, windowSize);
-    speak(locale, textSize);
+    useLocale(locale, textSize);
     open(windowSize);
 
     QString all;
@@ -233,7 +233,7 @@ void LooksTest::nothingIsCutOffOrLiesOverAnother()
 /** Or what is below it would jump. */
 void LooksTest::theVoiceTestKeepsItsHeight()
 {
-    speak(QStringLiteral("en"), usualText);
+    useLocale(QStringLiteral("en"), usualText);
     open(QSize(1100, 720));
     m_window->openPage(assistantPage);
     testsupport::flushDeferredDeletes();

@@ -11,7 +11,7 @@
 namespace controlcenter {
 namespace {
 
-/** Calls @p then with the reply to @p call, unless @p owner is gone by then. */
+// Calls a function with the reply to a call, unless the owner is gone when it comes.
 template <typename Then>
 void whenAnswered(const QDBusPendingCall &call, QObject *owner, Then then)
 {

@@ -7,7 +7,7 @@ namespace {
 
 constexpr int lastFunctionKey = 24;
 
-/** X keysym names of keys that are not named by the character on them. */
+// X keysym names of keys that are not named by the character on them.
 const QHash<int, QString> &keyNames()
 {
     static const QHash<int, QString> names = {

@@ -84,7 +84,7 @@ void KeyGrabber::cancel()
     Q_EMIT cancelled();
 }
 
-/** For events that widgets have yet to handle, or that come while they are being destroyed. */
+// For events that widgets have yet to handle, or that come while they are being destroyed.
 void KeyGrabber::cancelLater()
 {
     QTimer::singleShot(0, this, &KeyGrabber::cancel);

@@ -108,7 +108,7 @@ ShortcutsPage::Line *ShortcutsPage::line(const QString &id)
     return found == m_lines.end() ? nullptr : &*found;
 }
 
-/** A new shortcut ends a row's edit mode, the page's goes on, and the focus stays where it was. */
+// A new shortcut ends a row's edit mode, the page's goes on, and the focus stays where it was.
 void ShortcutsPage::showLine(const Line &line)
 {
     // The window's focus, which it keeps while another window is in use.
@@ -128,7 +128,7 @@ void ShortcutsPage::setEditMode(bool on)
         line.row->onEditMode(on);
 }
 
-/** Shows @p text, and has screen readers read it out. */
+// Shows a text, and has screen readers read it out.
 void ShortcutsPage::announce(const QString &text)
 {
     m_message->setText(text);

@@ -18,7 +18,7 @@ namespace {
 struct DrawnIcon
 {
     QString name;
-    int side; ///< px at usual scale: that of the icon's file
+    int side; // px at usual scale: that of the icon's file
 };
 
 const QVector<DrawnIcon> &drawnIcons()
@@ -34,7 +34,7 @@ const QVector<DrawnIcon> &drawnIcons()
     return all;
 }
 
-/** Covers the window with one row of icons for each scale, each in a column of its own. */
+// Covers the window with one row of icons for each scale, each in a column of its own.
 class IconSheet : public QWidget
 {
 public:

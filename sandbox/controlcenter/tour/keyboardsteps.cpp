@@ -17,7 +17,7 @@ QString describe(QWidget *widget)
     return name.isEmpty() ? QString::fromLatin1(widget->metaObject()->className()) : name;
 }
 
-/** The window's picture inside @p widget and a little around it, where a focus frame may stand. */
+// The window's picture inside a widget and a little around it, where a focus frame may be.
 QImage around(const QImage &window, const QWidget *widget)
 {
     constexpr int frame = 4; // px
@@ -27,7 +27,7 @@ QImage around(const QImage &window, const QWidget *widget)
     return window.copy(QRect(wide.topLeft() * scale, wide.size() * scale));
 }
 
-/** Presses @p key until the search field has the focus again, collecting the stops on the way. */
+// Presses a key until the search field has the focus again, collecting the stops on the way.
 QString goRound(TourDriver &driver, int key, Qt::KeyboardModifiers modifiers,
                 QVector<QWidget *> *stops)
 {
@@ -48,7 +48,7 @@ QString goRound(TourDriver &driver, int key, Qt::KeyboardModifiers modifiers,
     return unseen;
 }
 
-/** Goes from the search field to all of @p controls and back; what is on the way must be seen. */
+// Goes from the search field to all of the controls and back; each stop must be seen.
 QString walk(TourDriver &driver, const QVector<QWidget *> &controls)
 {
     if (controls.isEmpty())
@@ -83,7 +83,7 @@ TourStep walkStep(const QString &page)
             QString()};
 }
 
-/** The same for a page of the window's own, which @p open shows. */
+// The same for a page of the window's own.
 TourStep walkOwnStep(const QString &page, void (ControlCenterWindow::*open)())
 {
     return {QStringLiteral("reach every control of '%1' by keyboard").arg(page),

@@ -5,7 +5,7 @@
 namespace controlcenter {
 namespace {
 
-/** "Speech to Text" becomes "speech-to-text". */
+// "Speech to Text" becomes "speech-to-text".
 QString fileName(const QString &page)
 {
     return page.toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
@@ -22,7 +22,7 @@ TourStep openPageStep(const QString &page, bool dark)
             fileName(page) + '-' + theme};
 }
 
-/** What does not fit must be reachable by scrolling, never cut off. */
+// What does not fit must be reachable by scrolling, never cut off.
 TourStep smallWindowStep(const QString &page)
 {
     return {QStringLiteral("scroll '%1' in the smallest window").arg(page),

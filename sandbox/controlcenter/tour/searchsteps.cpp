@@ -40,7 +40,7 @@ TourStep acceptStep(const QString &title)
             QStringLiteral("search-opened")};
 }
 
-/** A result that is a setting leads to its control. */
+// A result that is a setting leads to its control.
 TourStep settingStep(const SearchEntry &setting)
 {
     return {QStringLiteral("search for '%1' of '%2' and open it").arg(setting.item, setting.page),

@@ -15,7 +15,7 @@ namespace {
 
 const QString key = QStringLiteral("iat.enabled");
 
-/** Whether the page of services shows the switch's value as @p on. */
+// Whether the page of services shows this value of the switch.
 bool shows(const TourDriver &driver, bool on)
 {
     const QString wanted = key + (on ? QStringLiteral(": true") : QStringLiteral(": false"));

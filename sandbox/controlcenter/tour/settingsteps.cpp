@@ -10,15 +10,15 @@
 namespace controlcenter {
 namespace {
 
-/** A control of the module, and where a service keeps its setting. */
+// A control of the module, and where a service keeps its setting.
 struct Setting
 {
     QLatin1String page;
     QAccessible::Role role;
-    int index;             ///< among the page's controls of this role, in tab order
-    QLatin1String service; ///< short name
-    QLatin1String key;     ///< of the service's state
-    bool inverted = false; ///< the service keeps the opposite
+    int index;             // among the page's controls of this role, in tab order
+    QLatin1String service; // short name
+    QLatin1String key;     // of the service's state
+    bool inverted = false; // the service keeps the opposite
 };
 
 const QLatin1String assistant("assistant");
@@ -62,7 +62,7 @@ bool isChecked(const QWidget *box)
     return QAccessible::queryAccessibleInterface(const_cast<QWidget *>(box))->state().checked;
 }
 
-/** Flips @p setting once; empty when window, service and a fresh page agree on the new state. */
+// Flips a switch once; empty when window, service and a fresh page agree on the new state.
 QString flip(TourDriver &driver, const Setting &setting)
 {
     QString problem = driver.openPage(setting.page);
@@ -94,7 +94,7 @@ QString flip(TourDriver &driver, const Setting &setting)
     return QString();
 }
 
-/** Chooses the entry below, or above the last one, and checks it; then the one before again. */
+// Chooses the entry below, or above the last one, and checks it; then the one before again.
 QString choose(TourDriver &driver, const Setting &setting)
 {
     QString problem = driver.openPage(setting.page);
@@ -145,7 +145,7 @@ TourSteps flipAndFlipBack(const Setting &setting, const TourSteps &between = {})
            TourSteps{{title + QStringLiteral(" back"), run, QString()}};
 }
 
-/** Another program changes the state; the open page must follow. */
+// Another program changes the state; the open page must follow.
 TourStep followStep(const Setting &setting)
 {
     return {QStringLiteral("see %1 of '%2' follow a change from outside")

@@ -18,15 +18,15 @@
 namespace controlcenter {
 namespace {
 
-/** Far from any default, so that it is free. */
+// Far from any default, so that it is free.
 constexpr Qt::Key newKey = Qt::Key_F11;
 const QString newKeyText = QStringLiteral("Ctrl+Alt+F11");
 
-/** The shortcuts before the tour, by identifier. */
+// The shortcuts before the tour, by identifier.
 struct SavedShortcuts
 {
-    QMap<QString, QString> accelerators; ///< in the service
-    QMap<QString, QString> shown;        ///< on the page
+    QMap<QString, QString> accelerators; // in the service
+    QMap<QString, QString> shown;        // on the page
 };
 
 ShortcutItem *row(TourDriver &driver, const QString &id)
@@ -34,7 +34,7 @@ ShortcutItem *row(TourDriver &driver, const QString &id)
     return driver.window()->shortcutsPage()->row(id);
 }
 
-/** Waits until the row says that its shortcut is @p text. */
+// Waits until the row shows the text as its shortcut.
 QString waitForShortcut(TourDriver &driver, const QString &id, const QString &text)
 {
     const ShortcutItem *shown = row(driver, id);

@@ -12,7 +12,7 @@
 namespace controlcenter {
 namespace {
 
-/** The list of the pictures, as sha256sum writes and checks it. */
+// The list of the pictures, as sha256sum writes and checks it.
 const QLatin1String listName(".assistant-tour");
 
 QByteArray checksum(const QByteArray &bytes)
@@ -20,7 +20,7 @@ QByteArray checksum(const QByteArray &bytes)
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
 }
 
-/** The names of the pictures of @p steps, in their order; empty for a step without a picture. */
+// The pictures' names in the order of the steps; empty for a step without a picture.
 QStringList pictureNames(const TourSteps &steps)
 {
     QStringList names;

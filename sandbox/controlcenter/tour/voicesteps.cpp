@@ -1,13 +1,15 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/modulepages.h"
-#include "sandbox/controlcenter/tour/microphone.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
 #include "sandbox/controlcenter/tour/toursections.h"
 #include "sandbox/services/control/servicecontrol.h"
 
 #include <QCoreApplication>
 #include <QDBusObjectPath>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
+#include <QProcess>
 #include <QTest>
 #include <QWindow>
 
@@ -16,22 +18,57 @@
 namespace controlcenter {
 namespace {
 
-/** A test takes ten seconds; this is what a slow machine may add. */
+// A test takes ten seconds; this is what a slow machine may add.
 constexpr int longestTest = 25000; // ms
 
-/** How soon the panel must follow an action that waits for nothing. */
+// How soon the panel must follow an action that waits for nothing.
 constexpr int longestReaction = 5000; // ms
 
-/** A pause between two words. */
+// A pause between two words.
 constexpr int longestPause = 1500; // ms
 
-/** Above the focus ring, in pixels; a silent room gives 2. */
+// Above the focus ring, in pixels; a silent room gives 2.
 constexpr int clearlyRisen = 4;
 
 constexpr uint networkConnected = 70; // states of the network manager's interface
 constexpr uint networkDisconnected = 20;
 
-/** The page's text for @p source in the window's language. */
+// A file of the sandbox's virtual microphone, whose folder SANDBOX_MICROPHONE names in the
+// environment; empty without one.
+QString microphoneFile(const QString &name)
+{
+    const QString folder = qEnvironmentVariable("SANDBOX_MICROPHONE");
+    return folder.isEmpty() ? QString() : QDir(folder).filePath(name);
+}
+
+// The file that says what the next program that records hears.
+QString soundFile()
+{
+    return microphoneFile(QStringLiteral("kind"));
+}
+
+// Whether a virtual microphone is running; the tour must never record real people.
+bool isMicrophoneVirtual()
+{
+    return QFile::exists(soundFile());
+}
+
+// One of "speech", "noise", "loud", "quiet" and "silence". False when that fails.
+bool chooseSound(const QString &kind)
+{
+    QFile file(soundFile());
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
+           file.write(kind.toLatin1() + '\n') > 0;
+}
+
+// Plugs the microphone in or out. False when that fails.
+bool plugMicrophone(bool in)
+{
+    return QProcess::execute(microphoneFile(QStringLiteral("plug")),
+                             {in ? QStringLiteral("in") : QStringLiteral("out")}) == 0;
+}
+
+// The page's text in the window's language.
 QString translated(const char *source)
 {
     return QCoreApplication::translate("AssistantSettingWidget", source);
@@ -61,7 +98,7 @@ QWidget *againLink(const TourDriver &driver)
     return driver.control(translated("Click here to test again"));
 }
 
-/** Opens the page afresh and presses its link. */
+// Opens the page afresh and presses its link.
 QString pressLink(TourDriver &driver)
 {
     QString problem = driver.openPage(modulepages::assistant);
@@ -78,9 +115,9 @@ QString pressLink(TourDriver &driver)
 
 QString startTest(TourDriver &driver, const QString &microphone)
 {
-    if (!Microphone::isVirtual())
+    if (!isMicrophoneVirtual())
         return QStringLiteral("no virtual microphone is running");
-    if (!Microphone::choose(microphone))
+    if (!chooseSound(microphone))
         return QStringLiteral("the microphone's sound cannot be chosen");
     QString problem = pressLink(driver);
     if (!problem.isEmpty())
@@ -106,7 +143,7 @@ QString awaitVerdict(TourDriver &driver, const QString &verdict, int millisecond
         .arg(verdict, texts.join(QStringLiteral(" | ")));
 }
 
-/** Words of the phrase that the user is asked to say; a recogniser may miss some of them. */
+// Words of the phrase that the user is asked to say; a recogniser may miss some of them.
 bool wordsRecognised(const TourDriver &driver)
 {
     const QStringList words = {QStringLiteral("预约"), QStringLiteral("明天"),
@@ -124,7 +161,7 @@ bool wordsRecognised(const TourDriver &driver)
     return false;
 }
 
-/** The theme changes while the wave runs; the test goes on. */
+// The theme changes while the wave runs; the test goes on.
 TourStep darkStep()
 {
     return {QStringLiteral("voice test, a voice: the theme changes while it runs"),
@@ -135,10 +172,8 @@ TourStep darkStep()
             QStringLiteral("voice-running-dark")};
 }
 
-/**
- * How far the coloured wave rises above the focus ring in the window's picture, in pixels; 0 when
- * there is none.
- */
+// How far the coloured wave rises above the focus ring in the window's picture, in pixels; 0 when
+// there is none.
 int waveHeight(TourDriver &driver)
 {
     constexpr int focusRing = 6;        // px, inside the widget
@@ -228,12 +263,12 @@ TourStep unpluggedStep()
 {
     return {QStringLiteral("voice test, no microphone"),
             [](TourDriver &driver) {
-                if (!Microphone::isVirtual() || !Microphone::plug(false))
+                if (!isMicrophoneVirtual() || !plugMicrophone(false))
                     return QStringLiteral("the microphone cannot be unplugged");
                 QString problem = startTest(driver, QStringLiteral("silence"));
                 if (problem.isEmpty())
                     problem = awaitVerdict(driver, translated("No sound recorded"), longestTest);
-                if (!Microphone::plug(true))
+                if (!plugMicrophone(true))
                     return QStringLiteral("the microphone cannot be plugged in again");
                 return problem;
             },
