@@ -84,4 +84,9 @@ private:
     bool m_backendGone = false; // the process is ending
 };
 
+inline ScriptedAudio &audio()
+{
+    return ScriptedAudio::instance();
+}
+
 } // namespace testsupport

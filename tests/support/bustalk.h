@@ -5,6 +5,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
+#include <QDBusReply>
 #include <QEventLoop>
 
 namespace testsupport {
@@ -46,6 +47,18 @@ inline bool everythingArrivedFrom(const QString &service)
             return false;
     QCoreApplication::processEvents();
     return true;
+}
+
+/** How many match rules the session bus keeps for this process, as it counts them; -1 when not. */
+inline int matchRules()
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus.Debug.Stats"), QStringLiteral("GetConnectionStats"));
+    call << bus.baseService();
+    const QDBusReply<QVariantMap> stats = bus.call(call);
+    return stats.value().value(QStringLiteral("MatchRules"), -1).toInt();
 }
 
 } // namespace testsupport
