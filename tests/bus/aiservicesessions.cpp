@@ -1,170 +1,21 @@
+#include "tests/bus/aiserviceclient.h"
 #include "tests/support/serviceprocess.h"
-#include "tests/support/spokenrecording.h"
+#include "tests/support/testprogram.h"
 
-#include <QDBusConnection>
 #include <QDBusError>
-#include <QDBusMessage>
-#include <QDBusObjectPath>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QtTest>
-
-#include <unistd.h>
 
 #include <memory>
 
-using testsupport::ServiceProcess;
-namespace SpokenRecording = testsupport::SpokenRecording;
+using namespace testsupport;
 
 namespace {
 
-const QString service = QStringLiteral("com.corvane.aiservice");
 const QString sessionsKey = QStringLiteral("sessions");
-
-QByteArray bytes(const QVector<qint16> &samples)
-{
-    return QByteArray(reinterpret_cast<const char *>(samples.constData()),
-                      samples.size() * int(sizeof(qint16)));
-}
-
-/** The phrase and a pause after it, 8 s. */
-QByteArray spokenPhrase()
-{
-    return bytes(SpokenRecording::make(QStringLiteral("speech"), {}, QString(), 8.0));
-}
-
-QJsonObject parsed(const QString &text)
-{
-    return QJsonDocument::fromJson(text.toUtf8()).object();
-}
-
-/** Memory that the process really takes; 0 when that cannot be read. */
-qint64 residentBytes(qint64 process)
-{
-    QFile file(QStringLiteral("/proc/%1/statm").arg(process));
-    return file.open(QIODevice::ReadOnly)
-               ? file.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE)
-               : 0;
-}
-
-/** The words of a recognition result, joined. */
-QString wordsOf(const QString &result)
-{
-    const QJsonObject text = parsed(parsed(result).value(QStringLiteral("text")).toString());
-    QString words;
-    const QJsonArray places = text.value(QStringLiteral("ws")).toArray();
-    for (const QJsonValue &place : places) {
-        const QJsonValue candidate = place.toObject().value(QStringLiteral("cw")).toArray().at(0);
-        words += candidate.toObject().value(QStringLiteral("w")).toString();
-    }
-    return words;
-}
 
 } // namespace
 
-/** A program on the bus that uses the AI service, over a connection of its own. */
-class Client : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit Client(const QString &name)
-        : m_name(name)
-        , m_bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name))
-    {
-    }
-    ~Client() override { QDBusConnection::disconnectFromBus(m_name); }
-
-    QDBusMessage call(const QString &path, const QString &interface, const QString &member,
-                      const QVariantList &arguments = {})
-    {
-        QDBusMessage message = QDBusMessage::createMethodCall(
-            service, path, service + QLatin1Char('.') + interface, member);
-        message.setArguments(arguments);
-        return m_bus.call(message);
-    }
-
-    QDBusMessage create(const QString &ability, const QString &application = applicationName())
-    {
-        return call(QStringLiteral("/"), QStringLiteral("session"), QStringLiteral("createSession"),
-                    {application, ability});
-    }
-
-    /** The path of a new session; empty when it is refused. */
-    QString open(const QString &ability, const QString &application = applicationName())
-    {
-        const QDBusMessage reply = create(ability, application);
-        return reply.arguments().value(1) == 0
-                   ? reply.arguments().first().value<QDBusObjectPath>().path()
-                   : QString();
-    }
-
-    int free(const QString &ability)
-    {
-        return call(QStringLiteral("/"), QStringLiteral("session"), QStringLiteral("freeSession"),
-                    {applicationName(), ability})
-            .arguments()
-            .value(0)
-            .toInt();
-    }
-
-    /** Listens to every signal from @p path, whatever its interface; see signalsOf(). */
-    bool listen(const QString &path)
-    {
-        bool connected = true;
-        for (const char *name : {"onNotify", "onResult", "onError", "onEnd"}) {
-            connected = m_bus.connect(QString(), path, QString(), QLatin1String(name), this,
-                                      SLOT(take(QDBusMessage))) &&
-                        connected;
-        }
-        return connected;
-    }
-
-    /** The first arguments of the signals @p name that have arrived. */
-    QStringList signalsOf(const QString &name) const
-    {
-        QStringList texts;
-        for (const QDBusMessage &message : m_signals)
-            if (message.member() == name)
-                texts << message.arguments().value(0).toString();
-        return texts;
-    }
-
-    void putAudio(const QString &path, const QString &interface, const QByteArray &audio,
-                  bool finish = false)
-    {
-        constexpr int blockBytes = 1600;
-        for (int begin = 0; begin < audio.size(); begin += blockBytes) {
-            const bool last = begin + blockBytes >= audio.size();
-            QDBusMessage message = QDBusMessage::createMethodCall(
-                service, path, service + QLatin1Char('.') + interface, QStringLiteral("putAudio"));
-            message << audio.mid(begin, blockBytes) << (finish && last);
-            m_bus.send(message);
-        }
-    }
-
-    /** Returns when everything that the bus had for this client has arrived. */
-    void catchUp()
-    {
-        m_bus.call(QDBusMessage::createMethodCall(
-            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
-            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId")));
-        QCoreApplication::processEvents();
-    }
-
-    static QString applicationName() { return QStringLiteral("zde-control-center"); }
-
-public Q_SLOTS:
-    void take(const QDBusMessage &message) { m_signals << message; }
-
-private:
-    QString m_name;
-    QDBusConnection m_bus;
-    QList<QDBusMessage> m_signals;
-};
-
-/** The sandbox's AI service on the bus. */
+/** The sandbox's AI service on the bus: its sessions, and its checks of quality. */
 class AiServiceSessionsTest : public QObject
 {
     Q_OBJECT
@@ -182,51 +33,27 @@ private Q_SLOTS:
     void newSessionReplacesTheOld();
     void sessionsGoWithTheirClient();
     void sessionIsItsClientsAlone();
-
     void oneVerdictPerCheck();
     void onlyAudioOfTheCheckCounts();
     void markedAudioEndsTheCheck();
-
-    void phraseIsRecognised();
-    void lastResultComesAfterFreeToo();
-    void secondRecognitionOfASession();
-    void unsupportedParameters_data();
-    void unsupportedParameters();
-    void startedTwice();
-    void missingModels();
-    void busIsNotStalled();
-    void endsWhileRecognising();
-
     void recordsWhatItHears();
-    void memoryStaysFlat();
 
 private:
-    QString startRecognition(const QString &path, const QVariantMap &parameters = {});
-
     std::unique_ptr<ServiceProcess> m_service;
-    std::unique_ptr<Client> m_client;
+    std::unique_ptr<AiServiceClient> m_client;
 };
 
 void AiServiceSessionsTest::init()
 {
     m_service = std::make_unique<ServiceProcess>(QStringLiteral("aiservice"));
     QVERIFY(m_service->start());
-    m_client = std::make_unique<Client>(QStringLiteral("client"));
+    m_client = std::make_unique<AiServiceClient>(QStringLiteral("client"));
 }
 
 void AiServiceSessionsTest::cleanup()
 {
     m_client.reset();
     m_service.reset();
-}
-
-QString AiServiceSessionsTest::startRecognition(const QString &path, const QVariantMap &parameters)
-{
-    return m_client
-        ->call(path, QStringLiteral("iat"), QStringLiteral("startIat"), {QVariant(parameters)})
-        .arguments()
-        .value(0)
-        .toString();
 }
 
 void AiServiceSessionsTest::everySessionIsAnObject()
@@ -276,7 +103,7 @@ void AiServiceSessionsTest::abilities()
 void AiServiceSessionsTest::limitOfSessions()
 {
     m_service->setValue(QStringLiteral("sessionLimit"), 2);
-    Client other(QStringLiteral("other"));
+    AiServiceClient other(QStringLiteral("other"));
     QVERIFY(!m_client->open(QStringLiteral("aqc")).isEmpty());
     QVERIFY(!m_client->open(QStringLiteral("iat")).isEmpty());
     QCOMPARE(other.create(QStringLiteral("aqc")).arguments().value(1), QVariant(3));
@@ -324,7 +151,7 @@ void AiServiceSessionsTest::sessionsGoWithTheirClient()
 {
     const QString kept = m_client->open(QStringLiteral("aqc"));
     {
-        Client other(QStringLiteral("other"));
+        AiServiceClient other(QStringLiteral("other"));
         QVERIFY(!other.open(QStringLiteral("aqc")).isEmpty());
         const QString recognition = other.open(QStringLiteral("iat"));
         other.call(recognition, QStringLiteral("iat"), QStringLiteral("startIat"),
@@ -339,7 +166,7 @@ void AiServiceSessionsTest::sessionIsItsClientsAlone()
 {
     const QString path = m_client->open(QStringLiteral("aqc"));
     QVERIFY(m_client->listen(path));
-    Client other(QStringLiteral("other"));
+    AiServiceClient other(QStringLiteral("other"));
     QVERIFY(other.listen(path));
     QCOMPARE(other.call(path, QStringLiteral("aqc"), QStringLiteral("startAqc")).errorName(),
              QDBusError::errorString(QDBusError::AccessDenied));
@@ -408,173 +235,13 @@ void AiServiceSessionsTest::markedAudioEndsTheCheck()
              QJsonValue(QStringLiteral("1000")));
 }
 
-void AiServiceSessionsTest::phraseIsRecognised()
-{
-    const QString path = m_client->open(QStringLiteral("iat"));
-    QVERIFY(m_client->listen(path));
-    // As the module sends them.
-    const QJsonObject answer = parsed(
-        startRecognition(path, {{QStringLiteral("sub"), QStringLiteral("iat")},
-                                {QStringLiteral("dwa"), QStringLiteral("wpgs")},
-                                {QStringLiteral("language"), QStringLiteral("zh_cn")},
-                                {QStringLiteral("accent"), QStringLiteral("mandarin")},
-                                {QStringLiteral("sample_rate"), QStringLiteral("16000")},
-                                {QStringLiteral("vad_eos"), 10000},
-                                {QStringLiteral("vad_bos"), 10000},
-                                {QStringLiteral("result_type"), QStringLiteral("json")},
-                                {QStringLiteral("result_encoding"), QStringLiteral("utf8")}}));
-    QCOMPARE(answer.value(QStringLiteral("status")), QJsonValue(0));
-    const QJsonValue id = answer.value(QStringLiteral("session_id"));
-    QVERIFY(!id.toString().isEmpty());
-
-    m_client->putAudio(path, QStringLiteral("iat"), spokenPhrase());
-    m_client->call(path, QStringLiteral("iat"), QStringLiteral("stopIat"));
-    QTRY_COMPARE_WITH_TIMEOUT(m_client->signalsOf(QStringLiteral("onEnd")).size(), 1, 30000);
-
-    const QStringList results = m_client->signalsOf(QStringLiteral("onResult"));
-    QVERIFY(results.size() > 3);
-    for (int i = 0; i < results.size(); ++i) {
-        const QJsonObject result = parsed(results[i]);
-        QCOMPARE(result.value(QStringLiteral("session_id")), id);
-        QCOMPARE(result.value(QStringLiteral("finish")), QJsonValue(i == results.size() - 1));
-        const QJsonObject text = parsed(result.value(QStringLiteral("text")).toString());
-        QCOMPARE(text.value(QStringLiteral("pgs")), QJsonValue(QStringLiteral("rpl")));
-        QCOMPARE(text.value(QStringLiteral("sn")), QJsonValue(i + 1));
-    }
-    QCOMPARE(wordsOf(results.last()), QStringLiteral("阿岚帮我预约明天早上10点的视频会议"));
-    QVERIFY2(parsed(parsed(results.last()).value(QStringLiteral("text")).toString())
-                 .value(QStringLiteral("ls"))
-                 .toBool(),
-             qPrintable(results.last()));
-    QCOMPARE(m_client->signalsOf(QStringLiteral("onError")), QStringList());
-}
-
-void AiServiceSessionsTest::lastResultComesAfterFreeToo()
-{
-    // The order of the module: it stops, and frees at once.
-    const QString path = m_client->open(QStringLiteral("iat"));
-    QVERIFY(m_client->listen(path));
-    startRecognition(path);
-    m_client->putAudio(path, QStringLiteral("iat"), spokenPhrase());
-    m_client->call(path, QStringLiteral("iat"), QStringLiteral("stopIat"));
-    QCOMPARE(m_client->free(QStringLiteral("iat")), 0);
-
-    QTRY_COMPARE_WITH_TIMEOUT(m_client->signalsOf(QStringLiteral("onEnd")).size(), 1, 30000);
-    QVERIFY(parsed(m_client->signalsOf(QStringLiteral("onResult")).last())
-                .value(QStringLiteral("finish"))
-                .toBool());
-    QTRY_COMPARE(m_client->call(path, QStringLiteral("iat"), QStringLiteral("stopIat")).errorName(),
-                 QDBusError::errorString(QDBusError::UnknownObject));
-}
-
-void AiServiceSessionsTest::secondRecognitionOfASession()
-{
-    const QString path = m_client->open(QStringLiteral("iat"));
-    QVERIFY(m_client->listen(path));
-    QStringList ids;
-    for (int run = 1; run <= 2; ++run) {
-        ids << parsed(startRecognition(path)).value(QStringLiteral("session_id")).toString();
-        m_client->call(path, QStringLiteral("iat"), QStringLiteral("stopIat"));
-        QTRY_COMPARE(m_client->signalsOf(QStringLiteral("onEnd")).size(), run);
-    }
-    QVERIFY(ids.first() != ids.last());
-    QCOMPARE(parsed(m_client->signalsOf(QStringLiteral("onResult")).last())
-                 .value(QStringLiteral("session_id"))
-                 .toString(),
-             ids.last());
-}
-
-void AiServiceSessionsTest::unsupportedParameters_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QVariant>("value");
-
-    QTest::newRow("English") << "language" << QVariant(QStringLiteral("en_us"));
-    QTest::newRow("8000 Hz") << "sample_rate" << QVariant(QStringLiteral("8000"));
-    QTest::newRow("plain results") << "result_type" << QVariant(QStringLiteral("plain"));
-    QTest::newRow("another encoding") << "result_encoding" << QVariant(QStringLiteral("gb2312"));
-    QTest::newRow("another service") << "sub" << QVariant(QStringLiteral("tts"));
-}
-
-void AiServiceSessionsTest::unsupportedParameters()
-{
-    QFETCH(QString, key);
-    QFETCH(QVariant, value);
-
-    const QString path = m_client->open(QStringLiteral("iat"));
-    const QJsonObject answer = parsed(startRecognition(path, {{key, value}}));
-    QCOMPARE(answer.value(QStringLiteral("status")), QJsonValue(2));
-
-    QCOMPARE(parsed(startRecognition(path)).value(QStringLiteral("status")), QJsonValue(0));
-}
-
-void AiServiceSessionsTest::startedTwice()
-{
-    const QString path = m_client->open(QStringLiteral("iat"));
-    QCOMPARE(parsed(startRecognition(path)).value(QStringLiteral("status")), QJsonValue(0));
-    QCOMPARE(parsed(startRecognition(path)).value(QStringLiteral("status")), QJsonValue(1));
-}
-
-void AiServiceSessionsTest::missingModels()
-{
-    const QTemporaryDir empty;
-    QVERIFY(m_service->stop());
-    QVERIFY(m_service->start({QStringLiteral("--model"), empty.path()}));
-    const QString path = m_client->open(QStringLiteral("iat"));
-    QVERIFY(m_client->listen(path));
-    const QString id =
-        parsed(startRecognition(path)).value(QStringLiteral("session_id")).toString();
-
-    QTRY_COMPARE(m_client->signalsOf(QStringLiteral("onEnd")).size(), 1);
-    const QStringList errors = m_client->signalsOf(QStringLiteral("onError"));
-    QCOMPARE(errors.size(), 1);
-    QCOMPARE(parsed(errors.first()).value(QStringLiteral("session_id")).toString(), id);
-    QCOMPARE(parsed(errors.first()).value(QStringLiteral("errCode")), QJsonValue(1));
-    QVERIFY(!parsed(errors.first()).value(QStringLiteral("errInfo")).toString().isEmpty());
-}
-
-void AiServiceSessionsTest::busIsNotStalled()
-{
-    const QString path = m_client->open(QStringLiteral("iat"));
-    QVERIFY(m_client->listen(path));
-    startRecognition(path);
-    QByteArray audio;
-    for (int i = 0; i < 15; ++i)
-        audio += spokenPhrase();
-    m_client->putAudio(path, QStringLiteral("iat"), audio); // two minutes: seconds of decoding
-    m_client->call(path, QStringLiteral("iat"), QStringLiteral("stopIat"));
-
-    int calls = 0;
-    qint64 slowest = 0;
-    while (m_client->signalsOf(QStringLiteral("onEnd")).isEmpty()) {
-        QElapsedTimer clock;
-        clock.start();
-        QCOMPARE(m_client->free(QStringLiteral("aqc")), 4);
-        slowest = qMax(slowest, clock.elapsed());
-        ++calls;
-        QVERIFY2(slowest < 500, qPrintable(QString::number(slowest)));
-        QCoreApplication::processEvents();
-    }
-    QVERIFY2(calls > 100, qPrintable(QString::number(calls)));
-}
-
-void AiServiceSessionsTest::endsWhileRecognising()
-{
-    const QString path = m_client->open(QStringLiteral("iat"));
-    QVERIFY(m_client->listen(path));
-    startRecognition(path);
-    m_client->putAudio(path, QStringLiteral("iat"), spokenPhrase() + spokenPhrase());
-    QTRY_VERIFY(!m_client->signalsOf(QStringLiteral("onResult")).isEmpty());
-    QVERIFY(m_service->stop());
-}
-
 void AiServiceSessionsTest::recordsWhatItHears()
 {
     const QTemporaryDir folder;
     m_service->setValue(QStringLiteral("recordDirectory"), folder.path());
     const QString path = m_client->open(QStringLiteral("iat"));
     const QByteArray audio = spokenPhrase();
-    startRecognition(path);
+    startRecognition(m_client.get(), path);
     m_client->putAudio(path, QStringLiteral("iat"), audio);
     m_client->call(path, QStringLiteral("iat"), QStringLiteral("stopIat"));
     m_client->putAudio(path, QStringLiteral("iat"), audio); // too late
@@ -594,36 +261,5 @@ void AiServiceSessionsTest::recordsWhatItHears()
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
 }
 
-void AiServiceSessionsTest::memoryStaysFlat()
-{
-    const QByteArray audio = spokenPhrase().left(64000); // 2 s
-    int ends = 0;
-    const auto runs = [&](int count) {
-        for (int i = 0; i < count; ++i) {
-            const QString path = m_client->open(QStringLiteral("iat"));
-            if (!m_client->listen(path))
-                return false;
-            startRecognition(path);
-            m_client->putAudio(path, QStringLiteral("iat"), audio, true);
-            ++ends;
-            const auto ended = [&] {
-                return m_client->signalsOf(QStringLiteral("onEnd")).size() == ends;
-            };
-            if (!QTest::qWaitFor(ended, 30000))
-                return false;
-        }
-        m_service->reset(); // the log of calls
-        return true;
-    };
-    QVERIFY(runs(10));
-    const qint64 before = residentBytes(m_service->processId());
-    QVERIFY(before > 0);
-    QVERIFY(runs(30));
-    const qint64 growth = residentBytes(m_service->processId()) - before;
-
-    // One recogniser alone takes 17 MB.
-    QVERIFY2(growth < 5000000, qPrintable(QString::number(growth)));
-}
-
-QTEST_GUILESS_MAIN(AiServiceSessionsTest)
+TEST_CLASS(QCoreApplication, AiServiceSessionsTest)
 #include "aiservicesessions.moc"

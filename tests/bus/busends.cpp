@@ -1,5 +1,6 @@
 #include "tests/support/childprocess.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 
 #include <QtTest>
 
@@ -19,11 +20,41 @@ namespace {
 constexpr int limitMs = 20000; // a loaded machine under sanitizers, still less than the bus's limit
 constexpr int atOnce = 4;
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool everyMoment = false; // a program takes five times as long, and says the same
+#else
+constexpr bool everyMoment = true;
+#endif
+
 struct Run
 {
     QStringList arguments;
     QString outcome; // empty: fine
 };
+
+/**
+ * Of @p runs, which are those of one operation, one for each bus and each kind of moment: before,
+ * unnoticed, after and instead of a message. Both states of the connection come up.
+ */
+std::vector<Run> oneOfEachKind(const std::vector<Run> &runs)
+{
+    std::vector<Run> chosen;
+    QStringList kinds;
+    for (const Run &run : runs) {
+        const QString moment = run.arguments.at(3).section(QLatin1Char('.'), 0, 0);
+        const bool message = moment.toInt() > 0;
+        const QString kind = run.arguments.at(2) + (message ? QString() : moment);
+        // The bus's own calls fall on connections that have been used only.
+        const bool used = run.arguments.at(1) == QLatin1String("used");
+        if (run.arguments.at(2) == QLatin1String("both"))
+            continue;
+        if (used == (message || moment == QLatin1String("after")) && !kinds.contains(kind)) {
+            kinds.append(kind);
+            chosen.push_back(run);
+        }
+    }
+    return chosen;
+}
 
 /** What is wrong with how @p process ended; empty when nothing is. */
 QString outcomeOf(ChildProcess &process)
@@ -159,6 +190,8 @@ void BusEndsTest::everyOperationReturns()
                 runs.push_back({{operation, connections, QLatin1String(ending), moment}, {}});
         }
     }
+    if (!everyMoment)
+        runs = oneOfEachKind(runs);
     runAll(runs);
     QStringList failures;
     for (const Run &run : runs)
@@ -169,5 +202,5 @@ void BusEndsTest::everyOperationReturns()
     QVERIFY2(failures.isEmpty(), qPrintable(failures.join(QLatin1Char('\n'))));
 }
 
-QTEST_GUILESS_MAIN(BusEndsTest)
+TEST_CLASS(QCoreApplication, BusEndsTest)
 #include "busends.moc"

@@ -4,11 +4,13 @@
 #include "pages/voicettssettingwidget.h"
 #include "tests/support/median.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/widgets/switchwidget.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QElapsedTimer>
@@ -26,6 +28,15 @@ using testsupport::ServiceProcess;
 namespace {
 
 constexpr qint64 limitNs = 5 * 1000 * 1000;
+
+std::unique_ptr<QWidget> makePage(const QString &name)
+{
+    if (name == QLatin1String("iat"))
+        return std::make_unique<VoiceIatSettingWidget>();
+    if (name == QLatin1String("tts"))
+        return std::make_unique<VoiceTTSSettingWidget>();
+    return std::make_unique<TextTranslateSettingWidget>();
+}
 
 } // namespace
 
@@ -124,13 +135,7 @@ void HungAssistantTest::switchesReturnAtOnce()
     QFETCH(QString, page);
     QFETCH(QString, title);
     QFETCH(QString, member);
-    std::unique_ptr<QWidget> widget;
-    if (page == QLatin1String("iat"))
-        widget = std::make_unique<VoiceIatSettingWidget>();
-    else if (page == QLatin1String("tts"))
-        widget = std::make_unique<VoiceTTSSettingWidget>();
-    else
-        widget = std::make_unique<TextTranslateSettingWidget>();
+    const std::unique_ptr<QWidget> widget = makePage(page);
 
     auto *row = testsupport::switchTitled(widget.get(), title);
     QVERIFY(row);
@@ -160,13 +165,7 @@ void HungAssistantTest::listsReturnAtOnce()
 {
     QFETCH(QString, page);
     QFETCH(QString, member);
-    std::unique_ptr<QWidget> widget;
-    if (page == QLatin1String("iat"))
-        widget = std::make_unique<VoiceIatSettingWidget>();
-    else if (page == QLatin1String("tts"))
-        widget = std::make_unique<VoiceTTSSettingWidget>();
-    else
-        widget = std::make_unique<TextTranslateSettingWidget>();
+    const std::unique_ptr<QWidget> widget = makePage(page);
     auto *list = widget->findChild<QComboBox *>();
     QVERIFY(list);
     list->setCurrentIndex(0);
@@ -217,5 +216,5 @@ void HungAssistantTest::dockSwitchReturnsAtOnce()
         QCOMPARE(calls.at(i).arguments, QJsonArray{!values.at(i)});
 }
 
-QTEST_MAIN(HungAssistantTest)
+TEST_CLASS(QApplication, HungAssistantTest)
 #include "hungassistant.moc"

@@ -6,10 +6,12 @@
 #include "tests/support/busrecorder.h"
 #include "tests/support/fakeframe.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/widgets/switchwidget.h>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -365,5 +367,5 @@ void PageCallsTest::dockSwitchIsOnUnlessTheServiceSaysHidden()
     QCOMPARE(row->checked(), on);
 }
 
-QTEST_MAIN(PageCallsTest)
+TEST_CLASS(QApplication, PageCallsTest)
 #include "pagecalls.moc"

@@ -2,6 +2,7 @@
 #include "tests/support/busrecorder.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 
 #include <QtTest>
 
@@ -196,5 +197,5 @@ void ShortcutLookupTest::anUnknownIdentifierGivesAnEmptyText()
     QCOMPARE(log.texts(), QStringList{noAccels});
 }
 
-QTEST_GUILESS_MAIN(ShortcutLookupTest)
+TEST_CLASS(QCoreApplication, ShortcutLookupTest)
 #include "shortcutlookup.moc"

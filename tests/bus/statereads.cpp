@@ -1,6 +1,7 @@
 #include "proxy/assistantstateproxy.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 
 #include <QtTest>
 
@@ -14,7 +15,6 @@ using testsupport::LogCapture;
 using testsupport::ServiceProcess;
 
 using Read = std::function<QVariant()>;
-Q_DECLARE_METATYPE(Read)
 Q_DECLARE_METATYPE(QtMsgType)
 
 namespace {
@@ -367,5 +367,5 @@ void StateReadsTest::dictationWritesLogTheTimeTheyTook()
     QVERIFY(match.captured(1).toDouble() < 1.0); // seconds
 }
 
-QTEST_GUILESS_MAIN(StateReadsTest)
+TEST_CLASS(QCoreApplication, StateReadsTest)
 #include "statereads.moc"

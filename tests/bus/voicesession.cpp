@@ -1,16 +1,14 @@
 // Sessions at the AI service: what goes over the bus, and what is made of every kind of answer.
-// Each function in a process of its own.
 
 #include "tests/support/impatientbus.h"
-#include "tests/support/isolatedtests.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "voice/aiservicesession.h"
 
 #include <QCoreApplication>
 #include <QDBusObjectPath>
 #include <QElapsedTimer>
-#include <QTest>
 #include <QTimer>
 
 using testsupport::ImpatientBus;
@@ -284,5 +282,5 @@ void VoiceSessionTest::noSessionBus()
     sessions()->destroySession(aqc);
 }
 
-ISOLATED_TEST_MAIN(QCoreApplication, VoiceSessionTest, )
+ISOLATED_TEST_CLASS(QCoreApplication, VoiceSessionTest, )
 #include "voicesession.moc"

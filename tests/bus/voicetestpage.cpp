@@ -1,11 +1,11 @@
 // The assistant page with a microphone and an AI service that follow a script: what the page makes
-// of one signal after many voice tests. Each function in a process of its own.
+// of one signal after many voice tests.
 
 #include "pages/assistantsettingwidget.h"
 #include "tests/bus/voiceservice.h"
-#include "tests/support/isolatedtests.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <ztk/zcommandlinkbutton.h>
@@ -13,7 +13,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QLabel>
-#include <QTest>
 
 #include <dlfcn.h>
 
@@ -128,5 +127,5 @@ void VoiceTestPageTest::afterThreeRunsAVerdictCountsOnce()
     QCOMPARE(log.count(QtDebugMsg, QStringLiteral("slotAqcResult result: \"1008\"")), 1);
 }
 
-ISOLATED_TEST_MAIN(QApplication, VoiceTestPageTest, ScriptedAudio::install())
+ISOLATED_TEST_CLASS(QApplication, VoiceTestPageTest, ScriptedAudio::install())
 #include "voicetestpage.moc"

@@ -1,5 +1,6 @@
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 
 #include <QDBusMessage>
 #include <QtTest>
@@ -94,5 +95,5 @@ void WindowServicesTest::aServiceThatWasNeverThere()
     QVERIFY(watch.values().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(WindowServicesTest)
+TEST_CLASS(QCoreApplication, WindowServicesTest)
 #include "windowservices.moc"

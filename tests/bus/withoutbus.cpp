@@ -3,11 +3,13 @@
 #include "proxy/assistantstateproxy.h"
 #include "tests/support/fakeframe.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/widgets/switchwidget.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDBusConnection>
@@ -118,5 +120,5 @@ void WithoutBusTest::everyPageOpensAndItsControlsWork()
                 ->isEnabled());
 }
 
-QTEST_MAIN(WithoutBusTest)
+TEST_CLASS(QApplication, WithoutBusTest)
 #include "withoutbus.moc"

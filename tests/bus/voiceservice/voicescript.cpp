@@ -1,10 +1,13 @@
-#include "tests/bus/voiceservice/sessions.h"
-
+#include "qualitycheckadaptor.h"
+#include "recognitionadaptor.h"
 #include "sandbox/services/common/service.h"
 #include "sandbox/services/common/statestore.h"
 #include "sessionsadaptor.h"
 #include "tests/bus/voiceservice/qualitycheck.h"
 #include "tests/bus/voiceservice/recognition.h"
+#include "tests/bus/voiceservice/sessions.h"
+
+#include <QCoreApplication>
 
 namespace voicescript {
 
@@ -120,4 +123,63 @@ void Sessions::emitEnd(const QString &path, const QString &text)
     Q_EMIT recognition(path)->onEnd();
 }
 
+QualityCheck::QualityCheck(QObject *parent)
+    : QObject(parent)
+{
+    new QualityCheckAdaptor(this);
+}
+
+QString QualityCheck::startAqc()
+{
+    return QStringLiteral("started");
+}
+
+QString QualityCheck::stopAqc()
+{
+    return QStringLiteral("stopped");
+}
+
+void QualityCheck::putAudio(const QByteArray &audio_buf, bool finish)
+{
+    Q_UNUSED(finish)
+    m_audio += audio_buf;
+}
+
+Recognition::Recognition(const QString &sessionId, QObject *parent)
+    : QObject(parent)
+    , m_sessionId(sessionId)
+{
+    new RecognitionAdaptor(this);
+}
+
+QString Recognition::startIat(const QVariantMap &params)
+{
+    QStringList parameters;
+    for (auto entry = params.cbegin(); entry != params.cend(); ++entry)
+        parameters << QStringLiteral("%1 %2 %3")
+                          .arg(entry.key(), QLatin1String(entry.value().typeName()),
+                               entry.value().toString());
+    Q_EMIT started(parameters);
+    return QStringLiteral(R"({"status":0,"session_id":"%1"})").arg(m_sessionId);
+}
+
+void Recognition::stopIat() {}
+
+void Recognition::putAudio(const QByteArray &data, bool finish)
+{
+    Q_UNUSED(finish)
+    m_audio += data;
+}
+
 } // namespace voicescript
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    sandbox::Service service({QStringLiteral("voicescript"),
+                              QStringLiteral("com.corvane.aiservice"), QDBusConnection::SessionBus,
+                              QStringLiteral("An AI service that follows a test's script.")});
+    voicescript::Sessions sessions(&service);
+    service.publish(QStringLiteral("/"), &sessions);
+    return service.run();
+}
