@@ -1,4 +1,5 @@
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/virtualmicrophone.h"
 
 #include <zframeworkdbus/audio.h>
@@ -190,5 +191,5 @@ void MicrophoneChangeTest::defaultSourceSetThroughControl()
     QCOMPARE(name.trimmed(), QByteArray("headset"));
 }
 
-QTEST_GUILESS_MAIN(MicrophoneChangeTest)
+TEST_CLASS(QCoreApplication, MicrophoneChangeTest)
 #include "microphonechange.moc"

@@ -1,8 +1,9 @@
-// The voice test panel while the real sound server is away or goes. Each function in a process of
-// its own: a process has one connection to the sound server.
+// The voice test panel while the real sound server is away, goes, or has no microphone. Each
+// function in a process of its own: a process has one connection to the sound server.
 
-#include "tests/support/isolatedtests.h"
+#include "sandbox/services/aiservice/wavfile.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/timertracker.h"
 #include "tests/support/virtualmicrophone.h"
 #include "tests/support/voicepage.h"
@@ -40,6 +41,7 @@ private Q_SLOTS:
 
     void serverIsAbsent();
     void serverDiesWhileRecording();
+    void serverHasNoMicrophone();
 
 private:
     bool timeIsUp() const;
@@ -128,5 +130,24 @@ void MicrophoneLostTest::serverDiesWhileRecording()
     QVERIFY(m_microphone.stop());
 }
 
-ISOLATED_TEST_MAIN(QApplication, MicrophoneLostTest, )
+void MicrophoneLostTest::serverHasNoMicrophone()
+{
+    QVERIFY(m_microphone.start(QStringLiteral("none")));
+    const QTemporaryDir recordings;
+    m_aiService.setValue(QStringLiteral("recordDirectory"), recordings.path());
+    QVERIFY(m_page->clickLink());
+    QTRY_VERIFY(!AudioRecorder::getInstance()->isRecording());
+    QVERIFY(timeIsUp());
+    QTRY_COMPARE(m_page->texts().value(2), noSound);
+    QCOMPARE(m_recordedBytes, 0);
+    const auto files = QDir(recordings.path()).entryInfoList(QDir::Files);
+    QCOMPARE(files.size(), 2);
+    for (const QFileInfo &file : files)
+        QCOMPARE(int(file.size()), sandbox::WavFile::headerBytes);
+    m_page.reset();
+    QVERIFY(m_aiService.stop());
+    QVERIFY(m_microphone.stop());
+}
+
+ISOLATED_TEST_CLASS(QApplication, MicrophoneLostTest, )
 #include "microphonelost.moc"

@@ -3,13 +3,12 @@
 
 #include "pages/voiceiatsettingwidget.h"
 #include "plugin/tavrenaiassitantcontrolplugin.h"
+#include "tests/e2e/quietmachine.h"
 #include "tests/support/childprocess.h"
 #include "tests/support/fakeframe.h"
-#include "tests/support/isolatedtests.h"
 #include "tests/support/recordingstreams.h"
-#include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/timertracker.h"
-#include "tests/support/virtualmicrophone.h"
 #include "tests/support/voicepage.h"
 #include "voice/audiorecorder.h"
 
@@ -20,10 +19,10 @@
 #include <algorithm>
 
 using testsupport::ChildProcess;
+using testsupport::QuietMachine;
 using testsupport::RecordingStreams;
 using testsupport::ServiceProcess;
 using testsupport::TimerTracker;
-using testsupport::VirtualMicrophone;
 using testsupport::VoicePage;
 
 namespace {
@@ -90,20 +89,15 @@ private:
     void checkPageDestroyed(Moment moment);
     void checkProgram(const char *ending);
 
-    ServiceProcess m_network{QStringLiteral("networkmanager")};
-    ServiceProcess m_aiService{QStringLiteral("voicescript")};
-    VirtualMicrophone m_microphone;
+    QuietMachine m_machine;
     RecordingStreams m_streams;
     TimerTracker m_tracker;
 };
 
 void MicrophoneOpenTest::init()
 {
-    QVERIFY(m_microphone.start(QStringLiteral("silence")));
+    QVERIFY(m_machine.start());
     QVERIFY(m_streams.start());
-    QVERIFY(m_network.start());
-    m_network.setValue(QStringLiteral("state"), 70u);
-    QVERIFY(m_aiService.start());
 }
 
 void MicrophoneOpenTest::cleanup()
@@ -192,8 +186,9 @@ void MicrophoneOpenTest::verdictArrives()
 {
     const VoicePage page;
     startVoiceTest(page);
-    m_aiService.setValue(QStringLiteral("notify"),
-                         QStringList({QStringLiteral("/session/aqc/1"), QStringLiteral("1000")}));
+    m_machine.aiService.setValue(
+        QStringLiteral("notify"),
+        QStringList({QStringLiteral("/session/aqc/1"), QStringLiteral("1000")}));
     checkClosed(RecordingStreams::now());
     QVERIFY(page.link());
 }
@@ -293,5 +288,5 @@ void MicrophoneOpenTest::programAborts()
     checkProgram("abort");
 }
 
-ISOLATED_TEST_MAIN(QApplication, MicrophoneOpenTest, )
+ISOLATED_TEST_CLASS(QApplication, MicrophoneOpenTest, )
 #include "microphoneopen.moc"

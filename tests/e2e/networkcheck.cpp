@@ -1,9 +1,11 @@
 #include "pages/assistantsettingwidget.h"
 #include "proxy/assistantstateproxy.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <ztk/zcommandlinkbutton.h>
 
+#include <QApplication>
 #include <QProcess>
 #include <QtTest>
 
@@ -63,5 +65,5 @@ void NetworkCheckTest::panelAnswersToEachState()
     QCOMPARE(running, online);
 }
 
-QTEST_MAIN(NetworkCheckTest)
+TEST_CLASS(QApplication, NetworkCheckTest)
 #include "networkcheck.moc"

@@ -240,7 +240,7 @@ class Test:
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("project")
-    parser.add_argument("--interrupts", type=int, default=12)
+    parser.add_argument("--interrupts", type=int, default=8)
     parser.add_argument("--kills", type=int, default=6)
     parser.add_argument("--seed", type=int, default=random.randrange(1000000))
     parser.add_argument("--only", choices=sorted(set(PHASES)))

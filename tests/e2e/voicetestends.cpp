@@ -1,9 +1,9 @@
 // The control center's process ends in the middle of a voice test, in every order and at several
 // moments, each in a process of its own, of which many run at the same time.
 
+#include "tests/e2e/quietmachine.h"
 #include "tests/support/childprocess.h"
-#include "tests/support/serviceprocess.h"
-#include "tests/support/virtualmicrophone.h"
+#include "tests/support/testprogram.h"
 
 #include <QtTest>
 
@@ -11,8 +11,7 @@
 #include <map>
 
 using testsupport::ChildProcess;
-using testsupport::ServiceProcess;
-using testsupport::VirtualMicrophone;
+using testsupport::QuietMachine;
 
 namespace {
 
@@ -65,18 +64,13 @@ private Q_SLOTS:
 private:
     int running() const;
 
-    VirtualMicrophone m_microphone;
-    ServiceProcess m_network{QStringLiteral("networkmanager")};
-    ServiceProcess m_aiService{QStringLiteral("voicescript")};
+    QuietMachine m_machine;
     std::map<QString, ChildProcess> m_programs;
 };
 
 void VoiceTestEndsTest::initTestCase()
 {
-    QVERIFY(m_microphone.start(QStringLiteral("silence")));
-    QVERIFY(m_network.start());
-    m_network.setValue(QStringLiteral("state"), 70u);
-    QVERIFY(m_aiService.start());
+    QVERIFY(m_machine.start());
     QVector<ChildProcess *> starting;
     for (const QStringList &way : waysToEnd()) {
         if (starting.size() == startingAtOnce) {
@@ -94,7 +88,7 @@ void VoiceTestEndsTest::initTestCase()
 void VoiceTestEndsTest::cleanupTestCase()
 {
     m_programs.clear();
-    QVERIFY(m_microphone.stop());
+    QVERIFY(m_machine.microphone.stop());
 }
 
 int VoiceTestEndsTest::running() const
@@ -127,11 +121,11 @@ void VoiceTestEndsTest::leavesNothingAtTheService()
 {
     // A session is freed as the last thing of a test's end.
     const int tests = int(m_programs.size());
-    QTRY_VERIFY(m_aiService.value(QStringLiteral("freed"))
+    QTRY_VERIFY(m_machine.aiService.value(QStringLiteral("freed"))
                     .toStringList()
                     .filter(QStringLiteral("iat"))
                     .size() >= tests);
 }
 
-QTEST_GUILESS_MAIN(VoiceTestEndsTest)
+TEST_CLASS(QCoreApplication, VoiceTestEndsTest)
 #include "voicetestends.moc"

@@ -1,6 +1,7 @@
 #include "tests/e2e/windowprogram.h"
 #include "tests/support/modulepages.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/virtualmicrophone.h"
 
 #include <QDir>
@@ -370,5 +371,5 @@ void WindowTourTest::aFileThatIsNoModuleIsRefused()
     QVERIFY2(result.messages.contains(file), qPrintable(result.messages));
 }
 
-QTEST_GUILESS_MAIN(WindowTourTest)
+TEST_CLASS(QCoreApplication, WindowTourTest)
 #include "windowtour.moc"

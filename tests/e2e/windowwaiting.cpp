@@ -3,6 +3,7 @@
 #include "sandbox/controlcenter/navigationcolumn.h"
 #include "sandbox/services/control/servicecontrol.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/testprogram.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -143,5 +144,5 @@ void WindowWaitingTest::theServiceMayVanish()
     QVERIFY(m_assistant.waitForEnd());
 }
 
-QTEST_MAIN(WindowWaitingTest)
+TEST_CLASS(QApplication, WindowWaitingTest)
 #include "windowwaiting.moc"
