@@ -21,7 +21,7 @@ inline QByteArray bytes(const QVector<qint16> &samples)
 inline QByteArray spokenPhrase()
 {
     static const QByteArray audio =
-        bytes(SpokenRecording::make(QStringLiteral("speech"), {}, QString(), 8.0));
+        bytes(spokenrecording::make(QStringLiteral("speech"), {}, QString(), 8.0));
     return audio;
 }
 

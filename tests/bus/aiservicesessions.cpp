@@ -250,7 +250,7 @@ void AiServiceSessionsTest::recordsWhatItHears()
     const QStringList files = QDir(folder.path()).entryList(QDir::Files);
     QCOMPARE(files.size(), 1);
     QVERIFY(files.first().startsWith(QStringLiteral("iat-")));
-    QCOMPARE(bytes(SpokenRecording::read(folder.filePath(files.first()))), audio);
+    QCOMPARE(bytes(spokenrecording::read(folder.filePath(files.first()))), audio);
 
     // Sessions opened after it is switched off are not recorded.
     m_service->setValue(QStringLiteral("recordDirectory"), QString());

@@ -45,7 +45,7 @@ QVector<QByteArray> heardBy(const QString &ability, const QString &folder)
     for (const QString &name : directory.entryList({ability + QStringLiteral("-*.wav")})) {
         const int number =
             name.section(QLatin1Char('-'), 1).section(QLatin1Char('.'), 0, 0).toInt();
-        sessions.insert(number, sandbox::WavFile::audio(directory.filePath(name)));
+        sessions.insert(number, sandbox::wavfile::audio(directory.filePath(name)));
     }
     return sessions.values().toVector();
 }

@@ -143,7 +143,7 @@ void MicrophoneLostTest::serverHasNoMicrophone()
     const auto files = QDir(recordings.path()).entryInfoList(QDir::Files);
     QCOMPARE(files.size(), 2);
     for (const QFileInfo &file : files)
-        QCOMPARE(int(file.size()), sandbox::WavFile::headerBytes);
+        QCOMPARE(int(file.size()), sandbox::wavfile::headerBytes);
     m_page.reset();
     QVERIFY(m_aiService.stop());
     QVERIFY(m_microphone.stop());

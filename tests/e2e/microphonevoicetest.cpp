@@ -11,7 +11,7 @@
 
 using testsupport::ServiceProcess;
 using testsupport::VirtualMicrophone;
-namespace SpokenRecording = testsupport::SpokenRecording;
+namespace spokenrecording = testsupport::spokenrecording;
 
 namespace {
 
@@ -69,7 +69,7 @@ void MicrophoneVoiceTest::tenSecondsOfSpeech()
     QCOMPARE(words, phrase);
     const QStringList files = QDir(recordings.path()).entryList({QStringLiteral("aqc-*.wav")});
     QCOMPARE(files.size(), 1);
-    const auto heard = SpokenRecording::read(recordings.filePath(files.first()));
+    const auto heard = spokenrecording::read(recordings.filePath(files.first()));
     QVERIFY(!heard.isEmpty());
     const auto peak = *std::max_element(heard.cbegin(), heard.cend(),
                                         [](int a, int b) { return std::abs(a) < std::abs(b); });

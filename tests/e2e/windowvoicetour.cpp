@@ -16,7 +16,7 @@ using namespace testsupport;
 
 namespace {
 
-using sandbox::WavFile::samplesPerSecond;
+using sandbox::wavfile::samplesPerSecond;
 
 /** What a capture may lose or add while it starts, in samples. */
 constexpr int startUp = samplesPerSecond / 2;
@@ -68,7 +68,7 @@ Match match(const QVector<qint16> &heard, const QVector<qint16> &source, int anc
 QVector<qint16> heardBy(const char *ability, int number, const QTemporaryDir &recordings)
 {
     const QString name = QStringLiteral("%1-%2.wav").arg(QLatin1String(ability)).arg(number);
-    return SpokenRecording::read(recordings.filePath(name));
+    return spokenrecording::read(recordings.filePath(name));
 }
 
 } // namespace
@@ -124,7 +124,7 @@ void WindowVoiceTourTest::everyVoiceTestEndsWithTheRightVerdict()
         const double seconds = double(checked.size()) / samplesPerSecond;
         QVERIFY2(seconds > 9.5 && seconds < 10.5, qPrintable(QString::number(seconds)));
         const Match same =
-            match(checked, SpokenRecording::read(microphone.recordingFile(kind)), startUp);
+            match(checked, spokenrecording::read(microphone.recordingFile(kind)), startUp);
         QVERIFY2(same.heardEnd == checked.size(), qPrintable(kind + same.text()));
         QVERIFY2(same.sourceBegin < startUp, qPrintable(kind + same.text()));
     }

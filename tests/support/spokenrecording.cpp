@@ -9,13 +9,13 @@
 
 namespace testsupport {
 
-namespace WavFile = sandbox::WavFile;
+namespace wavfile = sandbox::wavfile;
 
-namespace SpokenRecording {
+namespace spokenrecording {
 
 QVector<qint16> read(const QString &file)
 {
-    const QByteArray audio = WavFile::audio(file);
+    const QByteArray audio = wavfile::audio(file);
     if (audio.isEmpty())
         qWarning("%s: no sound", qPrintable(file));
     QVector<qint16> samples(audio.size() / int(sizeof(qint16)));
@@ -42,9 +42,9 @@ QVector<qint16> make(const QString &kind, const Speaker &speaker, const QString 
         qWarning("no recording of kind \"%s\" could be made", qPrintable(kind));
         return {};
     }
-    return read(file).mid(0, int(seconds * WavFile::samplesPerSecond));
+    return read(file).mid(0, int(seconds * wavfile::samplesPerSecond));
 }
 
-} // namespace SpokenRecording
+} // namespace spokenrecording
 
 } // namespace testsupport

@@ -6,7 +6,7 @@
 namespace testsupport {
 
 /** Recordings for tests, made on the spot by sandbox/microphone/recording: 16000 Hz, mono. */
-namespace SpokenRecording {
+namespace spokenrecording {
 
 /** Who speaks; see the script. */
 struct Speaker
@@ -23,6 +23,6 @@ QVector<qint16> make(const QString &kind, const Speaker &speaker = Speaker(),
 /** The samples of a WAV file of the sandbox; empty, with a warning, when it cannot be read. */
 QVector<qint16> read(const QString &file);
 
-} // namespace SpokenRecording
+} // namespace spokenrecording
 
 } // namespace testsupport

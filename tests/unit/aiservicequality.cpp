@@ -7,7 +7,7 @@
 #include <cmath>
 
 using namespace sandbox;
-namespace SpokenRecording = testsupport::SpokenRecording;
+namespace spokenrecording = testsupport::spokenrecording;
 
 Q_DECLARE_METATYPE(sandbox::QualityFigures)
 Q_DECLARE_METATYPE(sandbox::QualityVerdict)
@@ -49,7 +49,7 @@ QVector<qint16> amplified(QVector<qint16> samples, double decibel)
     return samples;
 }
 
-QByteArray label(const QString &kind, const SpokenRecording::Speaker &speaker)
+QByteArray label(const QString &kind, const spokenrecording::Speaker &speaker)
 {
     return QStringLiteral("%1, %2, %3 words a minute")
         .arg(kind, speaker.voice)
@@ -92,14 +92,14 @@ void AiServiceQualityTest::recordings_data()
         {QStringLiteral("quiet"), QualityVerdict::TooQuiet},
         {QStringLiteral("silence"), QualityVerdict::NoSound},
     };
-    const QVector<SpokenRecording::Speaker> speakers = {
+    const QVector<spokenrecording::Speaker> speakers = {
         {QStringLiteral("cmn-latn-pinyin"), 150},       {QStringLiteral("cmn-latn-pinyin"), 120},
         {QStringLiteral("cmn-latn-pinyin"), 200},       {QStringLiteral("cmn-latn-pinyin+f2"), 150},
         {QStringLiteral("cmn-latn-pinyin+m3"), 175},    {QStringLiteral("cmn-latn-pinyin+f4"), 130},
         {QStringLiteral("cmn-latn-pinyin+croak"), 150},
     };
     for (const auto &kind : kinds) {
-        for (const SpokenRecording::Speaker &speaker : speakers) {
+        for (const spokenrecording::Speaker &speaker : speakers) {
             QTest::newRow(label(kind.first, speaker))
                 << kind.first << speaker.voice << speaker.wordsPerMinute << kind.second;
         }
@@ -113,7 +113,7 @@ void AiServiceQualityTest::recordings()
     QFETCH(int, wordsPerMinute);
     QFETCH(QualityVerdict, expected);
 
-    const auto samples = SpokenRecording::make(kind, {voice, wordsPerMinute});
+    const auto samples = spokenrecording::make(kind, {voice, wordsPerMinute});
     QCOMPARE(samples.size(), 10 * samplesPerSecond);
     const QualityFigures figures = measured(samples);
     QVERIFY2(qualityVerdict(figures) == expected, qPrintable(qualityNotice(figures)));
@@ -141,7 +141,7 @@ void AiServiceQualityTest::inputVolume()
     QFETCH(double, decibel);
     QFETCH(QualityVerdict, expected);
 
-    const auto samples = amplified(SpokenRecording::make(QStringLiteral("speech")), decibel);
+    const auto samples = amplified(spokenrecording::make(QStringLiteral("speech")), decibel);
     QVERIFY(!samples.isEmpty());
     const QualityFigures figures = measured(samples);
     QVERIFY2(qualityVerdict(figures) == expected, qPrintable(qualityNotice(figures)));
@@ -215,7 +215,7 @@ void AiServiceQualityTest::cutOffWaves()
 
 void AiServiceQualityTest::blocksMakeNoDifference()
 {
-    const auto samples = SpokenRecording::make(QStringLiteral("loud"));
+    const auto samples = spokenrecording::make(QStringLiteral("loud"));
     QVERIFY(!samples.isEmpty());
     const QualityFigures whole = measured(samples);
 

@@ -8,7 +8,7 @@
 #include <QtTest>
 
 using namespace sandbox;
-namespace SpokenRecording = testsupport::SpokenRecording;
+namespace spokenrecording = testsupport::spokenrecording;
 
 namespace {
 
@@ -117,7 +117,7 @@ void AiServiceRecognitionTest::phraseIsRecognised()
     QVERIFY(listener.isValid());
     ClientText client;
     client.take(
-        heard(&listener, SpokenRecording::make(QStringLiteral("speech"), {voice, wordsPerMinute})));
+        heard(&listener, spokenrecording::make(QStringLiteral("speech"), {voice, wordsPerMinute})));
     const QVector<Hypothesis> rest = listener.finish();
     client.take(rest);
 
@@ -131,7 +131,7 @@ void AiServiceRecognitionTest::textIsGoodWhileTheTestRuns()
     PhraseListener listener(models, {});
     ClientText client;
     client.take(
-        heard(&listener, SpokenRecording::make(QStringLiteral("speech"), {}, QString(), 7.5)));
+        heard(&listener, spokenrecording::make(QStringLiteral("speech"), {}, QString(), 7.5)));
     QCOMPARE(client.text(), phrase());
 }
 
@@ -139,7 +139,7 @@ void AiServiceRecognitionTest::partialResultsGrow()
 {
     PhraseListener listener(models, {});
     ClientText client;
-    const auto news = heard(&listener, SpokenRecording::make(QStringLiteral("speech")));
+    const auto news = heard(&listener, spokenrecording::make(QStringLiteral("speech")));
     client.take(news);
 
     QVERIFY2(client.history().size() >= 4, qPrintable(client.history().join(QLatin1Char('\n'))));
@@ -152,7 +152,7 @@ void AiServiceRecognitionTest::partialResultsGrow()
 
 void AiServiceRecognitionTest::secondUtteranceIsAppended()
 {
-    const auto spoken = SpokenRecording::make(QStringLiteral("speech"), {}, QString(), 8.0);
+    const auto spoken = spokenrecording::make(QStringLiteral("speech"), {}, QString(), 8.0);
     PhraseListener listener(models, {});
     ClientText client;
     client.take(heard(&listener, spoken));
@@ -172,10 +172,10 @@ void AiServiceRecognitionTest::nothingIsRecognised_data()
     QTest::addColumn<QVector<qint16>>("audio");
 
     QTest::newRow("digital silence") << silence(10.0);
-    QTest::newRow("quiet room") << SpokenRecording::make(QStringLiteral("silence"));
+    QTest::newRow("quiet room") << spokenrecording::make(QStringLiteral("silence"));
 
     // The noise of the noisy recording after its speaker has finished.
-    const auto noisy = SpokenRecording::make(QStringLiteral("noise"), {}, QString(), 12.0);
+    const auto noisy = spokenrecording::make(QStringLiteral("noise"), {}, QString(), 12.0);
     QTest::newRow("noise") << noisy.mid(int(6.5 * samplesPerSecond));
 
     const QStringList mandarin = {
@@ -188,14 +188,14 @@ void AiServiceRecognitionTest::nothingIsRecognised_data()
     };
     for (const QString &sentence : mandarin) {
         QTest::newRow(sentence.toUtf8())
-            << SpokenRecording::make(QStringLiteral("speech"), {}, sentence);
+            << spokenrecording::make(QStringLiteral("speech"), {}, sentence);
     }
     const QStringList english = {QStringLiteral("The quick brown fox jumps over the lazy dog"),
                                  QStringLiteral("Please turn on the light in the kitchen"),
                                  QStringLiteral("What is the weather like in London today"),
                                  QStringLiteral("One two three four five six seven")};
     for (const QString &sentence : english) {
-        QTest::newRow(sentence.toUtf8()) << SpokenRecording::make(
+        QTest::newRow(sentence.toUtf8()) << spokenrecording::make(
             QStringLiteral("speech"), {QStringLiteral("en-us"), 150}, sentence);
     }
 }
@@ -220,7 +220,7 @@ void AiServiceRecognitionTest::patienceEnds()
     const QVector<Hypothesis> end = heard(&listener, silence(0.2));
     QCOMPARE(end.size(), 1);
     QVERIFY(end.first().last);
-    QVERIFY(heard(&listener, SpokenRecording::make(QStringLiteral("speech"))).isEmpty());
+    QVERIFY(heard(&listener, spokenrecording::make(QStringLiteral("speech"))).isEmpty());
     QVERIFY(listener.finish().isEmpty());
 }
 
@@ -229,7 +229,7 @@ void AiServiceRecognitionTest::patienceLastsWhileSomebodySpeaks()
     // Silence before the phrase is shorter than the patience, the phrase itself longer.
     PhraseListener listener(models, {2000, 3000});
     QVector<Hypothesis> news =
-        heard(&listener, SpokenRecording::make(QStringLiteral("speech"), {}, QString(), 8.0));
+        heard(&listener, spokenrecording::make(QStringLiteral("speech"), {}, QString(), 8.0));
     QVERIFY(!news.isEmpty() && !news.last().last);
 
     news = heard(&listener, silence(3.0));
@@ -247,7 +247,7 @@ void AiServiceRecognitionTest::finishTwice()
 
 void AiServiceRecognitionTest::threadSaysTheSame()
 {
-    const auto audio = SpokenRecording::make(QStringLiteral("speech"));
+    const auto audio = spokenrecording::make(QStringLiteral("speech"));
     PhraseListener listener(models, {});
     QVector<Hypothesis> expected = listener.hear(audio);
     expected += listener.finish();
@@ -277,7 +277,7 @@ void AiServiceRecognitionTest::threadSaysTheSame()
 
 void AiServiceRecognitionTest::callerNeverWaits()
 {
-    const QByteArray audio = bytes(SpokenRecording::make(QStringLiteral("speech")));
+    const QByteArray audio = bytes(spokenrecording::make(QStringLiteral("speech")));
     QObject threads;
     QElapsedTimer clock;
     clock.start();
@@ -293,7 +293,7 @@ void AiServiceRecognitionTest::callerNeverWaits()
 
 void AiServiceRecognitionTest::deletedWhileListening()
 {
-    const QByteArray audio = bytes(SpokenRecording::make(QStringLiteral("speech")));
+    const QByteArray audio = bytes(spokenrecording::make(QStringLiteral("speech")));
     QObject threads;
     auto recognition = std::make_unique<Recognition>(models, PhraseListener::Patience(), &threads);
     int said = 0;

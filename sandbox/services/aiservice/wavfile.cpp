@@ -8,7 +8,7 @@ namespace sandbox {
 
 namespace {
 
-using namespace WavFile;
+using namespace wavfile;
 
 constexpr quint16 channels = 1;
 constexpr quint16 bytesPerFrame = 2;

@@ -6,7 +6,7 @@
 namespace sandbox {
 
 /** The WAV files of the sandbox and of its tests: 16000 Hz, mono, 16 bits. */
-namespace WavFile {
+namespace wavfile {
 
 constexpr int headerBytes = 44;
 constexpr int samplesPerSecond = 16000;
@@ -18,7 +18,7 @@ inline QByteArray audio(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll().mid(headerBytes) : QByteArray();
 }
 
-} // namespace WavFile
+} // namespace wavfile
 
 /**
  * Writes what a session hears to such a file. The header fits the content after every block, so
