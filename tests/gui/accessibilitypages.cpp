@@ -1,9 +1,6 @@
 #include "tests/gui/accessibilitypages.h"
 
-#include "pages/assistantsettingwidget.h"
-#include "pages/texttranslatesettingwidget.h"
-#include "pages/voiceiatsettingwidget.h"
-#include "pages/voicettssettingwidget.h"
+#include "tests/support/newpage.h"
 #include "tests/support/widgets.h"
 
 #include <zcc/widgets/switchwidget.h>
@@ -12,10 +9,9 @@
 #include <QDBusObjectPath>
 #include <QtTest>
 
-using testsupport::ServiceProcess;
 using Ztk::Widget::ZCommandLinkButton;
 
-namespace accessibility {
+namespace testsupport {
 
 namespace {
 
@@ -23,34 +19,22 @@ constexpr int windowHeight = 560; // px, of the control center at its smallest
 
 const QString spokenWords = QStringLiteral("阿岚帮我预约明天早上10点的视频会议");
 
-QWidget *newPage(const QString &name)
-{
-    if (name == QLatin1String("speech to text"))
-        return new VoiceIatSettingWidget;
-    if (name == QLatin1String("text to speech"))
-        return new VoiceTTSSettingWidget;
-    if (name == QLatin1String("translation"))
-        return new TextTranslateSettingWidget;
-    return new AssistantSettingWidget;
-}
-
 } // namespace
 
-QStringList Pages::states()
+QStringList AccessiblePages::states()
 {
-    return {QStringLiteral("assistant, voice test not begun"),
-            QStringLiteral("assistant, waking up by voice"),
-            QStringLiteral("assistant, voice test running"),
-            QStringLiteral("assistant, voice test with words"),
-            QStringLiteral("assistant, voice test finished"),
-            QStringLiteral("assistant, voice test refused"),
-            QStringLiteral("assistant, voice test offline"),
-            QStringLiteral("speech to text"),
-            QStringLiteral("text to speech"),
-            QStringLiteral("translation")};
+    QStringList states;
+    for (const char *state : {"voice test not begun", "waking up by voice", "voice test running",
+                              "voice test with words", "voice test finished", "voice test refused",
+                              "voice test offline"})
+        states.append(modulePages().constFirst().name + QStringLiteral(", ") +
+                      QLatin1String(state));
+    for (const ModulePage &page : featurePages())
+        states.append(page.name);
+    return states;
 }
 
-bool Pages::start()
+bool AccessiblePages::start()
 {
     for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network, &m_aiService})
         if (!service->start())
@@ -58,7 +42,7 @@ bool Pages::start()
     return true;
 }
 
-bool Pages::open(const QString &state, int width)
+bool AccessiblePages::open(const QString &state, int width)
 {
     m_window.reset(new QScrollArea);
     m_window->setFocusPolicy(Qt::NoFocus);
@@ -71,15 +55,15 @@ bool Pages::open(const QString &state, int width)
     return QTest::qWaitForWindowActive(m_window.get()) && bringVoiceTestTo(state);
 }
 
-void Pages::close()
+void AccessiblePages::close()
 {
     m_window.reset();
-    testsupport::flushDeferredDeletes();
+    flushDeferredDeletes();
     m_network.setValue(QStringLiteral("state"), 70u);
     m_aiService.reset();
 }
 
-bool Pages::bringVoiceTestTo(const QString &state)
+bool AccessiblePages::bringVoiceTestTo(const QString &state)
 {
     if (state.endsWith(QLatin1String("waking up by voice"))) {
         page()->findChild<zcc::widgets::SwitchWidget *>()->setChecked(true);
@@ -101,11 +85,11 @@ bool Pages::bringVoiceTestTo(const QString &state)
                                   Q_ARG(int, 1), Q_ARG(bool, false));
     if (state.endsWith(QLatin1String("finished")))
         QMetaObject::invokeMethod(page(), "slotAqcResult", Q_ARG(QString, QStringLiteral("1000")));
-    testsupport::flushDeferredDeletes();
+    flushDeferredDeletes();
 
     const bool running =
         state.endsWith(QLatin1String("running")) || state.endsWith(QLatin1String("words"));
     return running == !page()->findChild<ZCommandLinkButton *>();
 }
 
-} // namespace accessibility
+} // namespace testsupport

@@ -7,17 +7,17 @@
 
 #include <memory>
 
-namespace accessibility {
+namespace testsupport {
 
 /**
  * The module's pages in every state that a user can bring them to, on running services.
  *
  * A page is shown as the control center shows it, in a window that scrolls.
  */
-class Pages
+class AccessiblePages
 {
 public:
-    /** Names of the states, one word of the page first: "assistant, voice test running". */
+    /** Names of the states, the page first: "Desktop AI Assistant, voice test running". */
     static QStringList states();
 
     /** Starts the services; false, with a log line, when one does not start. */
@@ -38,12 +38,12 @@ public:
 private:
     bool bringVoiceTestTo(const QString &state);
 
-    testsupport::ServiceProcess m_assistant{QStringLiteral("assistant")};
-    testsupport::ServiceProcess m_dock{QStringLiteral("dock")};
-    testsupport::ServiceProcess m_keybinding{QStringLiteral("keybinding")};
-    testsupport::ServiceProcess m_network{QStringLiteral("networkmanager")};
-    testsupport::ServiceProcess m_aiService{QStringLiteral("aiservice")};
+    ServiceProcess m_assistant{QStringLiteral("assistant")};
+    ServiceProcess m_dock{QStringLiteral("dock")};
+    ServiceProcess m_keybinding{QStringLiteral("keybinding")};
+    ServiceProcess m_network{QStringLiteral("networkmanager")};
+    ServiceProcess m_aiService{QStringLiteral("aiservice")};
     std::unique_ptr<QScrollArea> m_window;
 };
 
-} // namespace accessibility
+} // namespace testsupport

@@ -14,7 +14,7 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
-using accessibility::Pages;
+using testsupport::AccessiblePages;
 using namespace controlcenter;
 
 namespace {
@@ -147,7 +147,7 @@ private Q_SLOTS:
     void faultsAreFound();
 
 private:
-    Pages m_pages;
+    AccessiblePages m_pages;
 };
 
 void AccessibilityTreeTest::initTestCase()
@@ -164,7 +164,7 @@ void AccessibilityTreeTest::cleanup()
 void AccessibilityTreeTest::pageHasNoFaults_data()
 {
     QTest::addColumn<QString>("state");
-    for (const QString &state : Pages::states())
+    for (const QString &state : AccessiblePages::states())
         QTest::newRow(qPrintable(state)) << state;
 }
 

@@ -12,6 +12,8 @@
 
 using Ztk::Gui::ZGuiApplicationHelper;
 
+using namespace testsupport;
+
 namespace {
 
 /** Remembers the push buttons that it was asked to draw, and draws them. */

@@ -9,7 +9,10 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
+#include <QPointer>
 #include <QtTest>
+
+namespace testsupport {
 
 /** The caps that a row of caps shows, in its layout's order. */
 inline QList<KeyLabel *> caps(const ShortcutKey *key)
@@ -74,3 +77,61 @@ inline void clickThroughWindow(const QWidget *widget)
 {
     clickThroughWindow(widget, widget->rect().center());
 }
+
+/** A window that holds one row at a place and width of the test's choice. */
+class RowWindow : public QWidget
+{
+public:
+    explicit RowWindow(int width = 600)
+    {
+        resize(width, 80);
+        row = new ShortcutItem(&m_frame);
+        m_frame.setGeometry(0, 0, width, 80);
+        setRowWidth(width - 20);
+    }
+
+    void setRowWidth(int width)
+    {
+        m_frame.resize(width + 20, 80);
+        row->setGeometry(10, 10, width, 44);
+    }
+
+    bool showAndWait()
+    {
+        show();
+        return QTest::qWaitForWindowExposed(this);
+    }
+
+    bool showActive()
+    {
+        show();
+        activateWindow();
+        return QTest::qWaitForWindowActive(this);
+    }
+
+    QPointer<ShortcutItem> row;
+
+private:
+    QFrame m_frame{this};
+};
+
+/** The signals of a row in the order of their arrival, each as "signal: name, accelerator". */
+class SignalLog : public QObject
+{
+public:
+    explicit SignalLog(ShortcutItem *row)
+    {
+        const auto log = [this](const char *signal) {
+            return [this, signal](const ShortcutItem::ShortcutInfo &info) {
+                lines.append(QStringLiteral("%1: %2, %3").arg(signal, info.name, info.accels));
+            };
+        };
+        connect(row, &ShortcutItem::shortcutEditChanged, this, log("edit"));
+        connect(row, &ShortcutItem::requestUpdateKey, this, log("update"));
+        connect(row, &ShortcutItem::requestRemove, this, log("remove"));
+    }
+
+    QStringList lines;
+};
+
+} // namespace testsupport

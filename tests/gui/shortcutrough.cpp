@@ -6,33 +6,13 @@
 #include <QElapsedTimer>
 #include <QVBoxLayout>
 
-#include <ctime>
+using namespace testsupport;
 
 namespace {
 constexpr int limitMs = 20000; // far more than any of this takes; a hang takes for ever
 constexpr int megabyte = 1024 * 1024;
 constexpr int widestRow = 8000; // pixels: more cannot be shown, and must not be asked of a window
 const QChar ellipsis(0x2026);
-
-/** Processor time of this process in milliseconds: what others do on the machine does not count. */
-qint64 processorTime()
-{
-    return std::clock() * 1000LL / CLOCKS_PER_SEC;
-}
-
-/** What @p work costs on a widget that has seen @p before, in processor time: the best of three. */
-template <typename Before, typename Work>
-qint64 leastCost(Before before, Work work)
-{
-    qint64 least = limitMs;
-    for (int run = 0; run < 3; ++run) {
-        before();
-        const qint64 start = processorTime();
-        work();
-        least = qMin(least, processorTime() - start);
-    }
-    return least;
-}
 
 /** Lets the window take its size and draws it, at two sizes. */
 void showTwice(QWidget *window)
@@ -114,8 +94,8 @@ void ShortcutRoughTest::accelerator()
         window.grab();
     };
     show(accels.left(200)); // Qt looks for fonts once
-    const qint64 cost = leastCost([&] { show(QStringLiteral("F1")); }, [&] { show(accels); });
-    QVERIFY2(cost < testsupport::megabyteLimitMs, qPrintable(QString::number(cost)));
+    const double cost = leastCostMs([&] { show(QStringLiteral("F1")); }, [&] { show(accels); });
+    QVERIFY2(cost < megabyteLimitMs, qPrintable(QString::number(cost)));
     QVERIFY2(window.minimumWidth() < widestRow, qPrintable(QString::number(window.width())));
 
     // It still does what a row does.
@@ -173,8 +153,8 @@ void ShortcutRoughTest::title()
         showTwice(&window);
     };
     show(title.left(200)); // Qt looks for fonts once
-    const qint64 cost = leastCost([&] { show(QStringLiteral("Title")); }, [&] { show(title); });
-    QVERIFY2(cost < testsupport::megabyteLimitMs, qPrintable(QString::number(cost)));
+    const double cost = leastCostMs([&] { show(QStringLiteral("Title")); }, [&] { show(title); });
+    QVERIFY2(cost < megabyteLimitMs, qPrintable(QString::number(cost)));
 
     // The row is too narrow for most; a wide one shows all that is ever shown.
     window.setMinimumWidth(20000);

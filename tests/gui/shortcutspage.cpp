@@ -3,6 +3,7 @@
 #include "pages/showntext.h"
 #include "pages/texttranslatesettingwidget.h"
 #include "tests/gui/shortcutparts.h"
+#include "tests/support/modulepages.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/testprogram.h"
 
@@ -13,20 +14,21 @@
 #include <QVBoxLayout>
 
 using controlcenter::ShortcutsPage;
-using testsupport::ServiceProcess;
+using namespace testsupport;
 
 namespace {
 
-const QString speechId = QStringLiteral("speech-to-text");
-const QString readId = QStringLiteral("text-to-speech");
-const QString translationId = QStringLiteral("translation");
+const QString speechId = modulePage(speechToTextPage).shortcut;
+const QString readId = modulePage(textToSpeechPage).shortcut;
+const QString translationId = modulePage(translationPage).shortcut;
 const Qt::KeyboardModifiers controlAlt = Qt::ControlModifier | Qt::AltModifier;
 
 QVector<ShortcutsPage::Shortcut> shortcuts()
 {
-    return {{speechId, QStringLiteral("Speech to Text")},
-            {readId, QStringLiteral("Text to Speech")},
-            {translationId, QStringLiteral("Translation")}};
+    QVector<ShortcutsPage::Shortcut> all;
+    for (const ModulePage &page : featurePages())
+        all.append({page.shortcut, page.name});
+    return all;
 }
 
 } // namespace
@@ -43,10 +45,8 @@ private slots:
     void asksAgainWhenShownAgain();
     void clickTakesNextCombination();
     void waitsOnForTrueCombination();
-    void escapeKeepsOldShortcut();
-    void clickEndsWait_data();
-    void clickEndsWait();
-    void hidingEndsWait();
+    void endsWait_data();
+    void endsWait();
     void otherRowTakesOverWait();
     void windowShortcutsAreTaken();
     void editModeRemoves();
@@ -57,17 +57,24 @@ private slots:
     void absentServiceIsTold();
     void serviceThatVanishesIsTold();
     void oddRepliesShowNone();
-    void pageGoesWhileAwaiting();
-    void windowGoesWhileAwaiting();
+    void mayGoWhileAwaiting();
     void featurePageShowsNewShortcut();
 
 private:
     bool open();
-    QStringList stored(const QString &id);
-    QStringList shown(const QString &id) const;
-    QString visible(const QString &id) const;
-    void clickCaps(const QString &id);
-    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    QStringList stored(const QString &id) { return m_service->value(id).toStringList(); }
+    QStringList shown(const QString &id) const { return capTexts(RowParts(*m_page->row(id)).key); }
+    QString visible(const QString &id) const { return RowParts(*m_page->row(id)).visible(); }
+    void clickCaps(const QString &id) { clickThroughWindow(RowParts(*m_page->row(id)).key); }
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(m_window->windowHandle(), static_cast<Qt::Key>(key), modifiers);
+    }
+    void showAgain()
+    {
+        m_page->hide();
+        m_page->show();
+    }
 
     std::unique_ptr<ServiceProcess> m_service;
     std::unique_ptr<QWidget> m_window;
@@ -76,7 +83,7 @@ private:
 
 void ShortcutsPageTest::init()
 {
-    m_service.reset(new ServiceProcess(QStringLiteral("keybinding")));
+    m_service = std::make_unique<ServiceProcess>(QStringLiteral("keybinding"));
     QVERIFY(m_service->start());
 }
 
@@ -92,8 +99,7 @@ bool ShortcutsPageTest::open()
     m_window.reset(new QWidget);
     m_window->resize(700, 400);
     m_page = new ShortcutsPage(shortcuts());
-    auto *layout = new QVBoxLayout(m_window.get());
-    layout->addWidget(m_page);
+    (new QVBoxLayout(m_window.get()))->addWidget(m_page);
     m_window->show();
     m_window->activateWindow();
     if (!QTest::qWaitForWindowActive(m_window.get()) ||
@@ -101,31 +107,6 @@ bool ShortcutsPageTest::open()
         return false;
     QCoreApplication::processEvents(); // the rows take their places
     return true;
-}
-
-QStringList ShortcutsPageTest::stored(const QString &id)
-{
-    return m_service->value(id).toStringList();
-}
-
-QStringList ShortcutsPageTest::shown(const QString &id) const
-{
-    return capTexts(RowParts(*m_page->row(id)).key);
-}
-
-QString ShortcutsPageTest::visible(const QString &id) const
-{
-    return RowParts(*m_page->row(id)).visible();
-}
-
-void ShortcutsPageTest::clickCaps(const QString &id)
-{
-    clickThroughWindow(RowParts(*m_page->row(id)).key);
-}
-
-void ShortcutsPageTest::press(int key, Qt::KeyboardModifiers modifiers)
-{
-    QTest::keyClick(m_window->windowHandle(), static_cast<Qt::Key>(key), modifiers);
 }
 
 void ShortcutsPageTest::showsWhatTheServiceSays()
@@ -188,52 +169,36 @@ void ShortcutsPageTest::waitsOnForTrueCombination()
     QTRY_COMPARE(shown(translationId), QStringList({"Super", "X"}));
 }
 
-void ShortcutsPageTest::escapeKeepsOldShortcut()
+void ShortcutsPageTest::endsWait_data()
 {
-    QVERIFY(open());
-    clickCaps(speechId);
-    press(Qt::Key_Escape);
-    QCOMPARE(visible(speechId), QStringLiteral("caps"));
-    QCOMPARE(m_page->message(), QString());
-    QCOMPARE(shown(speechId), QStringList({"Ctrl", "Alt", "I"}));
-    QCOMPARE(stored(speechId), QStringList("<Control><Alt>I"));
+    QTest::addColumn<QString>("what");
+    QTest::newRow("click on its line edit") << "shortcutEdit";
+    QTest::newRow("click on its title") << "title";
+    QTest::newRow("click on the page") << "page";
+    QTest::newRow("Escape") << "Escape";
+    QTest::newRow("hiding") << "hide";
 }
 
-void ShortcutsPageTest::clickEndsWait_data()
+void ShortcutsPageTest::endsWait()
 {
-    QTest::addColumn<QString>("where");
-    QTest::newRow("on its line edit") << "shortcutEdit";
-    QTest::newRow("on its title") << "title";
-    QTest::newRow("on the page") << "";
-}
-
-void ShortcutsPageTest::clickEndsWait()
-{
-    QFETCH(QString, where);
+    QFETCH(QString, what);
     QVERIFY(open());
     clickCaps(readId);
     QCOMPARE(visible(readId), QStringLiteral("line"));
     QCoreApplication::processEvents();
-    if (where.isEmpty())
+    if (what == QLatin1String("page"))
         clickThroughWindow(m_page, m_page->rect().bottomLeft() + QPoint(4, -4));
+    else if (what == QLatin1String("Escape"))
+        press(Qt::Key_Escape);
+    else if (what == QLatin1String("hide"))
+        showAgain();
     else
-        clickThroughWindow(m_page->row(readId)->findChild<QWidget *>(where));
+        clickThroughWindow(m_page->row(readId)->findChild<QWidget *>(what));
     QTRY_COMPARE(m_page->message(), QString());
-    QCOMPARE(visible(readId), QStringLiteral("caps"));
-
-    press(Qt::Key_J, controlAlt);
-    QCOMPARE(stored(readId), QStringList("<Control><Alt>P"));
-}
-
-void ShortcutsPageTest::hidingEndsWait()
-{
-    QVERIFY(open());
-    clickCaps(readId);
-    m_page->hide();
-    m_page->show();
     QTRY_COMPARE(visible(readId), QStringLiteral("caps"));
-    QCOMPARE(m_page->message(), QString());
+
     press(Qt::Key_J, controlAlt);
+    QCOMPARE(shown(readId), QStringList({"Ctrl", "Alt", "P"}));
     QCOMPARE(stored(readId), QStringList("<Control><Alt>P"));
 }
 
@@ -255,15 +220,14 @@ void ShortcutsPageTest::otherRowTakesOverWait()
 void ShortcutsPageTest::windowShortcutsAreTaken()
 {
     QVERIFY(open());
-    int found = 0;
     QShortcut find(QKeySequence(Qt::CTRL | Qt::Key_F), m_window.get());
-    connect(&find, &QShortcut::activated, this, [&found] { ++found; });
+    const QSignalSpy found(&find, &QShortcut::activated);
     press(Qt::Key_F, Qt::ControlModifier);
-    QCOMPARE(found, 1);
+    QCOMPARE(found.count(), 1);
     clickCaps(speechId);
     press(Qt::Key_F, Qt::ControlModifier);
     QTRY_COMPARE(shown(speechId), QStringList({"Ctrl", "F"}));
-    QCOMPARE(found, 1);
+    QCOMPARE(found.count(), 1);
 }
 
 void ShortcutsPageTest::editModeRemoves()
@@ -347,32 +311,26 @@ void ShortcutsPageTest::takenShortcutIsRefused()
     QCOMPARE(m_page->message(), QString());
 }
 
-// Situation: the service answers with an error. Expected: the page says so, and works again when
-// the service does.
 void ShortcutsPageTest::serviceErrorIsTold()
 {
     QVERIFY(open());
     m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("error"),
                       QStringLiteral("no keyboard"));
-    m_page->hide();
-    m_page->show();
+    showAgain();
     QTRY_VERIFY(m_page->message().contains(QStringLiteral("no keyboard")));
     m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("error"),
                       QString(1 << 20, QLatin1Char('x')));
-    m_page->hide();
-    m_page->show();
+    showAgain();
     QTRY_VERIFY(m_page->message().contains(QStringLiteral("xxx")));
     QVERIFY(m_page->message().size() < 2 * showntext::longestWords);
     m_service->reset();
-    m_page->hide();
-    m_page->show();
+    showAgain();
     QCOMPARE(m_page->message(), QString());
     clickCaps(speechId);
     press(Qt::Key_F5);
     QTRY_COMPARE(shown(speechId), QStringList("F5"));
 }
 
-// Situation: no service. Expected: the page opens, without caps, and says why.
 void ShortcutsPageTest::absentServiceIsTold()
 {
     QVERIFY(m_service->stop());
@@ -383,8 +341,7 @@ void ShortcutsPageTest::absentServiceIsTold()
     QVERIFY(shown(speechId).isEmpty());
 }
 
-// Situation: the service is gone when the new shortcut is to be stored. Expected: the old one stays
-// on show, and the page says why.
+// When the new shortcut is to be stored: the old one stays on show.
 void ShortcutsPageTest::serviceThatVanishesIsTold()
 {
     QVERIFY(open());
@@ -406,26 +363,23 @@ void ShortcutsPageTest::oddRepliesShowNone()
         QCOMPARE(shown(speechId), QStringList("None"));
     }
     m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("reply"), 42);
-    m_page->hide();
-    m_page->show();
+    showAgain();
     QTRY_VERIFY(!m_page->message().isEmpty()); // not even a text
 }
 
-void ShortcutsPageTest::pageGoesWhileAwaiting()
+void ShortcutsPageTest::mayGoWhileAwaiting()
 {
-    QVERIFY(open());
-    clickCaps(speechId);
-    delete m_page;
-    press(Qt::Key_J, controlAlt);
-    QCOMPARE(stored(speechId), QStringList("<Control><Alt>I"));
-}
-
-void ShortcutsPageTest::windowGoesWhileAwaiting()
-{
-    QVERIFY(open());
-    clickCaps(speechId);
-    m_window.reset();
-    QCOMPARE(stored(speechId), QStringList("<Control><Alt>I"));
+    for (const bool withItsWindow : {false, true}) {
+        QVERIFY(open());
+        clickCaps(speechId);
+        if (withItsWindow) {
+            m_window.reset();
+        } else {
+            delete m_page;
+            press(Qt::Key_J, controlAlt);
+        }
+        QCOMPARE(stored(speechId), QStringList("<Control><Alt>I"));
+    }
 }
 
 void ShortcutsPageTest::featurePageShowsNewShortcut()

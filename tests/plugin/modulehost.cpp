@@ -1,42 +1,28 @@
-#include "tests/support/fakeframe.h"
+#include "tests/plugin/hostedmodule.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/modulepages.h"
 #include "tests/support/testprogram.h"
-#include "tests/support/widgets.h"
 
-#include <zcc/moduleinterface.h>
-
-#include <QAbstractButton>
-#include <QComboBox>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QIcon>
 #include <QLibrary>
 #include <QListView>
 #include <QMetaMethod>
-#include <QPluginLoader>
+#include <QPixmap>
 #include <QPointer>
-#include <QRegularExpression>
-#include <QResource>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <functional>
 #include <memory>
 
-// The module driven as a control center drives it, by a host that knows its interface only. No
-// service runs: every page opens with its fallbacks.
-
-using testsupport::FakeFrame;
-using testsupport::LogCapture;
-using testsupport::LogRecord;
-using testsupport::ModulePage;
-using testsupport::modulePages;
+using namespace testsupport;
 using zccV20::ModuleInterface;
 
 namespace {
-
-const QString moduleFile = QStringLiteral(MODULE_FILE);
 
 QString signature(const QMetaMethod &method)
 {
@@ -73,6 +59,7 @@ QStringList registrations(const FakeFrame &frame, FakeFrame::Registration::Kind 
 
 } // namespace
 
+/** What the module says of itself, registers and logs. No service runs. */
 class ModuleHostTest : public QObject
 {
     Q_OBJECT
@@ -85,53 +72,22 @@ private Q_SLOTS:
     void answersBothCasts();
     void oneObjectWhileItLivesAndANewOneAfterwards();
     void fourSlotsAndNothingElse();
-
     void saysWhatItIs();
     void keepsTheDefaultsOfTheBase();
     void availablePagesAreShortNamesInOrder();
-
     void logsItsLifecycle_data();
     void logsItsLifecycle();
     void logsNothingElse();
-
     void registersThePageNamesInTheirOwnOrder();
     void registersTheSearchEntriesInOrder();
     void activeRegistersNothing();
-
-    void activePushesTheListThenTheAssistantPage();
-    void activeTwicePushesTwoListsAndTwoAssistantPages();
-    void anOldListStillOpensPages();
-    void everyPushIsAParentlessWidgetOfTheModuleWithType2();
-    void contentPoppedDeactiveAndResetLeaveThePagesAlone();
-
-    void loadOpensThePageOfItsUntranslatedName_data();
-    void loadOpensThePageOfItsUntranslatedName();
-    void loadBuildsAFreshPageEachTime();
-    void loadBeforeActiveReturnsZero();
-    void loadAfterTheFrameDestroyedTheListReturnsZero();
-
     void slotsOfThePages_data();
     void slotsOfThePages();
     void listHasASignalPerPageAndNoSlots();
 
-    void theFrameMayDestroyAPageAtAnyTime();
-    void theFrameMayDestroyTheListBeforeThePages();
-    void pagesOutliveTheModuleObject();
-    void listOutlivesTheModuleObject();
-    void worksWithoutAFrameProxy();
-
-    void carriesItsIconsAndCatalogues_data();
-    void carriesItsIconsAndCatalogues();
-    void translationPathLeadsToTheCatalogueOfALocale_data();
-    void translationPathLeadsToTheCatalogueOfALocale();
-
 private:
-    QWidget *pushed(int index) const { return m_frame->pushes().at(index).widget; }
-
     QTemporaryDir m_theme;
-    std::unique_ptr<QPluginLoader> m_loader;
-    std::unique_ptr<FakeFrame> m_frame;
-    ModuleInterface *m_module = nullptr;
+    std::unique_ptr<HostedModule> m_host;
 };
 
 void ModuleHostTest::initTestCase()
@@ -156,32 +112,25 @@ void ModuleHostTest::initTestCase()
 
 void ModuleHostTest::init()
 {
-    m_loader = std::make_unique<QPluginLoader>(moduleFile);
-    QObject *object = m_loader->instance();
-    QVERIFY2(object, qPrintable(m_loader->errorString()));
-    m_module = qobject_cast<ModuleInterface *>(object);
-    QVERIFY(m_module);
-    m_frame = std::make_unique<FakeFrame>(FakeFrame::OnDemand);
-    m_module->setFrameProxy(m_frame.get());
+    m_host = std::make_unique<HostedModule>();
+    QVERIFY2(m_host->module, qPrintable(m_host->loader.errorString()));
 }
 
 void ModuleHostTest::cleanup()
 {
-    m_frame.reset();
-    testsupport::flushDeferredDeletes();
-    delete m_loader->instance();
+    m_host.reset();
     QCOMPARE(testsupport::topLevelWidgetsLeft(), QStringList());
 }
 
 void ModuleHostTest::answersBothCasts()
 {
-    QObject *object = m_loader->instance();
+    QObject *object = m_host->loader.instance();
     QCOMPARE(object->metaObject()->className(), "TavrenAIAssitantControlPlugin");
     QCOMPARE(object->qt_metacast("TavrenAIAssitantControlPlugin"), static_cast<void *>(object));
     void *const interface = object->qt_metacast("zccV20::ModuleInterface");
     QVERIFY(interface);
     QCOMPARE(object->qt_metacast("com.tavren.zde.ControlCenter.module/1.0"), interface);
-    QCOMPARE(static_cast<void *>(m_module), interface);
+    QCOMPARE(static_cast<void *>(m_host->module), interface);
     QCOMPARE(object->qt_metacast("QObject"), static_cast<void *>(object));
     QVERIFY(!object->qt_metacast("TavrenAIAssistantControlPlugin"));
     QVERIFY(!object->qt_metacast("com.tavren.zde.ControlCenter.module/1.1"));
@@ -190,12 +139,12 @@ void ModuleHostTest::answersBothCasts()
 
 void ModuleHostTest::oneObjectWhileItLivesAndANewOneAfterwards()
 {
-    QPointer<QObject> first = m_loader->instance();
-    QCOMPARE(QPluginLoader(moduleFile).instance(), first.data());
+    QPointer<QObject> first = m_host->loader.instance();
+    QCOMPARE(QPluginLoader(m_host->loader.fileName()).instance(), first.data());
 
     // The entry point itself, past Qt's own bookkeeping.
     using Instance = QObject *(*)();
-    const auto entry = Instance(QLibrary::resolve(moduleFile, "qt_plugin_instance"));
+    const auto entry = Instance(QLibrary::resolve(m_host->loader.fileName(), "qt_plugin_instance"));
     QVERIFY(entry);
     QCOMPARE(entry(), first.data());
 
@@ -206,13 +155,13 @@ void ModuleHostTest::oneObjectWhileItLivesAndANewOneAfterwards()
 
     const QPointer<QObject> second = entry();
     QVERIFY(second);
-    QCOMPARE(m_loader->instance(), second.data());
+    QCOMPARE(m_host->loader.instance(), second.data());
     QVERIFY(qobject_cast<ModuleInterface *>(second));
 }
 
 void ModuleHostTest::fourSlotsAndNothingElse()
 {
-    const QMetaObject *metaObject = m_loader->instance()->metaObject();
+    const QMetaObject *metaObject = m_host->loader.instance()->metaObject();
     QCOMPARE(metaObject->superClass(), &QObject::staticMetaObject);
     QCOMPARE(ownMethods(metaObject, QMetaMethod::Slot),
              (QStringList{
@@ -224,28 +173,28 @@ void ModuleHostTest::fourSlotsAndNothingElse()
 
 void ModuleHostTest::saysWhatItIs()
 {
-    QCOMPARE(m_module->name(), QStringLiteral("voice"));
-    QCOMPARE(m_module->displayName(), QStringLiteral("Assistive Tools"));
-    QCOMPARE(m_module->icon().name(), QStringLiteral("zcc_nav_voice"));
-    QCOMPARE(m_module->translationPath(),
+    QCOMPARE(m_host->module->name(), QStringLiteral("voice"));
+    QCOMPARE(m_host->module->displayName(), QStringLiteral("Assistive Tools"));
+    QCOMPARE(m_host->module->icon().name(), QStringLiteral("zcc_nav_voice"));
+    QCOMPARE(m_host->module->translationPath(),
              QStringLiteral(":/translation/assistant-control-plugin_%1.ts"));
-    QCOMPARE(m_module->path(), QStringLiteral("mainwindow"));
-    QCOMPARE(m_module->follow(), QStringLiteral("keyboard"));
+    QCOMPARE(m_host->module->path(), QStringLiteral("mainwindow"));
+    QCOMPARE(m_host->module->follow(), QStringLiteral("keyboard"));
 }
 
 void ModuleHostTest::keepsTheDefaultsOfTheBase()
 {
-    QVERIFY(m_module->enabled());
-    QVERIFY(!m_module->moduleWidget());
-    m_module->active();
-    m_module->showPage(QStringLiteral("Translation"));
-    QCOMPARE(m_frame->pushes().size(), 2);
-    QVERIFY(!m_module->moduleWidget());
+    QVERIFY(m_host->module->enabled());
+    QVERIFY(!m_host->module->moduleWidget());
+    m_host->module->active();
+    m_host->module->showPage(QStringLiteral("Translation"));
+    QCOMPARE(m_host->frame->pushes().size(), 2);
+    QVERIFY(!m_host->module->moduleWidget());
 }
 
 void ModuleHostTest::availablePagesAreShortNamesInOrder()
 {
-    QCOMPARE(m_module->availPage(), testsupport::availableShortNames());
+    QCOMPARE(m_host->module->availPage(), testsupport::availableShortNames());
 }
 
 using Operation = std::function<void(ModuleInterface *)>;
@@ -298,7 +247,7 @@ void ModuleHostTest::logsItsLifecycle()
     QFETCH(QString, function);
 
     const LogCapture log;
-    operation(m_module);
+    operation(m_host->module);
     QList<LogRecord> records;
     for (const LogRecord &record : log.records())
         if (QFileInfo(record.file).baseName() == QLatin1String("tavrenaiassitantcontrolplugin"))
@@ -316,36 +265,36 @@ void ModuleHostTest::logsItsLifecycle()
 void ModuleHostTest::logsNothingElse()
 {
     const LogCapture log;
-    m_module->name();
-    m_module->displayName();
-    m_module->icon();
-    m_module->showPage(QString());
-    m_module->moduleWidget();
-    m_module->contentPopped(nullptr);
-    m_module->availPage();
-    m_module->path();
-    m_module->follow();
-    m_module->enabled();
-    m_module->addChildPageTrans();
-    m_module->initSearchData();
+    m_host->module->name();
+    m_host->module->displayName();
+    m_host->module->icon();
+    m_host->module->showPage(QString());
+    m_host->module->moduleWidget();
+    m_host->module->contentPopped(nullptr);
+    m_host->module->availPage();
+    m_host->module->path();
+    m_host->module->follow();
+    m_host->module->enabled();
+    m_host->module->addChildPageTrans();
+    m_host->module->initSearchData();
     QCOMPARE(log.texts(), QStringList());
 }
 
 void ModuleHostTest::registersThePageNamesInTheirOwnOrder()
 {
-    m_module->preInitialize();
+    m_host->module->preInitialize();
     QStringList expected;
     for (const QString &name : testsupport::registeredPageNames())
         expected.append(QStringLiteral("name|%1|%1").arg(name));
-    QCOMPARE(registrations(*m_frame, FakeFrame::Registration::PageTranslation,
+    QCOMPARE(registrations(*m_host->frame, FakeFrame::Registration::PageTranslation,
                            FakeFrame::Registration::PageTranslation),
              expected);
-    QVERIFY(m_frame->pushes().isEmpty());
+    QVERIFY(m_host->frame->pushes().isEmpty());
 }
 
 void ModuleHostTest::registersTheSearchEntriesInOrder()
 {
-    m_module->preInitialize();
+    m_host->module->preInitialize();
     QStringList expected;
     for (const ModulePage &page : modulePages()) {
         expected.append(QStringLiteral("page|Assistive Tools|%1|present").arg(page.name));
@@ -353,150 +302,17 @@ void ModuleHostTest::registersTheSearchEntriesInOrder()
             expected.append(
                 QStringLiteral("item|Assistive Tools|%1|%2|present").arg(page.name, setting));
     }
-    QCOMPARE(registrations(*m_frame, FakeFrame::Registration::SearchModule,
+    QCOMPARE(registrations(*m_host->frame, FakeFrame::Registration::SearchModule,
                            FakeFrame::Registration::SearchItem),
              expected);
 }
 
 void ModuleHostTest::activeRegistersNothing()
 {
-    m_module->initialize();
-    m_module->active();
-    m_module->deactive();
-    QVERIFY(m_frame->registrations().isEmpty());
-}
-
-void ModuleHostTest::activePushesTheListThenTheAssistantPage()
-{
-    m_module->preInitialize();
-    m_module->initialize();
-    QVERIFY(m_frame->pushes().isEmpty());
-    m_module->active();
-    QCOMPARE(m_frame->pushedClasses(), (QStringList{QStringLiteral("ThirdListWidget"),
-                                                    QStringLiteral("AssistantSettingWidget")}));
-}
-
-void ModuleHostTest::activeTwicePushesTwoListsAndTwoAssistantPages()
-{
-    m_module->active();
-    m_module->active();
-    QCOMPARE(
-        m_frame->pushedClasses(),
-        (QStringList{QStringLiteral("ThirdListWidget"), QStringLiteral("AssistantSettingWidget"),
-                     QStringLiteral("ThirdListWidget"), QStringLiteral("AssistantSettingWidget")}));
-    QVERIFY(pushed(0) != pushed(2));
-    QVERIFY(pushed(1) != pushed(3));
-
-    // load() is the newer list's.
-    m_module->load(QStringLiteral("Translation"));
-    QCOMPARE(pushed(0)->findChild<QListView *>()->currentIndex().row(), 0);
-    QCOMPARE(pushed(2)->findChild<QListView *>()->currentIndex().row(), 3);
-}
-
-void ModuleHostTest::anOldListStillOpensPages()
-{
-    m_module->active();
-    m_module->active();
-    auto *oldList = pushed(0)->findChild<QListView *>();
-    oldList->setFocus();
-    QTest::keyClick(oldList, Qt::Key_Down);
-    QCOMPARE(m_frame->pushes().size(), 5);
-    QCOMPARE(m_frame->pushes().constLast().className, QStringLiteral("VoiceIatSettingWidget"));
-}
-
-void ModuleHostTest::everyPushIsAParentlessWidgetOfTheModuleWithType2()
-{
-    m_module->preInitialize(false, zccV20::FrameProxyInterface::FullWindow);
-    m_module->active();
-    for (const ModulePage &page : modulePages())
-        m_module->load(page.name);
-    QCOMPARE(m_frame->pushes().size(), modulePages().size() + 2); // after active()'s two
-    for (const FakeFrame::Push &push : m_frame->pushes()) {
-        QCOMPARE(push.module, m_module);
-        QVERIFY(push.widget);
-        QVERIFY(!push.hadParent);
-        QCOMPARE(push.type, 2);
-    }
-}
-
-void ModuleHostTest::contentPoppedDeactiveAndResetLeaveThePagesAlone()
-{
-    m_module->active();
-    m_module->contentPopped(pushed(1));
-    m_module->deactive();
-    m_module->reset();
-    testsupport::flushDeferredDeletes();
-    QCOMPARE(m_frame->pushes().size(), 2);
-    QVERIFY(pushed(0));
-    QVERIFY(pushed(1));
-}
-
-void ModuleHostTest::loadOpensThePageOfItsUntranslatedName_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("page");
-    const QString assistant = QStringLiteral("AssistantSettingWidget");
-    const QVector<ModulePage> pages = modulePages();
-    for (int row = 0; row < pages.size(); ++row) {
-        const ModulePage &page = pages.at(row);
-        QTest::newRow(qPrintable(page.name)) << page.name << row << page.className;
-    }
-    QTest::newRow("other letter case") << "speech to text" << 0 << assistant;
-    QTest::newRow("short name iat") << "iat" << 0 << assistant;
-    QTest::newRow("short name tts") << "tts" << 0 << assistant;
-    QTest::newRow("short name translation") << "translation" << 0 << assistant;
-    QTest::newRow("name with a space behind") << "Translation " << 0 << assistant;
-    QTest::newRow("name as part of a path") << "Translation/Language" << 0 << assistant;
-    QTest::newRow("empty") << "" << 0 << assistant;
-    QTest::newRow("null") << QString() << 0 << assistant;
-    QTest::newRow("rubbish") << QString(100000, QChar(0xFFFD)) << 0 << assistant;
-}
-
-void ModuleHostTest::loadOpensThePageOfItsUntranslatedName()
-{
-    QFETCH(QString, path);
-    QFETCH(int, row);
-    QFETCH(QString, page);
-
-    m_module->active();
-    // From another row, so that row 0 too is a change.
-    m_module->load(QStringLiteral("Text to Speech"));
-    const int before = m_frame->pushes().size();
-    QCOMPARE(m_module->load(path), 0);
-    QCOMPARE(m_frame->pushes().size(), before + 1);
-    QCOMPARE(m_frame->pushes().constLast().className, page);
-    QCOMPARE(pushed(0)->findChild<QListView *>()->currentIndex().row(), row);
-}
-
-void ModuleHostTest::loadBuildsAFreshPageEachTime()
-{
-    m_module->active();
-    m_module->load(QStringLiteral("Translation"));
-    m_module->load(QStringLiteral("Translation"));
-    QCOMPARE(m_frame->pushes().size(), 4);
-    QVERIFY(pushed(2));
-    QVERIFY(pushed(3));
-    QVERIFY(pushed(2) != pushed(3));
-}
-
-void ModuleHostTest::loadBeforeActiveReturnsZero()
-{
-    QCOMPARE(m_module->load(QStringLiteral("Translation")), 0);
-    QVERIFY(m_frame->pushes().isEmpty());
-    m_module->active();
-    QCOMPARE(m_frame->pushes().size(), 2);
-}
-
-void ModuleHostTest::loadAfterTheFrameDestroyedTheListReturnsZero()
-{
-    m_module->active();
-    delete pushed(0);
-    QCOMPARE(m_module->load(QStringLiteral("Translation")), 0);
-    QCOMPARE(m_frame->pushes().size(), 2);
-    m_module->active();
-    QCOMPARE(m_module->load(QStringLiteral("Translation")), 0);
-    QCOMPARE(m_frame->pushes().size(), 5);
+    m_host->module->initialize();
+    m_host->module->active();
+    m_host->module->deactive();
+    QVERIFY(m_host->frame->registrations().isEmpty());
 }
 
 void ModuleHostTest::slotsOfThePages_data()
@@ -512,9 +328,9 @@ void ModuleHostTest::slotsOfThePages()
     QFETCH(QString, page);
     QFETCH(QStringList, slotNames);
 
-    m_module->active();
-    m_module->load(page);
-    const QMetaObject *metaObject = m_frame->pushes().constLast().widget->metaObject();
+    m_host->module->active();
+    m_host->module->load(page);
+    const QMetaObject *metaObject = m_host->frame->pushes().constLast().widget->metaObject();
     QCOMPARE(metaObject->superClass(), &QWidget::staticMetaObject);
     QCOMPARE(ownMethods(metaObject, QMetaMethod::Slot), slotNames);
     QCOMPARE(metaObject->methodCount() - metaObject->methodOffset(), slotNames.size());
@@ -525,8 +341,8 @@ void ModuleHostTest::slotsOfThePages()
 
 void ModuleHostTest::listHasASignalPerPageAndNoSlots()
 {
-    m_module->active();
-    const QMetaObject *metaObject = pushed(0)->metaObject();
+    m_host->module->active();
+    const QMetaObject *metaObject = m_host->pushed(0)->metaObject();
     QCOMPARE(metaObject->superClass(), &QWidget::staticMetaObject);
     QStringList expected;
     for (const ModulePage &page : modulePages())
@@ -535,131 +351,10 @@ void ModuleHostTest::listHasASignalPerPageAndNoSlots()
     QCOMPARE(metaObject->methodCount() - metaObject->methodOffset(), expected.size());
     QCOMPARE(metaObject->propertyCount(), metaObject->propertyOffset());
 
-    const QMetaObject *view = pushed(0)->findChild<QListView *>()->metaObject();
+    const QMetaObject *view = m_host->pushed(0)->findChild<QListView *>()->metaObject();
     QCOMPARE(view->className(), "AssistZListView");
     QCOMPARE(view->superClass()->className(), "Ztk::Widget::ZListView");
     QCOMPARE(view->methodCount(), view->methodOffset());
-}
-
-void ModuleHostTest::theFrameMayDestroyAPageAtAnyTime()
-{
-    m_module->active();
-    delete pushed(1);
-    for (const ModulePage &page : modulePages()) {
-        m_module->load(page.name);
-        QVERIFY(m_frame->pushes().constLast().widget);
-        delete m_frame->pushes().constLast().widget;
-    }
-    m_module->active();
-    QVERIFY(m_frame->pushes().constLast().widget);
-}
-
-void ModuleHostTest::theFrameMayDestroyTheListBeforeThePages()
-{
-    m_module->active();
-    delete pushed(0);
-    auto *languages = pushed(1)->findChild<QComboBox *>();
-    QVERIFY(languages);
-    languages->setCurrentIndex(-1);
-}
-
-void ModuleHostTest::pagesOutliveTheModuleObject()
-{
-    m_module->active();
-    for (const ModulePage &page : modulePages())
-        m_module->load(page.name);
-    delete m_loader->instance();
-    for (int i = 1; i < m_frame->pushes().size(); ++i) {
-        const auto buttons = pushed(i)->findChildren<QAbstractButton *>();
-        for (QAbstractButton *button : buttons)
-            if (button->isCheckable())
-                button->click();
-    }
-}
-
-void ModuleHostTest::listOutlivesTheModuleObject()
-{
-    m_module->active();
-    delete m_loader->instance();
-    QTest::keyClick(pushed(0)->findChild<QListView *>(), Qt::Key_Down);
-    QCOMPARE(m_frame->pushes().size(), 2);
-}
-
-void ModuleHostTest::worksWithoutAFrameProxy()
-{
-    m_module->setFrameProxy(nullptr);
-    m_module->preInitialize();
-    m_module->initialize();
-    QVERIFY(m_frame->registrations().isEmpty());
-}
-
-void ModuleHostTest::carriesItsIconsAndCatalogues_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QByteArray>("begin");
-    QTest::addColumn<QByteArray>("attribute");
-    static const QRegularExpression suffix(QStringLiteral("_(\\d+)px\\.svg$"));
-    for (const QString &file : testsupport::bundledIconFiles()) {
-        const QByteArray size = suffix.match(file).captured(1).toLatin1();
-        QVERIFY(!size.isEmpty());
-        QTest::newRow(qPrintable(file))
-            << QStringLiteral(":/icons/tavren/builtin/actions/") + file << QByteArray("svg")
-            << QByteArray("width=\"" + size + "\" height=\"" + size + "\"");
-    }
-    for (const char *language : {"zh_CN", "bo", "ug", "zh_HK", "en_US", "zh_TW", "en"})
-        QTest::newRow(language) << QStringLiteral(":/translation/assistant-control-plugin_%1.ts")
-                                       .arg(QLatin1String(language))
-                                << QByteArray("TS") << QByteArray("version=\"2.1\"");
-}
-
-void ModuleHostTest::carriesItsIconsAndCatalogues()
-{
-    QFETCH(QString, path);
-    QFETCH(QByteArray, begin);
-    QFETCH(QByteArray, attribute);
-
-    const QResource resource(path);
-    QVERIFY(resource.isValid());
-    // As stored: 4 bytes of size, then a zlib stream.
-    const QByteArray stored = QByteArray::fromRawData(
-        reinterpret_cast<const char *>(resource.data()), int(resource.size()));
-    QCOMPARE(stored.at(4), '\x78');
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray content = file.readAll();
-    QCOMPARE(qUncompress(stored), content);
-
-    const int root = content.indexOf('<' + begin + ' ');
-    QVERIFY(root >= 0);
-    const QByteArray rootElement = content.mid(root, content.indexOf('>', root) - root);
-    QVERIFY2(rootElement.contains(attribute), rootElement.constData());
-}
-
-void ModuleHostTest::translationPathLeadsToTheCatalogueOfALocale_data()
-{
-    QTest::addColumn<QString>("locale");
-    QTest::addColumn<bool>("found");
-    for (const char *locale : {"zh_CN", "bo", "ug", "zh_HK", "zh_TW"})
-        QTest::newRow(locale) << QString::fromLatin1(locale) << true;
-    QTest::newRow("English in its long form") << "en_US" << true;
-    QTest::newRow("English in its short form") << "en" << true;
-    QTest::newRow("another English has none") << "en_GB" << false;
-    QTest::newRow("German has none") << "de_DE" << false;
-}
-
-void ModuleHostTest::translationPathLeadsToTheCatalogueOfALocale()
-{
-    QFETCH(QString, locale);
-    QFETCH(bool, found);
-    QFile catalogue(m_module->translationPath().arg(locale));
-    QCOMPARE(catalogue.open(QIODevice::ReadOnly), found);
-    if (!found)
-        return;
-    // The file of this very locale, not another one under its name.
-    QXmlStreamReader reader(&catalogue);
-    QVERIFY(reader.readNextStartElement());
-    QCOMPARE(reader.name().toString(), QStringLiteral("TS"));
-    QCOMPARE(reader.attributes().value(QLatin1String("language")).toString(), locale);
 }
 
 TEST_CLASS(QApplication, ModuleHostTest)

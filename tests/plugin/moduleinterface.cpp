@@ -2,12 +2,14 @@
 
 #include <zcc/moduleinterface.h>
 
+#include <QFile>
+#include <QJsonObject>
+#include <QLibrary>
+#include <QPluginLoader>
+#include <QProcess>
 #include <QtTest>
 
 #include <cstring>
-
-// Hosts and modules are built apart and meet in the virtual tables: the operations' places are the
-// contract.
 
 namespace {
 
@@ -22,6 +24,8 @@ int tableIndex(Member member)
 
 } // namespace
 
+/** Hosts and modules are built apart and meet in the virtual tables: the operations' places are the
+ * contract. */
 class ModuleInterfaceTest : public QObject
 {
     Q_OBJECT
@@ -125,4 +129,76 @@ void ModuleInterfaceTest::defaultsOfTheBase()
 }
 
 TEST_CLASS(testsupport::NoApplication, ModuleInterfaceTest)
+
+/** The file as it lies on the disk: what a loader can learn before anything of the module has run.
+ */
+class ModuleFileTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void metaDataNamesInterfaceClassAndApi();
+    void exportsTheTwoEntryPointsAndNothingElse();
+    void entryPointsResolve();
+    void holdsNoPathOfTheMachineThatBuiltIt();
+};
+
+void ModuleFileTest::metaDataNamesInterfaceClassAndApi()
+{
+    const QJsonObject metaData = QPluginLoader(QStringLiteral(MODULE_FILE)).metaData();
+    QCOMPARE(metaData.value(QLatin1String("IID")).toString(),
+             QStringLiteral("com.tavren.zde.ControlCenter.module/1.0"));
+    QCOMPARE(metaData.value(QLatin1String("className")).toString(),
+             QStringLiteral("TavrenAIAssitantControlPlugin"));
+    const QJsonObject ownData = metaData.value(QLatin1String("MetaData")).toObject();
+    QCOMPARE(ownData.keys(), QStringList{QStringLiteral("api")});
+    QCOMPARE(ownData.value(QLatin1String("api")).toString(), QStringLiteral("1.0.0"));
+}
+
+void ModuleFileTest::exportsTheTwoEntryPointsAndNothingElse()
+{
+    QProcess nm;
+    nm.start(QStringLiteral(NM_PROGRAM), {QStringLiteral("-D"), QStringLiteral("--defined-only"),
+                                          QStringLiteral("-P"), QStringLiteral(MODULE_FILE)});
+    QVERIFY(nm.waitForFinished());
+    QCOMPARE(nm.exitCode(), 0);
+
+    QStringList symbols;
+    const auto lines = nm.readAllStandardOutput().split('\n');
+    for (const QByteArray &line : lines)
+        if (!line.isEmpty())
+            symbols.append(QString::fromLatin1(line.left(line.indexOf(' '))));
+    symbols.sort();
+    QCOMPARE(symbols, (QStringList{QStringLiteral("qt_plugin_instance"),
+                                   QStringLiteral("qt_plugin_query_metadata")}));
+}
+
+void ModuleFileTest::entryPointsResolve()
+{
+    QLibrary library(QStringLiteral(MODULE_FILE));
+    library.setLoadHints(QLibrary::ResolveAllSymbolsHint); // nothing may be left to find later
+    QVERIFY2(library.load(), qPrintable(library.errorString()));
+    QVERIFY(library.resolve("qt_plugin_instance"));
+    QVERIFY(library.resolve("qt_plugin_query_metadata"));
+    QVERIFY(!library.resolve("_ZN29TavrenAIAssitantControlPlugin16staticMetaObjectE"));
+}
+
+void ModuleFileTest::holdsNoPathOfTheMachineThatBuiltIt()
+{
+    QFile file(QStringLiteral(MODULE_FILE));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const uchar *data = file.map(0, file.size());
+    QVERIFY(data);
+    const QByteArray content =
+        QByteArray::fromRawData(reinterpret_cast<const char *>(data), int(file.size()));
+    QVERIFY(content.contains("plugin/tavrenaiassitantcontrolplugin.cpp"));
+#ifndef __SANITIZE_ADDRESS__
+    // AddressSanitizer's own tables name the sources as the compiler got them, whatever is mapped;
+    // such a build stays on the machine that made it.
+    for (const char *folder : {"plugin/", "pages/", "proxy/", "voice/"})
+        QVERIFY2(!content.contains(QByteArrayLiteral(SOURCE_ROOT "/") + folder), folder);
+#endif
+}
+
+TEST_CLASS(QCoreApplication, ModuleFileTest)
 #include "moduleinterface.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/fakeframe.h"
+#include "tests/support/modulepages.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
@@ -68,8 +69,8 @@ void ModuleUnloadTest::unloadsAfterItsPagesWereOpen()
         module->preInitialize();
         module->initialize();
         module->active();
-        for (const char *page : {"Speech to Text", "Text to Speech", "Translation"})
-            module->load(QLatin1String(page));
+        for (const testsupport::ModulePage &page : testsupport::featurePages())
+            module->load(page.name);
         module->deactive();
     }
     testsupport::flushDeferredDeletes();

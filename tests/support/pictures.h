@@ -8,6 +8,8 @@
 
 #include <cmath>
 
+namespace testsupport {
+
 /** Looking at pictures of widgets: what a person would see, as numbers. */
 namespace pictures {
 
@@ -62,3 +64,5 @@ inline double contrast(const QColor &a, const QColor &b)
 }
 
 } // namespace pictures
+
+} // namespace testsupport

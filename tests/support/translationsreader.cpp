@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace testsupport {
+
 namespace {
 
 CatalogueMessage readMessage(QXmlStreamReader &xml, const QString &context)
@@ -114,3 +116,5 @@ QString catalogueFileName(const QString &language)
 {
     return QLatin1String("assistant-control-plugin_") + language + QLatin1String(".ts");
 }
+
+} // namespace testsupport

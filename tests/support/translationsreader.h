@@ -5,7 +5,9 @@
 #include <QStringList>
 #include <QVector>
 
-/// One message of a catalogue, as its TS file has it.
+namespace testsupport {
+
+/** One message of a catalogue, as its TS file has it. */
 struct CatalogueMessage
 {
     QString context;
@@ -15,11 +17,11 @@ struct CatalogueMessage
     QString translation;
     QString type; // empty for a finished translation
 
-    /// What the sources say about the message: everything but its translation. One line of text.
+    /** What the sources say about the message: everything but its translation. One line of text. */
     QString key() const;
 };
 
-/// A message catalogue read from the text of a TS file. Plain data, no ties to the file.
+/** A message catalogue read from the text of a TS file. Plain data, no ties to the file. */
 struct Catalogue
 {
     QString version;
@@ -31,13 +33,15 @@ struct Catalogue
     static Catalogue fromXml(const QByteArray &xml);
     static Catalogue fromFile(const QString &path);
 
-    /// Keys of all messages, in the file's order.
+    /** Keys of all messages, in the file's order. */
     QStringList keys() const;
-    /// Translation of `source` in `context`; a null string if there is no such message.
+    /** Translation of `source` in `context`; a null string if there is no such message. */
     QString translation(const QString &context, const QString &source) const;
 };
 
-/// The languages that the module carries, in the order of its bundle.
+/** The languages that the module carries, in the order of its bundle. */
 QStringList catalogueLanguages();
-/// File name of a language's catalogue, without a folder.
+/** File name of a language's catalogue, without a folder. */
 QString catalogueFileName(const QString &language);
+
+} // namespace testsupport

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pages/assistantsettingwidget.h"
+#include "tests/support/serviceprocess.h"
 #include "voice/voiceanimationwidget.h"
 
 #include <zcc/widgets/settingsgroup.h>
@@ -103,6 +104,23 @@ public:
 
 private:
     QPointer<AssistantSettingWidget> m_page;
+};
+
+/** The services that a voice test needs. */
+struct VoiceTestServices
+{
+    ServiceProcess network{QStringLiteral("networkmanager")};
+    ServiceProcess aiService{QStringLiteral("aiservice")};
+
+    /** False, with a log line, when one does not start. */
+    bool start() { return network.start() && aiService.start(); }
+
+    /** The network is there, and nothing is scripted. */
+    void reset()
+    {
+        network.setValue(QStringLiteral("state"), 70u);
+        aiService.reset();
+    }
 };
 
 } // namespace testsupport

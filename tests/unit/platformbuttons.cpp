@@ -13,6 +13,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace testsupport;
 using namespace Ztk::Widget;
 
 /** The toolkit's own two buttons, each with mouse, keys, focus, and what a screen reader is told.

@@ -14,6 +14,7 @@
 #include <QStandardItemModel>
 #include <QTest>
 
+using namespace testsupport;
 using namespace Ztk::Widget;
 using Ztk::Gui::ZGuiApplicationHelper;
 

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace testsupport;
+
 // The seven message catalogues against the sources, against each other and against themselves. Each
 // check names the messages at fault, so that a failure says what to mend.
 
@@ -43,7 +45,7 @@ QStringList without(const QStringList &all, const QStringList &removed)
     return rest;
 }
 
-/// Cells of the first table after `heading` in a Markdown text, the table's own heading included.
+// Cells of the first table after `heading` in a Markdown text, the table's own heading included.
 QVector<QStringList> tableRows(const QString &markdown, const QString &heading)
 {
     QVector<QStringList> rows;
@@ -74,8 +76,6 @@ class TranslationsCataloguesTest : public QObject
     Q_OBJECT
 private slots:
     void initTestCase();
-    void namesItsLanguageAndFormat_data() { addLanguages(); }
-    void namesItsLanguageAndFormat();
     void isNeitherStaleNorAhead_data() { addLanguages(); }
     void isNeitherStaleNorAhead();
     void isFinished_data() { addLanguages(); }
@@ -160,14 +160,6 @@ QStringList TranslationsCataloguesTest::faulty(bool (*isFaulty)(const CatalogueM
         if (isFaulty(message))
             result.append(message.key() + QLatin1String(" -> ") + message.translation);
     return result;
-}
-
-void TranslationsCataloguesTest::namesItsLanguageAndFormat()
-{
-    QFETCH(QString, language);
-    QCOMPARE(catalogue().language, language);
-    QCOMPARE(catalogue().version, QStringLiteral("2.1"));
-    QCOMPARE(catalogue().contexts.first(), QStringLiteral("AssistantSettingWidget"));
 }
 
 void TranslationsCataloguesTest::isNeitherStaleNorAhead()

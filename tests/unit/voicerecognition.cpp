@@ -1,5 +1,3 @@
-// The recognition client's texts: reading one hypothesis, and merging a stream of them. No bus.
-
 #include "tests/support/testprogram.h"
 #include "voice/iatwapper.h"
 
@@ -9,27 +7,6 @@
 #include <QTest>
 
 namespace {
-
-// What one call of paserIatResultPgs leaves in its outputs. They begin at values that no hypothesis
-// gives, so that "left alone" shows.
-struct Parsed
-{
-    int code;
-    QString out;
-    int type;
-    bool isLast;
-};
-
-constexpr auto untouchedType = static_cast<IatWapper::IatResultType>(3);
-
-Parsed parse(const QByteArray &text, bool isLast = true)
-{
-    IatWapper client;
-    QString out = QStringLiteral("before|");
-    IatWapper::IatResultType type = untouchedType;
-    const int code = client.paserIatResultPgs(text.constData(), out, type, isLast);
-    return {code, out, type, isLast};
-}
 
 // A hypothesis of the given words; an empty pgs is left out.
 QJsonObject hypothesis(const QString &pgs, const QStringList &words)
@@ -89,20 +66,12 @@ public:
 
 } // namespace
 
+/** The recognition client without a bus: it merges a stream of hypotheses. */
 class VoiceRecognitionTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void hypotheses_data();
-    void hypotheses();
-    void notJson_data();
-    void notJson();
-    void notJsonIsLogged();
-    void lastSegment();
-    void longHypothesis();
-    void deepHypothesis();
-
     void mergeExample();
     void appendedPieceIsNotKept();
     void emptyReplaceClearsThePendingText();
@@ -120,123 +89,6 @@ private Q_SLOTS:
     void threadIsNeverStarted();
     void declaredMembers();
 };
-
-void VoiceRecognitionTest::hypotheses_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("out");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<bool>("isLast");
-
-    const auto row = [](const char *name, const QByteArray &text, const QString &out, int type,
-                        bool isLast) {
-        QTest::newRow(name) << text << out << type << isLast;
-    };
-    const QString none;
-    row("replace", R"({"pgs":"rpl","ls":true,"ws":[{"cw":[{"w":"ab"}]},{"cw":[{"w":"c"}]}]})",
-        QStringLiteral("abc"), 1, true);
-    row("append", R"({"pgs":"apd","ws":[{"cw":[{"w":"x"}]}]})", QStringLiteral("x"), 2, false);
-    row("replace in capitals", R"({"pgs":"RPL"})", none, 2, false);
-    row("mark with a space", R"({"pgs":"rpl "})", none, 2, false);
-    row("empty mark", R"({"pgs":""})", none, 2, false);
-    row("mark is a number", R"({"pgs":1})", none, 2, false);
-    row("mark is null", R"({"pgs":null})", none, 2, false);
-    row("mark is an object", R"({"pgs":{"rpl":1}})", none, 2, false);
-    row("no mark", R"({"ws":[{"cw":[{"w":"y"}]}]})", QStringLiteral("y"), 0, false);
-    row("empty object", "{}", none, 0, false);
-    row("array", R"([{"pgs":"rpl"}])", none, 0, false);
-    row("no slots", R"({"pgs":"rpl","ls":true})", none, 1, true);
-    row("slots are an object", R"({"pgs":"rpl","ws":{"cw":[{"w":"z"}]}})", none, 1, false);
-    row("slots are a text", R"({"pgs":"rpl","ws":"abc"})", none, 1, false);
-    row("slots are of other kinds", R"({"pgs":"rpl","ws":[1,"a",null,[],{"cw":[{"w":"b"}]}]})",
-        QStringLiteral("b"), 1, false);
-    row("no candidates", R"({"pgs":"rpl","ws":[{"cw":[]},{"cw":[{"w":"b"}]},{}]})",
-        QStringLiteral("b"), 1, false);
-    row("candidates are an object", R"({"pgs":"rpl","ws":[{"cw":{"w":"q"}}]})", none, 1, false);
-    row("first candidate only", R"({"pgs":"rpl","ws":[{"cw":[{"w":"a"},{"w":"b"}]}]})",
-        QStringLiteral("a"), 1, false);
-    row("first candidate is a text", R"({"pgs":"rpl","ws":[{"cw":["a",{"w":"b"}]}]})", none, 1,
-        false);
-    row("word is a number", R"({"pgs":"rpl","ws":[{"cw":[{"w":5}]}]})", none, 1, false);
-    row("word is missing", R"({"pgs":"rpl","ws":[{"cw":[{"sc":5}]}]})", none, 1, false);
-    row("last flag is a text", R"({"pgs":"rpl","ls":"true"})", none, 1, false);
-    row("last flag is a number", R"({"pgs":"rpl","ls":1})", none, 1, false);
-    row("other fields", R"({"sn":3,"rg":[1,2],"pgs":"rpl","ws":[{"bg":0,"cw":[{"w":"k"}]}]})",
-        QStringLiteral("k"), 1, false);
-    row("Chinese", QStringLiteral(R"({"pgs":"rpl","ws":[{"cw":[{"w":"今天"}]}]})").toUtf8(),
-        QStringLiteral("今天"), 1, false);
-    row("rich text stays text", R"({"pgs":"rpl","ws":[{"cw":[{"w":"<b>x</b>"}]}]})",
-        QStringLiteral("<b>x</b>"), 1, false);
-}
-
-void VoiceRecognitionTest::hypotheses()
-{
-    QFETCH(QByteArray, text);
-    QFETCH(QString, out);
-    QFETCH(int, type);
-    QFETCH(bool, isLast);
-    const Parsed parsed = parse(text, !isLast);
-    QCOMPARE(parsed.code, 0);
-    QCOMPARE(parsed.out, QStringLiteral("before|") + out);
-    QCOMPARE(parsed.type, type);
-    QCOMPARE(parsed.isLast, isLast);
-}
-
-void VoiceRecognitionTest::notJson_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("empty") << QByteArray("");
-    QTest::newRow("no text at all") << QByteArray();
-    QTest::newRow("words") << QByteArray("hello");
-    QTest::newRow("cut off") << QByteArray(R"({"pgs":"rpl","ws":[)");
-    QTest::newRow("two objects") << QByteArray("{}{}");
-    QTest::newRow("a number") << QByteArray("17");
-    QTest::newRow("invalid UTF-8") << QByteArray("{\"pgs\":\"\xff\xfe\"}");
-}
-
-void VoiceRecognitionTest::notJson()
-{
-    QFETCH(QByteArray, text);
-    for (const bool isLast : {false, true}) {
-        const Parsed parsed = parse(text, isLast);
-        QCOMPARE(parsed.code, 0);
-        QCOMPARE(parsed.out, QStringLiteral("before|"));
-        QCOMPARE(parsed.type, int(untouchedType));
-        QCOMPARE(parsed.isLast, isLast);
-    }
-}
-
-void VoiceRecognitionTest::notJsonIsLogged()
-{
-    QTest::ignoreMessage(QtDebugMsg, "paserPgs pgs:  no json");
-    parse("no json");
-}
-
-void VoiceRecognitionTest::lastSegment()
-{
-    QVERIFY(parse(R"({"ls":true})", false).isLast);
-    QVERIFY(!parse(R"({"ls":false})", true).isLast);
-    QVERIFY(!parse("{}", true).isLast);
-}
-
-void VoiceRecognitionTest::longHypothesis()
-{
-    const QString word(10 * 1024 * 1024, QLatin1Char('w'));
-    const QByteArray text =
-        QJsonDocument(hypothesis(QStringLiteral("rpl"), {word, QStringLiteral("!")})).toJson();
-    const Parsed parsed = parse(text);
-    QCOMPARE(parsed.type, 1);
-    QCOMPARE(parsed.out.size(), QStringLiteral("before|").size() + word.size() + 1);
-    QVERIFY(parsed.out.endsWith(QLatin1String("ww!")));
-}
-
-void VoiceRecognitionTest::deepHypothesis()
-{
-    // Deeper than the JSON parser goes: not JSON, and no crash.
-    const int depth = 100000;
-    const Parsed parsed = parse(QByteArray(depth, '[') + QByteArray(depth, ']'));
-    QCOMPARE(parsed.out, QStringLiteral("before|"));
-}
 
 void VoiceRecognitionTest::mergeExample()
 {

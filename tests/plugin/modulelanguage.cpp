@@ -9,8 +9,7 @@
 #include <QProcessEnvironment>
 #include <QtTest>
 
-// The built module in each of its languages: every text that it shows or registers is the
-// catalogue's.
+using namespace testsupport;
 
 namespace {
 
@@ -24,18 +23,104 @@ QStringList strings(const QJsonValue &array)
     return result;
 }
 
-/// As the page shows it: without a keybinding daemon there is no key combination to fill in.
+// As the page shows it: without a keybinding daemon there is no key combination to fill in.
 QString shown(QString translation)
 {
     return translation.remove(QLatin1String("%1"));
 }
 
+/**
+ * Runs the host in @p locale, in a process of its own: the system's locale is read once. False,
+ * with what it has said, when it fails.
+ */
+bool runIn(const QString &locale, const QStringList &arguments, QJsonObject *output)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), locale);
+    environment.remove(QStringLiteral("LANGUAGE"));
+    // The module keeps its translator for ever, on purpose.
+    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(LOCALE_HOST), arguments);
+    const bool well = process.waitForFinished() && process.exitStatus() == QProcess::NormalExit &&
+                      process.exitCode() == 0;
+    if (!well)
+        qWarning() << process.errorString() << process.readAllStandardError();
+    *output = QJsonDocument::fromJson(process.readAllStandardOutput()).object();
+    return well;
+}
+
 } // namespace
 
+/** Which catalogue the module asks for in which locale. */
+class ModuleLocaleTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void asksForTheCatalogueOfTheLocale_data();
+    void asksForTheCatalogueOfTheLocale();
+};
+
+void ModuleLocaleTest::asksForTheCatalogueOfTheLocale_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QString>("fileName"); // null: no translator is installed
+    QTest::newRow("simplified Chinese") << "zh_CN.UTF-8"
+                                        << "assistant-control-plugin_zh_CN.qm";
+    QTest::newRow("Chinese of Hong Kong") << "zh_HK.UTF-8"
+                                          << "assistant-control-plugin_zh_HK.qm";
+    QTest::newRow("Chinese of Taiwan") << "zh_TW.UTF-8"
+                                       << "assistant-control-plugin_zh_TW.qm";
+    QTest::newRow("Chinese of Singapore has none") << "zh_SG.UTF-8" << QString();
+    QTest::newRow("Tibetan of China") << "bo_CN.UTF-8"
+                                      << "assistant-control-plugin_bo.qm";
+    QTest::newRow("Tibetan of India") << "bo_IN.UTF-8"
+                                      << "assistant-control-plugin_bo.qm";
+    QTest::newRow("Uyghur") << "ug_CN.UTF-8"
+                            << "assistant-control-plugin_ug.qm";
+    QTest::newRow("American English, doubled a") << "en_US.UTF-8"
+                                                 << "aassistant-control-plugin_en.qm";
+    QTest::newRow("British English, the same") << "en_GB.UTF-8"
+                                               << "aassistant-control-plugin_en.qm";
+    // Anywhere in the name counts.
+    QTest::newRow("Kenyang holds \"en\"") << "ken_CM.UTF-8"
+                                          << "aassistant-control-plugin_en.qm";
+    QTest::newRow("Lojban holds \"bo\"") << "jbo_001.UTF-8"
+                                         << "assistant-control-plugin_bo.qm";
+    QTest::newRow("German has none") << "de_DE.UTF-8" << QString();
+    QTest::newRow("the C locale has none") << "C.UTF-8" << QString();
+}
+
+void ModuleLocaleTest::asksForTheCatalogueOfTheLocale()
+{
+    QFETCH(QString, locale);
+    QFETCH(QString, fileName);
+
+    QJsonObject host;
+    QVERIFY(runIn(locale, {}, &host));
+    const QStringList translator = strings(host.value(QLatin1String("translator")));
+    if (fileName.isNull()) {
+        QCOMPARE(translator, QStringList());
+        return;
+    }
+    const QString path = QStringLiteral("/usr/share/TavrenAIAssistant/translations/") + fileName;
+    // A missing file is no reason not to install the translator, which has no parent.
+    QCOMPARE(translator, (QStringList{QStringLiteral("load %1|||").arg(path),
+                                      QFile::exists(path) ? QStringLiteral("install FILLED")
+                                                          : QStringLiteral("install EMPTY")}));
+}
+
+TEST_CLASS(QCoreApplication, ModuleLocaleTest)
+
+/** The module in each of its languages: every text that it shows or registers is the catalogue's.
+ */
 class TranslatedModuleTest : public QObject
 {
     Q_OBJECT
-private slots:
+
+private Q_SLOTS:
     void speaksTheLanguageOfTheLocale_data();
     void speaksTheLanguageOfTheLocale();
 
@@ -71,18 +156,8 @@ void TranslatedModuleTest::speaksTheLanguageOfTheLocale()
     QFETCH(QString, locale);
     QFETCH(QString, language);
 
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), locale);
-    environment.remove(QStringLiteral("LANGUAGE"));
-    // The module keeps its translator for ever, on purpose.
-    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(TRANSLATED_HOST), QStringList());
-    QVERIFY2(process.waitForFinished(), qPrintable(process.errorString()));
-    QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0,
-             process.readAllStandardError().constData());
-    const auto host = QJsonDocument::fromJson(process.readAllStandardOutput()).object();
+    QJsonObject host;
+    QVERIFY(runIn(locale, {QStringLiteral(CATALOGUES)}, &host));
 
     const Catalogue catalogue = Catalogue::fromFile(QStringLiteral(SOURCE_ROOT "/translations/") +
                                                     catalogueFileName(language));
@@ -92,7 +167,7 @@ void TranslatedModuleTest::speaksTheLanguageOfTheLocale()
         checkWidgets(host.value(QLatin1String("widgets")).toObject(), catalogue);
 }
 
-/// The name in the navigation, the breadcrumb's names, and the search entries.
+// The name in the navigation, the breadcrumb's names, and the search entries.
 void TranslatedModuleTest::checkRegistered(const QJsonObject &host, const Catalogue &catalogue)
 {
     const auto translated = [&](const QString &source) {
@@ -102,14 +177,14 @@ void TranslatedModuleTest::checkRegistered(const QJsonObject &host, const Catalo
     QVERIFY(!name.isEmpty());
     QCOMPARE(host.value(QLatin1String("name")).toString(), name);
 
-    const QStringList pages = testsupport::registeredPageNames();
+    const QStringList pages = registeredPageNames();
     const QJsonArray pageNames = host.value(QLatin1String("pageNames")).toArray();
     QCOMPARE(pageNames.size(), pages.size());
     for (int i = 0; i < pages.size(); ++i)
         QCOMPARE(strings(pageNames.at(i)), QStringList({pages.at(i), translated(pages.at(i))}));
 
     QVector<QStringList> expected;
-    for (const testsupport::ModulePage &page : testsupport::modulePages()) {
+    for (const ModulePage &page : modulePages()) {
         const QString pageName = translated(page.name);
         expected.append({name, pageName, QString()});
         for (const QString &setting : page.settings)
@@ -121,11 +196,11 @@ void TranslatedModuleTest::checkRegistered(const QJsonObject &host, const Catalo
         QCOMPARE(strings(search.at(i)), expected.at(i));
 }
 
-/// The list and the pages: each has all texts of its class, and none in another language.
+// The list and the pages: each has all texts of its class, and none in another language.
 void TranslatedModuleTest::checkWidgets(const QJsonObject &widgets, const Catalogue &catalogue)
 {
     QStringList classes = {QStringLiteral("ThirdListWidget")};
-    for (const testsupport::ModulePage &page : testsupport::modulePages())
+    for (const ModulePage &page : modulePages())
         classes.append(page.className);
     classes.sort();
     QCOMPARE(widgets.keys(), classes);
@@ -151,4 +226,4 @@ void TranslatedModuleTest::checkWidgets(const QJsonObject &widgets, const Catalo
 }
 
 TEST_CLASS(QCoreApplication, TranslatedModuleTest)
-#include "translatedmodule.moc"
+#include "modulelanguage.moc"
