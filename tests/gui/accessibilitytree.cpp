@@ -227,7 +227,7 @@ void AccessibilityTreeTest::comboBoxesAreNamedByTheirRow()
 
 void AccessibilityTreeTest::waveCanBePressed()
 {
-    QVERIFY(m_pages.open(QStringLiteral("assistant, voice test running"), pageWidth));
+    QVERIFY(m_pages.open(QStringLiteral("Desktop AI Assistant, voice test running"), pageWidth));
     auto *wave = m_pages.page()->findChild<VoiceAnimationWidget *>();
     QVERIFY(wave->hasFocus());
     QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(wave);
@@ -245,7 +245,7 @@ void AccessibilityTreeTest::waveCanBePressed()
 
 void AccessibilityTreeTest::verdictIsReadOutWithTheLink()
 {
-    QVERIFY(m_pages.open(QStringLiteral("assistant, voice test finished"), pageWidth));
+    QVERIFY(m_pages.open(QStringLiteral("Desktop AI Assistant, voice test finished"), pageWidth));
     const QAccessibleInterface *focus =
         QAccessible::queryAccessibleInterface(QApplication::focusWidget());
     QCOMPARE(focus->text(QAccessible::Name), QStringLiteral("Click here to test again"));

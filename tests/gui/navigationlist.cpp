@@ -137,7 +137,7 @@ void NavigationListTest::clickOnARowAsksForItsPageOnce()
     QFETCH(QString, page);
     const QRect place = m_shown->view->visualRect(m_shown->view->model()->index(row, 0));
     QVERIFY(place.isValid());
-    QTest::mouseClick(m_shown->viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
+    QTest::mouseClick(m_shown->view->viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
     QCOMPARE(m_shown->requests->take(), QStringList{page});
     QCOMPARE(m_shown->currentRow(), row);
 }
@@ -146,7 +146,7 @@ void NavigationListTest::clickOnTheCurrentRowAsksAgain()
 {
     const QPoint place = m_shown->view->visualRect(m_shown->view->model()->index(2, 0)).center();
     for (int click = 0; click < 2; ++click) {
-        QTest::mouseClick(m_shown->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+        QTest::mouseClick(m_shown->view->viewport(), Qt::LeftButton, Qt::NoModifier, place);
         QCOMPARE(m_shown->requests->take(), QStringList{QStringLiteral("tts")});
     }
 }
@@ -167,7 +167,7 @@ void NavigationListTest::clickThatActivatesAsksOnce()
     m_shown->view->setStyle(&style);
     QSignalSpy activated(m_shown->view, &QListView::activated);
     const QPoint place = m_shown->view->visualRect(m_shown->view->model()->index(2, 0)).center();
-    QTest::mouseClick(m_shown->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseClick(m_shown->view->viewport(), Qt::LeftButton, Qt::NoModifier, place);
     QCOMPARE(activated.count(), 1);
     QCOMPARE(m_shown->requests->take(), QStringList{QStringLiteral("tts")});
     m_shown.reset(); // before its style
@@ -176,9 +176,9 @@ void NavigationListTest::clickThatActivatesAsksOnce()
 void NavigationListTest::doubleClickAsksTwice()
 {
     const QPoint place = m_shown->view->visualRect(m_shown->view->model()->index(2, 0)).center();
-    QTest::mouseClick(m_shown->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-    QTest::mouseDClick(m_shown->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-    QTest::mouseRelease(m_shown->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseClick(m_shown->view->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseDClick(m_shown->view->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseRelease(m_shown->view->viewport(), Qt::LeftButton, Qt::NoModifier, place);
     QCOMPARE(m_shown->requests->take(),
              (QStringList{QStringLiteral("tts"), QStringLiteral("tts")}));
 }
@@ -193,9 +193,9 @@ void NavigationListTest::clickBelowTheRowsAsksForNothing()
 {
     const QRect last =
         m_shown->view->visualRect(m_shown->view->model()->index(ShownList::lastRow(), 0));
-    const QPoint below(last.center().x(), m_shown->viewport()->height() - 2);
+    const QPoint below(last.center().x(), m_shown->view->viewport()->height() - 2);
     QVERIFY(!m_shown->view->indexAt(below).isValid());
-    QTest::mouseClick(m_shown->viewport(), Qt::LeftButton, Qt::NoModifier, below);
+    QTest::mouseClick(m_shown->view->viewport(), Qt::LeftButton, Qt::NoModifier, below);
     QCOMPARE(m_shown->requests->take(), QStringList());
     QCOMPARE(m_shown->currentRow(), 0);
 }

@@ -11,7 +11,6 @@
 #include <zcc/widgets/switchwidget.h>
 #include <zcc/widgets/tipslabel.h>
 
-#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -90,8 +89,6 @@ private Q_SLOTS:
     void directionsOfTranslation();
     void languageOfTheAssistantIsTheOneEntry();
 
-    void everyControlHasANameAndTakesTheTabKey_data();
-    void everyControlHasANameAndTakesTheTabKey();
     void opensInARightToLeftLanguage_data();
     void opensInARightToLeftLanguage();
 
@@ -279,51 +276,6 @@ void PageFormTest::languageOfTheAssistantIsTheOneEntry()
     QCOMPARE(entries(testsupport::comboBoxAt(&page, 0)),
              QStringList{QStringLiteral("中文-普通话")});
     QCOMPARE(testsupport::comboBoxAt(&page, 0)->currentIndex(), 0);
-}
-
-void PageFormTest::everyControlHasANameAndTakesTheTabKey_data()
-{
-    everyPageStandsInAMarginOf10WithoutSpacing_data();
-}
-
-void PageFormTest::everyControlHasANameAndTakesTheTabKey()
-{
-    QFETCH(QString, name);
-    QVERIFY(m_services.home.writeWakeupSettings("[base]\nenable=true\n"));
-    const std::unique_ptr<QWidget> page(newPage(name));
-    page->show();
-    page->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(page.get()));
-
-    QList<QWidget *> controls;
-    for (QWidget *widget : page->findChildren<QWidget *>())
-        if (qobject_cast<QComboBox *>(widget) ||
-            (qobject_cast<QAbstractButton *>(widget) && !widget->isHidden()))
-            controls.append(widget);
-    QVERIFY(controls.size() >= 2);
-    for (QWidget *control : qAsConst(controls)) {
-        QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(control);
-        QVERIFY(accessible);
-        QVERIFY2(!accessible->text(QAccessible::Name).isEmpty(),
-                 control->metaObject()->className());
-    }
-
-    // Once round with the Tab key, in the order in which the rows stand.
-    controls.constFirst()->setFocus();
-    QList<QWidget *> visited{page->focusWidget()};
-    for (int press = 1; press < controls.size(); ++press) {
-        QTest::keyClick(page->focusWidget(), Qt::Key_Tab);
-        visited.append(page->focusWidget());
-    }
-    for (QWidget *control : qAsConst(controls))
-        QVERIFY2(visited.contains(control), control->metaObject()->className());
-    int above = -1;
-    const int first = visited.indexOf(controls.constFirst());
-    for (int i = first; i < visited.size(); ++i) {
-        const int top = visited.at(i)->mapTo(page.get(), QPoint()).y();
-        QVERIFY(top > above);
-        above = top;
-    }
 }
 
 void PageFormTest::opensInARightToLeftLanguage_data()
