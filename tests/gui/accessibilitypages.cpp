@@ -1,5 +1,6 @@
 #include "tests/gui/accessibilitypages.h"
 
+#include "tests/support/modulepages.h"
 #include "tests/support/newpage.h"
 #include "tests/support/widgets.h"
 

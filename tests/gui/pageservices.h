@@ -2,6 +2,7 @@
 
 #include "tests/support/isolatedhome.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/modulepages.h"
 #include "tests/support/newpage.h"
 #include "tests/support/serviceprocess.h"
 

@@ -3,6 +3,7 @@
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
+#include <QComboBox>
 #include <QtTest>
 
 using namespace testsupport;

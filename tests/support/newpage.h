@@ -1,24 +1,18 @@
 #pragma once
 
-#include "pages/assistantsettingwidget.h"
-#include "pages/texttranslatesettingwidget.h"
-#include "pages/voiceiatsettingwidget.h"
-#include "pages/voicettssettingwidget.h"
-#include "tests/support/modulepages.h"
+#include "plugin/pagetable.h"
+
+#include <QString>
 
 namespace testsupport {
 
-/** A new page of the module, which must have one of that name. For tests that link its classes. */
+/** The module's page of that name, newly made as for its list. For tests that link the module. */
 inline QWidget *newPage(const QString &name)
 {
-    const QString className = modulePage(name).className;
-    if (className == QLatin1String("VoiceIatSettingWidget"))
-        return new VoiceIatSettingWidget;
-    if (className == QLatin1String("VoiceTTSSettingWidget"))
-        return new VoiceTTSSettingWidget;
-    if (className == QLatin1String("TextTranslateSettingWidget"))
-        return new TextTranslateSettingWidget;
-    return new AssistantSettingWidget;
+    for (const PageEntry &entry : pageTable())
+        if (name == QLatin1String(entry.name))
+            return entry.newPage();
+    qFatal("the module has no page \"%s\"", qPrintable(name));
 }
 
 } // namespace testsupport
