@@ -95,7 +95,7 @@ namespace {
 
 QJsonArray texts(const QWidget &widget)
 {
-    QJsonArray result;
+    QJsonArray all;
     QList<const QWidget *> widgets{&widget};
     for (const QWidget *child : widget.findChildren<QWidget *>())
         widgets.append(child);
@@ -114,10 +114,10 @@ QJsonArray texts(const QWidget &widget)
                 found.append(model->index(i, 0).data().toString());
         }
         for (const QString &text : qAsConst(found))
-            if (!text.isEmpty() && !result.contains(text))
-                result.append(text);
+            if (!text.isEmpty() && !all.contains(text))
+                all.append(text);
     }
-    return result;
+    return all;
 }
 
 /** Adds the texts that the latest pushed widget now shows to those of its class. */
