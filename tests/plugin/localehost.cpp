@@ -44,13 +44,13 @@ bool interposedInstall(QTranslator *translator) INTERPOSED(INSTALL_TRANSLATOR);
 namespace {
 
 QString catalogues; // the folder of the argument
-QJsonObject result;
+QJsonObject told;
 
 void append(const QString &key, const QJsonValue &value)
 {
-    QJsonArray values = result.value(key).toArray();
+    QJsonArray values = told.value(key).toArray();
     values.append(value);
-    result.insert(key, values);
+    told.insert(key, values);
 }
 
 bool loadFromArgument(QTranslator *translator, const QString &asked)
@@ -124,14 +124,14 @@ QJsonArray texts(const QWidget &widget)
 void note(const FakeFrame &frame, int push = -1)
 {
     const FakeFrame::Push pushed = push < 0 ? frame.pushes().constLast() : frame.pushes().at(push);
-    QJsonObject widgets = result.value(QStringLiteral("widgets")).toObject();
+    QJsonObject widgets = told.value(QStringLiteral("widgets")).toObject();
     QJsonArray known = widgets.value(pushed.className).toArray();
     const QJsonArray shown = texts(*pushed.widget);
     for (const auto &text : shown)
         if (!known.contains(text))
             known.append(text);
     widgets.insert(pushed.className, known);
-    result.insert(QStringLiteral("widgets"), widgets);
+    told.insert(QStringLiteral("widgets"), widgets);
 }
 
 void noteRegistrations(const FakeFrame &frame)
@@ -193,8 +193,8 @@ int main(int argc, char **argv)
             module->load(page.name);
             note(frame);
         }
-        result.insert(QStringLiteral("name"), module->displayName());
+        told.insert(QStringLiteral("name"), module->displayName());
     }
-    std::puts(QJsonDocument(result).toJson().constData());
+    std::puts(QJsonDocument(told).toJson().constData());
     return 0;
 }
