@@ -44,11 +44,12 @@ std::vector<Run> oneOfEachKind(const std::vector<Run> &runs)
         const QString moment = run.arguments.at(3).section(QLatin1Char('.'), 0, 0);
         const bool message = moment.toInt() > 0;
         const QString kind = run.arguments.at(2) + (message ? QString() : moment);
-        // The bus's own calls fall on connections that have been used only.
-        const bool used = run.arguments.at(1) == QLatin1String("used");
         if (run.arguments.at(2) == QLatin1String("both"))
             continue;
-        if (used == (message || moment == QLatin1String("after")) && !kinds.contains(kind)) {
+        // Qt's own waits hang on connections that no event loop has served yet.
+        const bool fresh = message || moment == QLatin1String("unnoticed");
+        if (run.arguments.at(1) == QLatin1String(fresh ? "fresh" : "used") &&
+            !kinds.contains(kind)) {
             kinds.append(kind);
             chosen.push_back(run);
         }
