@@ -5,9 +5,8 @@ import time
 import gi
 
 gi.require_version("Atspi", "2.0")
-# pylint: disable=wrong-import-position
-import pyatspi
-from gi.repository import GLib
+import pyatspi  # noqa: E402 (needs the version)
+from gi.repository import GLib  # noqa: E402
 
 LIMIT = 30  # seconds, on a loaded machine
 
