@@ -1,5 +1,6 @@
 #include "tests/support/testprogram.h"
 
+#include <QList>
 #include <QMetaMethod>
 #include <QVector>
 
@@ -67,6 +68,7 @@ QVector<QByteArray> testFunctions(const TestClass &test)
 
 QVector<Job> jobs(int argc, char **argv)
 {
+    static QList<QByteArray> kept; // what arguments point into
     QVector<char *> named;
     QVector<char *> others;
     bool listsFunctions = false;
@@ -82,8 +84,10 @@ QVector<Job> jobs(int argc, char **argv)
             if (names(argument, test))
                 functions.append(argument);
         if (named.isEmpty() && test.isolation == TestClass::EachFunction && !listsFunctions)
-            for (const QByteArray &function : testFunctions(test))
-                functions.append(qstrdup(function.constData()));
+            for (const QByteArray &function : testFunctions(test)) {
+                kept.append(function);
+                functions.append(kept.last().data());
+            }
         if (functions.isEmpty() && named.isEmpty())
             jobs.append({test, others});
         else if (test.isolation == TestClass::WholeClass && !functions.isEmpty())
