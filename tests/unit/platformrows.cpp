@@ -1,30 +1,22 @@
 #include "tests/support/pictures.h"
 #include "tests/support/testprogram.h"
+#include "tests/unit/shownrow.h"
 
 #include <zcc/widgets/settingsgroup.h>
 #include <zcc/widgets/settingsitem.h>
 #include <zcc/widgets/switchwidget.h>
 #include <zcc/widgets/tipslabel.h>
-#include <ztk/zapplicationsetup.h>
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QPointer>
-#include <QScopedPointer>
 #include <QTest>
 #include <QVBoxLayout>
 
 using namespace testsupport;
 using namespace zcc::widgets;
-
-namespace {
-
-// The outermost pixels of a circle are covered in part only and so have a paler colour.
-constexpr int roundEdge = 90;
-
-} // namespace
 
 /** Settings rows: groups, their items, and the tip. */
 class PlatformRowsTest : public QObject
@@ -51,25 +43,17 @@ private Q_SLOTS:
     void tipLinesUpWithRows();
 
 private:
-    static QColor color(QPalette::ColorRole role) { return QApplication::palette().color(role); }
-    /** Shows @p row in a window of its own, which m_window keeps. */
-    void show(QWidget *row, int width = 400);
-
-    QScopedPointer<QWidget> m_window;
+    ShownRow m_shown;
 };
 
 void PlatformRowsTest::initTestCase()
 {
-    QFont font = QApplication::font();
-    font.setPixelSize(14);
-    QApplication::setFont(font);
-    Ztk::Widget::ZApplicationSetup::install();
+    ShownRow::setUpApplication();
 }
 
 void PlatformRowsTest::cleanup()
 {
-    m_window.reset();
-    QApplication::setLayoutDirection(Qt::LeftToRight);
+    m_shown.clear();
 }
 
 void PlatformRowsTest::groupHoldsItsItemsInOrder()
@@ -136,7 +120,7 @@ void PlatformRowsTest::groupSurvivesADestroyedItem()
 void PlatformRowsTest::appendedItemShowsAndBelongsToTheGroup()
 {
     auto *group = new SettingsGroup;
-    show(group);
+    QVERIFY(m_shown.show(group));
     auto *item = new SettingsItem;
     QVERIFY(!item->hasBackground());
     group->appendItem(item);
@@ -148,7 +132,7 @@ void PlatformRowsTest::appendedItemShowsAndBelongsToTheGroup()
 void PlatformRowsTest::removedItemIsHiddenAndNotDeleted()
 {
     auto *group = new SettingsGroup;
-    show(group);
+    QVERIFY(m_shown.show(group));
     QPointer<SettingsItem> item = new SettingsItem;
     group->appendItem(item);
     group->removeItem(item);
@@ -168,10 +152,8 @@ void PlatformRowsTest::rowsKeepTheirHeightInATallPage()
     layout->addWidget(group);
     auto *row = new SwitchWidget(QStringLiteral("Row"));
     group->appendItem(row);
-    m_window.reset(page);
     page->resize(400, 900);
-    page->show();
-    QVERIFY(QTest::qWaitForWindowExposed(page));
+    QVERIFY(m_shown.showWindow(page));
     QCOMPARE(row->height(), 48);
 }
 
@@ -184,8 +166,8 @@ void PlatformRowsTest::closeRowsAreOneBlock()
         rows << new SwitchWidget(QString::number(i));
         group->appendItem(rows.last());
     }
-    show(group);
-    const QColor card = color(QPalette::Base);
+    QVERIFY(m_shown.show(group));
+    const QColor card = ShownRow::color(QPalette::Base);
     const auto corners = [card](QWidget *row) {
         const QImage image = pictures::of(row);
         const QPoint last(image.width() - 1, image.height() - 1);
@@ -210,8 +192,8 @@ void PlatformRowsTest::rowsApartAreCards()
     auto *second = new SwitchWidget(QStringLiteral("Second"));
     group->appendItem(first);
     group->appendItem(second);
-    show(group);
-    const QColor card = color(QPalette::Base);
+    QVERIFY(m_shown.show(group));
+    const QColor card = ShownRow::color(QPalette::Base);
     for (QWidget *row : {first, second}) {
         const QImage image = pictures::of(row);
         QVERIFY(image.pixelColor(0, 0) != card);
@@ -228,9 +210,9 @@ void PlatformRowsTest::itemWithoutBackgroundIsTransparent()
     auto *inner = new SettingsItem;
     inner->setMinimumHeight(50);
     layout->addWidget(inner);
-    show(outer);
+    QVERIFY(m_shown.show(outer));
     const QImage image = pictures::of(outer);
-    QCOMPARE(image.pixelColor(inner->geometry().center()), color(QPalette::Base));
+    QCOMPARE(image.pixelColor(inner->geometry().center()), ShownRow::color(QPalette::Base));
     QVERIFY(!inner->hasBackground());
 }
 
@@ -256,21 +238,22 @@ void PlatformRowsTest::rowAndControlsLineUp()
     check->setChecked(true);
     nestedLayout->addWidget(check);
     group->appendItem(nested);
-    show(group);
+    QVERIFY(m_shown.show(group));
     QApplication::focusWidget()->clearFocus();
 
     const QImage image = pictures::of(group);
     const auto rowImage = [&image](QWidget *row) {
         return image.copy(row->geometry());
     };
-    const QRect track =
-        pictures::boundsOf(rowImage(switchRow), color(QPalette::Highlight), roundEdge);
+    const QRect track = pictures::boundsOf(
+        rowImage(switchRow), ShownRow::color(QPalette::Highlight), ShownRow::roundEdge);
     QCOMPARE(track.right(), group->width() - 1 - rowPadding);
     QCOMPARE(box->geometry().right(), group->width() - 1 - rowPadding);
     auto *title = switchRow->findChild<QLabel *>(QStringLiteral("switchTitle"));
     QCOMPARE(title->x(), rowPadding);
     QCOMPARE(label->x(), rowPadding);
-    const QRect indicator = pictures::boundsOf(rowImage(nested), color(QPalette::Highlight));
+    const QRect indicator =
+        pictures::boundsOf(rowImage(nested), ShownRow::color(QPalette::Highlight));
     QCOMPARE(indicator.left(), rowPadding);
     QCOMPARE(ownRow->height(), switchRow->height());
 }
@@ -282,7 +265,7 @@ void PlatformRowsTest::tipIsPlainTextInTheTextRole()
     QPalette palette = tip->palette();
     palette.setBrush(QPalette::Text, QBrush(QColor("#ff00ff")));
     tip->setPalette(palette);
-    show(tip);
+    QVERIFY(m_shown.show(tip));
     QVERIFY(pictures::count(pictures::of(tip), QColor("#ff00ff"), QRect(), 60) > 5);
     QCOMPARE(tip->contentsMargins(), QMargins(0, 0, 0, 0));
 }
@@ -300,25 +283,13 @@ void PlatformRowsTest::tipLinesUpWithRows()
     auto *tip = new TipsLabel(QStringLiteral("HHH"));
     tip->setWordWrap(true);
     tip->setContentsMargins(7, 0, 0, 0); // as pages do, in either direction
-    show(tip);
+    QVERIFY(m_shown.show(tip));
     QApplication::setLayoutDirection(direction);
-    const QRect text = pictures::boundsOf(pictures::of(tip), color(QPalette::Text), 60);
+    const QRect text = pictures::boundsOf(pictures::of(tip), ShownRow::color(QPalette::Text), 60);
     QVERIFY(!text.isNull());
     const int leading =
         direction == Qt::LeftToRight ? text.left() : tip->width() - 1 - text.right();
     QVERIFY2(qAbs(leading - rowPadding) <= 2, qPrintable(QString::number(leading)));
-}
-
-void PlatformRowsTest::show(QWidget *row, int width)
-{
-    m_window.reset(new QWidget);
-    auto *layout = new QVBoxLayout(m_window.data());
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(row);
-    layout->addStretch();
-    m_window->resize(width, 300);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
 }
 
 TEST_CLASS(QApplication, PlatformRowsTest)

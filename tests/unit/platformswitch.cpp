@@ -1,27 +1,19 @@
 #include "tests/support/pictures.h"
 #include "tests/support/testprogram.h"
+#include "tests/unit/shownrow.h"
 
 #include <zcc/widgets/switchwidget.h>
-#include <ztk/zapplicationsetup.h>
 
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
 #include <QLabel>
-#include <QScopedPointer>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
 
 using namespace testsupport;
 using namespace zcc::widgets;
-
-namespace {
-
-// The outermost pixels of a circle are covered in part only and so have a paler colour.
-constexpr int roundEdge = 90;
-
-} // namespace
 
 /** The switch row: mouse, keys, states, screen readers, and its title. */
 class PlatformSwitchTest : public QObject
@@ -51,31 +43,23 @@ private:
     {
         return row->findChild<QAbstractButton *>(QStringLiteral("switchButton"));
     }
-    static QColor color(QPalette::ColorRole role) { return QApplication::palette().color(role); }
-    /** Shows @p row in a window of its own, which m_window keeps. */
-    void show(QWidget *row, int width = 400);
-
-    QScopedPointer<QWidget> m_window;
+    ShownRow m_shown;
 };
 
 void PlatformSwitchTest::initTestCase()
 {
-    QFont font = QApplication::font();
-    font.setPixelSize(14);
-    QApplication::setFont(font);
-    Ztk::Widget::ZApplicationSetup::install();
+    ShownRow::setUpApplication();
 }
 
 void PlatformSwitchTest::cleanup()
 {
-    m_window.reset();
-    QApplication::setLayoutDirection(Qt::LeftToRight);
+    m_shown.clear();
 }
 
 void PlatformSwitchTest::switchByMouse()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
-    show(row);
+    QVERIFY(m_shown.show(row));
     QSignalSpy changed(row, &SwitchWidget::checkedChanged);
     QTest::mouseClick(button(row), Qt::LeftButton);
     QCOMPARE(changed.count(), 1);
@@ -89,7 +73,7 @@ void PlatformSwitchTest::switchByMouse()
 void PlatformSwitchTest::switchByTheRowAroundIt()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
-    show(row);
+    QVERIFY(m_shown.show(row));
     QSignalSpy changed(row, &SwitchWidget::checkedChanged);
     auto *title = row->findChild<QLabel *>(QStringLiteral("switchTitle"));
     QTest::mouseClick(title, Qt::LeftButton, Qt::NoModifier, QPoint(3, 3));
@@ -102,7 +86,7 @@ void PlatformSwitchTest::switchByTheRowAroundIt()
 void PlatformSwitchTest::switchIgnoresOtherButtonsAndReleasesOutside()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
-    show(row);
+    QVERIFY(m_shown.show(row));
     QSignalSpy changed(row, &SwitchWidget::checkedChanged);
     QTest::mouseClick(row, Qt::RightButton);
     QTest::mousePress(row, Qt::LeftButton);
@@ -115,7 +99,7 @@ void PlatformSwitchTest::switchIgnoresOtherButtonsAndReleasesOutside()
 void PlatformSwitchTest::switchByKeys()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
-    show(row);
+    QVERIFY(m_shown.show(row));
     row->setFocus(Qt::TabFocusReason);
     QCOMPARE(QApplication::focusWidget(), button(row));
     QSignalSpy changed(row, &SwitchWidget::checkedChanged);
@@ -130,7 +114,7 @@ void PlatformSwitchTest::switchByKeys()
 void PlatformSwitchTest::switchStateIsThereAtOnce()
 {
     auto *row = new SwitchWidget;
-    show(row);
+    QVERIFY(m_shown.show(row));
     QSignalSpy changed(row, &SwitchWidget::checkedChanged);
     row->setChecked(true);
     QVERIFY(row->checked());
@@ -146,7 +130,7 @@ void PlatformSwitchTest::switchStateIsThereAtOnce()
 void PlatformSwitchTest::disabledSwitchDoesNothing()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
-    show(row);
+    QVERIFY(m_shown.show(row));
     const QImage enabled = pictures::of(row);
     row->setEnabled(false);
     QVERIFY(pictures::of(row) != enabled);
@@ -162,7 +146,7 @@ void PlatformSwitchTest::disabledSwitchDoesNothing()
 void PlatformSwitchTest::switchIsACheckBoxToAScreenReader()
 {
     auto *row = new SwitchWidget(QStringLiteral("Voice Wakeup"));
-    show(row);
+    QVERIFY(m_shown.show(row));
     QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(button(row));
     QVERIFY(accessible);
     QCOMPARE(accessible->role(), QAccessible::CheckBox);
@@ -183,26 +167,26 @@ void PlatformSwitchTest::switchIsACheckBoxToAScreenReader()
 void PlatformSwitchTest::switchShowsItsState()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
-    show(row);
+    QVERIFY(m_shown.show(row));
     button(row)->clearFocus();
-    QCOMPARE(pictures::count(pictures::of(row), color(QPalette::Highlight)), 0);
+    QCOMPARE(pictures::count(pictures::of(row), ShownRow::color(QPalette::Highlight)), 0);
     row->setChecked(true);
-    QVERIFY(pictures::count(pictures::of(row), color(QPalette::Highlight)) > 300);
+    QVERIFY(pictures::count(pictures::of(row), ShownRow::color(QPalette::Highlight)) > 300);
 }
 
 void PlatformSwitchTest::switchShowsFocus()
 {
     auto *row = new SwitchWidget(QStringLiteral("Title"));
-    show(row);
+    QVERIFY(m_shown.show(row));
     row->setFocus(Qt::TabFocusReason);
-    const int ring = pictures::count(pictures::of(row), color(QPalette::Highlight));
+    const int ring = pictures::count(pictures::of(row), ShownRow::color(QPalette::Highlight));
     QVERIFY2(ring > 100, qPrintable(QString::number(ring)));
     button(row)->clearFocus();
-    QCOMPARE(pictures::count(pictures::of(row), color(QPalette::Highlight)), 0);
+    QCOMPARE(pictures::count(pictures::of(row), ShownRow::color(QPalette::Highlight)), 0);
     QTest::mouseClick(row, Qt::LeftButton);
     QTest::mouseClick(row, Qt::LeftButton);
     QVERIFY(button(row)->hasFocus());
-    QCOMPARE(pictures::count(pictures::of(row), color(QPalette::Highlight)), 0);
+    QCOMPARE(pictures::count(pictures::of(row), ShownRow::color(QPalette::Highlight)), 0);
 }
 
 void PlatformSwitchTest::switchMirrors()
@@ -210,19 +194,20 @@ void PlatformSwitchTest::switchMirrors()
     QApplication::setLayoutDirection(Qt::RightToLeft);
     auto *row = new SwitchWidget(QStringLiteral("Title"));
     row->setChecked(true);
-    show(row);
+    QVERIFY(m_shown.show(row));
     button(row)->clearFocus();
     const QImage image = pictures::of(row);
-    const QRect track = pictures::boundsOf(image, color(QPalette::Highlight), roundEdge);
+    const QRect track =
+        pictures::boundsOf(image, ShownRow::color(QPalette::Highlight), ShownRow::roundEdge);
     QCOMPARE(track.left(), rowPadding);
     QCOMPARE(track.size(), QSize(42, 24));
     // On is to the left: the knob covers the track's left half.
     const QRect left(track.left(), track.top(), track.width() / 2, track.height());
     const QRect right = left.translated(track.width() / 2, 0);
-    QVERIFY(pictures::count(image, color(QPalette::Highlight), left) <
-            pictures::count(image, color(QPalette::Highlight), right));
+    QVERIFY(pictures::count(image, ShownRow::color(QPalette::Highlight), left) <
+            pictures::count(image, ShownRow::color(QPalette::Highlight), right));
     // The title begins at the right, even one in a language that is written to the right.
-    const QRect text = pictures::boundsOf(image, color(QPalette::WindowText), 60);
+    const QRect text = pictures::boundsOf(image, ShownRow::color(QPalette::WindowText), 60);
     QVERIFY2(image.width() - 1 - text.right() <= rowPadding + 2,
              qPrintable(QString::number(text.right())));
 }
@@ -251,24 +236,12 @@ void PlatformSwitchTest::longTitleWraps()
 {
     auto *row = new SwitchWidget(QStringLiteral(
         "a title that is far too long for the row, as titles in some languages are at some sizes"));
-    show(row, 260);
+    QVERIFY(m_shown.show(row, 260));
     QVERIFY(row->height() > 48);
     auto *title = row->findChild<QLabel *>(QStringLiteral("switchTitle"));
     QVERIFY(title->height() >= title->heightForWidth(title->width()));
     QVERIFY(row->rect().contains(button(row)->geometry()));
     QVERIFY(!title->geometry().intersects(button(row)->geometry()));
-}
-
-void PlatformSwitchTest::show(QWidget *row, int width)
-{
-    m_window.reset(new QWidget);
-    auto *layout = new QVBoxLayout(m_window.data());
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(row);
-    layout->addStretch();
-    m_window->resize(width, 300);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
 }
 
 TEST_CLASS(QApplication, PlatformSwitchTest)

@@ -32,12 +32,12 @@ QString QualitySession::stopAqc()
     return accepted;
 }
 
-void QualitySession::putAudio(const QByteArray &audio_buf, bool last)
+void QualitySession::putAudio(const QByteArray &audio, bool last)
 {
     if (!m_running)
         return;
-    record(audio_buf);
-    const QVector<qint16> samples = m_reader.read(audio_buf);
+    record(audio);
+    const QVector<qint16> samples = m_reader.read(audio);
     m_meter.add(samples.constData(), samples.size());
     if (last)
         judge();

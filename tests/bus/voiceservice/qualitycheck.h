@@ -18,7 +18,7 @@ public:
 public Q_SLOTS:
     QString startAqc();
     QString stopAqc();
-    void putAudio(const QByteArray &audio_buf, bool finish);
+    void putAudio(const QByteArray &audio, bool finish);
 
 Q_SIGNALS:
     void onNotify(const QString &result);

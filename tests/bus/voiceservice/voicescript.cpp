@@ -139,10 +139,10 @@ QString QualityCheck::stopAqc()
     return QStringLiteral("stopped");
 }
 
-void QualityCheck::putAudio(const QByteArray &audio_buf, bool finish)
+void QualityCheck::putAudio(const QByteArray &audio, bool finish)
 {
     Q_UNUSED(finish)
-    m_audio += audio_buf;
+    m_audio += audio;
 }
 
 Recognition::Recognition(const QString &sessionId, QObject *parent)
