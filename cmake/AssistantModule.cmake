@@ -44,7 +44,19 @@ target_link_options(assistant-control-plugin PRIVATE
 set_target_properties(assistant-control-plugin PROPERTIES
     LINK_DEPENDS "${PROJECT_SOURCE_DIR}/plugin/exports.map")
 
+set(ASSISTANT_MODULE_DIR "${CMAKE_INSTALL_LIBDIR}/zde-control-center/modules" CACHE STRING
+    "Where the control center looks for modules, absolute or below the prefix")
+if(ZDE_PLATFORM_BUNDLED)
+    install(CODE "message(STATUS \"Built against platform/: the module loads where the control center \"
+        \"brings zcc, ztk and zframeworkdbus, as the sandbox's does. Build one for a desktop against \"
+        \"its own, with ZDE_PLATFORM=system.\")" COMPONENT module)
+endif()
 install(TARGETS assistant-control-plugin
-    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/zde-control-center/modules" COMPONENT module)
+    LIBRARY DESTINATION "${ASSISTANT_MODULE_DIR}" COMPONENT module)
+# For who implements the services. In the shared folder of interfaces they would clash with the services'
+# own packages.
+install(FILES CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT module)
+install(DIRECTORY contracts DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT module
+    FILES_MATCHING PATTERN "*.xml")
 
 include(AssistantTranslations)

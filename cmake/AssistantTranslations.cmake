@@ -20,6 +20,11 @@ foreach(language zh_CN zh_HK zh_TW bo ug en)
     list(APPEND qm_files "${ASSISTANT_QM_DIR}/${qm}")
 endforeach()
 add_custom_target(translations ALL DEPENDS ${qm_files})
+# The module asks for them in this folder only, whatever the prefix.
+install(CODE "if(NOT CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")
+        message(STATUS \"The catalogues do not go to the prefix, but where the module looks for them. \"
+            \"Without them (--component module, --component sandbox) its texts are English.\")
+    endif()" COMPONENT translations)
 install(FILES ${qm_files}
     DESTINATION /usr/share/TavrenAIAssistant/translations COMPONENT translations)
 

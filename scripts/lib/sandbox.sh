@@ -1,7 +1,5 @@
-# The parts of a running sandbox. Sourced after processes.sh; $project_dir is the repository's root,
-# $work a folder of the script's own.
-
-sandbox_build=$project_dir/build/dev
+# The parts of a running sandbox. Sourced after places.sh, which says where they lie, and processes.sh;
+# $work is a folder of the script's own.
 
 # use_state_folder FOLDER: services and window keep their settings there, not in the user's own folders.
 use_state_folder() {
@@ -18,30 +16,26 @@ start_buses() {
     export DBUS_SESSION_BUS_ADDRESS DBUS_SYSTEM_BUS_ADDRESS
 }
 
-# Every service of the sandbox; each prints "ready" when it owns its names. The folders in the sources
-# name them: tests build doubles, for the same names, beside the services.
+# Every service of the sandbox; each prints "ready" when it owns its names.
 start_services() {
-    local folder name
-    for folder in "$project_dir"/sandbox/services/*/; do
-        name=sandbox-$(basename "$folder")
-        [[ $name != sandbox-control && -x $sandbox_build/sandbox/services/$name ]] || continue
-        start_process "$name" "$sandbox_build/sandbox/services/$name"
+    local name
+    for name in $(service_names); do
+        start_process "sandbox-$name" "$sandbox_programs/sandbox-$name"
         wait_for_line '^ready' >/dev/null
     done
 }
 
 # The network manager says "disconnected" (20 in its interface).
 set_offline() {
-    "$sandbox_build/sandbox/services/sandbox-control" networkmanager set state 20
+    "$sandbox_programs/sandbox-control" networkmanager set state 20
 }
 
 # start_microphone KIND: KIND as on the command line, or empty for the default. SANDBOX_MICROPHONE is the
 # folder of the microphone, see sandbox/microphone/start; the tour changes the kind in it.
 start_microphone() {
     local ready kind name
-    export SANDBOX_MICROPHONE=$work/microphone SANDBOX_RECORDINGS=$sandbox_build/sandbox/microphone
-    start_process microphone "$project_dir/sandbox/microphone/start" "${1:-auto}" \
-        "$SANDBOX_MICROPHONE"
+    export SANDBOX_MICROPHONE=$work/microphone SANDBOX_RECORDINGS=$sandbox_recordings
+    start_process microphone "$sandbox_microphone" "${1:-auto}" "$SANDBOX_MICROPHONE"
     ready=$(wait_for_line '^ready')
     . "$SANDBOX_MICROPHONE/environment"
 
@@ -53,15 +47,11 @@ start_microphone() {
     esac
 }
 
-# start_window ARGUMENT...: the control-center window with the built module. It says "open" when it is.
+# start_window ARGUMENT...: the control-center window with the module. It says "open" when it is.
 start_window() {
     local start=start_process
     [[ -z $tour ]] || start=start_shown_process # prints its steps
-    export TRANSLATIONS_DIR=$sandbox_build/translations
-    "$project_dir/sandbox/with-translations" true # says on the terminal when it cannot do its work
-    "$start" control-center "$project_dir/sandbox/with-translations" \
-        "$sandbox_build/sandbox/controlcenter/control-center" \
-        --plugin "$sandbox_build/libassistant-control-plugin.so" "$@"
+    "$start" control-center "${sandbox_window[@]}" --plugin "$sandbox_module" "$@"
 }
 
 # What is open, and how to use it.
@@ -71,7 +61,7 @@ The control center is open. Closing it, or Ctrl+C here, ends everything.
 To steer a service, in another terminal:
 
     export DBUS_SESSION_BUS_ADDRESS=$(printf %q "$DBUS_SESSION_BUS_ADDRESS") DBUS_SYSTEM_BUS_ADDRESS=$(printf %q "$DBUS_SYSTEM_BUS_ADDRESS")
-    $(printf %q "$sandbox_build/sandbox/services/sandbox-control") dock set hidden true
+    $(printf %q "$sandbox_programs/sandbox-control") dock set hidden true
 
 What changes in the services:
 END

@@ -1,14 +1,20 @@
 #!/bin/bash
-# Which programs an entry point starts as services: in a project of its own, whose programs
-# only say that they are ready.
+# Which programs scripts/run starts as services: in a project of its own, whose programs only say that they
+# are ready.
 set -uo pipefail
 
 project_dir=$(mktemp -d)
 work=$project_dir/work
 trap 'rm -rf "$project_dir"' EXIT
 mkdir "$work"
-. "$1/scripts/lib/processes.sh"
-. "$1/scripts/lib/sandbox.sh"
+cp -r "$1/scripts" "$project_dir"
+lib_dir=$project_dir/scripts/lib
+# shellcheck source=scripts/lib/places.sh
+. "$lib_dir/places.sh"
+# shellcheck source=scripts/lib/processes.sh
+. "$lib_dir/processes.sh"
+# shellcheck source=scripts/lib/sandbox.sh
+. "$lib_dir/sandbox.sh"
 
 built=$project_dir/build/dev/sandbox/services
 mkdir -p "$built" "$project_dir/sandbox/services"/{common,control,dock,keybinding}

@@ -73,8 +73,8 @@ int runVerb(const sandbox::Verb &verb, const QString &service, const QStringList
     const QDBusConnection bus = runsOn(session, service) ? session : QDBusConnection::systemBus();
     if (!runsOn(bus, service)) {
         return fail(NoSuchService,
-                    QStringLiteral("no service \"%1\" runs on these buses; scripts/run says which "
-                                   "are the sandbox's")
+                    QStringLiteral("no service \"%1\" runs on these buses; what started the "
+                                   "sandbox says which are its own")
                         .arg(service));
     }
     sandbox::ServiceControl control(service, bus);
