@@ -36,18 +36,3 @@ macro(assistant_require_pkgconfig prefix module package)
     # At most -D_REENTRANT, which does nothing any more but to differ from the precompiled headers.
     set_property(TARGET PkgConfig::${prefix} PROPERTY INTERFACE_COMPILE_OPTIONS "")
 endmacro()
-
-# The desktop's own development files, where they are installed.
-set(ZDE_PLATFORM_BUNDLED TRUE)
-if(NOT ZDE_PLATFORM STREQUAL "bundled")
-    find_package(zcc QUIET)
-    find_package(ztk QUIET)
-    find_package(zframeworkdbus QUIET)
-    if(zcc_FOUND AND ztk_FOUND AND zframeworkdbus_FOUND)
-        set(ZDE_PLATFORM_BUNDLED FALSE)
-    elseif(ZDE_PLATFORM STREQUAL "system")
-        message(FATAL_ERROR
-            "ZDE_PLATFORM=system, but the desktop's development files (zcc, ztk, zframeworkdbus) "
-            "are not all installed. Use ZDE_PLATFORM=bundled to build against platform/.")
-    endif()
-endif()

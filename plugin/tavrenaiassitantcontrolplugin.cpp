@@ -10,7 +10,9 @@
 
 namespace {
 
-constexpr auto pushBesideList = zccV20::FrameProxyInterface::NextColumn;
+// The first push shows the list, later ones a page beside it. The value is contract; what the
+// desktop's header calls it is not.
+constexpr auto pushBesideList = static_cast<zccV20::FrameProxyInterface::PushType>(2);
 
 } // namespace
 

@@ -11,7 +11,13 @@
 
 namespace testsupport {
 
-/** The built module, loaded by a host that knows its interface only, and its frame. */
+/** The built module, or another file that the environment variable of that name has. */
+inline QString moduleFile()
+{
+    return qEnvironmentVariable("MODULE_FILE", QStringLiteral(MODULE_FILE));
+}
+
+/** That module, loaded by a host that knows its interface only, and its frame. */
 struct HostedModule
 {
     HostedModule()
@@ -33,7 +39,7 @@ struct HostedModule
 
     QWidget *pushed(int index) const { return frame->pushes().at(index).widget; }
 
-    QPluginLoader loader{QStringLiteral(MODULE_FILE)};
+    QPluginLoader loader{moduleFile()};
     zccV20::ModuleInterface *module; ///< Null when it cannot be loaded; the loader says why.
     std::unique_ptr<FakeFrame> frame;
 };

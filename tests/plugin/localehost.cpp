@@ -9,6 +9,7 @@
 // The two functions below stand in for QtCore's: the loader finds an exported symbol of the program
 // first. A member function's "this" is the first argument in the platform's calling convention.
 
+#include "tests/plugin/hostedmodule.h"
 #include "tests/support/fakeframe.h"
 #include "tests/support/modulepages.h"
 #include "tests/support/widgets.h"
@@ -173,7 +174,7 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     catalogues = QApplication::arguments().value(1);
-    QPluginLoader loader(QStringLiteral(MODULE_FILE));
+    QPluginLoader loader(testsupport::moduleFile());
     auto *module = qobject_cast<zccV20::ModuleInterface *>(loader.instance());
     if (!module) {
         std::fprintf(stderr, "%s\n", qPrintable(loader.errorString()));

@@ -1,3 +1,4 @@
+#include "tests/plugin/hostedmodule.h"
 #include "tests/support/fakeframe.h"
 #include "tests/support/modulepages.h"
 #include "tests/support/serviceprocess.h"
@@ -43,7 +44,7 @@ const QString icon = QStringLiteral(":/icons/tavren/builtin/actions/zcc_nav_voic
 
 void ModuleUnloadTest::theBundlesComeAndGoWithTheLibrary()
 {
-    QPluginLoader loader(QStringLiteral(MODULE_FILE));
+    QPluginLoader loader(testsupport::moduleFile());
     loader.setLoadHints({}); // Qt would keep the library in the process otherwise
     QVERIFY(!QFile::exists(catalogue));
     QVERIFY(!QFile::exists(icon));
@@ -59,7 +60,7 @@ void ModuleUnloadTest::theBundlesComeAndGoWithTheLibrary()
 
 void ModuleUnloadTest::unloadsAfterItsPagesWereOpen()
 {
-    QPluginLoader loader(QStringLiteral(MODULE_FILE));
+    QPluginLoader loader(testsupport::moduleFile());
     loader.setLoadHints({});
     auto *module = qobject_cast<zccV20::ModuleInterface *>(loader.instance());
     QVERIFY2(module, qPrintable(loader.errorString()));
@@ -87,7 +88,7 @@ void ModuleUnloadTest::unloadsWhileAVoiceTestRuns()
     QVERIFY(network.start());
     network.setValue(QStringLiteral("state"), 70u);
 
-    QPluginLoader loader(QStringLiteral(MODULE_FILE));
+    QPluginLoader loader(testsupport::moduleFile());
     loader.setLoadHints({});
     auto *module = qobject_cast<zccV20::ModuleInterface *>(loader.instance());
     QVERIFY2(module, qPrintable(loader.errorString()));
