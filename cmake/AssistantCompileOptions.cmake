@@ -1,7 +1,7 @@
 # Compile options of every target of this project, put on targets with assistant_configure_target().
 
 option(ASSISTANT_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
-option(ASSISTANT_FAST_BUILD "Compile Qt's headers once and link quickly: for builds that stay here" OFF)
+option(ASSISTANT_FAST_BUILD "Read headers once, link quickly: for builds that stay here" OFF)
 
 # Gives a target the project's warnings, hidden symbols, and relative source paths in its binary; and in fast
 # builds a set of precompiled headers, "test" or the usual one.
@@ -24,6 +24,24 @@ function(assistant_configure_target target)
             set(headers usual)
         endif()
         target_precompile_headers(${target} REUSE_FROM ${headers}-headers)
+    endif()
+    assistant_unite_sources(${target})
+endfunction()
+
+# Compiles the sources of a target together in fast builds, and of what surrounds the module in all: most of
+# the work is in what they include. Names of one file must for this be unique in the whole target. With
+# -DCMAKE_UNITY_BUILD=OFF each source shows that it includes what it needs.
+function(assistant_unite_sources target)
+    if(DEFINED CMAKE_UNITY_BUILD
+            OR NOT (ASSISTANT_FAST_BUILD
+                OR CMAKE_CURRENT_SOURCE_DIR MATCHES "^${PROJECT_SOURCE_DIR}/(bench|sandbox|tests)"))
+        return()
+    endif()
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 10)
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "/qrc_[^/]*\\.cpp$") # all of them use the same names
+    if(sources)
+        set_source_files_properties(${sources} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
     endif()
 endfunction()
 

@@ -1,5 +1,5 @@
 # Developer targets: "format" writes the layout of all C++, "check" finds what does not keep the style: its
-# parts are format-check, lint (lint-FOLDER for one folder), shellcheck, flake8 and cmake-lint. The tools are
+# parts are format-check, lint (lint-module and lint-around), shellcheck, flake8 and cmake-lint. The tools are
 # those of Debian 12.
 
 file(GLOB_RECURSE cpp_files CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
@@ -58,7 +58,8 @@ assistant_add_tool(cmake-lint CHECK PACKAGE cmake-format
     COMMAND cmake-lint --suppress-decorations --line-width 115
             --disabled-codes C0103 C0111 C0113 C0307 -- ${cmake_files})
 
-# clang cannot read headers that another compiler has precompiled, so it gets commands without them.
+# clang cannot read headers that another compiler has precompiled, so it gets commands without them. The
+# headers that a build generates must be there.
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(lint_folder "${PROJECT_BINARY_DIR}/lint")
 file(MAKE_DIRECTORY "${lint_folder}")
@@ -69,25 +70,19 @@ add_custom_target(lint-commands
 add_custom_target(lint)
 add_dependencies(check lint)
 
-# The headers that a build generates must be there. LIGHT looks at names and modern forms only: the long
-# analyses are for what runs in somebody else's process.
-function(assistant_add_lint folder)
-    set(checks)
-    if("${ARGN}" STREQUAL LIGHT)
-        set(checks "-checks=-bugprone-*,-clang-analyzer-*,-performance-*")
-    endif()
-    assistant_add_tool(lint-${folder} PACKAGE clang-tidy
-        COMMAND run-clang-tidy -quiet -p "${lint_folder}" ${checks}
-            "-header-filter=^${PROJECT_SOURCE_DIR}/(${lint_folders})/" "^${PROJECT_SOURCE_DIR}/${folder}/")
-    add_dependencies(lint-${folder} lint-commands)
-    add_dependencies(lint lint-${folder})
+# Looks at the sources of TARGETS, given as a regular expression of their folders in the project and, for
+# sources that fast builds unite, in the build. Whatever they include of the project is looked at, too.
+set(lint_header_filter "^${PROJECT_SOURCE_DIR}/(bench|bus|pages|platform|plugin|proxy|sandbox|tests|voice)/")
+function(assistant_add_lint name folders united_folders)
+    assistant_add_tool(${name} PACKAGE clang-tidy
+        COMMAND run-clang-tidy -quiet -p "${lint_folder}" "-header-filter=${lint_header_filter}" ${ARGN}
+            "^(${PROJECT_SOURCE_DIR}/(${folders})/|${PROJECT_BINARY_DIR}/(${united_folders})/.*Unity/)")
+    add_dependencies(${name} lint-commands)
+    add_dependencies(lint ${name})
 endfunction()
 
-# Headers of these folders are looked at with whatever includes them; what a build generates is not.
-string(JOIN "|" lint_folders bench bus pages platform plugin proxy sandbox tests voice)
-foreach(folder bus pages platform plugin proxy voice)
-    assistant_add_lint(${folder})
-endforeach()
-foreach(folder bench sandbox tests)
-    assistant_add_lint(${folder} LIGHT)
-endforeach()
+assistant_add_lint(lint-module "bus|pages|platform|plugin|proxy|voice"
+    "CMakeFiles/assistantcontrol.dir|CMakeFiles/shortcutwidgets.dir|platform")
+# Names and modern forms only: the long analyses are for what runs in somebody else's process.
+assistant_add_lint(lint-around "bench|sandbox|tests" "bench|sandbox|tests"
+    "-checks=-bugprone-*,-clang-analyzer-*,-performance-*")

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int testMs = 10000;
 
-QString ability()
+QString qualityAbility()
 {
     return QStringLiteral("aqc");
 }
@@ -69,15 +69,15 @@ int AqcWrapper::start()
     }
 
     AIServiceSession *sessions = AIServiceSession::instance();
-    const int code = sessions->createSession(ability());
+    const int code = sessions->createSession(qualityAbility());
     if (code != 0) {
         qDebug() << "aiservice createsession error!";
         return code;
     }
 
-    m_aqc = new ServiceProxy<ComCorvaneAiserviceAqcInterface>(aiservice::busName(),
-                                                              sessions->queryObjectPath(ability()),
-                                                              QDBusConnection::sessionBus(), this);
+    m_aqc = new ServiceProxy<ComCorvaneAiserviceAqcInterface>(
+        aiservice::busName(), sessions->queryObjectPath(qualityAbility()),
+        QDBusConnection::sessionBus(), this);
     m_aqc->startAqc();
     aiservice::connectSignal(m_aqc, &ComCorvaneAiserviceAqcInterface::onNotify, this,
                              &AqcWrapper::signalAqcResult);

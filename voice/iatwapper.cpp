@@ -14,7 +14,7 @@
 
 namespace {
 
-QString ability()
+QString recognitionAbility()
 {
     return QStringLiteral("iat");
 }
@@ -59,15 +59,15 @@ IatWapper::IatWapper()
 bool IatWapper::startIat()
 {
     AIServiceSession *sessions = AIServiceSession::instance();
-    const int code = sessions->createSession(ability());
+    const int code = sessions->createSession(recognitionAbility());
     if (code != 0) {
         qDebug() << "Iat createSession failed";
         return false;
     }
 
-    m_iat = new ServiceProxy<ComCorvaneAiserviceIatInterface>(aiservice::busName(),
-                                                              sessions->queryObjectPath(ability()),
-                                                              QDBusConnection::sessionBus(), this);
+    m_iat = new ServiceProxy<ComCorvaneAiserviceIatInterface>(
+        aiservice::busName(), sessions->queryObjectPath(recognitionAbility()),
+        QDBusConnection::sessionBus(), this);
     const QDBusMessage reply =
         buscalls::waitFor(m_iat->connection(), m_iat->startIat(recognitionParameters()));
     const QJsonObject answer = parseObject(buscalls::valueOr<QString>(reply, QString()));
@@ -75,7 +75,7 @@ bool IatWapper::startIat()
     m_sessionId = sessionIdOf(answer);
 
     if (status != 0)
-        sessions->destroySession(ability());
+        sessions->destroySession(recognitionAbility());
     else
         connectResults();
     m_fixedText.clear();
@@ -93,7 +93,7 @@ int IatWapper::stopIat()
     disconnectResults();
     m_iat->deleteLater();
     m_iat = nullptr;
-    AIServiceSession::instance()->destroySession(ability());
+    AIServiceSession::instance()->destroySession(recognitionAbility());
     return 0;
 }
 

@@ -22,8 +22,8 @@ namespace {
 
 constexpr int popupWidth = 380; // px
 constexpr int visibleRows = 8;
-constexpr int border = 6;    // px between card and rows
-constexpr qreal radius = 10; // px
+constexpr int border = 6;         // px between card and rows
+constexpr qreal popupRadius = 10; // px
 
 constexpr int whereRole = Qt::UserRole + 1;
 constexpr int paddingX = 12;   // px
@@ -191,7 +191,8 @@ void SearchPopup::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(separatorColor(palette()));
     painter.setBrush(palette().color(QPalette::Base));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), popupRadius,
+                            popupRadius);
 }
 
 } // namespace controlcenter

@@ -14,9 +14,9 @@ using Ztk::Widget::ZPainting;
 namespace controlcenter {
 namespace {
 
-constexpr int side = 36;        // px, a comfortable target
-constexpr qreal radius = 8;     // px
-constexpr qreal penWidth = 1.7; // px
+constexpr int side = 36;          // px, a comfortable target
+constexpr qreal buttonRadius = 8; // px
+constexpr qreal penWidth = 1.7;   // px
 
 void drawSun(QPainter &painter)
 {
@@ -65,10 +65,10 @@ void ThemeButton::paintEvent(QPaintEvent *)
         painter.setPen(Qt::NoPen);
         painter.setBrush(
             ZPainting::blend(palette().color(QPalette::Window), text, isDown() ? 0.16 : 0.08));
-        painter.drawRoundedRect(rect(), radius, radius);
+        painter.drawRoundedRect(rect(), buttonRadius, buttonRadius);
     }
     if (ZFocusTracker::showsFocus(this))
-        ZPainting::drawFocusRing(&painter, rect(), radius, palette());
+        ZPainting::drawFocusRing(&painter, rect(), buttonRadius, palette());
 
     painter.translate(QRectF(rect()).center());
     painter.setPen(QPen(text, penWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));

@@ -14,6 +14,7 @@
 using testsupport::LogCapture;
 using testsupport::ServiceProcess;
 
+using Proxy = AssistantStateProxy;
 using Read = std::function<QVariant()>;
 Q_DECLARE_METATYPE(QtMsgType)
 
@@ -135,7 +136,6 @@ void StateReadsTest::prepare(ServiceProcess &process, const QString &member, Wor
 
 void StateReadsTest::readsFallBack_data()
 {
-    using Proxy = AssistantStateProxy;
     QTest::addColumn<ReadCase>("readCase");
     QTest::addColumn<World>("world");
 
@@ -337,7 +337,6 @@ void StateReadsTest::aWaitEndsWithTheApplication()
 
 void StateReadsTest::writesToAnAbsentServiceReturnZeroAndLogNoError()
 {
-    using Proxy = AssistantStateProxy;
     service(QStringLiteral("assistant")).leaveBus();
     const LogCapture log;
     QCOMPARE(Proxy::setVoiceIatState(true), 0);

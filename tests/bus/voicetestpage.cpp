@@ -26,7 +26,7 @@ using Ztk::Widget::ZCommandLinkButton;
 
 namespace {
 
-const QString words = QStringLiteral("明天早上");
+const QString shownWords = QStringLiteral("明天早上");
 
 int textsSet = 0;  // how often the words were set on a label
 int textsRead = 0; // how often a label with the words was read out to assistive technologies
@@ -45,7 +45,7 @@ void countedUpdateAccessibility(QAccessibleEvent *event) __asm__(UPDATE_ACCESSIB
 
 void countedSetText(QLabel *self, const QString &text)
 {
-    if (text == words)
+    if (text == shownWords)
         ++textsSet;
     const auto real = reinterpret_cast<decltype(&countedSetText)>(dlsym(RTLD_NEXT, SET_TEXT));
     real(self, text);
@@ -54,7 +54,7 @@ void countedSetText(QLabel *self, const QString &text)
 void countedUpdateAccessibility(QAccessibleEvent *event)
 {
     const auto *label = qobject_cast<QLabel *>(event->object());
-    if (label && label->text() == words && event->type() == QAccessible::Alert)
+    if (label && label->text() == shownWords && event->type() == QAccessible::Alert)
         ++textsRead;
     const auto real = reinterpret_cast<decltype(&countedUpdateAccessibility)>(
         dlsym(RTLD_NEXT, UPDATE_ACCESSIBILITY));
@@ -112,8 +112,8 @@ void VoiceTestPageTest::startThreeRuns()
 void VoiceTestPageTest::afterThreeRunsAResultSetsTheSameTextThreeTimes()
 {
     startThreeRuns();
-    m_service.recognise(QStringLiteral("/session/iat/3"), words);
-    QTRY_VERIFY(testsupport::labelWithText(m_page.get(), words));
+    m_service.recognise(QStringLiteral("/session/iat/3"), shownWords);
+    QTRY_VERIFY(testsupport::labelWithText(m_page.get(), shownWords));
     QCOMPARE(textsSet, 3);
     QCOMPARE(textsRead, 1);
 }

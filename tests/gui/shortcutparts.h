@@ -14,6 +14,11 @@
 
 namespace testsupport {
 
+inline const QChar ellipsis(0x2026);
+inline const QString accels = QStringLiteral("<Control><Alt>T");
+inline const QString longTitle =
+    QStringLiteral("Write what is said into the window that has the keyboard focus");
+
 /** The caps that a row of caps shows, in its layout's order. */
 inline QList<KeyLabel *> caps(const ShortcutKey *key)
 {

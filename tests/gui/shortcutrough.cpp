@@ -12,7 +12,6 @@ namespace {
 constexpr int limitMs = 20000; // far more than any of this takes; a hang takes for ever
 constexpr int megabyte = 1024 * 1024;
 constexpr int widestRow = 8000; // pixels: more cannot be shown, and must not be asked of a window
-const QChar ellipsis(0x2026);
 
 /** Lets the window take its size and draws it, at two sizes. */
 void showTwice(QWidget *window)

@@ -8,14 +8,6 @@ using namespace testsupport;
 using Ztk::Widget::ZIconButton;
 using Info = ShortcutItem::ShortcutInfo;
 
-namespace {
-
-const QString accels = QStringLiteral("<Control><Alt>T");
-const QString longTitle =
-    QStringLiteral("Write what is said into the window that has the keyboard focus");
-
-} // namespace
-
 /** ShortcutItem: its parts, its three states, the mouse, and its signals. */
 class ShortcutRowTest : public QObject
 {

@@ -7,12 +7,6 @@
 using namespace testsupport;
 using Ztk::Widget::ZIconButton;
 
-namespace {
-
-const QString accels = QStringLiteral("<Control><Alt>T");
-
-} // namespace
-
 /** ShortcutItem without a mouse: by keys and by assistive technologies. */
 class ShortcutRowKeysTest : public QObject
 {

@@ -10,15 +10,6 @@
 
 using namespace testsupport;
 
-namespace {
-
-const QString accels = QStringLiteral("<Control><Alt>T");
-const QString longTitle =
-    QStringLiteral("Write what is said into the window that has the keyboard focus");
-const QChar ellipsis(0x2026);
-
-} // namespace
-
 /** ShortcutItem's look: room for its title, its caps and the placeholder. */
 class ShortcutRowLookTest : public QObject
 {

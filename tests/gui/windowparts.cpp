@@ -13,8 +13,6 @@
 using namespace controlcenter;
 using zccV20::FrameProxyInterface;
 
-namespace {
-
 /** A module that writes down how it is driven and pushes labels. */
 class ScriptedModule : public zccV20::ModuleInterface
 {
@@ -73,8 +71,6 @@ public:
                                     true);
     }
 };
-
-} // namespace
 
 /** The frame drives a module in the documented order, and owns and disposes of what it pushes. */
 class WindowFrameTest : public QObject

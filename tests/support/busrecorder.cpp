@@ -11,7 +11,7 @@ namespace testsupport {
 
 namespace {
 
-constexpr int limitMs = 20000; // a loaded machine under sanitizers
+constexpr int recorderLimitMs = 20000; // a loaded machine under sanitizers
 const QString busDaemon = QStringLiteral("org.freedesktop.DBus");
 const QString roundTripMember = QStringLiteral("GetId");
 const QString markerPath = QStringLiteral("/tests/recorder");
@@ -78,7 +78,7 @@ bool BusRecorder::start()
     m_process->start(QStringLiteral(BUS_RECORDER),
                      {m_bus == QDBusConnection::SystemBus ? QStringLiteral("system")
                                                           : QStringLiteral("session")});
-    if (m_process->waitForLine(limitMs) != "ready") {
+    if (m_process->waitForLine(recorderLimitMs) != "ready") {
         qWarning() << "the bus recorder did not start:" << m_process->errorString();
         return false;
     }
@@ -99,7 +99,7 @@ bool BusRecorder::sync()
     QDBusConnection(m_connectionName).send(marker);
     const QJsonArray expected{m_connectionName, m_markers};
     for (;;) {
-        const QByteArray line = m_process->waitForLine(limitMs);
+        const QByteArray line = m_process->waitForLine(recorderLimitMs);
         if (line.isNull()) {
             qWarning() << "the bus recorder has stopped:" << m_process->errorString();
             return false;

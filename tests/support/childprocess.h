@@ -4,6 +4,9 @@
 
 namespace testsupport {
 
+/** How long a service may take to start, in ms: on a loaded machine under sanitizers. */
+constexpr int startLimitMs = 20000;
+
 /** A process that dies with the thread that started it, so that a killed test leaves nothing
  * behind. */
 class ChildProcess : public QProcess

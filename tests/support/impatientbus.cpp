@@ -4,12 +4,6 @@
 
 namespace testsupport {
 
-namespace {
-
-constexpr int startLimitMs = 20000; // a loaded machine under sanitizers
-
-} // namespace
-
 ImpatientBus::~ImpatientBus()
 {
     m_daemon.kill();

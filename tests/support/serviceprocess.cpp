@@ -20,7 +20,6 @@ namespace testsupport {
 
 namespace {
 
-constexpr int startLimitMs = 20000; // a loaded machine under sanitizers
 constexpr int endLimitMs = 10000;
 constexpr int controlLimitMs = 10000;
 

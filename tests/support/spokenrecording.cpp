@@ -45,6 +45,11 @@ QVector<qint16> make(const QString &kind, const Speaker &speaker, const QString 
     return read(file).mid(0, int(seconds * wavfile::samplesPerSecond));
 }
 
+QVector<qint16> silence(double seconds)
+{
+    return QVector<qint16>(int(seconds * wavfile::samplesPerSecond), 0);
+}
+
 } // namespace spokenrecording
 
 } // namespace testsupport

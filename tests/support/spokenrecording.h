@@ -23,6 +23,9 @@ QVector<qint16> make(const QString &kind, const Speaker &speaker = Speaker(),
 /** The samples of a WAV file of the sandbox; empty, with a warning, when it cannot be read. */
 QVector<qint16> read(const QString &file);
 
+/** What a microphone in a silent room hears in @p seconds. */
+QVector<qint16> silence(double seconds);
+
 } // namespace spokenrecording
 
 } // namespace testsupport

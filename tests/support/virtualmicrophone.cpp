@@ -7,7 +7,7 @@ namespace testsupport {
 
 namespace {
 
-constexpr int startLimitMs = 30000;
+constexpr int serverStartLimitMs = 30000;
 constexpr int endLimitMs = 10000;
 
 } // namespace
@@ -22,7 +22,7 @@ bool VirtualMicrophone::start(const QString &kind)
     qputenv("SANDBOX_RECORDINGS", RECORDINGS);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QStringLiteral(MICROPHONE_SCRIPT), {kind, m_folder.path()});
-    const QByteArray line = m_process.waitForLine(startLimitMs);
+    const QByteArray line = m_process.waitForLine(serverStartLimitMs);
     QFile environment(m_folder.filePath(QStringLiteral("environment")));
     if (!line.startsWith("ready ") || !environment.open(QIODevice::ReadOnly)) {
         qWarning("no virtual microphone: %s", qPrintable(m_process.errorString()));

@@ -1,4 +1,5 @@
 #include "sandbox/services/aiservice/qualityverdict.h"
+#include "sandbox/services/aiservice/wavfile.h"
 #include "tests/support/spokenrecording.h"
 #include "tests/support/testprogram.h"
 
@@ -14,7 +15,6 @@ Q_DECLARE_METATYPE(sandbox::QualityVerdict)
 
 namespace {
 
-constexpr int samplesPerSecond = 16000;
 constexpr double pi = 3.14159265358979;
 
 QualityFigures measured(const QVector<qint16> &samples)
@@ -27,18 +27,14 @@ QualityFigures measured(const QVector<qint16> &samples)
 /** A tone of 1000 Hz. Its RMS level is 3 dB below @p amplitude. */
 QVector<qint16> tone(double amplitude, double seconds, int offset = 0)
 {
-    QVector<qint16> samples(int(seconds * samplesPerSecond));
+    QVector<qint16> samples(int(seconds * wavfile::samplesPerSecond));
     for (int i = 0; i < samples.size(); ++i) {
         const double value =
-            amplitude * 32767.0 * std::sin(2.0 * pi * 1000.0 * i / samplesPerSecond) + offset;
+            amplitude * 32767.0 * std::sin(2.0 * pi * 1000.0 * i / wavfile::samplesPerSecond) +
+            offset;
         samples[i] = qint16(qBound(-32768.0, std::round(value), 32767.0));
     }
     return samples;
-}
-
-QVector<qint16> silence(double seconds)
-{
-    return QVector<qint16>(int(seconds * samplesPerSecond), 0);
 }
 
 QVector<qint16> amplified(QVector<qint16> samples, double decibel)
@@ -114,7 +110,7 @@ void AiServiceQualityTest::recordings()
     QFETCH(QualityVerdict, expected);
 
     const auto samples = spokenrecording::make(kind, {voice, wordsPerMinute});
-    QCOMPARE(samples.size(), 10 * samplesPerSecond);
+    QCOMPARE(samples.size(), 10 * wavfile::samplesPerSecond);
     const QualityFigures figures = measured(samples);
     QVERIFY2(qualityVerdict(figures) == expected, qPrintable(qualityNotice(figures)));
 }
@@ -183,7 +179,7 @@ void AiServiceQualityTest::verdicts()
 void AiServiceQualityTest::levelOfATone()
 {
     // Four seconds of silence, then one of a tone with an RMS of -23 dB.
-    const QualityFigures figures = measured(silence(4.0) + tone(0.1, 1.0));
+    const QualityFigures figures = measured(spokenrecording::silence(4.0) + tone(0.1, 1.0));
 
     QCOMPARE(figures.seconds, 5.0);
     QVERIFY2(std::abs(figures.speechLevel + 23.0) <= 0.5,
@@ -235,8 +231,8 @@ void AiServiceQualityTest::blocksMakeNoDifference()
 void AiServiceQualityTest::noAudio()
 {
     QCOMPARE(qualityVerdict(QualityMeter().figures()), QualityVerdict::NoSound);
-    QCOMPARE(qualityVerdict(measured(silence(0.01))), QualityVerdict::NoSound);
-    QCOMPARE(qualityVerdict(measured(silence(10.0))), QualityVerdict::NoSound);
+    QCOMPARE(qualityVerdict(measured(spokenrecording::silence(0.01))), QualityVerdict::NoSound);
+    QCOMPARE(qualityVerdict(measured(spokenrecording::silence(10.0))), QualityVerdict::NoSound);
 }
 
 void AiServiceQualityTest::noticeHoldsOneCode()

@@ -1,6 +1,7 @@
 #include "sandbox/services/aiservice/phraselistener.h"
 #include "sandbox/services/aiservice/phrasemodel.h"
 #include "sandbox/services/aiservice/recognition.h"
+#include "sandbox/services/aiservice/wavfile.h"
 #include "tests/support/spokenrecording.h"
 #include "tests/support/testprogram.h"
 
@@ -12,18 +13,11 @@ namespace spokenrecording = testsupport::spokenrecording;
 
 namespace {
 
-constexpr int samplesPerSecond = 16000;
-
 const QString models = QStringLiteral(PHRASE_MODEL);
 
 QString phrase()
 {
-    return PhraseModel::words().join(QString());
-}
-
-QVector<qint16> silence(double seconds)
-{
-    return QVector<qint16>(int(seconds * samplesPerSecond), 0);
+    return phrasemodel::words().join(QString());
 }
 
 QByteArray bytes(const QVector<qint16> &samples)
@@ -171,12 +165,12 @@ void AiServiceRecognitionTest::nothingIsRecognised_data()
 {
     QTest::addColumn<QVector<qint16>>("audio");
 
-    QTest::newRow("digital silence") << silence(10.0);
+    QTest::newRow("digital silence") << spokenrecording::silence(10.0);
     QTest::newRow("quiet room") << spokenrecording::make(QStringLiteral("silence"));
 
     // The noise of the noisy recording after its speaker has finished.
     const auto noisy = spokenrecording::make(QStringLiteral("noise"), {}, QString(), 12.0);
-    QTest::newRow("noise") << noisy.mid(int(6.5 * samplesPerSecond));
+    QTest::newRow("noise") << noisy.mid(int(6.5 * wavfile::samplesPerSecond));
 
     const QStringList mandarin = {
         QStringLiteral("今天天气很好，我们去公园散步吧"),
@@ -215,9 +209,9 @@ void AiServiceRecognitionTest::nothingIsRecognised()
 void AiServiceRecognitionTest::patienceEnds()
 {
     PhraseListener listener(models, {2000, 10000});
-    QVERIFY(heard(&listener, silence(1.9)).isEmpty());
+    QVERIFY(heard(&listener, spokenrecording::silence(1.9)).isEmpty());
 
-    const QVector<Hypothesis> end = heard(&listener, silence(0.2));
+    const QVector<Hypothesis> end = heard(&listener, spokenrecording::silence(0.2));
     QCOMPARE(end.size(), 1);
     QVERIFY(end.first().last);
     QVERIFY(heard(&listener, spokenrecording::make(QStringLiteral("speech"))).isEmpty());
@@ -232,7 +226,7 @@ void AiServiceRecognitionTest::patienceLastsWhileSomebodySpeaks()
         heard(&listener, spokenrecording::make(QStringLiteral("speech"), {}, QString(), 8.0));
     QVERIFY(!news.isEmpty() && !news.last().last);
 
-    news = heard(&listener, silence(3.0));
+    news = heard(&listener, spokenrecording::silence(3.0));
     QCOMPARE(news.size(), 1);
     QVERIFY(news.first().last);
     QCOMPARE(news.first().words.join(QString()), phrase());
@@ -318,7 +312,7 @@ void AiServiceRecognitionTest::missingModels()
     {
         Recognition recognition(empty.path(), {}, &threads);
         QSignalSpy failed(&recognition, &Recognition::failed);
-        recognition.hear(bytes(silence(1.0)));
+        recognition.hear(bytes(spokenrecording::silence(1.0)));
         recognition.finish();
         QVERIFY(failed.wait());
         QCOMPARE(failed.count(), 1);

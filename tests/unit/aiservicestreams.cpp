@@ -99,16 +99,16 @@ void AiServiceStreamsTest::phraseOutOfDecoderOutput()
     QFETCH(QString, decoded);
     QFETCH(QString, expected);
 
-    QCOMPARE(PhraseFilter::phraseWords(decoded.split(QLatin1Char(' '))).join(QLatin1Char(' ')),
+    QCOMPARE(phrasefilter::phraseWords(decoded.split(QLatin1Char(' '))).join(QLatin1Char(' ')),
              expected);
 }
 
 void AiServiceStreamsTest::everyWordIsPronounced()
 {
-    QCOMPARE(PhraseModel::words().join(QString()),
+    QCOMPARE(phrasemodel::words().join(QString()),
              QStringLiteral("阿岚帮我预约明天早上10点的视频会议"));
 
-    const QList<QByteArray> lines = PhraseModel::dictionary().split('\n');
+    const QList<QByteArray> lines = phrasemodel::dictionary().split('\n');
     QSet<QByteArray> entries;
     for (const QByteArray &line : lines) {
         const QByteArray entry = line.left(line.indexOf(' '));
@@ -116,8 +116,8 @@ void AiServiceStreamsTest::everyWordIsPronounced()
         QVERIFY2(line.isEmpty() || !entries.contains(entry), entry.constData());
         entries.insert(entry);
     }
-    const QByteArray bigrams = PhraseModel::bigrams();
-    for (const QString &word : PhraseModel::words()) {
+    const QByteArray bigrams = phrasemodel::bigrams();
+    for (const QString &word : phrasemodel::words()) {
         QVERIFY2(entries.contains(word.toUtf8()), qPrintable(word));
         QVERIFY2(bigrams.contains(' ' + word.toUtf8() + ' '), qPrintable(word));
     }

@@ -29,9 +29,9 @@ int main(int argc, char **argv)
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     return folder.mkpath(QStringLiteral(".")) &&
                    write(folder.filePath(QStringLiteral("phrase.dict")),
-                         sandbox::PhraseModel::dictionary()) &&
+                         sandbox::phrasemodel::dictionary()) &&
                    write(folder.filePath(QStringLiteral("phrase.arpa")),
-                         sandbox::PhraseModel::bigrams())
+                         sandbox::phrasemodel::bigrams())
                ? 0
                : 1;
 }

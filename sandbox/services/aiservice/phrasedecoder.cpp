@@ -65,7 +65,7 @@ bool PhraseDecoder::isSpeaking() const
 QStringList PhraseDecoder::words() const
 {
     const char *text = ps_get_hyp(m_decoder.get(), nullptr);
-    return PhraseFilter::phraseWords(QString::fromUtf8(text).split(QLatin1Char(' ')));
+    return phrasefilter::phraseWords(QString::fromUtf8(text).split(QLatin1Char(' ')));
 }
 
 void PhraseDecoder::end()

@@ -4,9 +4,9 @@
 
 namespace sandbox {
 
-QStringList PhraseFilter::phraseWords(const QStringList &decoded)
+QStringList phrasefilter::phraseWords(const QStringList &decoded)
 {
-    static const QStringList phrase = PhraseModel::words();
+    static const QStringList phrase = phrasemodel::words();
 
     QStringList result;
     QStringList run;

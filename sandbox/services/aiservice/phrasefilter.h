@@ -5,7 +5,7 @@
 namespace sandbox {
 
 /** Tells the phrase from what a decoder makes of other sounds. */
-namespace PhraseFilter {
+namespace phrasefilter {
 
 /** Fewer words of the phrase in a row than this are taken for chance: other sentences give runs of
  *  three now and then. */
@@ -18,6 +18,6 @@ constexpr int shortestRun = 4;
  */
 QStringList phraseWords(const QStringList &decoded);
 
-} // namespace PhraseFilter
+} // namespace phrasefilter
 
 } // namespace sandbox

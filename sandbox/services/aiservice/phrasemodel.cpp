@@ -76,7 +76,7 @@ QByteArray line(double probability, const QString &words)
 
 } // namespace
 
-QStringList PhraseModel::words()
+QStringList phrasemodel::words()
 {
     QStringList result;
     for (const Word &word : phrase())
@@ -84,12 +84,12 @@ QStringList PhraseModel::words()
     return result;
 }
 
-bool PhraseModel::isFiller(const QString &word)
+bool phrasemodel::isFiller(const QString &word)
 {
     return word.startsWith(fillerMark) || word.startsWith(QLatin1Char('<'));
 }
 
-QByteArray PhraseModel::dictionary()
+QByteArray phrasemodel::dictionary()
 {
     QByteArray result;
     for (const Word &word : phrase()) {
@@ -106,7 +106,7 @@ QByteArray PhraseModel::dictionary()
     return result;
 }
 
-QByteArray PhraseModel::bigrams()
+QByteArray phrasemodel::bigrams()
 {
     const QString begin = QStringLiteral("<s>");
     const QString end = QStringLiteral("</s>");

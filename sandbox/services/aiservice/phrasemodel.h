@@ -15,7 +15,7 @@ namespace sandbox {
  * words of the phrase stand one-phone filler words, which soak up whatever else is said: they are
  * what keeps other sentences and noise from being read as the phrase.
  */
-namespace PhraseModel {
+namespace phrasemodel {
 
 /** The words of the phrase, in the order in which they are spoken. */
 QStringList words();
@@ -29,6 +29,6 @@ QByteArray dictionary();
 /** The bigram model in ARPA format, UTF-8. */
 QByteArray bigrams();
 
-} // namespace PhraseModel
+} // namespace phrasemodel
 
 } // namespace sandbox

@@ -1,5 +1,7 @@
 #include "sandbox/services/aiservice/qualitymeter.h"
 
+#include "sandbox/services/aiservice/wavfile.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -7,8 +9,7 @@ namespace sandbox {
 
 namespace {
 
-constexpr int samplesPerSecond = 16000;
-constexpr int frameSamples = samplesPerSecond / 50;
+constexpr int frameSamples = wavfile::samplesPerSecond / 50;
 constexpr double fullScale = 32768.0;
 
 /** Converters stop one or two steps short of the end of the range now and then. */
@@ -68,7 +69,7 @@ QualityFigures QualityMeter::figures() const
     QualityFigures result;
     if (m_frameCount == 0)
         return result;
-    result.seconds = double(m_frameCount) * frameSamples / samplesPerSecond;
+    result.seconds = double(m_frameCount) * frameSamples / wavfile::samplesPerSecond;
     result.speechLevel = levelOfShare(speechShare);
     result.noiseLevel = levelOfShare(noiseShare);
 

@@ -7,7 +7,7 @@ namespace sandbox {
 
 QualityVerdict qualityVerdict(const QualityFigures &figures)
 {
-    using namespace QualityThresholds;
+    using namespace qualitythresholds;
 
     const double clearance = figures.speechLevel - figures.noiseLevel;
     const bool noisy = figures.noiseLevel > noisyRoom;

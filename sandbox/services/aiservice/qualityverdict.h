@@ -15,7 +15,7 @@ enum class QualityVerdict {
     TooNoisy = 1008,
 };
 
-namespace QualityThresholds {
+namespace qualitythresholds {
 
 /** A voice is there when the loud times stand this many dB above the quiet ones. */
 constexpr double voiceAboveNoise = 6.0;
@@ -30,7 +30,7 @@ constexpr double noisyRoom = -50.0;
 /** More than this share of the loud frames cut off is too loud; a single bang is less. */
 constexpr double clippedShare = 0.05;
 
-} // namespace QualityThresholds
+} // namespace qualitythresholds
 
 /** Decides from the figures alone. */
 QualityVerdict qualityVerdict(const QualityFigures &figures);
