@@ -51,7 +51,7 @@
     </message>
     <message>
         <source>Press Space or Escape to cancel the test</source>
-        <translation>སྟོང་མཐེབ་བམ་Escམཐེབ་མནན་ནས་ཚོད་ལྟ་མེད་པར་བྱོས།</translation>
+        <translation>སྟོང་མཐེབ་བམ་ Esc མཐེབ་མནན་ནས་ཚོད་ལྟ་མེད་པར་བྱོས།</translation>
     </message>
     <message>
         <source>Service exception</source>
@@ -173,7 +173,7 @@
     <message>
         <source>Press the shortcuts (%1) or click &quot;Translation&quot; in the context menu to translate the selected text.</source>
         <extracomment>%1 is a key combination such as Ctrl+Alt+T; the quoted text is this page&apos;s title.</extracomment>
-        <translation>མྱུར་མཐེབ་(%1)མནན་པའམ་ཡང་ན་གཡས་མཐེབ་འདེམས་བྱང་ནང་གི་“ཡིག་སྒྱུར”མནན་ན། བདམས་པའི་ཡི་གེ་བསྒྱུར་ཐུབ།</translation>
+        <translation>མྱུར་མཐེབ་ (%1) མནན་པའམ་ཡང་ན་གཡས་མཐེབ་འདེམས་བྱང་ནང་གི་“ཡིག་སྒྱུར”མནན་ན། བདམས་པའི་ཡི་གེ་བསྒྱུར་ཐུབ།</translation>
     </message>
     <message>
         <source>Translation</source>
@@ -222,7 +222,7 @@
     <message>
         <source>Press the shortcuts (%1) or click &quot;Speech to Text&quot; in the context menu to convert your speech to text.</source>
         <extracomment>%1 is a key combination such as Ctrl+Alt+T; the quoted text is this page&apos;s title.</extracomment>
-        <translation>མྱུར་མཐེབ་(%1)མནན་པའམ་ཡང་ན་གཡས་མཐེབ་འདེམས་བྱང་ནང་གི་“སྐད་སྒྲ་ཡི་གེར་བསྒྱུར་བ”མནན་ན། ཁྱེད་ཀྱི་སྐད་སྒྲ་ཡི་གེར་བསྒྱུར་ཐུབ།</translation>
+        <translation>མྱུར་མཐེབ་ (%1) མནན་པའམ་ཡང་ན་གཡས་མཐེབ་འདེམས་བྱང་ནང་གི་“སྐད་སྒྲ་ཡི་གེར་བསྒྱུར་བ”མནན་ན། ཁྱེད་ཀྱི་སྐད་སྒྲ་ཡི་གེར་བསྒྱུར་ཐུབ།</translation>
     </message>
     <message>
         <source>Speech to Text</source>
@@ -248,7 +248,7 @@
     <message>
         <source>Press the shortcuts (%1) or click &quot;Text to Speech&quot; in the context menu to read the selected text out.</source>
         <extracomment>%1 is a key combination such as Ctrl+Alt+T; the quoted text is this page&apos;s title.</extracomment>
-        <translation>མྱུར་མཐེབ་(%1)མནན་པའམ་ཡང་ན་གཡས་མཐེབ་འདེམས་བྱང་ནང་གི་“ཡི་གེ་སྐད་སྒྲར་བསྒྱུར་བ”མནན་ན། བདམས་པའི་ཡི་གེ་ཀློག་འདོན་བྱེད་ཐུབ།</translation>
+        <translation>མྱུར་མཐེབ་ (%1) མནན་པའམ་ཡང་ན་གཡས་མཐེབ་འདེམས་བྱང་ནང་གི་“ཡི་གེ་སྐད་སྒྲར་བསྒྱུར་བ”མནན་ན། བདམས་པའི་ཡི་གེ་ཀློག་འདོན་བྱེད་ཐུབ།</translation>
     </message>
     <message>
         <source>Text to Speech</source>

@@ -173,7 +173,7 @@
     <message>
         <source>Press the shortcuts (%1) or click &quot;Translation&quot; in the context menu to translate the selected text.</source>
         <extracomment>%1 is a key combination such as Ctrl+Alt+T; the quoted text is this page&apos;s title.</extracomment>
-        <translation>تېزلەتمە كۇنۇپكا (‎%1‎) نى بېسىڭ ياكى ئوڭ كۇنۇپكا تىزىملىكىدىكى «تەرجىمە» نى چېكىڭ، تاللانغان تېكىست تەرجىمە قىلىنىدۇ.</translation>
+        <translation>تېزلەتمە كۇنۇپكا (‎%1‎) نى بېسىڭىز ياكى ئوڭ كۇنۇپكا تىزىملىكىدىكى «تەرجىمە» نى چەكسىڭىز، تاللانغان تېكىست تەرجىمە قىلىنىدۇ.</translation>
     </message>
     <message>
         <source>Translation</source>
@@ -222,7 +222,7 @@
     <message>
         <source>Press the shortcuts (%1) or click &quot;Speech to Text&quot; in the context menu to convert your speech to text.</source>
         <extracomment>%1 is a key combination such as Ctrl+Alt+T; the quoted text is this page&apos;s title.</extracomment>
-        <translation>تېزلەتمە كۇنۇپكا (‎%1‎) نى بېسىڭ ياكى ئوڭ كۇنۇپكا تىزىملىكىدىكى «ئاۋازنى تېكىستكە ئايلاندۇرۇش» نى چېكىڭ، سۆزلىرىڭىز تېكىستكە ئايلاندۇرۇلىدۇ.</translation>
+        <translation>تېزلەتمە كۇنۇپكا (‎%1‎) نى بېسىڭىز ياكى ئوڭ كۇنۇپكا تىزىملىكىدىكى «ئاۋازنى تېكىستكە ئايلاندۇرۇش» نى چەكسىڭىز، سۆزلىرىڭىز تېكىستكە ئايلاندۇرۇلىدۇ.</translation>
     </message>
     <message>
         <source>Speech to Text</source>
@@ -248,7 +248,7 @@
     <message>
         <source>Press the shortcuts (%1) or click &quot;Text to Speech&quot; in the context menu to read the selected text out.</source>
         <extracomment>%1 is a key combination such as Ctrl+Alt+T; the quoted text is this page&apos;s title.</extracomment>
-        <translation>تېزلەتمە كۇنۇپكا (‎%1‎) نى بېسىڭ ياكى ئوڭ كۇنۇپكا تىزىملىكىدىكى «تېكىستنى ئاۋازغا ئايلاندۇرۇش» نى چېكىڭ، تاللانغان تېكىست ئوقۇپ بېرىلىدۇ.</translation>
+        <translation>تېزلەتمە كۇنۇپكا (‎%1‎) نى بېسىڭىز ياكى ئوڭ كۇنۇپكا تىزىملىكىدىكى «تېكىستنى ئاۋازغا ئايلاندۇرۇش» نى چەكسىڭىز، تاللانغان تېكىست ئوقۇپ بېرىلىدۇ.</translation>
     </message>
     <message>
         <source>Text to Speech</source>

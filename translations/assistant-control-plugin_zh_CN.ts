@@ -47,7 +47,7 @@
     <message>
         <source>Microphone level</source>
         <extracomment>Read out for the moving wave, which shows how loud the microphone hears the user.</extracomment>
-        <translation>麦克风音量</translation>
+        <translation>麦克风输入电平</translation>
     </message>
     <message>
         <source>Press Space or Escape to cancel the test</source>
@@ -75,7 +75,7 @@
     <message>
         <source>It sounds good</source>
         <extracomment>Result of the voice test: the recording is clear.</extracomment>
-        <translation>声音效果很好</translation>
+        <translation>声音很清晰</translation>
     </message>
     <message>
         <source>Turn down the input volume and try again</source>
@@ -160,7 +160,7 @@
     </message>
     <message>
         <source>Voice Gender</source>
-        <translation>发音人</translation>
+        <translation>声音类型</translation>
     </message>
     <message>
         <source>Assistive Tools</source>
@@ -262,7 +262,7 @@
     <message>
         <source>Voice Gender</source>
         <extracomment>Title of a list of voices: woman, man, child.</extracomment>
-        <translation>发音人</translation>
+        <translation>声音类型</translation>
     </message>
     <message>
         <source>Female</source>

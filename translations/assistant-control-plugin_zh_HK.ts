@@ -47,7 +47,7 @@
     <message>
         <source>Microphone level</source>
         <extracomment>Read out for the moving wave, which shows how loud the microphone hears the user.</extracomment>
-        <translation>咪高峰音量</translation>
+        <translation>咪高峰輸入音量</translation>
     </message>
     <message>
         <source>Press Space or Escape to cancel the test</source>
@@ -75,7 +75,7 @@
     <message>
         <source>It sounds good</source>
         <extracomment>Result of the voice test: the recording is clear.</extracomment>
-        <translation>聲音效果良好</translation>
+        <translation>聲音清晰</translation>
     </message>
     <message>
         <source>Turn down the input volume and try again</source>

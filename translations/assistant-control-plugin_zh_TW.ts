@@ -47,7 +47,7 @@
     <message>
         <source>Microphone level</source>
         <extracomment>Read out for the moving wave, which shows how loud the microphone hears the user.</extracomment>
-        <translation>麥克風音量</translation>
+        <translation>麥克風輸入音量</translation>
     </message>
     <message>
         <source>Press Space or Escape to cancel the test</source>

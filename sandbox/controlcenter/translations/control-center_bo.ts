@@ -12,19 +12,19 @@
     <name>controlcenter::ControlCenterWindow</name>
     <message>
         <source>Control Center</source>
-        <translation>ཚོད་འཛིན་ལྟེ་གནས།</translation>
+        <translation>ཚོད་འཛིན་ལྟེ་གནས</translation>
     </message>
     <message>
         <source>Keyboard</source>
-        <translation>མཐེབ་གཞོང་།</translation>
+        <translation>མཐེབ་གཞོང</translation>
     </message>
     <message>
         <source>Shortcuts</source>
-        <translation>མྱུར་མཐེབ།</translation>
+        <translation>མྱུར་མཐེབ</translation>
     </message>
     <message>
         <source>Services</source>
-        <translation>ཞབས་ཞུ།</translation>
+        <translation>ཞབས་ཞུ</translation>
     </message>
     <message>
         <source>These settings are the desktop&apos;s own. This window runs the assistant&apos;s module only.</source>
@@ -35,25 +35,25 @@
     <name>controlcenter::NavigationColumn</name>
     <message>
         <source>Settings</source>
-        <translation>སྒྲིག་འགོད།</translation>
+        <translation>སྒྲིག་འགོད</translation>
     </message>
 </context>
 <context>
     <name>controlcenter::SearchField</name>
     <message>
         <source>Search settings</source>
-        <translation>སྒྲིག་འགོད་འཚོལ་བ།</translation>
+        <translation>སྒྲིག་འགོད་འཚོལ་བ</translation>
     </message>
 </context>
 <context>
     <name>controlcenter::SearchPopup</name>
     <message>
         <source>Nothing found</source>
-        <translation>རྙེད་མ་བྱུང་།</translation>
+        <translation>རྙེད་མ་བྱུང</translation>
     </message>
     <message>
         <source>Search results</source>
-        <translation>འཚོལ་འབྲས།</translation>
+        <translation>འཚོལ་འབྲས</translation>
     </message>
 </context>
 <context>
@@ -67,31 +67,31 @@
     <name>controlcenter::ServicesPage</name>
     <message>
         <source>Services</source>
-        <translation>ཞབས་ཞུ།</translation>
+        <translation>ཞབས་ཞུ</translation>
     </message>
     <message>
         <source>Assistant</source>
-        <translation>ལག་རོགས།</translation>
+        <translation>ལག་རོགས</translation>
     </message>
     <message>
         <source>Dock icon</source>
-        <translation>ལས་འགན་སྡེ་ཚན་གྱི་རི་མོ།</translation>
+        <translation>ལས་འགན་སྡེ་ཚན་གྱི་རིས་རྟགས</translation>
     </message>
     <message>
         <source>Shortcuts</source>
-        <translation>མྱུར་མཐེབ།</translation>
+        <translation>མྱུར་མཐེབ</translation>
     </message>
     <message>
         <source>AI service</source>
-        <translation>AI ཞབས་ཞུ།</translation>
+        <translation>AI ཞབས་ཞུ</translation>
     </message>
     <message>
         <source>Sound</source>
-        <translation>སྒྲ།</translation>
+        <translation>སྒྲ</translation>
     </message>
     <message>
         <source>Network</source>
-        <translation>དྲ་རྒྱ།</translation>
+        <translation>དྲ་རྒྱ</translation>
     </message>
 </context>
 <context>
@@ -102,30 +102,30 @@
     </message>
     <message>
         <source>Done</source>
-        <translation>ལེགས་གྲུབ།</translation>
+        <translation>ལེགས་གྲུབ</translation>
     </message>
     <message>
         <source>Press the new shortcut for “%1”. Escape keeps the old one.</source>
-        <translation>“%1”ཡི་མྱུར་མཐེབ་གསར་བ་མནོན་རོགས། Escape མནན་ན་སྔར་གྱི་མྱུར་མཐེབ་རང་འཇགས་ཡིན།</translation>
+        <translation>“%1”ཞེས་པའི་མྱུར་མཐེབ་གསར་བ་མནོན་རོགས། Esc མཐེབ་མནན་ན་སྔར་གྱི་མྱུར་མཐེབ་རང་འཇགས་ཡིན།</translation>
     </message>
     <message>
         <source>%1 is the shortcut for “%2” already.</source>
-        <translation>%1 ནི་“%2”ཡི་མྱུར་མཐེབ་ཡིན་ཟིན།</translation>
+        <translation>%1 ནི་“%2”ཞེས་པའི་མྱུར་མཐེབ་ཡིན་ཟིན།</translation>
     </message>
     <message>
         <source>The shortcut for “%1”: %2</source>
-        <translation>“%1”ཡི་མྱུར་མཐེབ། %2</translation>
+        <translation>“%1”ཞེས་པའི་མྱུར་མཐེབ། %2</translation>
     </message>
 </context>
 <context>
     <name>controlcenter::ThemeButton</name>
     <message>
         <source>Dark theme</source>
-        <translation>མདོག་ནག་བརྗོད་གཞི།</translation>
+        <translation>མདོག་ནག་བརྗོད་གཞི</translation>
     </message>
     <message>
         <source>Light or dark theme</source>
-        <translation>མདོག་དཀར་བའམ་ནག་པའི་བརྗོད་གཞི།</translation>
+        <translation>མདོག་དཀར་བའམ་ནག་པའི་བརྗོད་གཞི</translation>
     </message>
 </context>
 </TS>

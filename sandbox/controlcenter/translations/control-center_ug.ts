@@ -20,7 +20,7 @@
     </message>
     <message>
         <source>Shortcuts</source>
-        <translation>تېزلەتمىلەر</translation>
+        <translation>تېزلەتمە كۇنۇپكىلار</translation>
     </message>
     <message>
         <source>Services</source>
@@ -75,11 +75,11 @@
     </message>
     <message>
         <source>Dock icon</source>
-        <translation>ۋەزىپە بالداق سىنبەلگىسى</translation>
+        <translation>ۋەزىپە بالدىقى سىنبەلگىسى</translation>
     </message>
     <message>
         <source>Shortcuts</source>
-        <translation>تېزلەتمىلەر</translation>
+        <translation>تېزلەتمە كۇنۇپكىلار</translation>
     </message>
     <message>
         <source>AI service</source>
@@ -106,15 +106,15 @@
     </message>
     <message>
         <source>Press the new shortcut for “%1”. Escape keeps the old one.</source>
-        <translation>«%1» نىڭ يېڭى تېزلەتمىسىنى بېسىڭ. Escape كونىسىنى ساقلاپ قالىدۇ.</translation>
+        <translation>«%1» نىڭ يېڭى تېزلەتمە كۇنۇپكىسىنى بېسىڭ. Esc كونىسىنى ساقلاپ قالىدۇ.</translation>
     </message>
     <message>
         <source>%1 is the shortcut for “%2” already.</source>
-        <translation>%1 ئاللىقاچان «%2» نىڭ تېزلەتمىسى.</translation>
+        <translation>%1 ئاللىقاچان «%2» نىڭ تېزلەتمە كۇنۇپكىسى.</translation>
     </message>
     <message>
         <source>The shortcut for “%1”: %2</source>
-        <translation>«%1» نىڭ تېزلەتمىسى: %2</translation>
+        <translation>«%1» نىڭ تېزلەتمە كۇنۇپكىسى: %2</translation>
     </message>
 </context>
 <context>

@@ -106,7 +106,7 @@
     </message>
     <message>
         <source>Press the new shortcut for “%1”. Escape keeps the old one.</source>
-        <translation>请按下“%1”的新快捷键。按 Escape 保留原来的快捷键。</translation>
+        <translation>请按下“%1”的新快捷键。按 Esc 键保留原来的快捷键。</translation>
     </message>
     <message>
         <source>%1 is the shortcut for “%2” already.</source>

@@ -60,7 +60,7 @@
     <name>controlcenter::ServiceCard</name>
     <message>
         <source>%1 is not running</source>
-        <translation>%1 未執行</translation>
+        <translation>%1 目前未在執行</translation>
     </message>
 </context>
 <context>
@@ -106,7 +106,7 @@
     </message>
     <message>
         <source>Press the new shortcut for “%1”. Escape keeps the old one.</source>
-        <translation>請按下「%1」的新快捷鍵。按 Escape 保留原來的快捷鍵。</translation>
+        <translation>請按下「%1」的新快捷鍵。按 Esc 鍵保留原來的快捷鍵。</translation>
     </message>
     <message>
         <source>%1 is the shortcut for “%2” already.</source>
