@@ -3,14 +3,14 @@
 # those of Debian 12.
 
 file(GLOB_RECURSE cpp_files CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
-    bench/*.h bench/*.cpp bus/*.h bus/*.cpp pages/*.h pages/*.cpp platform/*.h platform/*.cpp
-    plugin/*.h plugin/*.cpp proxy/*.h proxy/*.cpp sandbox/*.h sandbox/*.cpp tests/*.h tests/*.cpp
-    voice/*.h voice/*.cpp)
+    bench/*.h bench/*.cpp bus/*.h bus/*.cpp doctor/*.h doctor/*.cpp pages/*.h pages/*.cpp
+    platform/*.h platform/*.cpp plugin/*.h plugin/*.cpp proxy/*.h proxy/*.cpp sandbox/*.h sandbox/*.cpp
+    tests/*.h tests/*.cpp voice/*.h voice/*.cpp)
 file(GLOB_RECURSE cmake_files CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
     CMakeLists.txt cmake/*.cmake */CMakeLists.txt)
 list(FILTER cmake_files EXCLUDE REGEX "^build/")
 file(GLOB_RECURSE other_files CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
-    .ci/* bench/* sandbox/* scripts/* tests/*)
+    .ci/* bench/* doctor/* sandbox/* scripts/* tests/*)
 set(shell_files)
 set(python_files)
 foreach(file ${other_files})
@@ -72,7 +72,8 @@ add_dependencies(check lint)
 
 # Looks at the sources of TARGETS, given as a regular expression of their folders in the project and, for
 # sources that fast builds unite, in the build. Whatever they include of the project is looked at, too.
-set(lint_header_filter "^${PROJECT_SOURCE_DIR}/(bench|bus|pages|platform|plugin|proxy|sandbox|tests|voice)/")
+set(lint_header_filter
+    "^${PROJECT_SOURCE_DIR}/(bench|bus|doctor|pages|platform|plugin|proxy|sandbox|tests|voice)/")
 function(assistant_add_lint name folders united_folders)
     assistant_add_tool(${name} PACKAGE clang-tidy
         COMMAND run-clang-tidy -quiet -p "${lint_folder}" "-header-filter=${lint_header_filter}" ${ARGN}
@@ -83,6 +84,7 @@ endfunction()
 
 assistant_add_lint(lint-module "bus|pages|platform|plugin|proxy|voice"
     "CMakeFiles/assistantcontrol.dir|CMakeFiles/shortcutwidgets.dir|platform")
+assistant_add_lint(lint-doctor "doctor" "doctor")
 # Names and modern forms only: the long analyses are for what runs in somebody else's process.
 assistant_add_lint(lint-around "bench|sandbox|tests" "bench|sandbox|tests"
     "-checks=-bugprone-*,-clang-analyzer-*,-performance-*")

@@ -1,5 +1,6 @@
 #include "plugin/tavrenaiassitantcontrolplugin.h"
 
+#include "plugin/catalogue.h"
 #include "plugin/pagetable.h"
 #include "plugin/thirdlistwidget.h"
 
@@ -24,32 +25,12 @@ TavrenAIAssitantControlPlugin::TavrenAIAssitantControlPlugin()
 
 void TavrenAIAssitantControlPlugin::installTranslatorForSystemLocale()
 {
-    // Keys are searched inside the locale's name, in this order. The English file's doubled "a" is
-    // the name under which the translation package installs it.
-    static const struct
-    {
-        const char *key;
-        const char *fileName;
-    } catalogues[] = {
-        {"zh_CN", "assistant-control-plugin_zh_CN.qm"},
-        {"zh_HK", "assistant-control-plugin_zh_HK.qm"},
-        {"zh_TW", "assistant-control-plugin_zh_TW.qm"},
-        {"bo", "assistant-control-plugin_bo.qm"},
-        {"en", "aassistant-control-plugin_en.qm"},
-        {"ug", "assistant-control-plugin_ug.qm"},
-    };
-
-    const QString locale = QLocale::system().name();
-    for (const auto &catalogue : catalogues) {
-        if (!locale.contains(QLatin1String(catalogue.key)))
-            continue;
-        // Installed whether or not the file could be read: a missing one leaves the source
-        // language.
-        m_translator->load(QStringLiteral("/usr/share/TavrenAIAssistant/translations/") +
-                           QLatin1String(catalogue.fileName));
-        QCoreApplication::installTranslator(m_translator);
+    const QString file = catalogueFile(QLocale::system().name());
+    if (file.isEmpty())
         return;
-    }
+    // Installed whether or not the file could be read: a missing one leaves the source language.
+    m_translator->load(file);
+    QCoreApplication::installTranslator(m_translator);
 }
 
 void TavrenAIAssitantControlPlugin::preInitialize(bool, zccV20::FrameProxyInterface::PushType)

@@ -11,8 +11,8 @@ import sys
 import unittest
 
 project = pathlib.Path(sys.argv.pop(1))
-folders = ("bench", "bus", "cmake", "contracts", "pages", "platform", "plugin", "proxy", "sandbox",
-           "scripts", "tests", "translations", "voice")
+folders = ("bench", "bus", "cmake", "contracts", "doctor", "pages", "platform", "plugin", "proxy",
+           "sandbox", "scripts", "tests", "translations", "voice")
 documents = sorted([*project.glob("*.md"), *project.glob("docs/*.md"), *project.glob("platform/*.md")])
 # What others define (the language, Qt, its test library), and examples.
 foreign = re.compile(r"Q[A-Z_]\w*|Qt\w*|std::.*|true|false|null|[A-Z]+|apt-get|ctest|git"

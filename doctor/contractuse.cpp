@@ -1,0 +1,285 @@
+#include "doctor/contractuse.h"
+
+using namespace Contract;
+
+namespace doctor {
+
+namespace {
+
+// A member that nobody has a question for can change something.
+const QVector<QVariantList> plainQuestion{QVariantList()};
+
+QVector<QVariantList> shortcutQuestions()
+{
+    QVector<QVariantList> questions;
+    for (const char *feature : {"speech-to-text", "text-to-speech", "translation"})
+        questions.append({QString::fromLatin1(feature), 0});
+    return questions;
+}
+
+ObjectUse voiceWakeuper()
+{
+    const char *const off = "the switch stays as the user set it";
+    return {
+        VoiceWakeuper::object(),
+        true,
+        QStringLiteral("\"Voice Wakeup\" and \"OneShot\" can be switched, without effect."),
+        {
+            {VoiceWakeuper::enableIvw(), Mode::WaitProcessingEvents,
+             "\"Voice Wakeup\" is switched on", off, "\"Voice Wakeup\" cannot be switched on."},
+            {VoiceWakeuper::disableIvw(), Mode::WaitProcessingEvents,
+             "\"Voice Wakeup\" is switched off", off, "\"Voice Wakeup\" cannot be switched off."},
+            {VoiceWakeuper::enableOneshot(), Mode::SendWithoutReply, "\"OneShot\" is ticked"},
+            {VoiceWakeuper::disableOneshot(), Mode::SendWithoutReply,
+             "\"OneShot\" is cleared, also by \"Voice Wakeup\""},
+        }};
+}
+
+ObjectUse mainWindow()
+{
+    return {MainWindow::object(),
+            false,
+            QStringLiteral("Nothing: no control of the pages uses it."),
+            {
+                {MainWindow::setVOXASpeaker(), Mode::SendWithoutReply, "never, by the pages"},
+            }};
+}
+
+ObjectUse speechToText()
+{
+    return {
+        SpeechToText::object(),
+        true,
+        QStringLiteral("On \"Speech to Text\" the switch is off and the language is "
+                       "\"中文-普通话\"; what is chosen has no effect."),
+        {
+            {SpeechToText::getIatEnable(), Mode::WaitProcessingEvents, "\"Speech to Text\" opens",
+             "false", "\"Speech to Text\" is shown as off.", plainQuestion},
+            {SpeechToText::setIatEnable(), Mode::SendWithoutReply,
+             "\"Speech to Text\" is switched"},
+            {SpeechToText::getIatLanguage(), Mode::WaitProcessingEvents, "\"Speech to Text\" opens",
+             "zh_cn", "On \"Speech to Text\" the language is \"中文-普通话\".", plainQuestion},
+            {SpeechToText::setIatLanguage(), Mode::SendWithoutReply, "a language is chosen"},
+        }};
+}
+
+ObjectUse textToSpeech()
+{
+    return {
+        TextToSpeech::object(),
+        true,
+        QStringLiteral("On \"Text to Speech\" both switches are off and the voice is "
+                       "\"Children\"; what is chosen has no effect."),
+        {
+            {TextToSpeech::getTTSEnable(), Mode::WaitProcessingEvents, "\"Text to Speech\" opens",
+             "false", "\"Text to Speech\" is shown as off.", plainQuestion},
+            {TextToSpeech::setTTSEnable(), Mode::SendWithoutReply,
+             "\"Text to Speech\" is switched"},
+            {TextToSpeech::getEnableWindow(), Mode::WaitProcessingEvents,
+             "\"Text to Speech\" opens", "false", "\"Show Speech Widget\" is shown as off.",
+             plainQuestion},
+            {TextToSpeech::setEnableWindow(), Mode::SendWithoutReply,
+             "\"Show Speech Widget\" is switched"},
+            {TextToSpeech::getSpeaker(), Mode::WaitProcessingEvents, "\"Text to Speech\" opens",
+             "an empty name, which is the third voice",
+             "On \"Text to Speech\" the voice is \"Children\".", plainQuestion},
+            {TextToSpeech::setSpeaker(), Mode::SendWithoutReply, "a voice is chosen"},
+        }};
+}
+
+ObjectUse translation()
+{
+    return {
+        Translation::object(),
+        true,
+        QStringLiteral("On \"Translation\" the switch is off and the direction is \"EN-CN\"; "
+                       "what is chosen has no effect."),
+        {
+            {Translation::getTransEnable(), Mode::WaitProcessingEvents, "\"Translation\" opens",
+             "false", "\"Translation\" is shown as off.", plainQuestion},
+            {Translation::setTransEnable(), Mode::SendWithoutReply, "\"Translation\" is switched"},
+            {Translation::getTransLanguage(), Mode::WaitProcessingEvents, "\"Translation\" opens",
+             "en|cn", "On \"Translation\" the direction is \"EN-CN\".", plainQuestion},
+            {Translation::setTransLanguage(), Mode::SendWithoutReply, "a direction is chosen"},
+        }};
+}
+
+ObjectUse dockIcon()
+{
+    return {DockIcon::object(),
+            true,
+            QStringLiteral("\"Show in the Dock\" is on whatever the dock shows; switching it has "
+                           "no effect."),
+            {
+                {DockIcon::getDockHideStatus(), Mode::WaitProcessingNothing,
+                 "\"Desktop AI Assistant\" opens", "false: shown",
+                 "\"Show in the Dock\" is on whatever the dock shows.", plainQuestion},
+                {DockIcon::setDockHideStatus(), Mode::SendIgnoringReply,
+                 "\"Show in the Dock\" is switched"},
+                {DockIcon::dockHideChange(), "the switch follows",
+                 "\"Show in the Dock\" does not follow a change made elsewhere."},
+            }};
+}
+
+ObjectUse sessionManager()
+{
+    const char *const seen =
+        "A voice test shows its wave until it is cancelled, without words and verdict.";
+    return {SessionManager::object(),
+            true,
+            QString::fromLatin1(seen),
+            {
+                {SessionManager::createSession(), Mode::WaitProcessingNothing,
+                 "a voice test begins: aqc before the microphone opens, iat after it",
+                 "opened, without an object", seen},
+                {SessionManager::freeSession(), Mode::SendIgnoringReply,
+                 "a voice test ends: iat only", "", "Nothing."},
+            }};
+}
+
+ObjectUse qualityCheck()
+{
+    const char *const seen = "A voice test shows its wave until it is cancelled, without verdict.";
+    return {
+        QualityCheck::object(),
+        true,
+        QString::fromLatin1(seen),
+        {
+            {QualityCheck::startAqc(), Mode::SendIgnoringReply, "a voice test begins", "", seen},
+            {QualityCheck::putAudio(), Mode::SendIgnoringReply, "for each block of the microphone",
+             "", seen},
+            {QualityCheck::stopAqc(), Mode::SendIgnoringReply, "a voice test ends", "", seen},
+            {QualityCheck::onNotify(), "the verdict is shown", seen},
+        }};
+}
+
+ObjectUse recognition()
+{
+    const char *const seen = "A voice test shows no words.";
+    return {
+        Recognition::object(),
+        true,
+        QStringLiteral("A voice test shows no words, and calls a clear recording too quiet: "
+                       "\"Turn up the input volume and try again\"."),
+        {
+            {Recognition::startIat(), Mode::WaitProcessingNothing,
+             "a voice test begins, the microphone is open", "started", seen},
+            {Recognition::putAudio(), Mode::SendIgnoringReply, "for each block of the microphone",
+             "", seen},
+            {Recognition::stopIat(), Mode::SendIgnoringReply, "a voice test ends", "", "Nothing."},
+            {Recognition::onResult(), "the words are shown", seen},
+            {Recognition::onError(), "nothing is shown", "Nothing."},
+            {Recognition::onEnd(), "nothing is shown", "Nothing."},
+        }};
+}
+
+ObjectUse keybinding()
+{
+    return {
+        Keybinding::object(),
+        true,
+        QStringLiteral("The hints of \"Speech to Text\", \"Text to Speech\" and "
+                       "\"Translation\" have empty parentheses in place of the shortcut."),
+        {
+            {Keybinding::GetShortcut(), Mode::WaitProcessingEvents,
+             "\"Speech to Text\", \"Text to Speech\" or \"Translation\" opens", "an empty shortcut",
+             "The page's hint has empty parentheses in place of the shortcut.",
+             shortcutQuestions()},
+        }};
+}
+
+ObjectUse audioDaemon()
+{
+    const char *const seen = "A voice test goes on with the old microphone when another becomes "
+                             "the default one.";
+    return {AudioDaemon::object(),
+            false,
+            QString::fromLatin1(seen),
+            {
+                {AudioDaemon::DefaultSourceChanged(), "the recording ends", seen},
+            }};
+}
+
+ObjectUse networkManager()
+{
+    return {
+        NetworkManager::object(),
+        true,
+        QStringLiteral("A voice test ends at once: \"Network unavailable\"."),
+        {
+            {NetworkManager::state(), Mode::WaitProcessingNothing, "a voice test is asked for",
+             "not connected", "A voice test ends at once: \"Network unavailable\".", plainQuestion},
+        }};
+}
+
+} // namespace
+
+QString modeText(Mode mode)
+{
+    switch (mode) {
+    case Mode::WaitProcessingEvents:
+        return QStringLiteral("wait, GUI events processed");
+    case Mode::WaitProcessingNothing:
+        return QStringLiteral("wait, nothing processed");
+    case Mode::SendWithoutReply:
+        return QStringLiteral("send, no reply expected");
+    case Mode::SendIgnoringReply:
+        return QStringLiteral("send, reply ignored");
+    case Mode::Heard:
+        break;
+    }
+    return QStringLiteral("signal");
+}
+
+QString hangText(Mode mode)
+{
+    switch (mode) {
+    case Mode::WaitProcessingEvents:
+        return QStringLiteral("What is asked for comes only after the bus's time-out of 25 s.");
+    case Mode::WaitProcessingNothing:
+        return QStringLiteral("The window stands still for the bus's time-out of 25 s.");
+    case Mode::SendWithoutReply:
+    case Mode::SendIgnoringReply:
+    case Mode::Heard:
+        break;
+    }
+    return QString();
+}
+
+MemberUse::MemberUse(const Method &method, Mode memberMode, const char *whenCalled,
+                     const char *replyFallback, const char *seenWithout,
+                     const QVector<QVariantList> &asked)
+    : name(method.name)
+    , mode(memberMode)
+    , when(QString::fromUtf8(whenCalled))
+    , fallback(QString::fromUtf8(replyFallback))
+    , seen(QString::fromUtf8(seenWithout))
+    , questions(asked)
+{
+}
+
+// What is sent without waiting is lost without a message.
+MemberUse::MemberUse(const Method &method, Mode memberMode, const char *whenCalled)
+    : MemberUse(method, memberMode, whenCalled, "", "It has no effect, and nobody says so.")
+{
+}
+
+MemberUse::MemberUse(const Signal &signal, const char *whenHeard, const char *seenWithout)
+    : name(signal.name)
+    , mode(Mode::Heard)
+    , when(QString::fromUtf8(whenHeard))
+    , seen(QString::fromUtf8(seenWithout))
+{
+}
+
+const QVector<ObjectUse> &contractUses()
+{
+    static const QVector<ObjectUse> uses{
+        voiceWakeuper(), mainWindow(), speechToText(),   textToSpeech(),
+        translation(),   dockIcon(),   sessionManager(), qualityCheck(),
+        recognition(),   keybinding(), audioDaemon(),    networkManager(),
+    };
+    return uses;
+}
+
+} // namespace doctor

@@ -1,0 +1,194 @@
+// The doctor as a program: the module it looks at, what it is asked, and what is written about it.
+
+#include "tests/bus/doctorrun.h"
+#include "tests/support/testprogram.h"
+#include "tests/support/translationsreader.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTemporaryDir>
+
+using namespace testsupport;
+
+class DoctorProgramTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void catalogues_data();
+    void catalogues();
+    void plugins_data();
+    void plugins();
+    void wrongUsage_data();
+    void wrongUsage();
+    void everyOptionIsDocumented();
+    void quotesTheModulesTexts();
+    void contractDocumentIsCurrent();
+    void contractDocumentHasEveryMember_data();
+    void contractDocumentHasEveryMember();
+};
+
+void DoctorProgramTest::catalogues_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QString>("content");
+    QTest::addColumn<QString>("expected");
+    const QString folder = QStringLiteral("/usr/share/TavrenAIAssistant/translations/");
+    QTest::newRow("missing") << "zh_CN" << QString()
+                             << "failure: cannot have " + folder +
+                                    "assistant-control-plugin_zh_CN.qm: it is not there";
+    QTest::newRow("broken") << "ug_CN"
+                            << "not a catalogue"
+                            << "failure: cannot have " + folder +
+                                   "assistant-control-plugin_ug.qm: it is no catalogue";
+    QTest::newRow("missing, English")
+        << "en_GB" << QString()
+        << "warning: cannot have " + folder + "aassistant-control-plugin_en.qm: it is not there";
+    QTest::newRow("no such language")
+        << "de_DE" << QString() << "warning: has no message catalogue";
+}
+
+void DoctorProgramTest::catalogues()
+{
+    QFETCH(QString, locale);
+    QFETCH(QString, content);
+    QFETCH(QString, expected);
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir("translations"));
+    const QString catalogues = folder.filePath("translations");
+    if (!content.isNull()) {
+        QFile file(catalogues + expected.mid(expected.lastIndexOf('/')).section(':', 0, 0));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content.toUtf8());
+    }
+    const Run result = run({WITH_TRANSLATIONS, DOCTOR, "--json", "--plugin", MODULE_FILE},
+                           {{"LC_ALL", locale + ".UTF-8"}, {"TRANSLATIONS_DIR", catalogues}});
+    QCOMPARE(result.of("catalogue", locale), expected);
+}
+
+void DoctorProgramTest::plugins_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("check");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("missing") << "/nonexistent/module.so"
+                             << "plugin"
+                             << "is not there";
+    QTest::newRow("no library") << SOURCE_ROOT "/README.md"
+                                << "plugin"
+                                << "is not a plugin of this Qt";
+    QTest::newRow("of another kind")
+        << FOREIGN_PLUGIN << "plugin"
+        << "declares the interface \"org.qt-project.qt.audiosystemfactory/5.0\", "
+           "not \"com.tavren.zde.ControlCenter.module/1.0\"";
+    QTest::newRow("of libraries that are not there") << BROKEN_MODULE << "plugin"
+                                                     << "undefined symbol: ";
+    QTest::newRow("crashes") << CRASHING_MODULE << "group"
+                             << "ends before it has a result: Process crashed";
+}
+
+void DoctorProgramTest::plugins()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, check);
+    QFETCH(QString, expected);
+    const Run result = runDoctor({"--json", "--plugin", file});
+    QVERIFY2(result.of(check).startsWith("failure: "), result.output.constData());
+    QVERIFY2(result.of(check).contains(expected), qPrintable(result.of(check)));
+    QVERIFY(!result.of("service").isEmpty()); // the other checks go on
+    QCOMPARE(result.exitCode, 1);
+}
+
+void DoctorProgramTest::wrongUsage_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("unknown option") << QStringList{"--dance"};
+    QTest::newRow("missing value") << QStringList{"--plugin"};
+    QTest::newRow("word") << QStringList{"everything"};
+}
+
+void DoctorProgramTest::wrongUsage()
+{
+    QFETCH(QStringList, arguments);
+    const Run result = runDoctor(arguments);
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY(result.error.startsWith("assistant-control-doctor: "));
+    QCOMPARE(result.output, QByteArray());
+}
+
+void DoctorProgramTest::everyOptionIsDocumented()
+{
+    const QString page = textOf("doctor/assistant-control-doctor.1").remove('\\');
+    const QString completion = textOf("doctor/completion/assistant-control-doctor");
+    const Run help = runDoctor({"--help"});
+    QCOMPARE(help.exitCode, 0);
+    auto option = QRegularExpression("--[a-z]+").globalMatch(help.output);
+    int options = 0;
+    for (; option.hasNext(); ++options) {
+        const QString name = option.next().captured();
+        QVERIFY2(page.contains(name) && completion.contains(name), qPrintable(name));
+    }
+    QVERIFY(options >= 5);
+    QCOMPARE(runDoctor({"--version"}).output, QByteArray("assistant-control-doctor " VERSION "\n"));
+}
+
+void DoctorProgramTest::quotesTheModulesTexts()
+{
+    const auto catalogue = Catalogue::fromFile(
+        QStringLiteral(SOURCE_ROOT "/translations/assistant-control-plugin_en_US.ts"));
+    QSet<QString> texts;
+    for (const CatalogueMessage &message : catalogue.messages)
+        texts.insert(message.source);
+    QString said = textOf("docs/contract.md");
+    // Neither the introduction nor what the contracts say of their own values.
+    said = said.mid(said.indexOf("\n## ")).remove(QRegularExpression("\n- [^\n]*"));
+    const QJsonArray checks = runDoctor({"--json"}).checks();
+    for (const QJsonValue &check : checks)
+        said += '\n' + check.toObject().value("seen").toString();
+    auto quote = QRegularExpression("\"([^\"\n]+)\"").globalMatch(said);
+    int quotes = 0;
+    for (; quote.hasNext(); ++quotes) {
+        const QString text = quote.next().captured(1);
+        QVERIFY2(texts.contains(text), qPrintable(text));
+    }
+    QVERIFY(quotes > 30);
+}
+
+void DoctorProgramTest::contractDocumentIsCurrent()
+{
+    const Run result = runDoctor({"--contract"});
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(QString::fromUtf8(result.output) == textOf("docs/contract.md"),
+             "docs/contract.md is stale: cmake --build build/dev --target update-contract");
+}
+
+void DoctorProgramTest::contractDocumentHasEveryMember_data()
+{
+    QTest::addColumn<QString>("interface");
+    const QFileInfoList files =
+        QDir(QStringLiteral(SOURCE_ROOT "/contracts")).entryInfoList({"*.xml"});
+    QVERIFY(!files.isEmpty());
+    for (const QFileInfo &file : files)
+        QTest::newRow(qPrintable(file.completeBaseName())) << file.completeBaseName();
+}
+
+void DoctorProgramTest::contractDocumentHasEveryMember()
+{
+    QFETCH(QString, interface);
+    const QString document = textOf("docs/contract.md");
+    const int start = document.indexOf("\n## " + interface + '\n');
+    QVERIFY(start >= 0);
+    const QString section = document.mid(start, document.indexOf("\n## ", start + 1) - start);
+    auto member =
+        QRegularExpression("<(?:method|signal) name=\"(\\w+)\"").globalMatch(contract(interface));
+    QVERIFY(member.hasNext());
+    while (member.hasNext()) {
+        const QString row = "\n| `" + member.next().captured(1) + '(';
+        QVERIFY2(section.contains(row), qPrintable(row));
+    }
+}
+
+TEST_CLASS(QCoreApplication, DoctorProgramTest)
+#include "doctorprogram.moc"
