@@ -3,6 +3,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTextStream>
@@ -81,8 +82,10 @@ int main(int argc, char *argv[])
     QTextStream out(stdout);
     out.setCodec("UTF-8");
 
-    const QCommandLineOption plugin(QStringLiteral("plugin"), QStringLiteral("The module's file."),
-                                    QStringLiteral("FILE"), QStringLiteral(DOCTOR_PLUGIN));
+    const QDir programFolder(QCoreApplication::applicationDirPath());
+    const QCommandLineOption plugin(
+        QStringLiteral("plugin"), QStringLiteral("The module's file."), QStringLiteral("FILE"),
+        QDir::cleanPath(programFolder.filePath(QStringLiteral(DOCTOR_PLUGIN))));
     const QCommandLineOption asJson(QStringLiteral("json"),
                                     QStringLiteral("Write the report as JSON."));
     const QCommandLineOption contract(

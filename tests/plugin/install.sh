@@ -29,7 +29,10 @@ mkdir "$root/all"
 
 installs module < <(
     echo "usr/$module_dir/libassistant-control-plugin.so"
-    echo usr/share/doc/assistant-control-plugin/CHANGELOG.md
+    echo usr/bin/assistant-control-doctor
+    echo usr/share/bash-completion/completions/assistant-control-doctor
+    printf 'usr/share/doc/assistant-control-plugin/%s.md\n' CHANGELOG contract
+    echo usr/share/man/man1/assistant-control-doctor.1
     cd "$project_dir" && printf 'usr/share/doc/assistant-control-plugin/%s\n' contracts/*.xml
 )
 installs translations < <(
@@ -75,6 +78,12 @@ if ! difference=$(diff <(installed "$run" --help | options) \
     <(sed 's/\\//g' "$root/all/usr/share/man/man1/assistant-sandbox.1" | options)); then
     fail "help and manual page differ: $difference"
 fi
+
+# The doctor needs no library of the desktop to say that the module misses one.
+module=$root/all/usr/$module_dir/libassistant-control-plugin.so
+said=$(installed "$root/all/usr/bin/assistant-control-doctor" 2>&1)
+[[ $said == *"failure  plugin     $module "*": cannot open shared object file"* ]] ||
+    fail "the doctor: $said"
 
 # All services, the microphone, and the window.
 said=$(installed "$run" --tour "$root/pictures" --section icons 2>&1) || fail "tour: $said"
