@@ -1,11 +1,18 @@
+#include "contracts/contract.h"
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
+#include "sandbox/services/control/servicecontrol.h"
+#include "tests/support/busrecorder.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/testprogram.h"
 
 #include <QDBusMessage>
 #include <QtTest>
 
+#include <algorithm>
+
 using controlcenter::ServiceWatch;
+using testsupport::BusMessage;
+using testsupport::BusRecorder;
 using testsupport::ServiceProcess;
 
 /** The page of services follows services that change, come, go and hang, without ever waiting. */
@@ -16,12 +23,17 @@ class WindowServicesTest : public QObject
 private Q_SLOTS:
     void init();
     void itKnowsTheValues();
+    void itKnowsAllValuesAtOnceAndInOrder();
     void itFollowsACall();
+    void aFloodOfCallsIsAskedAboutTenTimesASecond();
+    void whileNobodyLooksNothingIsAsked();
     void itFollowsAServiceThatEndsAndComesBack();
     void aServiceThatHangsDoesNotHoldUpTheWindow();
+    void aServiceThatHangsIsSilentUntilItGoesOn();
     void aServiceThatWasNeverThere();
 
 private:
+    QString shown() const;
     QScopedPointer<ServiceProcess> m_dock;
     QScopedPointer<ServiceWatch> m_watch;
 };
@@ -31,7 +43,34 @@ namespace {
 const QString key = QStringLiteral("hidden");
 const QString busName = QStringLiteral("com.corvane.aiassistant.dock");
 
+void setHidden(bool hidden)
+{
+    const Contract::Method method = Contract::DockIcon::setDockHideStatus();
+    QDBusMessage call = QDBusMessage::createMethodCall(method.object.service, method.object.path,
+                                                       method.object.interface, method.name);
+    call.setArguments({hidden});
+    QVERIFY(QDBusConnection::sessionBus().send(call));
+}
+
+// How often the watch has asked for a value.
+int questions(const BusRecorder &recorder)
+{
+    const QList<BusMessage> calls = recorder.calls();
+    return int(std::count_if(calls.cbegin(), calls.cend(), [](const BusMessage &call) {
+        return call.member == QLatin1String("Value");
+    }));
+}
+
 } // namespace
+
+// The value under the key, or nothing.
+QString WindowServicesTest::shown() const
+{
+    for (const auto &value : m_watch->values())
+        if (value.first == key)
+            return value.second;
+    return QString();
+}
 
 void WindowServicesTest::init()
 {
@@ -46,20 +85,70 @@ void WindowServicesTest::itKnowsTheValues()
     QCOMPARE(m_watch->state(), ServiceWatch::Unknown);
     m_watch->refresh();
     QTRY_COMPARE(m_watch->state(), ServiceWatch::Running);
-    QTRY_COMPARE(m_watch->values().value(key), QStringLiteral("false"));
+    QTRY_COMPARE(shown(), QStringLiteral("false"));
     QCOMPARE(m_watch->busName(), busName);
+}
+
+void WindowServicesTest::itKnowsAllValuesAtOnceAndInOrder()
+{
+    ServiceProcess assistant(QStringLiteral("assistant"));
+    QVERIFY(assistant.start());
+    ServiceWatch watch(sandbox::serviceNamed(QStringLiteral("assistant")));
+    QStringList keys;
+    connect(&watch, &ServiceWatch::changed, &watch, [&] {
+        if (keys.isEmpty())
+            for (const auto &value : watch.values())
+                keys.append(value.first);
+    });
+    watch.refresh();
+    QTRY_COMPARE(watch.state(), ServiceWatch::Running);
+    QVERIFY(keys.size() > 1);
+    QCOMPARE(keys, sandbox::ServiceControl(QStringLiteral("assistant")).keys());
 }
 
 void WindowServicesTest::itFollowsACall()
 {
+    m_watch->setFollowing(true);
+    QTRY_COMPARE(shown(), QStringLiteral("false"));
+    setHidden(true);
+    QTRY_COMPARE(shown(), QStringLiteral("true"));
+}
+
+void WindowServicesTest::aFloodOfCallsIsAskedAboutTenTimesASecond()
+{
+    m_watch->setFollowing(true);
+    QTRY_COMPARE(shown(), QStringLiteral("false"));
+    BusRecorder recorder;
+    QVERIFY(recorder.start());
+    QElapsedTimer elapsed;
+    elapsed.start();
+    for (int call = 0; call < 400; ++call) {
+        setHidden(call % 2 == 0);
+        QCoreApplication::processEvents();
+    }
+    setHidden(true);
+    QTRY_COMPARE(shown(), QStringLiteral("true"));
+    QVERIFY(recorder.sync());
+    const int keys = m_watch->values().size();
+    QVERIFY2(questions(recorder) <= (elapsed.elapsed() / 100 + 1) * keys,
+             qPrintable(QString::number(questions(recorder))));
+}
+
+void WindowServicesTest::whileNobodyLooksNothingIsAsked()
+{
     m_watch->refresh();
-    QTRY_COMPARE(m_watch->values().value(key), QStringLiteral("false"));
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        busName, QStringLiteral("/com/corvane/aiassistant/dockIconControl"), busName,
-        QStringLiteral("setDockHideStatus"));
-    call.setArguments({true});
-    QVERIFY(QDBusConnection::sessionBus().send(call));
-    QTRY_COMPARE(m_watch->values().value(key), QStringLiteral("true"));
+    QTRY_COMPARE(shown(), QStringLiteral("false"));
+    BusRecorder recorder;
+    QVERIFY(recorder.start());
+    QSignalSpy called(m_watch->findChild<sandbox::ServiceControl *>(),
+                      &sandbox::ServiceControl::CallReceived);
+    setHidden(true);
+    QVERIFY(called.wait());
+    QVERIFY(recorder.sync());
+    QCOMPARE(questions(recorder), 0);
+    QCOMPARE(shown(), QStringLiteral("false"));
+    m_watch->setFollowing(true);
+    QTRY_COMPARE(shown(), QStringLiteral("true"));
 }
 
 void WindowServicesTest::itFollowsAServiceThatEndsAndComesBack()
@@ -70,6 +159,7 @@ void WindowServicesTest::itFollowsAServiceThatEndsAndComesBack()
     QVERIFY(m_dock->stop());
     QTRY_COMPARE(m_watch->state(), ServiceWatch::Missing);
     QVERIFY(changed.count() > 0);
+    QVERIFY(m_watch->values().isEmpty());
     QVERIFY(m_dock->start());
     QTRY_COMPARE(m_watch->state(), ServiceWatch::Running);
 }
@@ -83,7 +173,17 @@ void WindowServicesTest::aServiceThatHangsDoesNotHoldUpTheWindow()
     QCoreApplication::processEvents();
     QVERIFY(timer.elapsed() < 1000); // the bus itself would wait for 25 seconds
     m_dock->resume();
-    QTRY_COMPARE(m_watch->values().value(key), QStringLiteral("false"));
+    QTRY_COMPARE(shown(), QStringLiteral("false"));
+}
+
+void WindowServicesTest::aServiceThatHangsIsSilentUntilItGoesOn()
+{
+    m_dock->suspend();
+    m_watch->setFollowing(true);
+    QTRY_COMPARE(m_watch->state(), ServiceWatch::Silent);
+    m_dock->resume();
+    QTRY_COMPARE(m_watch->state(), ServiceWatch::Running);
+    QCOMPARE(shown(), QStringLiteral("false"));
 }
 
 void WindowServicesTest::aServiceThatWasNeverThere()

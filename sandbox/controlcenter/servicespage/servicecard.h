@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QMap>
+#include <QVector>
 #include <QWidget>
 
 class QLabel;
@@ -14,6 +14,7 @@ class SettingsGroup;
 namespace controlcenter {
 
 class ServiceWatch;
+class StateIcon;
 
 /** One service on the page of services: its name, whether it runs, and its values. */
 class ServiceCard : public QWidget
@@ -29,14 +30,23 @@ protected:
 
 private:
     void showState();
-    void showValue(const QString &key, const QString &text);
-    QLabel *addRow(const QString &key);
+    void showValues();
+    void addRow();
     void updateColors();
 
+    struct Row
+    {
+        QWidget *item;
+        QLabel *key;
+        QLabel *value;
+    };
+
     ServiceWatch *m_watch;
+    StateIcon *m_icon;
     QLabel *m_state;
+    QLabel *m_busName;
     zcc::widgets::SettingsGroup *m_group;
-    QMap<QString, QLabel *> m_values; ///< by key
+    QVector<Row> m_rows; ///< as many as were ever needed; those behind the values are hidden
 };
 
 } // namespace controlcenter

@@ -28,6 +28,7 @@ ServicesPage::ServicesPage(QWidget *parent)
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // cards keep their place when rows come
     viewport()->setAutoFillBackground(false);
     setAccessibleName(tr("Services"));
 
@@ -48,6 +49,7 @@ ServicesPage::ServicesPage(QWidget *parent)
     for (const sandbox::ServiceIdentity &service : sandbox::serviceList()) {
         auto *watch = new ServiceWatch(service, this);
         m_watches.append(watch);
+        watch->refresh(); // so that the rows are known before they are drawn
         layout->addWidget(new ServiceCard(titles.value(service.name, service.name), watch));
     }
     layout->addStretch();
@@ -75,8 +77,19 @@ void ServicesPage::paintEvent(QPaintEvent *event)
 void ServicesPage::showEvent(QShowEvent *event)
 {
     QScrollArea::showEvent(event);
+    setFollowing(true);
+}
+
+void ServicesPage::hideEvent(QHideEvent *event)
+{
+    setFollowing(false);
+    QScrollArea::hideEvent(event);
+}
+
+void ServicesPage::setFollowing(bool following)
+{
     for (ServiceWatch *watch : qAsConst(m_watches))
-        watch->refresh();
+        watch->setFollowing(following);
 }
 
 } // namespace controlcenter

@@ -22,8 +22,11 @@ protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
+    void setFollowing(bool following);
+
     QVector<ServiceWatch *> m_watches;
 };
 

@@ -8,8 +8,13 @@
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 
+#include <memory>
+
 namespace controlcenter {
 namespace {
+
+constexpr int pauseMs = 100;
+constexpr int patienceMs = 1500;
 
 // Calls a function with the reply to a call, unless the owner is gone when it comes.
 template <typename Then>
@@ -23,6 +28,11 @@ void whenAnswered(const QDBusPendingCall &call, QObject *owner, Then then)
                      });
 }
 
+bool isSilence(const QDBusError &error)
+{
+    return error.type() == QDBusError::NoReply || error.type() == QDBusError::TimedOut;
+}
+
 } // namespace
 
 ServiceWatch::ServiceWatch(const sandbox::ServiceIdentity &service, QObject *parent)
@@ -32,25 +42,36 @@ ServiceWatch::ServiceWatch(const sandbox::ServiceIdentity &service, QObject *par
                                                       : QDBusConnection::sessionBus())
     , m_control(new sandbox::ServiceControl(service.name, m_bus, this))
 {
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pauseMs);
+    connect(&m_pause, &QTimer::timeout, this, &ServiceWatch::askIfDue);
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(patienceMs);
+    connect(&m_patience, &QTimer::timeout, this, [this] { setState(Silent); });
+
     auto *names = new QDBusServiceWatcher(m_busName, m_bus,
                                           QDBusServiceWatcher::WatchForRegistration |
                                               QDBusServiceWatcher::WatchForUnregistration,
                                           this);
-    connect(names, &QDBusServiceWatcher::serviceRegistered, this, &ServiceWatch::refresh);
-    connect(names, &QDBusServiceWatcher::serviceUnregistered, this, [this] { setState(Missing); });
-    connect(m_control, &sandbox::ServiceControl::CallReceived, this, &ServiceWatch::refresh);
+    connect(names, &QDBusServiceWatcher::serviceRegistered, this, [this] { onOwned(true); });
+    connect(names, &QDBusServiceWatcher::serviceUnregistered, this, [this] { onOwned(false); });
+    connect(m_control, &sandbox::ServiceControl::CallReceived, this, [this] {
+        m_stale = true;
+        askIfDue();
+    });
 }
 
 void ServiceWatch::refresh()
 {
-    queryOwner();
-    whenAnswered(m_control->Keys(), this, [this](const QDBusPendingCall &call) {
-        const QDBusPendingReply<QStringList> keys = call;
-        if (keys.isError())
-            return;
-        for (const QString &key : keys.value())
-            queryValue(key);
-    });
+    m_stale = true;
+    m_wanted = true;
+    askIfDue();
+}
+
+void ServiceWatch::setFollowing(bool following)
+{
+    m_following = following;
+    askIfDue();
 }
 
 QString ServiceWatch::busName() const
@@ -63,9 +84,121 @@ ServiceWatch::State ServiceWatch::state() const
     return m_state;
 }
 
-QMap<QString, QString> ServiceWatch::values() const
+ServiceWatch::Values ServiceWatch::values() const
 {
-    return m_values;
+    return m_state == Missing ? Values() : m_values;
+}
+
+void ServiceWatch::onOwned(bool owned)
+{
+    endRound();
+    m_keys.clear(); // another program may have other ones
+    if (owned)
+        refresh();
+    else
+        setState(Missing);
+}
+
+void ServiceWatch::askIfDue()
+{
+    if (!m_stale || !(m_following || m_wanted) || m_asking || m_pause.isActive())
+        return;
+    m_asking = true;
+    m_stale = false;
+    m_wanted = false;
+    m_pause.start();
+    m_patience.start();
+    const int round = ++m_round;
+
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
+    question.setArguments({m_busName});
+    whenAnswered(m_bus.asyncCall(question), this, [this, round](const QDBusPendingCall &call) {
+        const QDBusPendingReply<bool> owned = call;
+        if (round != m_round)
+            return;
+        if (owned.isError() || !owned.value())
+            onOwned(false);
+        else if (!m_keys.isEmpty())
+            askForValues();
+        else
+            whenAnswered(m_control->Keys(), this, [this, round](const QDBusPendingCall &answer) {
+                if (round != m_round)
+                    return;
+                const QDBusPendingReply<QStringList> keys = answer;
+                if (isSilence(keys.error())) {
+                    askAgain();
+                    return;
+                }
+                m_keys = keys.value();
+                askForValues();
+            });
+    });
+}
+
+// What is shown changes when all answers are there, so that no row comes before another.
+void ServiceWatch::askForValues()
+{
+    if (m_keys.isEmpty()) {
+        onValues({});
+        return;
+    }
+    struct Answers
+    {
+        Values values;
+        int missing;
+        bool silence;
+    };
+    const auto answers = std::make_shared<Answers>();
+    answers->missing = m_keys.size();
+    answers->silence = false;
+    for (const QString &key : qAsConst(m_keys))
+        answers->values.append({key, QString()});
+    for (int i = 0; i < m_keys.size(); ++i) {
+        whenAnswered(m_control->Value(m_keys.at(i)), this,
+                     [this, answers, i, round = m_round](const QDBusPendingCall &call) {
+                         const QDBusPendingReply<QDBusVariant> value = call;
+                         if (!value.isError())
+                             answers->values[i].second =
+                                 sandbox::shownText(value.value().variant());
+                         answers->silence |= isSilence(value.error());
+                         if (--answers->missing > 0 || round != m_round)
+                             return;
+                         if (answers->silence)
+                             askAgain();
+                         else
+                             onValues(answers->values);
+                     });
+    }
+}
+
+void ServiceWatch::onValues(const Values &values)
+{
+    endRound();
+    if (values != m_values) {
+        m_values = values;
+        m_state = Running;
+        Q_EMIT changed();
+    } else {
+        setState(Running);
+    }
+    askIfDue();
+}
+
+// A service that hangs is asked until it goes on.
+void ServiceWatch::askAgain()
+{
+    m_asking = false;
+    m_stale = true;
+    m_pause.start();
+}
+
+void ServiceWatch::endRound()
+{
+    ++m_round;
+    m_asking = false;
+    m_patience.stop();
 }
 
 void ServiceWatch::setState(State state)
@@ -74,32 +207,6 @@ void ServiceWatch::setState(State state)
         return;
     m_state = state;
     Q_EMIT changed();
-}
-
-void ServiceWatch::queryOwner()
-{
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
-    question.setArguments({m_busName});
-    whenAnswered(m_bus.asyncCall(question), this, [this](const QDBusPendingCall &call) {
-        const QDBusPendingReply<bool> owned = call;
-        setState(!owned.isError() && owned.value() ? Running : Missing);
-    });
-}
-
-void ServiceWatch::queryValue(const QString &key)
-{
-    whenAnswered(m_control->Value(key), this, [this, key](const QDBusPendingCall &call) {
-        const QDBusPendingReply<QDBusVariant> value = call;
-        if (value.isError())
-            return;
-        const QString text = sandbox::shownText(value.value().variant());
-        if (m_values.contains(key) && m_values.value(key) == text)
-            return;
-        m_values.insert(key, text);
-        Q_EMIT changed();
-    });
 }
 
 } // namespace controlcenter

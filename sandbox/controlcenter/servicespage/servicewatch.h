@@ -3,9 +3,12 @@
 #include "sandbox/services/control/servicelist.h"
 
 #include <QDBusConnection>
-#include <QMap>
 #include <QObject>
+#include <QPair>
 #include <QString>
+#include <QStringList>
+#include <QTimer>
+#include <QVector>
 
 namespace sandbox {
 class ServiceControl;
@@ -15,7 +18,8 @@ namespace controlcenter {
 
 /**
  * The state of one sandbox service, followed while it changes. Everything is asked asynchronously:
- * a service that hangs never blocks the window.
+ * a service that hangs never blocks the window. However often the service changes, its values are
+ * asked for at most ten times a second, and only while somebody looks.
  */
 class ServiceWatch : public QObject
 {
@@ -24,35 +28,54 @@ class ServiceWatch : public QObject
 public:
     enum State {
         Unknown, ///< The bus has not answered yet.
-        Running, ///< Somebody owns the service's bus name.
+        Running, ///< Somebody owns the service's bus name, and answers.
+        Silent,  ///< Somebody owns it, and has not answered for a while.
         Missing, ///< Nobody does.
     };
 
+    /** Keys with their values as text, in the order in which the service lists them. */
+    using Values = QVector<QPair<QString, QString>>;
+
     explicit ServiceWatch(const sandbox::ServiceIdentity &service, QObject *parent = nullptr);
 
-    /** Asks for everything anew; changed() follows where the answers differ from what is known. */
+    /** Asks for everything once; changed() follows where the answers differ from what is known. */
     void refresh();
+
+    /** Whether changes are followed from now on. Those of before are caught up with. */
+    void setFollowing(bool following);
 
     QString busName() const;
 
     State state() const;
 
-    /** The service's values, as text, by key. */
-    QMap<QString, QString> values() const;
+    /** What the service said last; empty while it is missing. */
+    Values values() const;
 
 Q_SIGNALS:
     void changed();
 
 private:
+    void onOwned(bool owned);
+    void askIfDue();
+    void askForValues();
+    void onValues(const Values &values);
+    void askAgain();
+    void endRound();
     void setState(State state);
-    void queryOwner();
-    void queryValue(const QString &key);
 
     QString m_busName;
     QDBusConnection m_bus;
     sandbox::ServiceControl *m_control;
     State m_state = Unknown;
-    QMap<QString, QString> m_values;
+    QStringList m_keys;
+    Values m_values;
+    QTimer m_pause;    // between two rounds of questions
+    QTimer m_patience; // until a service without an answer counts as silent
+    bool m_following = false;
+    bool m_wanted = false; // once, although nobody follows
+    bool m_stale = true;   // something may have changed since the last round began
+    int m_round = 0;       // answers to an earlier one are ignored
+    bool m_asking = false;
 };
 
 } // namespace controlcenter

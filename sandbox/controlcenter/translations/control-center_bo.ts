@@ -59,8 +59,16 @@
 <context>
     <name>controlcenter::ServiceCard</name>
     <message>
-        <source>%1 is not running</source>
-        <translation>%1 འཁོར་མི་འདུག</translation>
+        <source>Running</source>
+        <translation>འཁོར་བཞིན་པ</translation>
+    </message>
+    <message>
+        <source>Not answering</source>
+        <translation>ལན་མི་འདེབས</translation>
+    </message>
+    <message>
+        <source>Not running</source>
+        <translation>འཁོར་མི་འདུག</translation>
     </message>
 </context>
 <context>

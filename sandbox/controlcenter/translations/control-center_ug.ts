@@ -59,8 +59,16 @@
 <context>
     <name>controlcenter::ServiceCard</name>
     <message>
-        <source>%1 is not running</source>
-        <translation>%1 ئىجرا بولمايۋاتىدۇ</translation>
+        <source>Running</source>
+        <translation>ئىجرا بولۇۋاتىدۇ</translation>
+    </message>
+    <message>
+        <source>Not answering</source>
+        <translation>جاۋاب بەرمەيۋاتىدۇ</translation>
+    </message>
+    <message>
+        <source>Not running</source>
+        <translation>ئىجرا بولمايۋاتىدۇ</translation>
     </message>
 </context>
 <context>

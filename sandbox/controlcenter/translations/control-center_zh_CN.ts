@@ -59,8 +59,16 @@
 <context>
     <name>controlcenter::ServiceCard</name>
     <message>
-        <source>%1 is not running</source>
-        <translation>%1 未运行</translation>
+        <source>Running</source>
+        <translation>运行中</translation>
+    </message>
+    <message>
+        <source>Not answering</source>
+        <translation>无响应</translation>
+    </message>
+    <message>
+        <source>Not running</source>
+        <translation>未运行</translation>
     </message>
 </context>
 <context>

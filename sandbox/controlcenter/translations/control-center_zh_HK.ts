@@ -59,8 +59,16 @@
 <context>
     <name>controlcenter::ServiceCard</name>
     <message>
-        <source>%1 is not running</source>
-        <translation>%1 目前未在執行</translation>
+        <source>Running</source>
+        <translation>執行中</translation>
+    </message>
+    <message>
+        <source>Not answering</source>
+        <translation>沒有回應</translation>
+    </message>
+    <message>
+        <source>Not running</source>
+        <translation>目前未在執行</translation>
     </message>
 </context>
 <context>
