@@ -55,7 +55,6 @@ install(TARGETS assistant-control-plugin
     LIBRARY DESTINATION "${ASSISTANT_MODULE_DIR}" COMPONENT module)
 # For who implements the services. In the shared folder of interfaces they would clash with the services'
 # own packages.
-install(FILES CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT module)
 install(DIRECTORY contracts DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT module
     FILES_MATCHING PATTERN "*.xml")
 

@@ -18,7 +18,11 @@ packages_test="
     at-spi2-core python3-pyatspi openbox xauth xdotool xvfb
     clang-format-16 clang-tidy cmake-format flake8 shellcheck"
 
-# Installs what is missing of the packages in the named lists ("build", "run", "test"). Fails with 3 when
+# What makes Debian packages, and tries them in a fresh Debian.
+packages_package="
+    debhelper dpkg-dev git lintian mmdebstrap"
+
+# Installs what is missing of the packages in the named lists ("build", "run"...). Fails with 3 when
 # that is not possible.
 install_packages() {
     local wanted="" list package missing=()

@@ -31,9 +31,8 @@ installs module < <(
     echo "usr/$module_dir/libassistant-control-plugin.so"
     echo usr/bin/assistant-control-doctor
     echo usr/share/bash-completion/completions/assistant-control-doctor
-    printf 'usr/share/doc/assistant-control-plugin/%s.md\n' CHANGELOG contract
     echo usr/share/man/man1/assistant-control-doctor.1
-    cd "$project_dir" && printf 'usr/share/doc/assistant-control-plugin/%s\n' contracts/*.xml
+    cd "$project_dir" && printf 'usr/share/doc/assistant-control-plugin/%s\n' contract.md contracts/*.xml
 )
 installs translations < <(
     printf 'usr/share/TavrenAIAssistant/translations/%s.qm\n' aassistant-control-plugin_en \

@@ -11,7 +11,7 @@ import sys
 import unittest
 
 project = pathlib.Path(sys.argv.pop(1))
-folders = ("bench", "bus", "cmake", "contracts", "doctor", "pages", "platform", "plugin", "proxy",
+folders = ("bench", "bus", "cmake", "contracts", "debian", "doctor", "pages", "platform", "plugin", "proxy",
            "sandbox", "scripts", "tests", "translations", "voice")
 documents = sorted([*project.glob("*.md"), *project.glob("docs/*.md"), *project.glob("platform/*.md")])
 # What others define (the language, Qt, its test library), and examples.
@@ -92,6 +92,17 @@ class Documents(unittest.TestCase):
                 if "-L" in words and words[words.index("-L") + 1] not in text:
                     fault(f"label in {line}")
         self.each(find)
+
+    def test_version_is_the_same_everywhere(self):
+        version = re.search(r"\n    VERSION ([\d.]+)\n", (project / "CMakeLists.txt").read_text())[1]
+        self.assertIn(f"\n## {version}\n", (project / "CHANGELOG.md").read_text())
+        self.assertIn(f"({version})", (project / "debian/changelog").read_text().splitlines()[0])
+
+    def test_packages_depend_on_what_the_sandbox_runs_on(self):
+        lists = (project / "scripts/lib/packages.sh").read_text()
+        needed = re.search(r'packages_run="(.*?)"', lists, re.S)[1]
+        control = re.findall(r"[\w.+-]+", (project / "debian/control").read_text())
+        self.assertEqual([name for name in needed.split() if name not in control], [])
 
     def test_help_names_every_option_of_the_first_command(self):
         help_text = subprocess.run([project / "scripts/run", "--help"], capture_output=True, text=True,
