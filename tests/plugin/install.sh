@@ -56,8 +56,7 @@ fi
 
 # What is installed runs in an environment of its own, without a display.
 installed() {
-    env -i PATH="$PATH" HOME="$root/home" LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen TMPDIR="$root" \
-        ASAN_OPTIONS="${ASAN_OPTIONS-}" LSAN_OPTIONS="${LSAN_OPTIONS-}" "$@"
+    env -i PATH="$PATH" HOME="$root/home" LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen TMPDIR="$root" "$@"
 }
 mkdir "$root/home"
 
