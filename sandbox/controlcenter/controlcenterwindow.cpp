@@ -14,6 +14,7 @@
 #include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 #include "sandbox/controlcenter/themebutton.h"
 #include "sandbox/controlcenter/windowstyle.h"
+#include "sandbox/services/keybinding/systemshortcuts.h"
 
 #include <ztk/zfontsizemanager.h>
 #include <ztk/zguiapplicationhelper.h>
@@ -275,7 +276,10 @@ QVector<ShortcutsPage::Shortcut> ControlCenterWindow::assistantShortcuts() const
 {
     QVector<ShortcutsPage::Shortcut> shortcuts;
     for (const PageShortcut &shortcut : pageShortcuts)
-        shortcuts.append({shortcut.id, pageTitle(shortcut.page)});
+        for (const sandbox::SystemShortcut &system : sandbox::systemShortcuts)
+            if (shortcut.id == QLatin1String(system.id))
+                shortcuts.append(
+                    {shortcut.id, pageTitle(shortcut.page), QLatin1String(system.accelerator)});
     return shortcuts;
 }
 

@@ -3,6 +3,9 @@
 #include "pages/keylabel.h"
 #include "pages/shortcutitem.h"
 #include "pages/shortcutkey.h"
+#include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
+#include "tests/support/modulepages.h"
+#include "tests/support/serviceprocess.h"
 
 #include <ztk/ziconbutton.h>
 
@@ -10,7 +13,10 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QPointer>
+#include <QVBoxLayout>
 #include <QtTest>
+
+#include <memory>
 
 namespace testsupport {
 
@@ -137,6 +143,73 @@ public:
     }
 
     QStringList lines;
+};
+
+/** The sandbox's page of shortcuts in a window, and the service that it reads from and writes to.
+ */
+class ShownShortcutsPage
+{
+protected:
+    using ShortcutsPage = controlcenter::ShortcutsPage;
+
+    static QVector<ShortcutsPage::Shortcut> shortcuts()
+    {
+        QVector<ShortcutsPage::Shortcut> all;
+        for (const ModulePage &page : featurePages())
+            all.append(
+                {page.shortcut, page.name, QStringLiteral("<Control><Alt>") + page.name.at(0)});
+        return all;
+    }
+
+    bool startService()
+    {
+        m_service = std::make_unique<ServiceProcess>(QStringLiteral("keybinding"));
+        return m_service->start();
+    }
+
+    bool open()
+    {
+        m_window.reset(new QWidget);
+        m_window->resize(700, 400);
+        m_page = new ShortcutsPage(shortcuts());
+        (new QVBoxLayout(m_window.get()))->addWidget(m_page);
+        m_window->show();
+        m_window->activateWindow();
+        if (!QTest::qWaitForWindowActive(m_window.get()) ||
+            !QTest::qWaitFor([this] { return !shown(translationId).isEmpty(); }))
+            return false;
+        QCoreApplication::processEvents(); // the rows take their places
+        return true;
+    }
+
+    void close()
+    {
+        m_window.reset();
+        m_service.reset();
+    }
+
+    QStringList stored(const QString &id) { return m_service->value(id).toStringList(); }
+    QStringList shown(const QString &id) const { return capTexts(RowParts(*m_page->row(id)).key); }
+    QString visible(const QString &id) const { return RowParts(*m_page->row(id)).visible(); }
+    void clickCaps(const QString &id) { clickThroughWindow(RowParts(*m_page->row(id)).key); }
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(m_window->windowHandle(), static_cast<Qt::Key>(key), modifiers);
+    }
+    void showAgain()
+    {
+        m_page->hide();
+        m_page->show();
+    }
+
+    const QString speechId = modulePage(speechToTextPage).shortcut;
+    const QString readId = modulePage(textToSpeechPage).shortcut;
+    const QString translationId = modulePage(translationPage).shortcut;
+    const Qt::KeyboardModifiers controlAlt = Qt::ControlModifier | Qt::AltModifier;
+
+    std::unique_ptr<ServiceProcess> m_service;
+    std::unique_ptr<QWidget> m_window;
+    QPointer<ShortcutsPage> m_page;
 };
 
 } // namespace testsupport

@@ -1,45 +1,21 @@
-#include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
-
-#include "pages/showntext.h"
 #include "pages/texttranslatesettingwidget.h"
 #include "tests/gui/shortcutparts.h"
-#include "tests/support/modulepages.h"
-#include "tests/support/serviceprocess.h"
 #include "tests/support/testprogram.h"
 
 #include <zcc/widgets/tipslabel.h>
 
-#include <QPushButton>
+#include <QApplication>
 #include <QShortcut>
-#include <QVBoxLayout>
 
-using controlcenter::ShortcutsPage;
 using namespace testsupport;
 
-namespace {
-
-const QString speechId = modulePage(speechToTextPage).shortcut;
-const QString readId = modulePage(textToSpeechPage).shortcut;
-const QString translationId = modulePage(translationPage).shortcut;
-const Qt::KeyboardModifiers controlAlt = Qt::ControlModifier | Qt::AltModifier;
-
-QVector<ShortcutsPage::Shortcut> shortcuts()
-{
-    QVector<ShortcutsPage::Shortcut> all;
-    for (const ModulePage &page : featurePages())
-        all.append({page.shortcut, page.name});
-    return all;
-}
-
-} // namespace
-
-/** The sandbox's page of shortcuts: it reads from, and writes to, the keybinding service. */
-class ShortcutsPageTest : public QObject
+/** The sandbox's page of shortcuts shows what the keybinding service says, and takes new ones. */
+class ShortcutsPageTest : public QObject, private ShownShortcutsPage
 {
     Q_OBJECT
 
-private slots:
-    void init();
+private Q_SLOTS:
+    void init() { QVERIFY(startService()); }
     void cleanup();
     void showsWhatTheServiceSays();
     void asksAgainWhenShownAgain();
@@ -49,64 +25,15 @@ private slots:
     void endsWait();
     void otherRowTakesOverWait();
     void windowShortcutsAreTaken();
-    void editModeRemoves();
-    void editModeKeepsFocus();
-    void editModeChanges();
-    void takenShortcutIsRefused();
-    void serviceErrorIsTold();
-    void absentServiceIsTold();
-    void serviceThatVanishesIsTold();
     void oddRepliesShowNone();
     void mayGoWhileAwaiting();
     void featurePageShowsNewShortcut();
-
-private:
-    bool open();
-    QStringList stored(const QString &id) { return m_service->value(id).toStringList(); }
-    QStringList shown(const QString &id) const { return capTexts(RowParts(*m_page->row(id)).key); }
-    QString visible(const QString &id) const { return RowParts(*m_page->row(id)).visible(); }
-    void clickCaps(const QString &id) { clickThroughWindow(RowParts(*m_page->row(id)).key); }
-    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(m_window->windowHandle(), static_cast<Qt::Key>(key), modifiers);
-    }
-    void showAgain()
-    {
-        m_page->hide();
-        m_page->show();
-    }
-
-    std::unique_ptr<ServiceProcess> m_service;
-    std::unique_ptr<QWidget> m_window;
-    QPointer<ShortcutsPage> m_page;
 };
-
-void ShortcutsPageTest::init()
-{
-    m_service = std::make_unique<ServiceProcess>(QStringLiteral("keybinding"));
-    QVERIFY(m_service->start());
-}
 
 void ShortcutsPageTest::cleanup()
 {
-    m_window.reset();
-    m_service.reset();
+    close();
     QCOMPARE(QApplication::topLevelWidgets().size(), 0);
-}
-
-bool ShortcutsPageTest::open()
-{
-    m_window.reset(new QWidget);
-    m_window->resize(700, 400);
-    m_page = new ShortcutsPage(shortcuts());
-    (new QVBoxLayout(m_window.get()))->addWidget(m_page);
-    m_window->show();
-    m_window->activateWindow();
-    if (!QTest::qWaitForWindowActive(m_window.get()) ||
-        !QTest::qWaitFor([this] { return !shown(translationId).isEmpty(); }))
-        return false;
-    QCoreApplication::processEvents(); // the rows take their places
-    return true;
 }
 
 void ShortcutsPageTest::showsWhatTheServiceSays()
@@ -228,129 +155,6 @@ void ShortcutsPageTest::windowShortcutsAreTaken()
     press(Qt::Key_F, Qt::ControlModifier);
     QTRY_COMPARE(shown(speechId), QStringList({"Ctrl", "F"}));
     QCOMPARE(found.count(), 1);
-}
-
-void ShortcutsPageTest::editModeRemoves()
-{
-    QVERIFY(open());
-    clickThroughWindow(m_page->editButton());
-    for (const auto &shortcut : shortcuts())
-        QCOMPARE(visible(shortcut.id), QStringLiteral("edit remove"));
-    QCoreApplication::processEvents();
-    clickThroughWindow(RowParts(*m_page->row(speechId)).remove);
-    QTRY_COMPARE(shown(speechId), QStringList("None"));
-    QCOMPARE(stored(speechId), QStringList());
-    QCOMPARE(visible(speechId), QStringLiteral("edit remove"));
-
-    clickThroughWindow(m_page->editButton());
-    for (const auto &shortcut : shortcuts())
-        QCOMPARE(visible(shortcut.id), QStringLiteral("caps"));
-    QCoreApplication::processEvents();
-    clickCaps(speechId);
-    press(Qt::Key_F5);
-    QTRY_COMPARE(shown(speechId), QStringList("F5"));
-    QCOMPARE(stored(speechId), QStringList("F5"));
-}
-
-void ShortcutsPageTest::editModeKeepsFocus()
-{
-    QVERIFY(open());
-    m_page->editButton()->setChecked(true);
-    for (const char *name : {"remove", "edit"}) {
-        auto *button = m_page->row(speechId)->findChild<QWidget *>(name);
-        button->setFocus();
-        press(Qt::Key_Space);
-        if (button->objectName() == QLatin1String("edit"))
-            press(Qt::Key_F5);
-        const QStringList expected(button->objectName() == QLatin1String("edit") ? "F5" : "None");
-        QTRY_COMPARE(shown(speechId), expected);
-        QVERIFY2(button->hasFocus(), name);
-    }
-
-    // Leaving the window ends the wait, too.
-    const auto *edit = RowParts(*m_page->row(speechId)).edit;
-    press(Qt::Key_Space);
-    QVERIFY(!m_page->message().isEmpty());
-    QWidget other;
-    other.show();
-    other.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&other));
-    QTRY_COMPARE(m_page->message(), QString());
-    QCOMPARE(m_window->focusWidget(), edit);
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    QVERIFY(edit->hasFocus());
-}
-
-void ShortcutsPageTest::editModeChanges()
-{
-    QVERIFY(open());
-    clickThroughWindow(m_page->editButton());
-    QCoreApplication::processEvents();
-    clickThroughWindow(RowParts(*m_page->row(readId)).edit);
-    QVERIFY(m_page->message().contains(QStringLiteral("Text to Speech")));
-    press(Qt::Key_J, controlAlt);
-    QTRY_COMPARE(shown(readId), QStringList({"Ctrl", "Alt", "J"}));
-    QCOMPARE(visible(readId), QStringLiteral("edit remove"));
-    QCOMPARE(stored(readId), QStringList("<Control><Alt>J"));
-}
-
-void ShortcutsPageTest::takenShortcutIsRefused()
-{
-    QVERIFY(open());
-    clickCaps(speechId);
-    press(Qt::Key_T, controlAlt);
-    QCOMPARE(visible(speechId), QStringLiteral("caps"));
-    QVERIFY(m_page->message().contains(QStringLiteral("Ctrl+Alt+T")));
-    QVERIFY(m_page->message().contains(QStringLiteral("Translation")));
-    QCOMPARE(stored(speechId), QStringList("<Control><Alt>I"));
-
-    clickCaps(speechId); // its own is no conflict
-    press(Qt::Key_I, controlAlt);
-    QTRY_COMPARE(shown(speechId), QStringList({"Ctrl", "Alt", "I"}));
-    QCOMPARE(m_page->message(), QString());
-}
-
-void ShortcutsPageTest::serviceErrorIsTold()
-{
-    QVERIFY(open());
-    m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("error"),
-                      QStringLiteral("no keyboard"));
-    showAgain();
-    QTRY_VERIFY(m_page->message().contains(QStringLiteral("no keyboard")));
-    m_service->script(QStringLiteral("GetShortcut"), QStringLiteral("error"),
-                      QString(1 << 20, QLatin1Char('x')));
-    showAgain();
-    QTRY_VERIFY(m_page->message().contains(QStringLiteral("xxx")));
-    QVERIFY(m_page->message().size() < 2 * showntext::longestWords);
-    m_service->reset();
-    showAgain();
-    QCOMPARE(m_page->message(), QString());
-    clickCaps(speechId);
-    press(Qt::Key_F5);
-    QTRY_COMPARE(shown(speechId), QStringList("F5"));
-}
-
-void ShortcutsPageTest::absentServiceIsTold()
-{
-    QVERIFY(m_service->stop());
-    m_window.reset(new QWidget);
-    m_page = new ShortcutsPage(shortcuts(), m_window.get());
-    m_window->show();
-    QTRY_VERIFY(!m_page->message().isEmpty());
-    QVERIFY(shown(speechId).isEmpty());
-}
-
-// When the new shortcut is to be stored: the old one stays on show.
-void ShortcutsPageTest::serviceThatVanishesIsTold()
-{
-    QVERIFY(open());
-    clickCaps(speechId);
-    m_service->kill();
-    press(Qt::Key_J, controlAlt);
-    QTRY_VERIFY(m_page->message().contains(QStringLiteral("Speech to Text")));
-    QCOMPARE(shown(speechId), QStringList({"Ctrl", "Alt", "I"}));
-    QCOMPARE(visible(speechId), QStringLiteral("caps"));
 }
 
 void ShortcutsPageTest::oddRepliesShowNone()

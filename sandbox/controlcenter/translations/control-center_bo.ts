@@ -109,6 +109,14 @@
         <translation>རྩོམ་སྒྲིག</translation>
     </message>
     <message>
+        <source>Restore defaults</source>
+        <translation>སྔོན་སྒྲིག་སླར་གསོ</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>ཕྱིར་འཐེན</translation>
+    </message>
+    <message>
         <source>Done</source>
         <translation>ལེགས་གྲུབ</translation>
     </message>
@@ -117,12 +125,28 @@
         <translation>“%1”ཞེས་པའི་མྱུར་མཐེབ་གསར་བ་མནོན་རོགས། Esc མཐེབ་མནན་ན་སྔར་གྱི་མྱུར་མཐེབ་རང་འཇགས་ཡིན།</translation>
     </message>
     <message>
-        <source>%1 is the shortcut for “%2” already.</source>
-        <translation>%1 ནི་“%2”ཞེས་པའི་མྱུར་མཐེབ་ཡིན་ཟིན།</translation>
+        <source>Used by “%1”. Press again to use it here instead.</source>
+        <translation>“%1”ཞེས་པས་བེད་སྤྱོད་བྱེད་བཞིན་ཡོད། ཡང་བསྐྱར་མནན་ན་འདིར་བེད་སྤྱོད་བྱེད་ཐུབ།</translation>
     </message>
     <message>
-        <source>The shortcut for “%1”: %2</source>
-        <translation>“%1”ཞེས་པའི་མྱུར་མཐེབ། %2</translation>
+        <source>The shortcut for “%1” is now %2.</source>
+        <translation>“%1”ཞེས་པའི་མྱུར་མཐེབ་ད་ལྟ་ %2 ཡིན།</translation>
+    </message>
+    <message>
+        <source>The shortcut for “%1” was removed.</source>
+        <translation>“%1”ཞེས་པའི་མྱུར་མཐེབ་མེད་པར་བཟོས་ཟིན།</translation>
+    </message>
+    <message>
+        <source>The shortcuts are the usual ones again.</source>
+        <translation>མྱུར་མཐེབ་རྣམས་སྔོན་སྒྲིག་ལྟར་སླར་གསོ་བྱས་ཟིན།</translation>
+    </message>
+    <message>
+        <source>The shortcuts are as they were before.</source>
+        <translation>མྱུར་མཐེབ་རྣམས་སྔར་གྱི་རྣམ་པར་སླར་གསོ་བྱས་ཟིན།</translation>
+    </message>
+    <message>
+        <source>The shortcuts cannot be read or changed now: their service does not answer.</source>
+        <translation>ད་ལྟ་མྱུར་མཐེབ་ཀློག་པའམ་བསྒྱུར་མི་ཐུབ། དེའི་ཞབས་ཞུས་ལན་མི་འདེབས།</translation>
     </message>
 </context>
 <context>

@@ -109,6 +109,14 @@
         <translation>تەھرىرلەش</translation>
     </message>
     <message>
+        <source>Restore defaults</source>
+        <translation>كۆڭۈلدىكىگە قايتۇرۇش</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>يېنىۋېلىش</translation>
+    </message>
+    <message>
         <source>Done</source>
         <translation>تامام</translation>
     </message>
@@ -117,12 +125,28 @@
         <translation>«%1» نىڭ يېڭى تېزلەتمە كۇنۇپكىسىنى بېسىڭ. Esc كونىسىنى ساقلاپ قالىدۇ.</translation>
     </message>
     <message>
-        <source>%1 is the shortcut for “%2” already.</source>
-        <translation>%1 ئاللىقاچان «%2» نىڭ تېزلەتمە كۇنۇپكىسى.</translation>
+        <source>Used by “%1”. Press again to use it here instead.</source>
+        <translation>«%1» ئىشلىتىۋاتىدۇ. قايتا باسسىڭىز، بۇ يەردە ئىشلىتىلىدۇ.</translation>
     </message>
     <message>
-        <source>The shortcut for “%1”: %2</source>
-        <translation>«%1» نىڭ تېزلەتمە كۇنۇپكىسى: %2</translation>
+        <source>The shortcut for “%1” is now %2.</source>
+        <translation>«%1» نىڭ تېزلەتمە كۇنۇپكىسى ئەمدى %2 بولدى.</translation>
+    </message>
+    <message>
+        <source>The shortcut for “%1” was removed.</source>
+        <translation>«%1» نىڭ تېزلەتمە كۇنۇپكىسى چىقىرىۋېتىلدى.</translation>
+    </message>
+    <message>
+        <source>The shortcuts are the usual ones again.</source>
+        <translation>تېزلەتمە كۇنۇپكىلار كۆڭۈلدىكى ھالىتىگە قايتۇرۇلدى.</translation>
+    </message>
+    <message>
+        <source>The shortcuts are as they were before.</source>
+        <translation>تېزلەتمە كۇنۇپكىلار ئەسلىدىكى ھالىتىگە قايتۇرۇلدى.</translation>
+    </message>
+    <message>
+        <source>The shortcuts cannot be read or changed now: their service does not answer.</source>
+        <translation>ھازىر تېزلەتمە كۇنۇپكىلارنى ئوقۇغىلى ياكى ئۆزگەرتكىلى بولمايدۇ: مۇلازىمىتى جاۋاب بەرمەيۋاتىدۇ.</translation>
     </message>
 </context>
 <context>

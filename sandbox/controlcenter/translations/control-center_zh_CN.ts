@@ -109,6 +109,14 @@
         <translation>编辑</translation>
     </message>
     <message>
+        <source>Restore defaults</source>
+        <translation>恢复默认</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
         <source>Done</source>
         <translation>完成</translation>
     </message>
@@ -117,12 +125,28 @@
         <translation>请按下“%1”的新快捷键。按 Esc 键保留原来的快捷键。</translation>
     </message>
     <message>
-        <source>%1 is the shortcut for “%2” already.</source>
-        <translation>%1 已是“%2”的快捷键。</translation>
+        <source>Used by “%1”. Press again to use it here instead.</source>
+        <translation>“%1”已使用此快捷键。再按一次即改为在此使用。</translation>
     </message>
     <message>
-        <source>The shortcut for “%1”: %2</source>
-        <translation>“%1”的快捷键：%2</translation>
+        <source>The shortcut for “%1” is now %2.</source>
+        <translation>“%1”的快捷键现在是 %2。</translation>
+    </message>
+    <message>
+        <source>The shortcut for “%1” was removed.</source>
+        <translation>已移除“%1”的快捷键。</translation>
+    </message>
+    <message>
+        <source>The shortcuts are the usual ones again.</source>
+        <translation>快捷键已恢复默认。</translation>
+    </message>
+    <message>
+        <source>The shortcuts are as they were before.</source>
+        <translation>快捷键已恢复原状。</translation>
+    </message>
+    <message>
+        <source>The shortcuts cannot be read or changed now: their service does not answer.</source>
+        <translation>现在无法读取或更改快捷键：其服务没有响应。</translation>
     </message>
 </context>
 <context>

@@ -109,6 +109,14 @@
         <translation>編輯</translation>
     </message>
     <message>
+        <source>Restore defaults</source>
+        <translation>還原預設值</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>復原</translation>
+    </message>
+    <message>
         <source>Done</source>
         <translation>完成</translation>
     </message>
@@ -117,12 +125,28 @@
         <translation>請按下「%1」的新快捷鍵。按 Esc 鍵保留原來的快捷鍵。</translation>
     </message>
     <message>
-        <source>%1 is the shortcut for “%2” already.</source>
-        <translation>%1 已是「%2」的快捷鍵。</translation>
+        <source>Used by “%1”. Press again to use it here instead.</source>
+        <translation>「%1」已使用此快捷鍵。再按一次即改於此處使用。</translation>
     </message>
     <message>
-        <source>The shortcut for “%1”: %2</source>
-        <translation>「%1」的快捷鍵：%2</translation>
+        <source>The shortcut for “%1” is now %2.</source>
+        <translation>「%1」的快捷鍵現在是 %2。</translation>
+    </message>
+    <message>
+        <source>The shortcut for “%1” was removed.</source>
+        <translation>已移除「%1」的快捷鍵。</translation>
+    </message>
+    <message>
+        <source>The shortcuts are the usual ones again.</source>
+        <translation>快捷鍵已還原為預設值。</translation>
+    </message>
+    <message>
+        <source>The shortcuts are as they were before.</source>
+        <translation>快捷鍵已回復原狀。</translation>
+    </message>
+    <message>
+        <source>The shortcuts cannot be read or changed now: their service does not answer.</source>
+        <translation>目前無法讀取或更改快捷鍵：其服務沒有回應。</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 
 #include "keybindingsadaptor.h"
 #include "sandbox/services/common/statestore.h"
+#include "sandbox/services/keybinding/systemshortcuts.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -13,19 +14,6 @@ namespace {
 
 constexpr int systemType = 0;
 
-struct Shortcut
-{
-    const char *id;
-    const char *name;
-    const char *accelerator;
-};
-
-const Shortcut shortcuts[] = {
-    {"speech-to-text", "Speech to Text", "<Control><Alt>I"},
-    {"text-to-speech", "Text to Speech", "<Control><Alt>P"},
-    {"translation", "Translation", "<Control><Alt>T"},
-};
-
 } // namespace
 
 Keybindings::Keybindings(StateStore *state, QObject *parent)
@@ -33,7 +21,7 @@ Keybindings::Keybindings(StateStore *state, QObject *parent)
     , m_state(state)
 {
     new KeybindingsAdaptor(this);
-    for (const Shortcut &shortcut : shortcuts) {
+    for (const SystemShortcut &shortcut : systemShortcuts) {
         m_state->declare(QLatin1String(shortcut.id),
                          QStringList{QLatin1String(shortcut.accelerator)});
     }
@@ -41,7 +29,7 @@ Keybindings::Keybindings(StateStore *state, QObject *parent)
 
 QString Keybindings::GetShortcut(const QString &id, int type) const
 {
-    for (const Shortcut &shortcut : shortcuts) {
+    for (const SystemShortcut &shortcut : systemShortcuts) {
         if (type == systemType && id == QLatin1String(shortcut.id)) {
             const QJsonObject reply{
                 {QStringLiteral("Id"), id},
