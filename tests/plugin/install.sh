@@ -40,11 +40,11 @@ installs translations < <(
 )
 installs sandbox < <(
     echo usr/bin/assistant-sandbox
-    printf 'usr/libexec/assistant-sandbox/%s\n' control-center phrasemodel \
+    printf 'usr/libexec/assistant-sandbox/%s\n' control-center \
         sandbox-{aiservice,assistant,audio,control,dock,keybinding,networkmanager}
     printf "usr/$libdir/assistant-sandbox/lib%s.so\n" ztk zcc zframeworkdbus
     printf 'usr/share/assistant-sandbox/%s\n' run lib/{cleanup,session} \
-        lib/{places,processes,sandbox,supervise}.sh phrasemodel/phrase.{arpa,dict} \
+        lib/{places,processes,sandbox,supervise}.sh \
         microphone/{plug,start} microphone/{speech,noise,loud,quiet,silence}.wav
     echo usr/share/man/man1/assistant-sandbox.1
 )

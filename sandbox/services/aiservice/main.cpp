@@ -11,13 +11,8 @@ int main(int argc, char *argv[])
         QStringLiteral("record"),
         QStringLiteral("Write what every session hears to a WAV file in DIR."),
         QStringLiteral("DIR"));
-    const QCommandLineOption model(
-        QStringLiteral("model"), QStringLiteral("Find the phrase's language model in DIR."),
-        QStringLiteral("DIR"),
-        QCoreApplication::applicationDirPath() + QStringLiteral("/phrasemodel"));
-    sandbox::Service service(sandbox::serviceNamed(QStringLiteral("aiservice")), {record, model});
-    sandbox::SessionManager sessions(&service, service.arguments().value(model),
-                                     service.arguments().value(record));
+    sandbox::Service service(sandbox::serviceNamed(QStringLiteral("aiservice")), {record});
+    sandbox::SessionManager sessions(&service, service.arguments().value(record));
     service.publish(Contract::SessionManager::object().path, &sessions);
     return service.run();
 }

@@ -1,8 +1,10 @@
 #include "sandbox/services/aiservice/phrasedecoder.h"
 
 #include "sandbox/services/aiservice/phrasefilter.h"
+#include "sandbox/services/aiservice/phrasemodel.h"
 
-#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 
 #include <pocketsphinx.h>
 #include <sphinxbase/err.h>
@@ -21,6 +23,12 @@ constexpr std::array<mfcc_t, 13> speechMean = {54.F, 5.F,  -5.F,  33.F, -33.F, 4
 /** A pause of this many frames of 10 ms ends an utterance. */
 constexpr auto pauseFrames = "50";
 
+bool write(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush();
+}
+
 } // namespace
 
 void PhraseDecoder::Free::operator()(ps_decoder_s *decoder) const
@@ -28,16 +36,20 @@ void PhraseDecoder::Free::operator()(ps_decoder_s *decoder) const
     ps_free(decoder);
 }
 
-PhraseDecoder::PhraseDecoder(const QString &modelFolder)
+PhraseDecoder::PhraseDecoder()
 {
     err_set_logfp(nullptr); // a decoder tells pages about itself on stderr
 
-    const QDir folder(modelFolder);
-    const QByteArray dictionary = QFile::encodeName(folder.filePath(QStringLiteral("phrase.dict")));
-    const QByteArray bigrams = QFile::encodeName(folder.filePath(QStringLiteral("phrase.arpa")));
+    // It takes models from files only.
+    const QTemporaryDir folder;
+    const QString dictionary = folder.filePath(QStringLiteral("phrase.dict"));
+    const QString bigrams = folder.filePath(QStringLiteral("phrase.arpa"));
+    if (!write(dictionary, phrasemodel::dictionary()) || !write(bigrams, phrasemodel::bigrams()))
+        return;
     cmd_ln_t *options = cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", SANDBOX_ACOUSTIC_MODEL,
-                                    "-dict", dictionary.constData(), "-lm", bigrams.constData(),
-                                    "-vad_postspeech", pauseFrames, nullptr);
+                                    "-dict", QFile::encodeName(dictionary).constData(), "-lm",
+                                    QFile::encodeName(bigrams).constData(), "-vad_postspeech",
+                                    pauseFrames, nullptr);
     if (options)
         m_decoder.reset(ps_init(options));
     cmd_ln_free_r(options); // the decoder holds its own reference

@@ -20,14 +20,15 @@ namespace sandbox {
 class PhraseDecoder
 {
 public:
-    /** Loads the models; @p modelFolder holds phrase.dict and phrase.arpa. See isValid(). */
-    explicit PhraseDecoder(const QString &modelFolder);
+    /** Loads the models; see isValid(). */
+    PhraseDecoder();
     ~PhraseDecoder();
 
     PhraseDecoder(const PhraseDecoder &) = delete;
     PhraseDecoder &operator=(const PhraseDecoder &) = delete;
 
-    /** False when a model file is missing or cannot be read. Nothing else may be called then. */
+    /** False when the acoustic model cannot be read, or no temporary file written. Nothing else may
+     *  be called then. */
     bool isValid() const { return m_decoder != nullptr; }
 
     /** Begins an utterance that is decoded while it is spoken. */

@@ -18,9 +18,8 @@ constexpr int longestUtterance = 20000 * samplesPerMillisecond;
 
 } // namespace
 
-PhraseListener::PhraseListener(const QString &modelFolder, const Patience &patience)
-    : m_decoder(modelFolder)
-    , m_patience(patience)
+PhraseListener::PhraseListener(const Patience &patience)
+    : m_patience(patience)
 {
     if (isValid())
         m_decoder.begin();

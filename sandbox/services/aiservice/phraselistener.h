@@ -25,8 +25,7 @@ public:
         int afterSpeech = 10000;
     };
 
-    /** See PhraseDecoder for @p modelFolder. */
-    PhraseListener(const QString &modelFolder, const Patience &patience);
+    explicit PhraseListener(const Patience &patience);
 
     /** False when the models cannot be loaded. Nothing else may be called then. */
     bool isValid() const { return m_decoder.isValid(); }

@@ -14,7 +14,7 @@ class RecognitionWorker : public QObject
     Q_OBJECT
 
 public:
-    RecognitionWorker(const QString &modelFolder, const PhraseListener::Patience &patience);
+    explicit RecognitionWorker(const PhraseListener::Patience &patience);
     ~RecognitionWorker() override;
 
     // Loads the models; called once, before the others.
@@ -30,16 +30,13 @@ Q_SIGNALS:
 private:
     void tell(const QVector<Hypothesis> &news);
 
-    const QString m_modelFolder;
     const PhraseListener::Patience m_patience;
     PcmReader m_reader;
     std::unique_ptr<PhraseListener> m_listener; // null until start(), and when there are no models
 };
 
-RecognitionWorker::RecognitionWorker(const QString &modelFolder,
-                                     const PhraseListener::Patience &patience)
-    : m_modelFolder(modelFolder)
-    , m_patience(patience)
+RecognitionWorker::RecognitionWorker(const PhraseListener::Patience &patience)
+    : m_patience(patience)
 {
 }
 
@@ -47,7 +44,7 @@ RecognitionWorker::~RecognitionWorker() = default;
 
 void RecognitionWorker::start()
 {
-    m_listener = std::make_unique<PhraseListener>(m_modelFolder, m_patience);
+    m_listener = std::make_unique<PhraseListener>(m_patience);
     if (!m_listener->isValid()) {
         m_listener.reset();
         Q_EMIT failed();
@@ -72,11 +69,11 @@ void RecognitionWorker::tell(const QVector<Hypothesis> &news)
         Q_EMIT heard(hypothesis);
 }
 
-Recognition::Recognition(const QString &modelFolder, const PhraseListener::Patience &patience,
-                         QObject *threadParent, QObject *parent)
+Recognition::Recognition(const PhraseListener::Patience &patience, QObject *threadParent,
+                         QObject *parent)
     : QObject(parent)
     , m_thread(new QThread(threadParent))
-    , m_worker(new RecognitionWorker(modelFolder, patience))
+    , m_worker(new RecognitionWorker(patience))
 {
     qRegisterMetaType<Hypothesis>();
     m_worker->moveToThread(m_thread);

@@ -25,8 +25,8 @@ class Recognition : public QObject
 public:
     /** Starts listening. @p threadParent owns the thread and lives longer than this; see
      *  PhraseListener for the rest. */
-    Recognition(const QString &modelFolder, const PhraseListener::Patience &patience,
-                QObject *threadParent, QObject *parent = nullptr);
+    Recognition(const PhraseListener::Patience &patience, QObject *threadParent,
+                QObject *parent = nullptr);
     /** Drops the audio that has not been listened to; nothing more is said. */
     ~Recognition() override;
 

@@ -46,10 +46,8 @@ PhraseListener::Patience patience(const QVariantMap &params)
 
 } // namespace
 
-RecognitionSession::RecognitionSession(const QString &modelFolder, QObject *threadParent,
-                                       QObject *parent)
+RecognitionSession::RecognitionSession(QObject *threadParent, QObject *parent)
     : Session(parent)
-    , m_modelFolder(modelFolder)
     , m_threadParent(threadParent)
 {
     new RecognitionSessionAdaptor(this);
@@ -66,7 +64,7 @@ QString RecognitionSession::startIat(const QVariantMap &params)
     if (!isSupported(params))
         return answer(ParameterUnsupported);
     m_sessionId = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    m_recognition = new Recognition(m_modelFolder, patience(params), m_threadParent, this);
+    m_recognition = new Recognition(patience(params), m_threadParent, this);
     connect(m_recognition, &Recognition::heard, this, &RecognitionSession::tell);
     connect(m_recognition, &Recognition::failed, this, &RecognitionSession::fail);
     m_state = Listening;

@@ -27,9 +27,8 @@ public:
         ParameterUnsupported = 2, ///< another language, sample rate or format
     };
 
-    /** The models lie in @p modelFolder; @p threadParent owns the threads, see Recognition. */
-    RecognitionSession(const QString &modelFolder, QObject *threadParent,
-                       QObject *parent = nullptr);
+    /** @p threadParent owns the threads, see Recognition. */
+    explicit RecognitionSession(QObject *threadParent, QObject *parent = nullptr);
 
     void close() override;
 
@@ -54,7 +53,6 @@ private:
     void fail();
     void end();
 
-    const QString m_modelFolder;
     QObject *const m_threadParent;
     Recognition *m_recognition = nullptr; // null while idle
     QString m_sessionId;

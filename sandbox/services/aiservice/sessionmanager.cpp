@@ -31,8 +31,7 @@ const QDBusObjectPath noSession(QStringLiteral("/"));
 
 } // namespace
 
-SessionManager::SessionManager(Service *service, const QString &modelFolder,
-                               const QString &recordDirectory, QObject *parent)
+SessionManager::SessionManager(Service *service, const QString &recordDirectory, QObject *parent)
     : QObject(parent)
     , m_service(service)
     , m_clients(QString(), QDBusConnection::sessionBus(),
@@ -40,9 +39,7 @@ SessionManager::SessionManager(Service *service, const QString &modelFolder,
 {
     new SessionManagerAdaptor(this);
     m_makers.insert(QStringLiteral("aqc"), [this] { return new QualitySession(this); });
-    m_makers.insert(QStringLiteral("iat"), [this, modelFolder] {
-        return new RecognitionSession(modelFolder, this, this);
-    });
+    m_makers.insert(QStringLiteral("iat"), [this] { return new RecognitionSession(this, this); });
     connect(&m_clients, &QDBusServiceWatcher::serviceUnregistered, this,
             &SessionManager::clientLeft);
 

@@ -43,9 +43,8 @@ class SessionManager : public QObject
     Q_OBJECT
 
 public:
-    /** Recognition finds its models in @p modelFolder; @p service publishes the sessions. */
-    SessionManager(Service *service, const QString &modelFolder, const QString &recordDirectory,
-                   QObject *parent = nullptr);
+    /** @p service publishes the sessions. */
+    SessionManager(Service *service, const QString &recordDirectory, QObject *parent = nullptr);
     ~SessionManager() override;
 
 public Q_SLOTS:
