@@ -22,6 +22,10 @@ packages_test="
 packages_package="
     debhelper dpkg-dev git lintian mmdebstrap"
 
+# The compilers and systems of scripts/portability.
+packages_portability="
+    clang-14 mmdebstrap"
+
 # Installs what is missing of the packages in the named lists ("build", "run"...). Fails with 3 when
 # that is not possible.
 install_packages() {

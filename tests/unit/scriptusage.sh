@@ -1,6 +1,6 @@
 #!/bin/bash
 # What scripts/run says to a command line that it cannot follow, or on a machine that lacks what it needs,
-# before it installs or builds anything.
+# before it installs or builds anything; and scripts/portability to the former.
 set -uo pipefail
 
 project_dir=$1
@@ -100,5 +100,10 @@ cp -r "$project_dir/scripts" "$scratch/project"
 printf '#!/bin/sh\necho installed\n' >"$scratch/programs/dpkg-query"
 run=$scratch/project/scripts/run
 stops 3 "The build folder $scratch/project/build/dev cannot be written" --tour "$pictures"
+
+run=$project_dir/scripts/portability
+refuses "unknown argument amiga" clang amiga
+refuses "--folder needs a value" clang --folder
+refuses "it needs to know what"
 
 exit $((failures > 0))
