@@ -62,6 +62,7 @@ function(assistant_add_headers name)
         target_include_directories(${name}-headers SYSTEM PRIVATE
             $<TARGET_PROPERTY:Qt5::${library},INTERFACE_INCLUDE_DIRECTORIES>)
     endforeach()
+    target_compile_definitions(${name}-headers PRIVATE $<$<NOT:$<CONFIG:Debug>>:QT_NO_DEBUG>)
     target_precompile_headers(${name}-headers PRIVATE
         <QApplication> <QDBusConnection> <QDBusMessage> <QDBusPendingReply> <QDBusReply> <QDebug>
         <QHash> <QLabel> <QMap> <QPainter> <QPointer> <QTimer> <QVBoxLayout> <QVector> <QWidget>

@@ -41,7 +41,7 @@ private slots:
 
 void ShortcutRoughTest::accelerator_data()
 {
-    QTest::addColumn<QString>("accels");
+    QTest::addColumn<QString>("given");
 
     QString controls;
     for (int c = 0; c < 0x20; ++c)
@@ -73,7 +73,7 @@ void ShortcutRoughTest::accelerator_data()
 
 void ShortcutRoughTest::accelerator()
 {
-    QFETCH(QString, accels);
+    QFETCH(QString, given);
     QElapsedTimer clock;
     clock.start();
 
@@ -92,8 +92,8 @@ void ShortcutRoughTest::accelerator()
         QCoreApplication::processEvents();
         window.grab();
     };
-    show(accels.left(200)); // Qt looks for fonts once
-    const double cost = leastCostMs([&] { show(QStringLiteral("F1")); }, [&] { show(accels); });
+    show(given.left(200)); // Qt looks for fonts once
+    const double cost = leastCostMs([&] { show(QStringLiteral("F1")); }, [&] { show(given); });
     QVERIFY2(cost < megabyteLimitMs, qPrintable(QString::number(cost)));
     QVERIFY2(window.minimumWidth() < widestRow, qPrintable(QString::number(window.width())));
 
@@ -102,7 +102,7 @@ void ShortcutRoughTest::accelerator()
     QString shown = capTexts(parts.key).join(QString());
     shown.remove(QStringLiteral("None")); // stands for no character
     QVERIFY(shown.size() <= showntext::longestShortcut);
-    QCOMPARE(shown.endsWith(ellipsis), accels.size() > showntext::longestShortcut);
+    QCOMPARE(shown.endsWith(ellipsis), given.size() > showntext::longestShortcut);
     row->onEditMode(true);
     QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
     row->onEditMode(false);
@@ -111,7 +111,7 @@ void ShortcutRoughTest::accelerator()
             [&asked](const ShortcutItem::ShortcutInfo &info) { asked = info.accels; });
     clickThroughWindow(caps(parts.key).first(), QPoint(2, 2));
     QCOMPARE(parts.visible(), QStringLiteral("line"));
-    QVERIFY(asked == accels);
+    QVERIFY(asked == given);
 
     row->setShortcut(QStringLiteral("<Control><Alt>T"));
     QCoreApplication::processEvents();

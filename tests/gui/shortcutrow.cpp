@@ -94,11 +94,11 @@ void ShortcutRowTest::needsNoParent()
 
 void ShortcutRowTest::showsShortcut_data()
 {
-    QTest::addColumn<QString>("accels");
+    QTest::addColumn<QString>("given");
     QTest::addColumn<QStringList>("texts");
 
-    const auto row = [](const char *accels, const QStringList &texts) {
-        QTest::newRow(*accels ? accels : "(empty)") << QString::fromLatin1(accels) << texts;
+    const auto row = [](const char *given, const QStringList &texts) {
+        QTest::newRow(*given ? given : "(empty)") << QString::fromLatin1(given) << texts;
     };
     row("<Control><Alt>T", {"Ctrl", "Alt", "T"});
     row("<Control><Shift>minus", {"Ctrl", "Shift", "-"});
@@ -113,10 +113,10 @@ void ShortcutRowTest::showsShortcut_data()
 
 void ShortcutRowTest::showsShortcut()
 {
-    QFETCH(QString, accels);
+    QFETCH(QString, given);
     QFETCH(QStringList, texts);
     RowWindow window;
-    window.row->setShortcut(accels);
+    window.row->setShortcut(given);
     QCOMPARE(capTexts(RowParts(*window.row).key), texts);
 }
 

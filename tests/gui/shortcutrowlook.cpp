@@ -241,8 +241,8 @@ void ShortcutRowLookTest::capsFillTheRowAfterEveryChange()
     QVERIFY(window.showAndWait());
     const ShortcutKey *key = RowParts(*window.row).key;
     const QRect inside = window.row->rect().adjusted(8, 2, -8, -2);
-    for (const char *accels : {"<Control><Alt>T", "<Control><Alt>T", "<Super>F1", "", "F12"}) {
-        window.row->setShortcut(QLatin1String(accels));
+    for (const char *given : {"<Control><Alt>T", "<Control><Alt>T", "<Super>F1", "", "F12"}) {
+        window.row->setShortcut(QLatin1String(given));
         QTRY_COMPARE(key->geometry().top(), inside.top());
         QTRY_COMPARE(key->geometry().bottom(), inside.bottom());
         QTRY_COMPARE(key->geometry().right(), inside.right());

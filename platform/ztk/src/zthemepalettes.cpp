@@ -1,5 +1,7 @@
 #include "zthemepalettes.h"
 
+#include <cstddef>
+
 namespace Ztk {
 namespace Gui {
 
@@ -64,7 +66,7 @@ const RoleColor darkColors[] = {
 #endif
 };
 
-template <int count>
+template <std::size_t count>
 QPalette toPalette(const RoleColor (&colors)[count])
 {
     QPalette palette;
