@@ -1,6 +1,6 @@
 #!/bin/bash
 # What scripts/run says to a command line that it cannot follow, or on a machine that lacks what it needs,
-# before it installs or builds anything; and scripts/portability to the former.
+# before it installs or builds anything; and scripts/portability and scripts/package to the former.
 set -uo pipefail
 
 project_dir=$1
@@ -68,6 +68,12 @@ done
 : >"$scratch/file"
 refuses "The tour cannot write there" --tour "$scratch/file"
 refuses "The tour cannot write there" --tour "$scratch/file/pictures"
+
+run=$project_dir/scripts/package
+refuses "unknown argument --colour" --colour
+refuses "--output needs a value" --output
+stops 3 "there is no folder $scratch/file/packages" --output "$scratch/file/packages"
+run=$project_dir/scripts/run
 
 help=$("$run" --help)
 for text in --locale --theme --page --offline --microphone --tour --section --scale --font-size --verbose \
