@@ -1,6 +1,6 @@
 #include "bench/suite.h"
 #include "voice/audioinfo.h"
-#include "voice/audiorecorder.h"
+#include "voice/captureformat.h"
 
 #include <QByteArray>
 
@@ -11,7 +11,7 @@ QVector<Ratio> benchLevel()
     constexpr int blocks = 200;
     constexpr int blockBytes = 1 << 20; // larger than the caches, so that memory is what counts
 
-    const QAudioFormat format = AudioRecorder::captureFormat();
+    const QAudioFormat format = captureFormat();
 
     QByteArray audio(blockBytes, Qt::Uninitialized);
     for (int i = 0; i < audio.size(); ++i)

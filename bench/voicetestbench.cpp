@@ -1,6 +1,7 @@
 #include "bench/suite.h"
 #include "pages/assistantsettingwidget.h"
 #include "voice/audiorecorder.h"
+#include "voice/captureformat.h"
 
 #include <ztk/zcommandlinkbutton.h>
 
@@ -57,7 +58,7 @@ double voiceTestShare()
 
 double captureShare()
 {
-    const QAudioFormat format = AudioRecorder::captureFormat();
+    const QAudioFormat format = captureFormat();
     DiscardingSink sink;
     QAudioInput input(QAudioDeviceInfo::defaultInputDevice(), format);
     return processorShare([&] {

@@ -2,6 +2,7 @@
 
 #include "bus/serviceproxy.h"
 #include "contracts/contract.h"
+#include "voice/captureformat.h"
 #include "voice/processwide.h"
 
 #include <QAudioInput>
@@ -50,19 +51,6 @@ CaptureExitGuard &exitGuard()
 AudioRecorder *AudioRecorder::getInstance()
 {
     return ProcessWide<AudioRecorder>::instance();
-}
-
-QAudioFormat AudioRecorder::captureFormat()
-{
-    QAudioFormat format;
-    format.setSampleRate(16000);
-    format.setChannelCount(1);
-    format.setSampleSize(16);
-    // Not a string literal, which would go with this library: a closed input may keep the format.
-    format.setCodec(QString::fromLatin1("audio/pcm"));
-    format.setByteOrder(QAudioFormat::LittleEndian);
-    format.setSampleType(QAudioFormat::SignedInt);
-    return format;
 }
 
 AudioRecorder::AudioRecorder()

@@ -20,8 +20,8 @@ template <typename T>
 class ProcessWide;
 
 /**
- * Records the desktop's default microphone: mono 16-bit signed little-endian PCM at 16 kHz, 32000
- * bytes a second, as the device delivers it.
+ * Records the desktop's default microphone in the captureFormat(), 32000 bytes a second, as the
+ * device delivers it.
  *
  * One per process, on the GUI thread. Every recording opens the device anew, and it is closed at
  * the next turn of any event loop after the recording's end, at latest with this object. A
@@ -38,9 +38,6 @@ class AudioRecorder : public QObject
 public:
     /** The instance; built on first use. */
     static AudioRecorder *getInstance();
-
-    /** How every recording is made. */
-    static QAudioFormat captureFormat();
 
     ~AudioRecorder() override;
 

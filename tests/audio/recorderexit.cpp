@@ -4,6 +4,7 @@
 #include "tests/fakeaudio/scriptedaudio.h"
 #include "voice/audioinfo.h"
 #include "voice/audiorecorder.h"
+#include "voice/captureformat.h"
 
 #include <QAudioInput>
 #include <QCoreApplication>
@@ -28,7 +29,7 @@ int main(int argc, char **argv)
 
     if (way == QLatin1String("foreign capture")) {
         // Not the recorder's: shows that a capture left open is noticed.
-        const QAudioFormat format = AudioRecorder::captureFormat();
+        const QAudioFormat format = captureFormat();
         auto *sink = new AudioInfo(format);
         sink->start();
         auto *input = new QAudioInput(QAudioDeviceInfo::defaultInputDevice(), format);
