@@ -9,7 +9,9 @@ namespace doctor {
 /** What the command line says about the checks. */
 struct Wishes
 {
-    QString plugin; ///< The module's file.
+    QString plugin;       ///< The module's file.
+    bool listen = false;  ///< To the microphone.
+    bool session = false; ///< Open sessions of the AI service.
 
     /** The options that say the same. */
     QStringList arguments() const;
@@ -21,8 +23,10 @@ struct Wishes
  */
 QList<Finding> runGroups(const Wishes &wishes);
 
-/** What such a process does: writes the findings of the group @p name to standard output. False
- * when there is no such group. */
-bool runGroup(const QString &name, const Wishes &wishes);
+/**
+ * What such a process does: writes the findings of the group @p name to standard output, and ends
+ * the process. Returns when there is no such group.
+ */
+void runGroup(const QString &name, const Wishes &wishes);
 
 } // namespace doctor

@@ -94,7 +94,7 @@ public:
     {
         if (m_findings.isEmpty()) {
             const QString more =
-                m_extra > 0 ? QStringLiteral(", and has %1 members more").arg(m_extra) : QString();
+                m_extra > 0 ? QStringLiteral("; members beyond it: %1").arg(m_extra) : QString();
             add(Status::Ok, QStringLiteral("is as in its contract") + more, QString(), QString());
         }
         return m_findings;

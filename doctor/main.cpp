@@ -62,7 +62,7 @@ QString text(const QList<Finding> &findings)
         return std::count_if(findings.cbegin(), findings.cend(),
                              [&](const Finding &finding) { return finding.status == status; });
     };
-    return text + QStringLiteral("\n%1 ok, %2 warnings, %3 failures\n")
+    return text + QStringLiteral("\nok: %1, warnings: %2, failures: %3\n")
                       .arg(count(Status::Ok))
                       .arg(count(Status::Warning))
                       .arg(count(Status::Failure));
@@ -86,6 +86,12 @@ int main(int argc, char *argv[])
     const QCommandLineOption plugin(
         QStringLiteral("plugin"), QStringLiteral("The module's file."), QStringLiteral("FILE"),
         QDir::cleanPath(programFolder.filePath(QStringLiteral(DOCTOR_PLUGIN))));
+    const QCommandLineOption listen(
+        QStringLiteral("listen"),
+        QStringLiteral("Open the microphone, and say what two seconds of it are like."));
+    const QCommandLineOption session(
+        QStringLiteral("session"),
+        QStringLiteral("Open a session of each kind at the AI service, and free it."));
     const QCommandLineOption asJson(QStringLiteral("json"),
                                     QStringLiteral("Write the report as JSON."));
     const QCommandLineOption contract(
@@ -102,7 +108,7 @@ int main(int argc, char *argv[])
         "Says what the settings module of the voice assistant needs on this machine, what is\n"
         "missing, what people see because of it, and what to do. Changes nothing.\n\n"
         "Exit code: 0 nothing that people notice, 1 something they notice, 2 wrong usage."));
-    parser.addOptions({plugin, asJson, contract, help, versionOption, group});
+    parser.addOptions({plugin, listen, session, asJson, contract, help, versionOption, group});
     if (!parser.parse(QCoreApplication::arguments()))
         return usageError(parser.errorText());
     if (!parser.positionalArguments().isEmpty())
@@ -122,11 +128,13 @@ int main(int argc, char *argv[])
         return Well;
     }
 
-    const Wishes wishes{parser.value(plugin)};
+    const Wishes wishes{parser.value(plugin), parser.isSet(listen), parser.isSet(session)};
     if (parser.isSet(group)) {
-        return runGroup(parser.value(group), wishes) ? Well
-                                                     : usageError(QStringLiteral("unknown group"));
+        runGroup(parser.value(group), wishes);
+        return usageError(QStringLiteral("unknown group '%1'").arg(parser.value(group)));
     }
+    if (wishes.listen)
+        QTextStream(stderr) << "Speak for two seconds.\n";
     const QList<Finding> findings = runGroups(wishes);
     if (parser.isSet(asJson))
         out << QString::fromUtf8(json(findings));

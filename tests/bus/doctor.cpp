@@ -1,8 +1,8 @@
 // The doctor in every world that it must tell apart. It runs as it is installed, in a process of
 // its own; the buses are this test's, and so are the services that break their contract.
 
-#include "tests/bus/doctorrun.h"
 #include "tests/support/busrecorder.h"
+#include "tests/support/doctorrun.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/testprogram.h"
 
@@ -10,7 +10,6 @@
 #include <QDBusVirtualObject>
 #include <QtTest>
 
-#include <csignal>
 #include <memory>
 #include <vector>
 
@@ -19,7 +18,6 @@ using namespace testsupport;
 namespace {
 
 const QString dockName = QStringLiteral("com.corvane.aiassistant.dock");
-const QString sessionAddress = QStringLiteral("DBUS_SESSION_BUS_ADDRESS");
 
 /** An object that says of itself what it is told, and answers nothing else. */
 class SelfDescribed : public QDBusVirtualObject
@@ -39,46 +37,6 @@ public:
         bus.send(message.createReply(false));
         return true;
     }
-};
-
-/** A bus of this test's own, which knows how to start a dock service. */
-class OwnBus
-{
-public:
-    bool start()
-    {
-        const QString services = QStringLiteral("<servicedir>%1</servicedir>").arg(m_folder.path());
-        const bool written =
-            write("dock.service", QStringLiteral("[D-BUS Service]\nName=%1\nExec=/bin/touch %2\n")
-                                      .arg(dockName, startedFile())) &&
-            write("bus.conf", textOf("tests/support/bus.conf")
-                                  .replace("</busconfig>", services + "</busconfig>"));
-        m_daemon.start("dbus-daemon", {"--nofork", "--print-address", "--config-file",
-                                       m_folder.filePath("bus.conf")});
-        m_address = QString::fromUtf8(m_daemon.waitForLine(10000));
-        return written && !m_address.isEmpty();
-    }
-
-    ~OwnBus()
-    {
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-    }
-
-    Environment environment() const { return {{sessionAddress, m_address}}; }
-    void hang() { ::kill(pid_t(m_daemon.processId()), SIGSTOP); }
-    QString startedFile() const { return m_folder.filePath("started"); }
-
-private:
-    bool write(const QString &name, const QString &text)
-    {
-        QFile file(m_folder.filePath(name));
-        return file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) == text.size();
-    }
-
-    QTemporaryDir m_folder;
-    ChildProcess m_daemon;
-    QString m_address;
 };
 
 } // namespace
@@ -101,9 +59,9 @@ private Q_SLOTS:
     void valuesThatPeopleNotice();
     void interfaceAgainstItsContract_data();
     void interfaceAgainstItsContract();
-    void serviceThatTheBusCanStart();
-    void busThatHangs();
-    void noBus();
+    void sessions();
+    void sessionsThatAreNotOpened_data();
+    void sessionsThatAreNotOpened();
     void asksAndWritesNothing();
 
 private:
@@ -146,11 +104,14 @@ void DoctorTest::allWell()
     QCOMPARE(result.of("dock"), QStringLiteral("ok: is shown: \"Show in the Dock\" is on"));
     QCOMPARE(result.of("shortcut", "translation"), QStringLiteral("ok: is <Control><Alt>T"));
     QCOMPARE(result.of("network"), QStringLiteral("ok: is in state 70, connected global"));
+    QCOMPARE(result.of("microphone", "mic"),
+             QStringLiteral("ok: is the default one; nothing more is known unless it is opened, "
+                            "see --listen"));
 
     const Run plain = run(command, chinese);
     QCOMPARE(plain.exitCode, 0);
     QVERIFY(plain.output.contains("\nok       shortcut   translation is <Control><Alt>T\n"));
-    QVERIFY(plain.output.endsWith(" ok, 0 warnings, 0 failures\n"));
+    QVERIFY(plain.output.endsWith(", warnings: 0, failures: 0\n"));
 }
 
 void DoctorTest::reportIsDocumented()
@@ -261,7 +222,7 @@ void DoctorTest::interfaceAgainstItsContract_data()
     QTest::addColumn<QString>("expected");
     QTest::newRow("as it is") << dock << "ok: is as in its contract";
     QTest::newRow("extra") << QString(dock).replace(set, "<method name=\"x\"/>" + set)
-                           << "ok: is as in its contract, and has 1 members more";
+                           << "ok: is as in its contract; members beyond it: 1";
     QTest::newRow("missing") << QString(dock).replace("\"setDockHideStatus\"", "\"other\"")
                              << "failure: method setDockHideStatus is missing";
     QTest::newRow("signal missing") << QString(dock).replace("\"dockHideChange\"", "\"other\"")
@@ -297,44 +258,62 @@ void DoctorTest::interfaceAgainstItsContract()
     QCOMPARE(result.exitCode, int(expected.startsWith("failure")));
 }
 
-void DoctorTest::serviceThatTheBusCanStart()
+void DoctorTest::sessions()
 {
-    OwnBus bus;
-    QVERIFY(bus.start());
-    const Run result = examine(bus.environment());
-    QCOMPARE(result.of("service", dockName),
-             QStringLiteral("warning: does not run; the bus can start it"));
-    QVERIFY(result.of("service", "com.corvane.aiservice").startsWith("failure"));
-    QVERIFY(!QFile::exists(bus.startedFile()));
+    ServiceProcess *const aiService = service("aiservice");
+    const Run result = runDoctor({"--json", "--session", "--plugin", MODULE_FILE});
+    QCOMPARE(result.of("session", "aqc"),
+             QStringLiteral("ok: was opened at /com/corvane/aiservice/aqc/1 and freed"));
+    QCOMPARE(result.of("session", "iat"),
+             QStringLiteral("ok: was opened at /com/corvane/aiservice/iat/2 and freed"));
+    for (const char *interface : {"com.corvane.aiservice.aqc", "com.corvane.aiservice.iat"})
+        QCOMPARE(result.of("interface", interface), QStringLiteral("ok: is as in its contract"));
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(aiService->calls("freeSession").size(), 2);
+    QCOMPARE(aiService->value("sessions"), QVariant(QStringList()));
+    // No sound was sent, and nothing was started.
+    QCOMPARE(aiService->calls("putAudio").size() + aiService->calls("startAqc").size() +
+                 aiService->calls("startIat").size(),
+             0);
 }
 
-void DoctorTest::busThatHangs()
+void DoctorTest::sessionsThatAreNotOpened_data()
 {
-    OwnBus bus;
-    QVERIFY(bus.start());
-    bus.hang();
-    const Run result = examine(bus.environment());
-    QCOMPARE(result.of("group", "session-bus"), QStringLiteral("failure: does not end within 3 s"));
-    QVERIFY(result.of("network").startsWith("ok"));
-    QCOMPARE(result.exitCode, 1);
+    QTest::addColumn<QString>("behaviour");
+    QTest::addColumn<QVariant>("argument");
+    QTest::addColumn<QString>("expected");
+    const QVariant path = QVariant::fromValue(QDBusObjectPath("/none"));
+    QTest::newRow("refused") << "reply-list" << QVariant(QVariantList{path, 7})
+                             << "failure: is refused with the code 7";
+    QTest::newRow("error") << "error" << QVariant("no room")
+                           << "failure: cannot be opened: no room";
+    QTest::newRow("without an object")
+        << "reply" << QVariant(0) << "failure: was opened without an object";
+    QTest::newRow("late") << "hold" << QVariant(0) << "failure: is not opened within 2 s";
 }
 
-void DoctorTest::noBus()
+void DoctorTest::sessionsThatAreNotOpened()
 {
-    const QString nowhere = QStringLiteral("unix:path=/nonexistent/bus");
-    const Run result = examine({{sessionAddress, nowhere}, {"DBUS_SYSTEM_BUS_ADDRESS", nowhere}});
-    QCOMPARE(result.exitCode, 1);
-    QVERIFY(result.of("plugin").startsWith("ok"));
-    QCOMPARE(result.of("bus").count("failure: cannot be reached: "), 2);
-    QCOMPARE(result.of("service").count(": cannot be asked without the bus"), 6);
+    QFETCH(QString, behaviour);
+    QFETCH(QVariant, argument);
+    QFETCH(QString, expected);
+    ServiceProcess *const aiService = service("aiservice");
+    aiService->script("createSession", behaviour, argument);
+    const Run result = runDoctor({"--json", "--session"});
+    QCOMPARE(result.of("session", "aqc"), expected);
+    QCOMPARE(result.of("session", "iat"), expected);
+    // One that is opened late is freed, too.
+    aiService->release("createSession");
+    QCOMPARE(aiService->calls("freeSession").size(), 2);
+    QCOMPARE(aiService->value("sessions"), QVariant(QStringList()));
 }
 
 void DoctorTest::asksAndWritesNothing()
 {
-    static const QStringList questions{"GetShortcut",      "Introspect",   "getDockHideStatus",
-                                       "getEnableWindow",  "getIatEnable", "getIatLanguage",
-                                       "getSpeaker",       "getTTSEnable", "getTransEnable",
-                                       "getTransLanguage", "state"};
+    QStringList questions{"GetShortcut",      "Introspect",   "getDockHideStatus",
+                          "getEnableWindow",  "getIatEnable", "getIatLanguage",
+                          "getSpeaker",       "getTTSEnable", "getTransEnable",
+                          "getTransLanguage", "state"};
     QSet<QString> asked;
     BusRecorder recorders[] = {BusRecorder(QDBusConnection::SessionBus),
                                BusRecorder(QDBusConnection::SystemBus)};

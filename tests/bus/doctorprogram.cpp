@@ -1,6 +1,6 @@
 // The doctor as a program: the module it looks at, what it is asked, and what is written about it.
 
-#include "tests/bus/doctorrun.h"
+#include "tests/support/doctorrun.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/translationsreader.h"
 
@@ -19,6 +19,7 @@ class DoctorProgramTest : public QObject
 private Q_SLOTS:
     void catalogues_data();
     void catalogues();
+    void noMicrophone();
     void plugins_data();
     void plugins();
     void wrongUsage_data();
@@ -66,6 +67,14 @@ void DoctorProgramTest::catalogues()
     const Run result = run({WITH_TRANSLATIONS, DOCTOR, "--json", "--plugin", MODULE_FILE},
                            {{"LC_ALL", locale + ".UTF-8"}, {"TRANSLATIONS_DIR", catalogues}});
     QCOMPARE(result.of("catalogue", locale), expected);
+}
+
+void DoctorProgramTest::noMicrophone()
+{
+    const Run result = runDoctor({"--json", "--listen"}, {{"SCRIPTED_MICROPHONE", QString()}});
+    QCOMPARE(result.of("microphone", "none"),
+             QStringLiteral("failure: is there, or Qt has no plugin for the sound server"));
+    QCOMPARE(result.of("listen", "none"), QStringLiteral("failure: gave no sound"));
 }
 
 void DoctorProgramTest::plugins_data()
@@ -130,7 +139,7 @@ void DoctorProgramTest::everyOptionIsDocumented()
         const QString name = option.next().captured();
         QVERIFY2(page.contains(name) && completion.contains(name), qPrintable(name));
     }
-    QVERIFY(options >= 5);
+    QVERIFY(options >= 7);
     QCOMPARE(runDoctor({"--version"}).output, QByteArray("assistant-control-doctor " VERSION "\n"));
 }
 

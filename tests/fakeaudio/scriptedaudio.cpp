@@ -6,6 +6,13 @@
 
 namespace testsupport {
 
+ScriptedAudio::ScriptedAudio()
+{
+    const QByteArray name = qgetenv("SCRIPTED_MICROPHONE");
+    if (!name.isEmpty())
+        m_devices.append({name, true});
+}
+
 ScriptedAudio &ScriptedAudio::instance()
 {
     static ScriptedAudio *audio = new ScriptedAudio; // outlives every static object

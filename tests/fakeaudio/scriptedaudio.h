@@ -32,6 +32,9 @@ public:
  * Behaves like a strict sound backend. It calls the sink with its lock held, so that stopping or
  * deleting an input from there ends the process; and so does a capture that is still open when the
  * backend goes at the end of the process.
+ *
+ * A program that has no script of its own begins with the microphone SCRIPTED_MICROPHONE, if that
+ * is set in its environment.
  */
 class SCRIPTEDAUDIO_EXPORT ScriptedAudio
 {
@@ -74,7 +77,7 @@ public:
     void backendGoes();
 
 private:
-    ScriptedAudio() = default;
+    ScriptedAudio();
 
     QVector<Device> m_devices;
     QList<ScriptedCapture *> m_captures;
