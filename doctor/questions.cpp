@@ -29,15 +29,16 @@ int Questions::ask(QDBusMessage call)
     ++m_waiting;
     const int limit = std::max(1, int(m_deadline.remainingTime()));
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, limit));
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [=] {
-        const qint64 took = m_clock.elapsed() - sent;
-        // The bus says the same, but sooner, when a service goes.
-        const bool late = QDBusError(watcher->reply()).type() == QDBusError::NoReply &&
-                          took >= limit - timerErrorMs;
-        m_answers[number] = Answer{watcher->reply(), took, late};
-        --m_waiting;
-        watcher->deleteLater();
-    });
+    QObject::connect(
+        watcher, &QDBusPendingCallWatcher::finished, watcher, [this, watcher, number, sent, limit] {
+            const qint64 took = m_clock.elapsed() - sent;
+            // The bus says the same, but sooner, when a service goes.
+            const bool late = QDBusError(watcher->reply()).type() == QDBusError::NoReply &&
+                              took >= limit - timerErrorMs;
+            m_answers[number] = Answer{watcher->reply(), took, late};
+            --m_waiting;
+            watcher->deleteLater();
+        });
     return number;
 }
 
