@@ -1,9 +1,9 @@
 // Which microphone the process's recorder takes, and what it makes of those that come, go or
 // change.
 
-#include "tests/fakeaudio/scriptedaudio.h"
-#include "tests/support/bustalk.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/scriptedaudio.h"
+#include "tests/support/sessionbus.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/timertracker.h"
 #include "voice/audiorecorder.h"

@@ -2,8 +2,8 @@
 
 #include "voice/audiorecorder.h"
 
-#include "tests/fakeaudio/scriptedaudio.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/scriptedaudio.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/timertracker.h"
 

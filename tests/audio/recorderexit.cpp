@@ -1,7 +1,7 @@
 // A program that ends while the process's recorder is in some state. Its exit code tells whether it
 // ended well: sound backends crash when a capture outlives them.
 
-#include "tests/fakeaudio/scriptedaudio.h"
+#include "tests/support/scriptedaudio.h"
 #include "voice/audioinfo.h"
 #include "voice/audiorecorder.h"
 #include "voice/captureformat.h"

@@ -1,4 +1,3 @@
-#include "tests/support/childprocess.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/testprogram.h"
 

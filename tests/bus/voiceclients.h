@@ -2,6 +2,8 @@
 
 #include "comcorvaneaiserviceiatinterface.h"
 #include "tests/bus/voiceservice.h"
+#include "tests/support/timertracker.h"
+#include "tests/support/voicepage.h"
 #include "voice/aqcwrapper.h"
 #include "voice/iatwapper.h"
 
@@ -9,6 +11,9 @@
 #include <QVector>
 
 #include <memory>
+
+// Who talks to the scripted AI service, from the bottom up: the recogniser's client, the voice
+// test, the page.
 
 namespace testsupport {
 
@@ -58,6 +63,86 @@ public:
     QStringList verdicts;
     QVector<double> levels;
     QStringList texts;
+};
+
+const QString wave = QStringLiteral("(wave)");
+const QString words = QStringLiteral("明天早上");
+
+/** The panel while a test runs that has understood @p recognised. */
+inline QString panel(const QString &recognised)
+{
+    return QStringList({QStringLiteral("Voice Test"), recognised, VoicePage::phrase(), wave})
+        .join(QLatin1Char('|'));
+}
+
+inline QString finishedPanel(const QString &recognised, const QString &verdict)
+{
+    return QStringList({QStringLiteral("Voice Test"), recognised, verdict, VoicePage::againLink()})
+        .join(QLatin1Char('|'));
+}
+
+/** A page on a machine that is online, and the AI service. */
+class VoiceTestBed
+{
+public:
+    bool open(bool withService = true)
+    {
+        if (!network.start() || (withService && !service.start()))
+            return false;
+        network.setValue(QStringLiteral("state"), 70u);
+        page = std::make_unique<VoicePage>();
+        return true;
+    }
+
+    /** Everything that the panel shows, from top to bottom. */
+    QString shown() const { return page->texts().join(QLatin1Char('|')); }
+
+    /** The user gives up; then the panel is as new. */
+    void cancel() const { QTest::mouseClick(page->wave(), Qt::LeftButton); }
+
+    /** The ten seconds are over. */
+    bool timeIsUp() const
+    {
+        const QList<QTimer *> timers = m_tracker.timers(testMs);
+        return timers.size() == 1 && TimerTracker::fire(timers.first());
+    }
+
+    /** A whole run with words and a verdict. Empty when nothing of what came before hurts it. */
+    QString nextRun()
+    {
+        service.reset();
+        if (page->wave())
+            cancel();
+        if (!microphoneIsClosed())
+            return QStringLiteral("the microphone was open before");
+        if (!page->clickLink() || shown() != panel(QString()))
+            return shown();
+        if (audio().hear(block()) != 1)
+            return QStringLiteral("not one recording");
+        if (!service.waitForCalls(putAudio, 2))
+            return QStringLiteral("the audio does not reach both sessions");
+        const QString check = service.calls(startAqc).value(0).path;
+        const QString recognition = service.calls(startIat).value(0).path;
+        if (service.heard(check) != block() || service.heard(recognition) != block())
+            return QStringLiteral("other audio than recorded");
+        service.recognise(recognition, words);
+        if (!QTest::qWaitFor([this] { return shown() == panel(words); }))
+            return shown();
+        service.notify(check, QStringLiteral("1000"));
+        const QString good = finishedPanel(words, QStringLiteral("It sounds good"));
+        if (!QTest::qWaitFor([this, good] { return shown() == good; }))
+            return shown();
+        return microphoneIsClosed() ? QString() : QStringLiteral("the microphone is left open");
+    }
+
+    ServiceProcess network{QStringLiteral("networkmanager")};
+    VoiceService service;
+
+private:
+    TimerTracker m_tracker; // before the page: it must see the timer's birth
+
+public:
+    std::unique_ptr<VoicePage> page;
 };
 
 } // namespace testsupport

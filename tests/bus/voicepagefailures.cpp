@@ -1,8 +1,8 @@
 // The voice test panel with services that refuse, hang or die, and with microphones that go. After
 // each of these the next run must work.
 
-#include "tests/bus/voicetestbed.h"
-#include "tests/support/impatientbus.h"
+#include "tests/bus/voiceclients.h"
+#include "tests/support/sessionbus.h"
 #include "tests/support/testprogram.h"
 #include "voice/audiorecorder.h"
 

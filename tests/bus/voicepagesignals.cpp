@@ -2,13 +2,52 @@
 // each of these the next run must work.
 
 #include "pages/showntext.h"
-#include "tests/bus/voicetestbed.h"
+#include "tests/bus/voiceclients.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testprogram.h"
 #include "voice/audiorecorder.h"
 
+#include <QAccessible>
 #include <QApplication>
 
+#include <dlfcn.h>
+
 using namespace testsupport;
+
+namespace {
+
+int textsSet = 0;  // how often the words were set on a label
+int textsRead = 0; // how often a label with the words was read out to assistive technologies
+
+} // namespace
+
+// The two functions below stand in for Qt's in this program. They count what they are called with
+// and pass it on. A member function's "this" is the first argument in the platform's calling
+// convention.
+
+#define SET_TEXT "_ZN6QLabel7setTextERK7QString"
+#define UPDATE_ACCESSIBILITY "_ZN11QAccessible19updateAccessibilityEP16QAccessibleEvent"
+
+void countedSetText(QLabel *self, const QString &text) __asm__(SET_TEXT);
+void countedUpdateAccessibility(QAccessibleEvent *event) __asm__(UPDATE_ACCESSIBILITY);
+
+void countedSetText(QLabel *self, const QString &text)
+{
+    if (text == words)
+        ++textsSet;
+    const auto real = reinterpret_cast<decltype(&countedSetText)>(dlsym(RTLD_NEXT, SET_TEXT));
+    real(self, text);
+}
+
+void countedUpdateAccessibility(QAccessibleEvent *event)
+{
+    const auto *label = qobject_cast<QLabel *>(event->object());
+    if (label && label->text() == words && event->type() == QAccessible::Alert)
+        ++textsRead;
+    const auto real = reinterpret_cast<decltype(&countedUpdateAccessibility)>(
+        dlsym(RTLD_NEXT, UPDATE_ACCESSIBILITY));
+    real(event);
+}
 
 class VoicePageSignalsTest : public QObject
 {
@@ -24,6 +63,11 @@ private Q_SLOTS:
     void verdictTwice();
     void verdictBeforeTheStartIsAnswered();
     void verdictAfterThePageIsGone();
+    void resultInTheThirdRun();
+    void verdictInTheThirdRun();
+
+private:
+    static void startThirdRun(VoiceTestBed &bed);
 };
 
 void VoicePageSignalsTest::resultsThatAreNone()
@@ -227,6 +271,38 @@ void VoicePageSignalsTest::verdictAfterThePageIsGone()
     QVERIFY(everythingArrived());
     QCOMPARE(bed.page->texts(), QStringList({QStringLiteral("Voice Test"), VoicePage::runLink()}));
     QCOMPARE(bed.nextRun(), QString());
+}
+
+void VoicePageSignalsTest::startThirdRun(VoiceTestBed &bed)
+{
+    QVERIFY(bed.open());
+    for (int run = 1; run <= 3; ++run) {
+        if (run > 1)
+            bed.page->finish(QStringLiteral("1000"));
+        QVERIFY(bed.page->clickLink());
+        QCOMPARE(bed.service.calls(startIat).size(), run);
+    }
+}
+
+// Every run adds a connection and none takes it away: the text only replaces itself.
+void VoicePageSignalsTest::resultInTheThirdRun()
+{
+    VoiceTestBed bed;
+    startThirdRun(bed);
+    bed.service.recognise(QStringLiteral("/session/iat/3"), words);
+    QTRY_COMPARE(bed.shown(), panel(words));
+    QCOMPARE(textsSet, 3);
+    QCOMPARE(textsRead, 1);
+}
+
+void VoicePageSignalsTest::verdictInTheThirdRun()
+{
+    VoiceTestBed bed;
+    startThirdRun(bed);
+    const LogCapture log;
+    bed.service.notify(QStringLiteral("/session/aqc/3"), QStringLiteral("1008"));
+    QTRY_COMPARE(bed.shown(), finishedPanel(QString(), QStringLiteral("Too many noises")));
+    QCOMPARE(log.count(QtDebugMsg, QStringLiteral("slotAqcResult result: \"1008\"")), 1);
 }
 
 ISOLATED_TEST_CLASS(QApplication, VoicePageSignalsTest, ScriptedAudio::install())

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tests/fakeaudio/scriptedaudio.h"
-#include "tests/support/bustalk.h"
+#include "tests/support/scriptedaudio.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/sessionbus.h"
 
 #include <QByteArray>
 #include <QJsonArray>

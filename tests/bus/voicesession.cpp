@@ -1,8 +1,8 @@
 // Sessions at the AI service: what goes over the bus, and what is made of every kind of answer.
 
-#include "tests/support/impatientbus.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/serviceprocess.h"
+#include "tests/support/sessionbus.h"
 #include "tests/support/testprogram.h"
 #include "voice/aiservicesession.h"
 

@@ -3,8 +3,8 @@
 
 #include "comcorvaneaiserviceaqcinterface.h"
 #include "tests/bus/voiceclients.h"
-#include "tests/support/impatientbus.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/sessionbus.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/timertracker.h"
 #include "voice/audiorecorder.h"

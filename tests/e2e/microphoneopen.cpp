@@ -3,12 +3,11 @@
 
 #include "pages/voiceiatsettingwidget.h"
 #include "plugin/tavrenaiassitantcontrolplugin.h"
-#include "tests/e2e/quietmachine.h"
-#include "tests/support/childprocess.h"
 #include "tests/support/fakeframe.h"
-#include "tests/support/recordingstreams.h"
+#include "tests/support/serviceprocess.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/timertracker.h"
+#include "tests/support/virtualmicrophone.h"
 #include "tests/support/voicepage.h"
 #include "voice/audiorecorder.h"
 

@@ -15,7 +15,7 @@
 // network manager that say yes.
 
 #include "pages/assistantsettingwidget.h"
-#include "tests/fakeaudio/scriptedaudio.h"
+#include "tests/support/scriptedaudio.h"
 #include "voice/audiorecorder.h"
 
 #include <ztk/zcommandlinkbutton.h>

@@ -1,7 +1,7 @@
 #include "plugin/thirdlistwidget.h"
 #include "sandbox/controlcenter/appearance.h"
 #include "sandbox/controlcenter/layoutcheck.h"
-#include "tests/gui/accessibilitypages.h"
+#include "tests/gui/shownpages.h"
 #include "tests/support/testprogram.h"
 
 #include <zcc/widgets/switchwidget.h>

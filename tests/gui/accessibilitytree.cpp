@@ -1,5 +1,5 @@
 #include "sandbox/controlcenter/pagecontrols.h"
-#include "tests/gui/accessibilitypages.h"
+#include "tests/gui/shownpages.h"
 #include "tests/support/testprogram.h"
 #include "voice/voiceanimationwidget.h"
 

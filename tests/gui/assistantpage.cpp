@@ -1,5 +1,4 @@
-#include "tests/gui/assistantcontrols.h"
-#include "tests/gui/pageservices.h"
+#include "tests/gui/shownpages.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testprogram.h"
 
@@ -167,11 +166,11 @@ void AssistantPageTest::keysAloneOperateTheFirstGroup()
 {
     const AssistantControls page;
     testsupport::switchButton(page.wakeup())->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(page.widget()->focusWidget(), Qt::Key_Space);
+    QTest::keyClick(page.get()->focusWidget(), Qt::Key_Space);
     QCOMPARE(page.state(), stateOn);
-    QTest::keyClick(page.widget()->focusWidget(), Qt::Key_Tab);
-    QCOMPARE(page.widget()->focusWidget(), page.oneShot());
-    QTest::keyClick(page.widget()->focusWidget(), Qt::Key_Space);
+    QTest::keyClick(page.get()->focusWidget(), Qt::Key_Tab);
+    QCOMPARE(page.get()->focusWidget(), page.oneShot());
+    QTest::keyClick(page.get()->focusWidget(), Qt::Key_Space);
     QCOMPARE(page.state(), stateOneShot);
 }
 
@@ -239,7 +238,7 @@ void AssistantPageTest::dockSlotSendsNothingBack()
     const AssistantControls page;
     m_services.dock.reset();
     const LogCapture log;
-    QVERIFY(QMetaObject::invokeMethod(page.widget(), "slotdockHideChange", Q_ARG(bool, hide)));
+    QVERIFY(QMetaObject::invokeMethod(page.get(), "slotdockHideChange", Q_ARG(bool, hide)));
     QCOMPARE(page.dock()->checked(), !hide);
     QCOMPARE(pageLines(log),
              QStringList{QStringLiteral("slotdockHideChange | ") +

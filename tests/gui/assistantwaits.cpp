@@ -1,4 +1,4 @@
-#include "tests/gui/assistantcontrols.h"
+#include "tests/gui/shownpages.h"
 #include "tests/support/testprogram.h"
 
 #include <QApplication>
@@ -63,7 +63,7 @@ void AssistantWaitsTest::thePageMayBeDeletedWhileWakeupWaits()
     QFETCH(bool, atOnce);
     QFETCH(bool, byKey);
     const AssistantControls page;
-    QPointer<AssistantSettingWidget> widget = page.widget();
+    QPointer<AssistantSettingWidget> widget = page.get();
     whileHeld(
         QStringLiteral("enableIvw"),
         [&] {
@@ -151,7 +151,7 @@ void AssistantWaitsTest::aKeyPressedWhileWakeupWaitsArrivesAfterIt()
         for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
             // QTest's keys pass the queue of the window system's events by.
             QWindowSystemInterface::handleKeyEvent<QWindowSystemInterface::AsynchronousDelivery>(
-                page.widget()->windowHandle(), type, Qt::Key_Space, Qt::NoModifier);
+                page.get()->windowHandle(), type, Qt::Key_Space, Qt::NoModifier);
         }
         turns.start(0);
     });

@@ -1,4 +1,4 @@
-#include "tests/gui/pageservices.h"
+#include "tests/gui/shownpages.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
@@ -45,7 +45,7 @@ void PageActionsTest::initTestCase()
 
 void PageActionsTest::init()
 {
-    m_shown.reset();
+    m_shown.switchOff();
 }
 
 void PageActionsTest::cleanup()

@@ -2,9 +2,8 @@
 #include "pages/texttranslatesettingwidget.h"
 #include "pages/voiceiatsettingwidget.h"
 #include "pages/voicettssettingwidget.h"
-#include "tests/gui/pageservices.h"
+#include "tests/gui/shownpages.h"
 #include "tests/support/modulepages.h"
-#include "tests/support/newpage.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 

@@ -1,4 +1,4 @@
-#include "tests/gui/pageservices.h"
+#include "tests/gui/shownpages.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
@@ -36,7 +36,7 @@ void PageSlotsTest::initTestCase()
 
 void PageSlotsTest::init()
 {
-    m_shown.reset();
+    m_shown.switchOff();
 }
 
 void PageSlotsTest::cleanup()

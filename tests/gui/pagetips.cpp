@@ -1,7 +1,6 @@
 #include "pages/texttranslatesettingwidget.h"
-#include "tests/gui/pageservices.h"
+#include "tests/gui/shownpages.h"
 #include "tests/support/modulepages.h"
-#include "tests/support/newpage.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 

@@ -145,6 +145,20 @@ public:
     QStringList lines;
 };
 
+/** A window whose row has the title "Title" and that shortcut; its parts, and what it signals. */
+class FilledRowWindow : public RowWindow
+{
+public:
+    FilledRowWindow()
+    {
+        row->setTitle(QStringLiteral("Title"));
+        row->setShortcut(accels);
+    }
+
+    const RowParts parts{*row};
+    SignalLog log{row};
+};
+
 /** The sandbox's page of shortcuts in a window, and the service that it reads from and writes to.
  */
 class ShownShortcutsPage

@@ -147,59 +147,51 @@ void ShortcutRowTest::infoDoesNotRename()
 
 void ShortcutRowTest::editModeShowsButtons()
 {
-    RowWindow window;
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     QVERIFY(window.showAndWait());
-    const RowParts parts(*window.row);
     window.row->onEditMode(true);
-    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
+    QCOMPARE(window.parts.visible(), QStringLiteral("edit remove"));
     window.row->onEditMode(true);
-    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
+    QCOMPARE(window.parts.visible(), QStringLiteral("edit remove"));
     window.row->onEditMode(false);
-    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
 }
 
 void ShortcutRowTest::shortcutLeavesEveryState()
 {
-    RowWindow window;
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     QVERIFY(window.showAndWait());
-    const RowParts parts(*window.row);
 
     window.row->onEditMode(true);
     window.row->setShortcut(QStringLiteral("F1"));
-    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
 
-    clickThroughWindow(parts.key);
-    QCOMPARE(parts.visible(), QStringLiteral("line"));
+    clickThroughWindow(window.parts.key);
+    QCOMPARE(window.parts.visible(), QStringLiteral("line"));
     window.row->setShortcut(QStringLiteral("F2"));
-    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
 
-    clickThroughWindow(parts.key);
+    clickThroughWindow(window.parts.key);
     window.row->onEditMode(true);
-    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
+    QCOMPARE(window.parts.visible(), QStringLiteral("edit remove"));
     window.row->onEditMode(false);
-    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
 }
 
 void ShortcutRowTest::clicksInFirstState()
 {
-    RowWindow window;
-    window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     QVERIFY(window.showAndWait());
-    const RowParts parts(*window.row);
-    SignalLog log(window.row);
 
-    clickThroughWindow(parts.title);
+    clickThroughWindow(window.parts.title);
     clickThroughWindow(window.row);
     clickThroughWindow(window.row, QPoint(1, 1));
-    QCOMPARE(parts.visible(), QStringLiteral("caps"));
-    QCOMPARE(log.lines, QStringList());
+    QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(window.log.lines, QStringList());
 
-    clickThroughWindow(caps(parts.key).at(1));
-    QCOMPARE(parts.visible(), QStringLiteral("line"));
-    QCOMPARE(log.lines, QStringList(QStringLiteral("update: Title, ") + accels));
+    clickThroughWindow(caps(window.parts.key).at(1));
+    QCOMPARE(window.parts.visible(), QStringLiteral("line"));
+    QCOMPARE(window.log.lines, QStringList(QStringLiteral("update: Title, ") + accels));
 }
 
 void ShortcutRowTest::clickAfterClickEndsWait_data()
@@ -214,63 +206,50 @@ void ShortcutRowTest::clickAfterClickEndsWait_data()
 void ShortcutRowTest::clickAfterClickEndsWait()
 {
     QFETCH(QString, part);
-    RowWindow window;
-    window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     QVERIFY(window.showAndWait());
-    const RowParts parts(*window.row);
-    SignalLog log(window.row);
-    clickThroughWindow(parts.key);
-    QCOMPARE(parts.visible(), QStringLiteral("line"));
+    clickThroughWindow(window.parts.key);
+    QCOMPARE(window.parts.visible(), QStringLiteral("line"));
 
     QCoreApplication::sendPostedEvents(); // the line edit takes its place
     const auto *target = part.isEmpty() ? static_cast<QWidget *>(window.row)
                                         : window.row->findChild<QWidget *>(part);
     clickThroughWindow(target);
-    QCOMPARE(parts.visible(), QStringLiteral("caps"));
-    QCOMPARE(log.lines.size(), 1);
+    QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(window.log.lines.size(), 1);
 }
 
 void ShortcutRowTest::clicksInEditMode()
 {
-    RowWindow window;
-    window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     QVERIFY(window.showAndWait());
-    const RowParts parts(*window.row);
-    SignalLog log(window.row);
     window.row->onEditMode(true);
 
-    clickThroughWindow(parts.title);
-    clickThroughWindow(window.row, parts.key->geometry().center());
+    clickThroughWindow(window.parts.title);
+    clickThroughWindow(window.row, window.parts.key->geometry().center());
     clickThroughWindow(window.row, QPoint(1, 1));
-    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
-    QCOMPARE(log.lines, QStringList());
+    QCOMPARE(window.parts.visible(), QStringLiteral("edit remove"));
+    QCOMPARE(window.log.lines, QStringList());
 }
 
 void ShortcutRowTest::buttonsSignal()
 {
-    RowWindow window;
-    window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     QVERIFY(window.showAndWait());
-    const RowParts parts(*window.row);
-    SignalLog log(window.row);
     window.row->onEditMode(true);
     QCoreApplication::sendPostedEvents(); // the buttons take their places
 
-    clickThroughWindow(parts.edit);
-    clickThroughWindow(parts.remove);
-    QCOMPARE(log.lines, QStringList({QStringLiteral("edit: Title, ") + accels,
-                                     QStringLiteral("remove: Title, ") + accels}));
-    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
+    clickThroughWindow(window.parts.edit);
+    clickThroughWindow(window.parts.remove);
+    QCOMPARE(window.log.lines, QStringList({QStringLiteral("edit: Title, ") + accels,
+                                            QStringLiteral("remove: Title, ") + accels}));
+    QCOMPARE(window.parts.visible(), QStringLiteral("edit remove"));
 }
 
 // The row takes the release; what stands behind it must not see it.
 void ShortcutRowTest::acceptsReleaseItself()
 {
-    RowWindow window;
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     QVERIFY(window.showAndWait());
     const QPointF middle = window.row->rect().center();
     QMouseEvent release(QEvent::MouseButtonRelease, middle, Qt::LeftButton, Qt::NoButton, {});
@@ -278,16 +257,15 @@ void ShortcutRowTest::acceptsReleaseItself()
     QVERIFY(release.isAccepted());
 
     // Half a pixel outside the caps is rounded to the caps' first pixel.
-    const RowParts parts(*window.row);
-    const QPointF corner = parts.key->geometry().topLeft();
+    const QPointF corner = window.parts.key->geometry().topLeft();
     QMouseEvent outside(QEvent::MouseButtonRelease, corner - QPointF(0.6, 0), Qt::LeftButton,
                         Qt::NoButton, {});
     QCoreApplication::sendEvent(window.row, &outside);
-    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
     QMouseEvent inside(QEvent::MouseButtonRelease, corner - QPointF(0.4, 0), Qt::LeftButton,
                        Qt::NoButton, {});
     QCoreApplication::sendEvent(window.row, &inside);
-    QCOMPARE(parts.visible(), QStringLiteral("line"));
+    QCOMPARE(window.parts.visible(), QStringLiteral("line"));
 }
 
 void ShortcutRowTest::receiverDeletesRow_data()
@@ -326,11 +304,8 @@ void ShortcutRowTest::receiverDeletesRow()
 
 void ShortcutRowTest::receiverSetsShortcut()
 {
-    RowWindow window;
-    window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     QVERIFY(window.showAndWait());
-    const RowParts parts(*window.row);
     connect(window.row, &ShortcutItem::requestUpdateKey, &window, [&window](const Info &info) {
         window.row->setShortcutInfo(info); // the row's own, taken over by itself
         window.row->setShortcut(info.accels + QStringLiteral("_L"));
@@ -338,15 +313,15 @@ void ShortcutRowTest::receiverSetsShortcut()
     connect(window.row, &ShortcutItem::requestRemove, &window,
             [&window] { window.row->setShortcut(QString()); });
 
-    clickThroughWindow(parts.key);
-    QCOMPARE(parts.visible(), QStringLiteral("caps"));
-    QCOMPARE(capTexts(parts.key), QStringList({"Ctrl", "Alt", "T"}));
+    clickThroughWindow(window.parts.key);
+    QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(capTexts(window.parts.key), QStringList({"Ctrl", "Alt", "T"}));
 
     window.row->onEditMode(true);
     QCoreApplication::sendPostedEvents();
-    clickThroughWindow(parts.remove);
-    QCOMPARE(parts.visible(), QStringLiteral("caps"));
-    QCOMPARE(capTexts(parts.key), QStringList(QStringLiteral("None")));
+    clickThroughWindow(window.parts.remove);
+    QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(capTexts(window.parts.key), QStringList(QStringLiteral("None")));
 }
 
 TEST_CLASS(QApplication, ShortcutRowTest)

@@ -34,12 +34,8 @@ void ShortcutRowKeysTest::cleanup()
 
 void ShortcutRowKeysTest::operableByKeyboard()
 {
-    RowWindow window;
-    window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     QVERIFY(window.showActive());
-    const RowParts parts(*window.row);
-    SignalLog log(window.row);
     QCOMPARE(window.row->accessibleName(), QStringLiteral("Title"));
     QCOMPARE(window.row->accessibleDescription(), QStringLiteral("Ctrl+Alt+T"));
 
@@ -49,16 +45,16 @@ void ShortcutRowKeysTest::operableByKeyboard()
     QVERIFY2(window.grab().toImage() != unfocused, "the focus cannot be seen");
 
     for (int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
-        log.lines.clear();
+        window.log.lines.clear();
         QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(key));
-        QCOMPARE(parts.visible(), QStringLiteral("line"));
-        QCOMPARE(log.lines.size(), 1);
+        QCOMPARE(window.parts.visible(), QStringLiteral("line"));
+        QCOMPARE(window.log.lines.size(), 1);
         QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(key));
-        QCOMPARE(parts.visible(), QStringLiteral("caps"));
-        QCOMPARE(log.lines.size(), 1);
+        QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
+        QCOMPARE(window.log.lines.size(), 1);
     }
     QTest::keyClick(window.windowHandle(), Qt::Key_A);
-    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
 }
 
 void ShortcutRowKeysTest::onlyUnmodifiedKeysAreClicks_data()
@@ -81,27 +77,24 @@ void ShortcutRowKeysTest::onlyUnmodifiedKeysAreClicks()
     QFETCH(int, modifier);
     QFETCH(QString, visible);
     for (int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Select}) {
-        RowWindow window;
-        window.row->setShortcut(accels);
+        FilledRowWindow window;
         QVERIFY(window.showAndWait());
         QKeyEvent press(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifier));
         QCoreApplication::sendEvent(window.row, &press);
-        QCOMPARE(RowParts(*window.row).visible(), visible);
+        QCOMPARE(window.parts.visible(), visible);
         QCOMPARE(press.isAccepted(), visible == QLatin1String("line")); // else it is someone else's
     }
 }
 
 void ShortcutRowKeysTest::keyboardDoesNothingInEditMode()
 {
-    RowWindow window;
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     QVERIFY(window.showAndWait());
-    SignalLog log(window.row);
     window.row->onEditMode(true);
     QCOMPARE(window.row->focusPolicy(), Qt::NoFocus);
     QTest::keyClick(window.row.data(), Qt::Key_Space);
-    QCOMPARE(RowParts(*window.row).visible(), QStringLiteral("edit remove"));
-    QCOMPARE(log.lines, QStringList());
+    QCOMPARE(window.parts.visible(), QStringLiteral("edit remove"));
+    QCOMPARE(window.log.lines, QStringList());
     window.row->onEditMode(false);
     QCOMPARE(window.row->focusPolicy(), Qt::TabFocus);
 }
@@ -109,13 +102,10 @@ void ShortcutRowKeysTest::keyboardDoesNothingInEditMode()
 // From the title on, by Tab and in what is read aloud.
 void ShortcutRowKeysTest::buttonsAreReachedInReadingOrder()
 {
-    RowWindow window;
-    window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     QVERIFY(window.showActive());
     window.row->onEditMode(true);
-    const RowParts parts(*window.row);
-    for (QWidget *button : {parts.edit, parts.remove}) {
+    for (QWidget *button : {window.parts.edit, window.parts.remove}) {
         QTest::keyClick(&window, Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget(), button);
     }
@@ -150,9 +140,8 @@ void ShortcutRowKeysTest::endOfEditModeHandsTheFocusOver()
     QFETCH(QString, part);
     QFETCH(bool, byShortcut);
     QFETCH(bool, active);
-    RowWindow window;
+    FilledRowWindow window;
     QLineEdit other(&window); // stands where the focus would go by itself
-    window.row->setShortcut(accels);
     QVERIFY(window.showActive());
     window.row->onEditMode(true);
     window.row->findChild<QWidget *>(part)->setFocus();
@@ -162,7 +151,6 @@ void ShortcutRowKeysTest::endOfEditModeHandsTheFocusOver()
         otherWindow.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&otherWindow));
     }
-    SignalLog log(window.row);
 
     if (byShortcut)
         window.row->setShortcut(QStringLiteral("F1"));
@@ -174,19 +162,18 @@ void ShortcutRowKeysTest::endOfEditModeHandsTheFocusOver()
     QVERIFY(QTest::qWaitForWindowActive(&window));
     QVERIFY(window.row->hasFocus());
     QTest::keyClick(window.windowHandle(), Qt::Key_Space);
-    QCOMPARE(RowParts(*window.row).visible(), QStringLiteral("line"));
-    QCOMPARE(log.lines.size(), 1);
-    QVERIFY(log.lines.first().startsWith(QLatin1String("update: ")));
+    QCOMPARE(window.parts.visible(), QStringLiteral("line"));
+    QCOMPARE(window.log.lines.size(), 1);
+    QVERIFY(window.log.lines.first().startsWith(QLatin1String("update: ")));
 }
 
 void ShortcutRowKeysTest::endOfEditModeLeavesForeignFocus()
 {
-    RowWindow window;
+    FilledRowWindow window;
     QLineEdit other(&window);
-    window.row->setShortcut(accels);
     QVERIFY(window.showActive());
     window.row->onEditMode(true);
-    RowParts(*window.row).edit->setFocus();
+    window.parts.edit->setFocus();
     other.setFocus();
     window.row->onEditMode(false);
     QVERIFY(other.hasFocus());
@@ -194,12 +181,8 @@ void ShortcutRowKeysTest::endOfEditModeLeavesForeignFocus()
 
 void ShortcutRowKeysTest::operableByAssistiveTechnology()
 {
-    RowWindow window;
-    window.row->setTitle(QStringLiteral("Title"));
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     QVERIFY(window.showActive());
-    const RowParts parts(*window.row);
-    SignalLog log(window.row);
     const QString press = QAccessibleActionInterface::pressAction();
 
     QAccessibleInterface *row = QAccessible::queryAccessibleInterface(window.row);
@@ -210,10 +193,10 @@ void ShortcutRowKeysTest::operableByAssistiveTechnology()
     QVERIFY(row->state().focusable);
     QVERIFY(row->actionInterface()->actionNames().contains(press));
     row->actionInterface()->doAction(press);
-    QCOMPARE(parts.visible(), QStringLiteral("line"));
-    QCOMPARE(log.lines, QStringList(QStringLiteral("update: Title, ") + accels));
+    QCOMPARE(window.parts.visible(), QStringLiteral("line"));
+    QCOMPARE(window.log.lines, QStringList(QStringLiteral("update: Title, ") + accels));
     row->actionInterface()->doAction(press);
-    QCOMPARE(parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
     row->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
     QVERIFY(window.row->hasFocus());
 
@@ -221,9 +204,9 @@ void ShortcutRowKeysTest::operableByAssistiveTechnology()
     QCOMPARE(row->role(), QAccessible::Grouping);
     QVERIFY(!row->actionInterface()->actionNames().contains(press));
     row->actionInterface()->doAction(press);
-    QCOMPARE(parts.visible(), QStringLiteral("edit remove"));
-    QCOMPARE(log.lines.size(), 1);
-    for (ZIconButton *button : {parts.edit, parts.remove}) {
+    QCOMPARE(window.parts.visible(), QStringLiteral("edit remove"));
+    QCOMPARE(window.log.lines.size(), 1);
+    for (ZIconButton *button : {window.parts.edit, window.parts.remove}) {
         const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(button);
         QCOMPARE(accessible->role(), QAccessible::Button);
         QVERIFY(!accessible->text(QAccessible::Name).isEmpty());
@@ -232,11 +215,9 @@ void ShortcutRowKeysTest::operableByAssistiveTechnology()
 
 void ShortcutRowKeysTest::disabledRowCannotBePressed()
 {
-    RowWindow window;
-    window.row->setShortcut(accels);
+    FilledRowWindow window;
     window.row->setEnabled(false);
     QVERIFY(window.showAndWait());
-    SignalLog log(window.row);
     const QString press = QAccessibleActionInterface::pressAction();
     QAccessibleActionInterface *actions =
         QAccessible::queryAccessibleInterface(window.row)->actionInterface();
@@ -244,8 +225,8 @@ void ShortcutRowKeysTest::disabledRowCannotBePressed()
     QVERIFY(!actions->actionNames().contains(press));
     actions->doAction(press);
     window.row->press();
-    QCOMPARE(RowParts(*window.row).visible(), QStringLiteral("caps"));
-    QCOMPARE(log.lines, QStringList());
+    QCOMPARE(window.parts.visible(), QStringLiteral("caps"));
+    QCOMPARE(window.log.lines, QStringList());
 }
 
 TEST_CLASS(QApplication, ShortcutRowKeysTest)

@@ -11,6 +11,11 @@
 #include <QPluginLoader>
 #include <QtTest>
 
+#include <functional>
+
+using namespace testsupport;
+using zccV20::ModuleInterface;
+
 // A host that takes the module's library out of the process again. Each test has a process of its
 // own: Qt remembers meta types by addresses in the library, so it can be used in a process only
 // once.
@@ -23,11 +28,17 @@ private Q_SLOTS:
     void theBundlesComeAndGoWithTheLibrary();
     void unloadsAfterItsPagesWereOpen();
     void unloadsWhileAVoiceTestRuns();
+
+private:
+    /** Loads the library, shows the module in a frame, does @p work with both, and unloads it. */
+    static void use(const std::function<void(ModuleInterface *, FakeFrame *)> &work);
 };
 
 namespace {
 
 const QString catalogue = QStringLiteral(":/translation/assistant-control-plugin_en.ts");
+const QString icon = QStringLiteral(":/icons/tavren/builtin/actions/zcc_nav_voice_42px.svg");
+
 /** The widget of that class that somebody sees now. */
 QWidget *visibleWidget(const char *className)
 {
@@ -38,13 +49,11 @@ QWidget *visibleWidget(const char *className)
     return nullptr;
 }
 
-const QString icon = QStringLiteral(":/icons/tavren/builtin/actions/zcc_nav_voice_42px.svg");
-
 } // namespace
 
 void ModuleUnloadTest::theBundlesComeAndGoWithTheLibrary()
 {
-    QPluginLoader loader(testsupport::moduleFile());
+    QPluginLoader loader(moduleFile());
     loader.setLoadHints({}); // Qt would keep the library in the process otherwise
     QVERIFY(!QFile::exists(catalogue));
     QVERIFY(!QFile::exists(icon));
@@ -58,24 +67,31 @@ void ModuleUnloadTest::theBundlesComeAndGoWithTheLibrary()
     }
 }
 
-void ModuleUnloadTest::unloadsAfterItsPagesWereOpen()
+void ModuleUnloadTest::use(const std::function<void(ModuleInterface *, FakeFrame *)> &work)
 {
-    QPluginLoader loader(testsupport::moduleFile());
+    QPluginLoader loader(moduleFile());
     loader.setLoadHints({});
-    auto *module = qobject_cast<zccV20::ModuleInterface *>(loader.instance());
+    auto *module = qobject_cast<ModuleInterface *>(loader.instance());
     QVERIFY2(module, qPrintable(loader.errorString()));
     {
-        testsupport::FakeFrame frame;
+        FakeFrame frame;
         module->setFrameProxy(&frame);
         module->preInitialize();
         module->initialize();
         module->active();
-        for (const testsupport::ModulePage &page : testsupport::featurePages())
-            module->load(page.name);
+        work(module, &frame);
         module->deactive();
     }
-    testsupport::flushDeferredDeletes();
+    flushDeferredDeletes();
     QVERIFY(loader.unload());
+}
+
+void ModuleUnloadTest::unloadsAfterItsPagesWereOpen()
+{
+    use([](ModuleInterface *module, FakeFrame *) {
+        for (const ModulePage &page : featurePages())
+            module->load(page.name);
+    });
     QVERIFY(!QFile::exists(catalogue));
     QCoreApplication::processEvents();
 }
@@ -84,29 +100,17 @@ void ModuleUnloadTest::unloadsAfterItsPagesWereOpen()
 void ModuleUnloadTest::unloadsWhileAVoiceTestRuns()
 {
     qputenv("PULSE_SERVER", "unix:/nowhere/pulse");
-    testsupport::ServiceProcess network(QStringLiteral("networkmanager"));
+    ServiceProcess network(QStringLiteral("networkmanager"));
     QVERIFY(network.start());
     network.setValue(QStringLiteral("state"), 70u);
 
-    QPluginLoader loader(testsupport::moduleFile());
-    loader.setLoadHints({});
-    auto *module = qobject_cast<zccV20::ModuleInterface *>(loader.instance());
-    QVERIFY2(module, qPrintable(loader.errorString()));
-    {
-        testsupport::FakeFrame frame;
-        module->setFrameProxy(&frame);
-        module->preInitialize();
-        module->initialize();
-        module->active();
-        QVERIFY(frame.showActive());
+    use([](ModuleInterface *, FakeFrame *frame) {
+        QVERIFY(frame->showActive());
         QWidget *link = visibleWidget("Ztk::Widget::ZCommandLinkButton");
         QVERIFY(link);
         QTest::mouseClick(link, Qt::LeftButton);
         QVERIFY(visibleWidget("VoiceAnimationWidget"));
-        module->deactive();
-    }
-    testsupport::flushDeferredDeletes();
-    QVERIFY(loader.unload());
+    });
     QVERIFY(QFile::exists(catalogue));
     QCoreApplication::processEvents();
 }

@@ -1,6 +1,6 @@
 #include "tests/support/busrecorder.h"
 
-#include "tests/support/childprocess.h"
+#include "tests/support/serviceprocess.h"
 
 #include <QDBusMessage>
 #include <QDebug>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/childprocess.h"
+#include "tests/support/serviceprocess.h"
 
 #include <QFile>
 #include <QJsonArray>

@@ -1,7 +1,6 @@
 #include "tests/support/serviceprocess.h"
 
 #include "sandbox/services/control/servicecontrol.h"
-#include "tests/support/childprocess.h"
 
 #include <QDeadlineTimer>
 #include <QDebug>
@@ -12,6 +11,7 @@
 #include <QTimer>
 #include <QtTest>
 
+#include <sys/prctl.h>
 #include <sys/wait.h>
 
 #include <csignal>
@@ -24,6 +24,22 @@ constexpr int endLimitMs = 10000;
 constexpr int controlLimitMs = 10000;
 
 } // namespace
+
+QByteArray ChildProcess::waitForLine(int limitMs)
+{
+    const QDeadlineTimer deadline(limitMs);
+    while (!canReadLine())
+        if (!waitForReadyRead(int(deadline.remainingTime())))
+            return {};
+    QByteArray line = readLine();
+    line.chop(1);
+    return line;
+}
+
+void ChildProcess::setupChildProcess()
+{
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+}
 
 ServiceProcess::ServiceProcess(const QString &name, QObject *parent)
     : QObject(parent)

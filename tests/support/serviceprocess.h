@@ -4,6 +4,7 @@
 #include <QJsonArray>
 #include <QList>
 #include <QObject>
+#include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
 #include <QVariant>
@@ -16,7 +17,25 @@ class ServiceControl;
 
 namespace testsupport {
 
-class ChildProcess;
+/** How long a service may take to start, in ms: on a loaded machine under sanitizers. */
+constexpr int startLimitMs = 20000;
+
+/** A process that dies with the thread that started it, so that a killed test leaves nothing
+ * behind. */
+class ChildProcess : public QProcess
+{
+public:
+    using QProcess::QProcess;
+
+    /**
+     * Waits, without processing events, until a whole line has come from standard output and
+     * returns it without its line break. Null when the process ends or @p limitMs pass first.
+     */
+    QByteArray waitForLine(int limitMs);
+
+protected:
+    void setupChildProcess() override;
+};
 
 /** One call that a service received. */
 struct ServiceCall

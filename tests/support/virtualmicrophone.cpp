@@ -1,7 +1,10 @@
 #include "tests/support/virtualmicrophone.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QRegularExpression>
+
+#include <pulse/pulseaudio.h>
 
 namespace testsupport {
 
@@ -9,6 +12,22 @@ namespace {
 
 constexpr int serverStartLimitMs = 30000;
 constexpr int endLimitMs = 10000;
+
+/** Holds the loop's lock. */
+class LoopLock
+{
+public:
+    explicit LoopLock(pa_threaded_mainloop *loop)
+        : m_loop(loop)
+    {
+        pa_threaded_mainloop_lock(m_loop);
+    }
+    ~LoopLock() { pa_threaded_mainloop_unlock(m_loop); }
+    Q_DISABLE_COPY(LoopLock)
+
+private:
+    pa_threaded_mainloop *m_loop;
+};
 
 } // namespace
 
@@ -55,6 +74,107 @@ bool VirtualMicrophone::changeKind(const QString &kind)
 QString VirtualMicrophone::recordingFile(const QString &kind) const
 {
     return m_folder.filePath(kind + QStringLiteral(".wav"));
+}
+
+RecordingStreams::~RecordingStreams()
+{
+    if (!m_loop)
+        return;
+    pa_threaded_mainloop_stop(m_loop);
+    if (m_context) {
+        pa_context_disconnect(m_context);
+        pa_context_unref(m_context);
+    }
+    pa_threaded_mainloop_free(m_loop);
+}
+
+bool RecordingStreams::start()
+{
+    m_loop = pa_threaded_mainloop_new();
+    m_context = pa_context_new(pa_threaded_mainloop_get_api(m_loop), "recording streams");
+    const auto wake = [](pa_context *, void *loop) {
+        pa_threaded_mainloop_signal(static_cast<pa_threaded_mainloop *>(loop), 0);
+    };
+    pa_context_set_state_callback(m_context, wake, m_loop);
+    const auto changed = [](pa_context *, pa_subscription_event_type_t event, uint32_t index,
+                            void *self) {
+        static_cast<RecordingStreams *>(self)->changed(event, index);
+    };
+    pa_context_set_subscribe_callback(m_context, changed, this);
+    if (pa_threaded_mainloop_start(m_loop) < 0)
+        return false;
+    {
+        const LoopLock lock(m_loop);
+        if (pa_context_connect(m_context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0)
+            return false;
+        while (pa_context_get_state(m_context) != PA_CONTEXT_READY) {
+            if (!PA_CONTEXT_IS_GOOD(pa_context_get_state(m_context)))
+                return false;
+            pa_threaded_mainloop_wait(m_loop);
+        }
+        pa_operation_unref(
+            pa_context_subscribe(m_context, PA_SUBSCRIPTION_MASK_SOURCE_OUTPUT, nullptr, nullptr));
+    }
+    roundTrip();
+    return true;
+}
+
+QVector<RecordingStreams::Stream> RecordingStreams::streams()
+{
+    roundTrip();
+    const LoopLock lock(m_loop);
+    return m_streams;
+}
+
+int RecordingStreams::open()
+{
+    roundTrip();
+    const LoopLock lock(m_loop);
+    return m_openStreams.size();
+}
+
+void RecordingStreams::clear()
+{
+    roundTrip();
+    const LoopLock lock(m_loop);
+    m_streams.clear();
+    m_openStreams.clear();
+}
+
+qint64 RecordingStreams::now()
+{
+    return QDeadlineTimer::current().deadline();
+}
+
+/** Waits for what the server has to tell. It may answer once before it tells of a change. */
+void RecordingStreams::roundTrip()
+{
+    const LoopLock lock(m_loop);
+    const auto answered = [](pa_context *, const pa_server_info *, void *loop) {
+        pa_threaded_mainloop_signal(static_cast<pa_threaded_mainloop *>(loop), 0);
+    };
+    for (int i = 0; i < 2; ++i) {
+        pa_operation *question = pa_context_get_server_info(m_context, answered, m_loop);
+        while (pa_operation_get_state(question) == PA_OPERATION_RUNNING)
+            pa_threaded_mainloop_wait(m_loop);
+        pa_operation_unref(question);
+    }
+}
+
+void RecordingStreams::changed(int event, quint32 index)
+{
+    switch (event & PA_SUBSCRIPTION_EVENT_TYPE_MASK) {
+    case PA_SUBSCRIPTION_EVENT_NEW:
+        m_openStreams.insert(index, m_streams.size());
+        m_streams.append({now(), -1});
+        break;
+    case PA_SUBSCRIPTION_EVENT_REMOVE:
+        if (m_openStreams.contains(index)) // others were there before
+            m_streams[m_openStreams.take(index)].closedMs = now();
+        break;
+    default:
+        break;
+    }
 }
 
 } // namespace testsupport

@@ -15,8 +15,32 @@
 
 namespace testsupport {
 
-/** A shown assistant page, and its voice test panel as a user sees it. */
-class VoicePage
+/** An assistant page on the screen, ready for keys. */
+class AssistantPage
+{
+public:
+    AssistantPage()
+        : m_page(new AssistantSettingWidget(nullptr))
+    {
+        m_page->resize(640, 600);
+        m_page->show();
+        m_page->activateWindow();
+        if (!QTest::qWaitForWindowActive(m_page))
+            QTest::qFail("the page does not become active", __FILE__, __LINE__);
+    }
+    ~AssistantPage() { delete m_page; }
+    Q_DISABLE_COPY(AssistantPage)
+
+    AssistantSettingWidget *operator->() const { return m_page; }
+    AssistantSettingWidget *get() const { return m_page; }
+    void destroy() { delete m_page; }
+
+private:
+    QPointer<AssistantSettingWidget> m_page;
+};
+
+/** The same, and its voice test panel as a user sees it. */
+class VoicePage : public AssistantPage
 {
 public:
     static QString phrase()
@@ -26,24 +50,9 @@ public:
     static QString runLink() { return QStringLiteral("Click here to test"); }
     static QString againLink() { return QStringLiteral("Click here to test again"); }
 
-    VoicePage()
-        : m_page(new AssistantSettingWidget(nullptr))
-    {
-        m_page->resize(640, 600);
-        m_page->show();
-        m_page->activateWindow();
-        if (!QTest::qWaitForWindowActive(m_page))
-            QTest::qFail("the page does not become active", __FILE__, __LINE__);
-    }
-    ~VoicePage() { delete m_page; }
-
-    AssistantSettingWidget *operator->() const { return m_page; }
-    AssistantSettingWidget *get() const { return m_page; }
-    void destroy() { delete m_page; }
-
     zcc::widgets::SettingsGroup *group() const
     {
-        const auto groups = m_page->findChildren<zcc::widgets::SettingsGroup *>(
+        const auto groups = get()->findChildren<zcc::widgets::SettingsGroup *>(
             QString(), Qt::FindDirectChildrenOnly);
         return groups.last();
     }
@@ -93,17 +102,14 @@ public:
 
     void hear(const QString &words) const
     {
-        QMetaObject::invokeMethod(m_page, "slotIatResult", Q_ARG(QString, words), Q_ARG(int, 1),
+        QMetaObject::invokeMethod(get(), "slotIatResult", Q_ARG(QString, words), Q_ARG(int, 1),
                                   Q_ARG(bool, false));
     }
 
     void finish(const QString &result) const
     {
-        QMetaObject::invokeMethod(m_page, "slotAqcResult", Q_ARG(QString, result));
+        QMetaObject::invokeMethod(get(), "slotAqcResult", Q_ARG(QString, result));
     }
-
-private:
-    QPointer<AssistantSettingWidget> m_page;
 };
 
 /** The services that a voice test needs. */

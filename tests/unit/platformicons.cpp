@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QProcess>
 #include <QResource>
 #include <QTemporaryDir>
 #include <QTest>
@@ -31,6 +32,7 @@ class PlatformIconsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void foundBeforeAnySetUp();
     void installedStyle();
     void rendersInTheSizeAskedFor_data();
@@ -51,7 +53,45 @@ private:
     {
         return QIcon::fromTheme(name).pixmap(size, mode).toImage();
     }
+
+    QTemporaryDir m_folder;
+    const QString m_bundle = m_folder.filePath(QStringLiteral("icons.rcc"));
 };
+
+// Makes a bundle of icons as a plugin brings them, registered while the program runs.
+void PlatformIconsTest::initTestCase()
+{
+    const struct
+    {
+        const char *name;
+        int size; // px
+        QByteArray content;
+    } pictures[] = {
+        {"late_symbol_32px.svg", 32, R"(<rect width="16" height="32" fill="#000000"/>)"},
+        {"late_symbol_84px.svg", 84, R"(<rect width="84" height="42" fill="#000000"/>)"},
+        {"late_colours_32px.svg", 32,
+         R"(<rect width="16" height="32" fill="#ff0000"/>)"
+         R"(<rect x="16" width="16" height="32" fill="#00ff00"/>)"},
+        {"not-an-icon.txt", 32, R"(<rect width="16" height="32" fill="#000000"/>)"},
+    };
+    QByteArray list = R"(<RCC><qresource prefix="/icons/tavren/builtin/actions">)";
+    for (const auto &picture : pictures) {
+        QFile file(m_folder.filePath(QLatin1String(picture.name)));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        const QByteArray size = QByteArray::number(picture.size);
+        file.write(R"(<svg xmlns="http://www.w3.org/2000/svg" width=")" + size + R"(" height=")" +
+                   size + "\">" + picture.content + "</svg>");
+        list += QByteArray("<file>") + picture.name + "</file>";
+    }
+    QFile listFile(m_folder.filePath(QStringLiteral("icons.qrc")));
+    QVERIFY(listFile.open(QIODevice::WriteOnly));
+    listFile.write(list + "</qresource></RCC>");
+    listFile.close();
+    QCOMPARE(
+        QProcess::execute(QStringLiteral(RCC), {QStringLiteral("--binary"), listFile.fileName(),
+                                                QStringLiteral("--output"), m_bundle}),
+        0);
+}
 
 void PlatformIconsTest::foundBeforeAnySetUp()
 {
@@ -103,20 +143,20 @@ void PlatformIconsTest::latePluginIsNoticedByTheNextWidget()
 {
     const QIcon askedForTooEarly = QIcon::fromTheme(QStringLiteral("late_symbol"));
     QVERIFY(askedForTooEarly.isNull());
-    QVERIFY(QResource::registerResource(QStringLiteral(ICON_BUNDLE)));
+    QVERIFY(QResource::registerResource(m_bundle));
     ZIconButton button;
     button.setIcon(askedForTooEarly);
     button.setIconSize(QSize(32, 32));
     button.resize(48, 48);
     QVERIFY(pictures::count(pictures::of(&button), textColor()) > 100);
-    QVERIFY(QResource::unregisterResource(QStringLiteral(ICON_BUNDLE)));
+    QVERIFY(QResource::unregisterResource(m_bundle));
 }
 
 void PlatformIconsTest::latePluginIsNoticedOnDemand()
 {
     ZApplicationSetup::refreshIcons();
     QVERIFY(QIcon::fromTheme(QStringLiteral("late_symbol")).isNull());
-    QVERIFY(QResource::registerResource(QStringLiteral(ICON_BUNDLE)));
+    QVERIFY(QResource::registerResource(m_bundle));
     ZApplicationSetup::refreshIcons();
     QVERIFY(!QIcon::fromTheme(QStringLiteral("late_symbol")).isNull());
     QVERIFY(QIcon::fromTheme(QStringLiteral("not-an-icon")).isNull());

@@ -1,5 +1,5 @@
 #include "sandbox/services/control/servicelist.h"
-#include "tests/support/childprocess.h"
+#include "tests/support/serviceprocess.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>

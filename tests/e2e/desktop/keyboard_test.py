@@ -3,37 +3,9 @@
 import unittest
 
 import pyatspi
-from desktop import Desktop
-from tree import Tree, has_state, name_of
+from window import CONTROLS, LISTS, SWITCHES, TEST_LIMIT, WindowTest, has_state, name_of
 
 BEFORE_THE_PAGE = ["Search settings", "Settings", "Dark theme", "Assistive Tools"]
-
-# What Tab leads to on each page, in reading order.
-CONTROLS = {
-    "Desktop AI Assistant": ["Voice Wakeup", "Language", "Show in the Dock", "Click here to test"],
-    "Speech to Text": ["Speech to Text", "Language"],
-    "Text to Speech": ["Text to Speech", "Show Speech Widget", "Voice Gender"],
-    "Translation": ["Translation", "Language"],
-}
-
-# page, title of the switch, service and key that it changes
-SWITCHES = (
-    ("Desktop AI Assistant", "Voice Wakeup", "assistant", "wakeup.enabled"),
-    ("Desktop AI Assistant", "Show in the Dock", "dock", "hidden"),
-    ("Speech to Text", "Speech to Text", "assistant", "iat.enabled"),
-    ("Text to Speech", "Text to Speech", "assistant", "tts.enabled"),
-    ("Text to Speech", "Show Speech Widget", "assistant", "tts.window"),
-    ("Translation", "Translation", "assistant", "trans.enabled"),
-)
-
-# page, label of the list, key in the service "assistant", and the values of its entries
-LISTS = (
-    ("Speech to Text", "Language", "iat.language", ("zh_cn", "en_us")),
-    ("Text to Speech", "Voice Gender", "tts.speaker", ("x_tovali", "x_morven", "x2_pella")),
-    ("Translation", "Language", "trans.language", ("cn|en", "en|cn")),
-)
-
-TEST_LIMIT = 40  # seconds; a voice test takes ten, and a loaded machine may add to it
 
 
 def wait_until_active(tree):
@@ -43,15 +15,12 @@ def wait_until_active(tree):
     tree.wait_for(lambda: has_state(window, pyatspi.STATE_ACTIVE), "active window")
 
 
-class KeyboardJourney(unittest.TestCase):
-    """Each test starts where the one before it left the window, as a user would."""
+class KeyboardTest(WindowTest):
+    """What people do who use no mouse."""
 
     @classmethod
     def setUpClass(cls):
-        cls.desktop = Desktop(microphone="speech")
-        cls.addClassCleanup(cls.desktop.end)
-        cls.window = cls.desktop.open_window()
-        cls.tree = Tree("control-center")
+        super().setUpClass()
         wait_until_active(cls.tree)
 
     @classmethod
@@ -60,9 +29,6 @@ class KeyboardJourney(unittest.TestCase):
         code = cls.desktop.wait_for_end(cls.window)
         if code != 0:
             raise AssertionError(f"closed, the window ends with {code}: {cls.desktop.window_log()}")
-
-    def tearDown(self):
-        self.assertIsNone(self.window.poll(), self.desktop.window_log())
 
     def wait_for_focus(self, name):
         """Waits until the focus is on what is called NAME."""
@@ -98,12 +64,6 @@ class KeyboardJourney(unittest.TestCase):
         controls = CONTROLS[page]
         for stop in controls[: controls.index(control) + 1]:
             self.press("Tab", then=stop)
-
-    def wait_for_value(self, service, key, value):
-        """Waits until a service's state has the value."""
-        self.tree.wait_for(
-            lambda: self.desktop.value(service, key) == value, f"{key} = {value} in {service}"
-        )
 
     def open_popup(self):
         """Opens the popup of the list that has the focus."""
@@ -191,7 +151,7 @@ class KeyboardJourney(unittest.TestCase):
 
     def test_space_and_enter_flip_switches(self):
         """Each switch there and back."""
-        for page, title, service, key in SWITCHES:
+        for page, title, service, key, _ in SWITCHES:
             with self.subTest(page=page, title=title):
                 self.go_to(page, title)
                 was = self.desktop.value(service, key)
@@ -220,7 +180,8 @@ class KeyboardJourney(unittest.TestCase):
 
     def test_lists_choose_by_arrows_and_by_their_popup(self):
         """Each entry is reached; the popup is opened with Space and left with Enter or Escape."""
-        for page, label, key, values in LISTS:
+        for page, label, key, entries in LISTS:
+            values = [value for _, value in entries]
             with self.subTest(page=page):
                 self.go_to(page, label)
                 self.desktop.press("Home")

@@ -1,11 +1,10 @@
+#include "tests/bus/voicescript.h"
+
 #include "qualitycheckadaptor.h"
 #include "recognitionadaptor.h"
 #include "sandbox/services/common/service.h"
 #include "sandbox/services/common/statestore.h"
 #include "sessionsadaptor.h"
-#include "tests/bus/voiceservice/qualitycheck.h"
-#include "tests/bus/voiceservice/recognition.h"
-#include "tests/bus/voiceservice/sessions.h"
 
 #include <QCoreApplication>
 

@@ -1,4 +1,4 @@
-#include "tests/fakeaudio/scriptedaudio.h"
+#include "tests/support/scriptedaudio.h"
 
 #include <QAudioSystemPlugin>
 

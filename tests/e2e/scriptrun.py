@@ -1,8 +1,9 @@
-"""What scripts/run says on the terminal while its window is open or why it is not, and whether it is true.
+"""What scripts/run does: the first command of the README, a tour that it refuses, an open window.
 
-    scriptwindow.py PROJECT
+    scriptrun.py PROJECT
 """
 
+import os
 import pathlib
 import signal
 import subprocess
@@ -13,6 +14,7 @@ import time
 from scriptinterrupts import Run
 
 START_LIMIT = 60  # seconds
+PAGES = ("desktop-ai-assistant", "speech-to-text", "text-to-speech", "translation")
 
 
 def wait_for(run, text):
@@ -21,6 +23,20 @@ def wait_for(run, text):
     while text not in run.said():
         assert run.wait(0.05) is None, f"ended before it said '{text}':\n{run.said()}"
         assert time.monotonic() < deadline, f"did not say '{text}':\n{run.said()}"
+
+
+def check_first_command(script, folder):
+    """Without a display: it builds what has changed, and leaves a picture of each page in each theme."""
+    folder.mkdir()
+    environment = os.environ.copy()
+    for display in ("DISPLAY", "WAYLAND_DISPLAY"):
+        environment.pop(display, None)
+    pictures = folder / "tour"
+    subprocess.run([script, "--tour", pictures, "--section", "pages"], env=environment, check=True)
+    for page in PAGES:
+        for theme in ("light", "dark"):
+            found = list(pictures.glob(f"*-{page}-{theme}.png"))
+            assert len(found) == 1 and found[0].stat().st_size > 0, f"{page}, {theme}: {found}"
 
 
 def check_refusal(script, folder):
@@ -38,7 +54,7 @@ def check_refusal(script, folder):
 
 
 def check_window(script, folder):
-    """A window, a service that is steered from outside, and a second window meanwhile."""
+    """What it says while its window is open is true; a service is steered, a second window opened."""
     state = folder / "state"
     first = Run(script, folder / "first", "window", "--verbose", state=state)
     second = None
@@ -75,5 +91,5 @@ def check_window(script, folder):
 
 if __name__ == "__main__":
     with tempfile.TemporaryDirectory() as temporary:
-        for check in (check_refusal, check_window):
+        for check in (check_first_command, check_refusal, check_window):
             check(f"{sys.argv[1]}/scripts/run", pathlib.Path(temporary) / check.__name__)

@@ -1,14 +1,52 @@
-"""A program's accessibility tree, as assistive technologies see it on the accessibility bus."""
+"""The control center's window, as assistive technologies see it, and what is on the module's pages."""
 
 import time
+import unittest
 
 import gi
 
 gi.require_version("Atspi", "2.0")
 import pyatspi  # noqa: E402 (needs the version)
+from desktop import Desktop  # noqa: E402
 from gi.repository import GLib  # noqa: E402
 
 LIMIT = 30  # seconds, on a loaded machine
+TEST_LIMIT = 40  # a voice test takes ten, and a loaded machine may add to it
+
+# What Tab leads to on each page, in reading order.
+CONTROLS = {
+    "Desktop AI Assistant": ["Voice Wakeup", "Language", "Show in the Dock", "Click here to test"],
+    "Speech to Text": ["Speech to Text", "Language"],
+    "Text to Speech": ["Text to Speech", "Show Speech Widget", "Voice Gender"],
+    "Translation": ["Translation", "Language"],
+}
+
+# page, title of the switch, service and key that it changes, what "on" is there
+SWITCHES = (
+    ("Desktop AI Assistant", "Voice Wakeup", "assistant", "wakeup.enabled", "true"),
+    ("Desktop AI Assistant", "Show in the Dock", "dock", "hidden", "false"),
+    ("Speech to Text", "Speech to Text", "assistant", "iat.enabled", "true"),
+    ("Text to Speech", "Text to Speech", "assistant", "tts.enabled", "true"),
+    ("Text to Speech", "Show Speech Widget", "assistant", "tts.window", "true"),
+    ("Translation", "Translation", "assistant", "trans.enabled", "true"),
+)
+
+# page, label of the list, key in the service "assistant", and the entries: text and value
+LISTS = (
+    (
+        "Speech to Text",
+        "Language",
+        "iat.language",
+        (("中文-普通话", "zh_cn"), ("English", "en_us")),
+    ),
+    (
+        "Text to Speech",
+        "Voice Gender",
+        "tts.speaker",
+        (("Female", "x_tovali"), ("Male", "x_morven"), ("Children", "x2_pella")),
+    ),
+    ("Translation", "Language", "trans.language", (("CN-EN", "cn|en"), ("EN-CN", "en|cn"))),
+)
 
 CONTROL_ROLES = {
     pyatspi.ROLE_CHECK_BOX,
@@ -163,3 +201,23 @@ class Tree:
                 self.focus = name_of(source)
         except (GLib.Error, LookupError, AttributeError):
             pass  # it has gone; nobody would be told about it either
+
+
+class WindowTest(unittest.TestCase):
+    """Each test starts where the one before it left the window, as a user would."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = Desktop(microphone="speech")
+        cls.addClassCleanup(cls.desktop.end)
+        cls.window = cls.desktop.open_window()
+        cls.tree = Tree("control-center")
+
+    def tearDown(self):
+        self.assertIsNone(self.window.poll(), self.desktop.window_log())
+
+    def wait_for_value(self, service, key, value):
+        """Waits until a service's state has the value."""
+        self.tree.wait_for(
+            lambda: self.desktop.value(service, key) == value, f"{key} = {value} in {service}"
+        )

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QByteArray>
 #include <QDBusObjectPath>
 #include <QHash>
 #include <QObject>
+#include <QStringList>
+#include <QVariantMap>
 
 namespace sandbox {
 class Service;
@@ -10,8 +13,57 @@ class Service;
 
 namespace voicescript {
 
-class QualityCheck;
-class Recognition;
+/** A quality-check session: contract com.corvane.aiservice.aqc. Keeps the audio that it gets. */
+class QualityCheck : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit QualityCheck(QObject *parent);
+
+    QByteArray audio() const { return m_audio; }
+
+public Q_SLOTS:
+    QString startAqc();
+    QString stopAqc();
+    void putAudio(const QByteArray &audio, bool finish);
+
+Q_SIGNALS:
+    void onNotify(const QString &result);
+
+private:
+    QByteArray m_audio;
+};
+
+/**
+ * A recognition session: contract com.corvane.aiservice.iat. Keeps the audio that it gets; starts
+ * with status 0 and the session id that it was built with.
+ */
+class Recognition : public QObject
+{
+    Q_OBJECT
+
+public:
+    Recognition(const QString &sessionId, QObject *parent);
+
+    QByteArray audio() const { return m_audio; }
+
+public Q_SLOTS:
+    QString startIat(const QVariantMap &params);
+    void stopIat();
+    void putAudio(const QByteArray &data, bool finish);
+
+Q_SIGNALS:
+    void onResult(const QString &result);
+    void onError(const QString &errInfo);
+    void onEnd();
+    /** Recognition was started with these: "KEY TYPE VALUE" each. */
+    void started(const QStringList &parameters);
+
+private:
+    const QString m_sessionId;
+    QByteArray m_audio;
+};
 
 /**
  * The session manager of the scripted AI service: contract com.corvane.aiservice.session.

@@ -1,10 +1,7 @@
-#include "tests/gui/accessibilitypages.h"
+#include "tests/gui/shownpages.h"
 
-#include "tests/support/modulepages.h"
-#include "tests/support/newpage.h"
-#include "tests/support/widgets.h"
+#include "plugin/pagetable.h"
 
-#include <zcc/widgets/switchwidget.h>
 #include <ztk/zcommandlinkbutton.h>
 
 #include <QDBusObjectPath>
@@ -21,6 +18,14 @@ constexpr int windowHeight = 560; // px, of the control center at its smallest
 const QString spokenWords = QStringLiteral("阿岚帮我预约明天早上10点的视频会议");
 
 } // namespace
+
+QWidget *newPage(const QString &name)
+{
+    for (const PageEntry &entry : pageTable())
+        if (name == QLatin1String(entry.name))
+            return entry.newPage();
+    qFatal("the module has no page \"%s\"", qPrintable(name));
+}
 
 QStringList AccessiblePages::states()
 {

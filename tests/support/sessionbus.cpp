@@ -1,20 +1,15 @@
-#pragma once
+#include "tests/support/sessionbus.h"
 
 #include <QCoreApplication>
-#include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
 #include <QDBusReply>
 #include <QEventLoop>
+#include <QFile>
 
 namespace testsupport {
 
-/**
- * Sends @p call and waits for its reply while events are processed. QDBus::BlockWithGui is meant to
- * do that, but up to Qt 5.15 it waits for ever when the reply comes between sending and waiting.
- */
-inline QDBusMessage callProcessingEvents(const QDBusConnection &bus, const QDBusMessage &call)
+QDBusMessage callProcessingEvents(const QDBusConnection &bus, const QDBusMessage &call)
 {
     QDBusPendingCallWatcher watcher(bus.asyncCall(call));
     QEventLoop loop;
@@ -24,21 +19,14 @@ inline QDBusMessage callProcessingEvents(const QDBusConnection &bus, const QDBus
     return watcher.reply();
 }
 
-/** A call that every service answers: of the bus daemon itself, or of another connection. */
-inline QDBusMessage pingCall(const QString &service = QStringLiteral("org.freedesktop.DBus"))
+QDBusMessage pingCall(const QString &service)
 {
     return QDBusMessage::createMethodCall(service, QStringLiteral("/"),
                                           QStringLiteral("org.freedesktop.DBus.Peer"),
                                           QStringLiteral("Ping"));
 }
 
-/**
- * Waits until all signals that @p service has sent to the session bus until now have reached their
- * slots in this process. QtDBus holds signals back until the event loop has run once, and lets go
- * of them at the latest when it reads the second of two answers. False when the service does not
- * answer.
- */
-inline bool everythingArrivedFrom(const QString &service)
+bool everythingArrivedFrom(const QString &service)
 {
     QCoreApplication::processEvents();
     for (int round = 0; round < 2; ++round)
@@ -49,16 +37,39 @@ inline bool everythingArrivedFrom(const QString &service)
     return true;
 }
 
-/** How many match rules the session bus keeps for this process, as it counts them; -1 when not. */
-inline int matchRules()
+int matchRules()
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
+    const QDBusConnection bus = QDBusConnection::sessionBus();
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
         QStringLiteral("org.freedesktop.DBus.Debug.Stats"), QStringLiteral("GetConnectionStats"));
     call << bus.baseService();
     const QDBusReply<QVariantMap> stats = bus.call(call);
     return stats.value().value(QStringLiteral("MatchRules"), -1).toInt();
+}
+
+ImpatientBus::~ImpatientBus()
+{
+    m_daemon.kill();
+    m_daemon.waitForFinished();
+}
+
+bool ImpatientBus::start()
+{
+    QFile usual(QStringLiteral(BUS_CONFIG));
+    QFile config(m_folder.filePath(QStringLiteral("bus.conf")));
+    if (!usual.open(QIODevice::ReadOnly) || !config.open(QIODevice::WriteOnly))
+        return false;
+    QByteArray text = usual.readAll();
+    const QByteArray end = "</busconfig>";
+    text.replace(end, "<limit name=\"reply_timeout\">1000</limit>" + end);
+    config.write(text);
+    config.close();
+    m_daemon.start(QStringLiteral("dbus-daemon"),
+                   {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
+                    QStringLiteral("--config-file=") + config.fileName()});
+    const QByteArray address = m_daemon.waitForLine(startLimitMs);
+    return !address.isEmpty() && qputenv("DBUS_SESSION_BUS_ADDRESS", address);
 }
 
 } // namespace testsupport
