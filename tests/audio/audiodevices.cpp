@@ -57,7 +57,7 @@ private Q_SLOTS:
     void deviceAppearsWhileIdle();
     void deviceVanishesWhileRecording();
     void anotherDeviceTakesOver();
-    void deviceIsCheckedAllTheTime();
+    void deviceIsCheckedPeriodically();
     void devicesAreAskedWhenTheirListIsNew();
     void defaultDeviceIsChosenAnew();
     void defaultSourceChanges();
@@ -164,7 +164,7 @@ void AudioDevicesTest::anotherDeviceTakesOver()
     QCOMPARE(audio().built(), 1);
 }
 
-void AudioDevicesTest::deviceIsCheckedAllTheTime()
+void AudioDevicesTest::deviceIsCheckedPeriodically()
 {
     audio().setDevices({});
     TimerTracker tracker;
@@ -194,7 +194,7 @@ void AudioDevicesTest::devicesAreAskedWhenTheirListIsNew()
         TimerTracker::fire(timer);
         return audio().asked() - before;
     };
-    // A look at the list is followed by a rest, which a busy machine makes longer than nothing.
+    // After a look at the list comes a pause, and on a busy machine it takes noticeable time.
     const auto asks = [&askedByATick](int times) {
         return QTest::qWaitFor([&] { return askedByATick() == times; });
     };
@@ -204,7 +204,7 @@ void AudioDevicesTest::devicesAreAskedWhenTheirListIsNew()
     QVERIFY(asks(1)); // the current one still fits
     QCOMPARE(askedByATick(), 0);
 
-    // Who asks himself, and whoever records, is told what is true now.
+    // An explicit check and a start tell what is true now.
     audio().setDevices({{"bad", false}, {"good", false}, {"new", false}});
     QCOMPARE(askedByATick(), 0);
     QVERIFY(!recorder->checkDevice());
@@ -327,7 +327,7 @@ void AudioDevicesTest::daemonComesLater()
     QVERIFY(sourceChangedSignal(daemon, QStringLiteral("/s")));
     QTRY_COMPARE(stopped.count(), 1);
 
-    // Without its name it is a stranger, and whoever takes the name is the daemon.
+    // Without its name it is any other program, and whoever takes the name is the daemon.
     recorder->start();
     const auto endedByDaemon = [&] {
         const bool sent =

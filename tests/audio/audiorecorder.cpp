@@ -1,4 +1,5 @@
-// The process's recorder on scripted microphones: what it hands on, when it ends, and how it goes.
+// The process's recorder on scripted microphones: what it passes on, when it stops, and how it is
+// deleted.
 
 #include "voice/audiorecorder.h"
 
@@ -43,7 +44,7 @@ private Q_SLOTS:
     void stopTwice();
     void startAfterStop();
     void stopFromWithinABlock();
-    void blocksAfterTheEndAreTakenQuietly();
+    void blocksAfterTheEndAreAcceptedWithoutAWarning();
     void closesInANestedLoop();
     void waitsForABlockInANestedLoop();
     void deletedInANestedLoopOfABlock();
@@ -147,7 +148,7 @@ void AudioRecorderTest::startAfterStop()
     }
     recorder->start();
     QCOMPARE(audio().built(), 101);
-    // Retired captures go with the event loop; the one that runs stays.
+    // Stopped captures are deleted by the event loop; the one that runs stays.
     QTRY_COMPARE(audio().captures().size(), 1);
     audio().hear("ab");
     QCOMPARE(blocks, 1);
@@ -155,7 +156,8 @@ void AudioRecorderTest::startAfterStop()
 
 void AudioRecorderTest::stopFromWithinABlock()
 {
-    // The backend holds its lock while it writes a block; closing the capture there would end us.
+    // The backend holds its lock while it writes a block; closing the capture there would end
+    // the process.
     audio().setDevices({{"mic", true}});
     AudioRecorder *recorder = AudioRecorder::getInstance();
     int blocks = 0;
@@ -172,7 +174,7 @@ void AudioRecorderTest::stopFromWithinABlock()
 }
 
 // As a busy machine has them: several blocks wait when the input is called.
-void AudioRecorderTest::blocksAfterTheEndAreTakenQuietly()
+void AudioRecorderTest::blocksAfterTheEndAreAcceptedWithoutAWarning()
 {
     audio().setDevices({{"mic", true}});
     AudioRecorder *recorder = AudioRecorder::getInstance();

@@ -56,7 +56,7 @@ private Q_SLOTS:
     void modelsThatCannotBeWritten();
     void busIsNotStalled();
     void endsWhileRecognising();
-    void memoryStaysFlat();
+    void memoryDoesNotGrow();
 
 private:
     std::unique_ptr<ServiceProcess> m_service;
@@ -249,7 +249,7 @@ void AiServiceSpeechTest::endsWhileRecognising()
     QVERIFY(m_service->stop());
 }
 
-void AiServiceSpeechTest::memoryStaysFlat()
+void AiServiceSpeechTest::memoryDoesNotGrow()
 {
     const QByteArray audio = spokenPhrase().left(64000); // 2 s
     int ends = 0;

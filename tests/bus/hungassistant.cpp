@@ -18,7 +18,7 @@
 
 #include <memory>
 
-// With the services stopped in their tracks, a control whose change nobody waits for returns at
+// With the services stopped (SIGSTOP), a control whose change nobody waits for returns at
 // once, and nothing that the user did is lost.
 
 using testsupport::median;

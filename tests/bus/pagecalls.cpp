@@ -20,8 +20,8 @@
 #include <functional>
 #include <memory>
 
-// What a page says to the services when it opens, and that it opens in every world: with its
-// services absent, failing, of another mind about types, or dying in the middle.
+// The calls that a page makes when it opens, and that it opens whatever its services do: absent,
+// failing, answering with other types, or dying in the middle.
 
 using testsupport::BusMessage;
 using testsupport::BusRecorder;
@@ -80,8 +80,8 @@ private Q_SLOTS:
     void askedForTheRightShortcut_data();
     void askedForTheRightShortcut();
 
-    void opensWithItsFallbacksInABrokenWorld_data();
-    void opensWithItsFallbacksInABrokenWorld();
+    void opensWithItsFallbacksWhenServicesFail_data();
+    void opensWithItsFallbacksWhenServicesFail();
     void opensWhenTheServiceDiesBetweenTwoReads_data();
     void opensWhenTheServiceDiesBetweenTwoReads();
     void dockSwitchIsOnUnlessTheServiceSaysHidden_data();
@@ -94,7 +94,7 @@ private:
     ServiceProcess m_network{QStringLiteral("networkmanager")};
     BusRecorder m_session{QDBusConnection::SessionBus};
     BusRecorder m_system{QDBusConnection::SystemBus};
-    bool m_someMayHaveEnded = false; // at the bidding of a test
+    bool m_someMayHaveEnded = false; // because a test made them
 };
 
 void PageCallsTest::initTestCase()
@@ -223,7 +223,7 @@ void PageCallsTest::askedForTheRightShortcut()
     QVERIFY(testsupport::labelContaining(page.get(), QStringLiteral("(Ctrl+Super+F5)")));
 }
 
-void PageCallsTest::opensWithItsFallbacksInABrokenWorld_data()
+void PageCallsTest::opensWithItsFallbacksWhenServicesFail_data()
 {
     struct Page
     {
@@ -269,7 +269,7 @@ void PageCallsTest::opensWithItsFallbacksInABrokenWorld_data()
         << QStringList{QStringLiteral("Speech to Text: off"), QStringLiteral("English")};
 }
 
-void PageCallsTest::opensWithItsFallbacksInABrokenWorld()
+void PageCallsTest::opensWithItsFallbacksWhenServicesFail()
 {
     QFETCH(PageMaker, makePage);
     QFETCH(QString, behaviour);

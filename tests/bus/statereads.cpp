@@ -8,8 +8,8 @@
 #include <functional>
 #include <memory>
 
-// What every read yields in a world that is not as it should be. Each has its fallback; only three
-// reads log.
+// What every read returns when its service does not answer as it should. Each has its fallback;
+// only three reads log.
 
 using testsupport::LogCapture;
 using testsupport::ServiceProcess;
@@ -20,21 +20,21 @@ Q_DECLARE_METATYPE(QtMsgType)
 
 namespace {
 
-enum class World { Answered, Absent, Error, WrongType, NoValue, Gone };
+enum class Condition { Answered, Absent, Error, WrongType, NoValue, Gone };
 
-struct WorldName
+struct ConditionName
 {
-    World world;
+    Condition condition;
     const char *name;
 };
 
-const WorldName worlds[] = {
-    {World::Answered, "answered"},
-    {World::Absent, "service absent"},
-    {World::Error, "error reply"},
-    {World::WrongType, "reply of another type"},
-    {World::NoValue, "reply without a value"},
-    {World::Gone, "gone while waiting"},
+const ConditionName conditions[] = {
+    {Condition::Answered, "answered"},
+    {Condition::Absent, "service absent"},
+    {Condition::Error, "error reply"},
+    {Condition::WrongType, "reply of another type"},
+    {Condition::NoValue, "reply without a value"},
+    {Condition::Gone, "gone while waiting"},
 };
 
 /** One read: who answers it, what it yields when it works and when it does not. */
@@ -55,7 +55,7 @@ struct ReadCase
 
 } // namespace
 
-Q_DECLARE_METATYPE(World)
+Q_DECLARE_METATYPE(Condition)
 Q_DECLARE_METATYPE(ReadCase)
 
 class StateReadsTest : public QObject
@@ -67,8 +67,8 @@ private Q_SLOTS:
 
     void readsFallBack_data();
     void readsFallBack();
-    void theWakeupSwitchReturnsInEveryWorld_data();
-    void theWakeupSwitchReturnsInEveryWorld();
+    void theWakeupSwitchAlwaysReturns_data();
+    void theWakeupSwitchAlwaysReturns();
     void onlyGlobalConnectivityCountsAsOnline_data();
     void onlyGlobalConnectivityCountsAsOnline();
     void theNetworkCheckProcessesNoEvents();
@@ -80,8 +80,8 @@ private Q_SLOTS:
 
 private:
     ServiceProcess &service(const QString &name);
-    void prepare(ServiceProcess &process, const QString &member, World world, const QVariant &reply,
-                 const QVariant &wrongReply);
+    void prepare(ServiceProcess &process, const QString &member, Condition condition,
+                 const QVariant &reply, const QVariant &wrongReply);
 
     std::map<QString, std::unique_ptr<ServiceProcess>> m_services;
 };
@@ -108,27 +108,27 @@ ServiceProcess &StateReadsTest::service(const QString &name)
     return *process;
 }
 
-void StateReadsTest::prepare(ServiceProcess &process, const QString &member, World world,
+void StateReadsTest::prepare(ServiceProcess &process, const QString &member, Condition condition,
                              const QVariant &reply, const QVariant &wrongReply)
 {
-    switch (world) {
-    case World::Answered:
+    switch (condition) {
+    case Condition::Answered:
         process.script(member, QStringLiteral("reply"), reply);
         break;
-    case World::Absent:
+    case Condition::Absent:
         process.leaveBus();
         break;
-    case World::Error:
+    case Condition::Error:
         // An error whose text would be a fine answer.
         process.script(member, QStringLiteral("error"), QStringLiteral("true"));
         break;
-    case World::WrongType:
+    case Condition::WrongType:
         process.script(member, QStringLiteral("reply"), wrongReply);
         break;
-    case World::NoValue:
+    case Condition::NoValue:
         process.script(member, QStringLiteral("reply-list"), QVariantList());
         break;
-    case World::Gone:
+    case Condition::Gone:
         process.script(member, QStringLiteral("vanish"));
         break;
     }
@@ -137,7 +137,7 @@ void StateReadsTest::prepare(ServiceProcess &process, const QString &member, Wor
 void StateReadsTest::readsFallBack_data()
 {
     QTest::addColumn<ReadCase>("readCase");
-    QTest::addColumn<World>("world");
+    QTest::addColumn<Condition>("condition");
 
     const auto onOff = [](const char *name, bool (*read)(), const char *member) {
         return ReadCase{name, [read] { return read(); }, "assistant", member,     true,
@@ -199,19 +199,20 @@ void StateReadsTest::readsFallBack_data()
          QStringLiteral("dbus call network manager state failed")},
     };
     for (const ReadCase &readCase : cases)
-        for (const WorldName &world : worlds)
-            QTest::addRow("%s, %s", readCase.name, world.name) << readCase << world.world;
+        for (const ConditionName &condition : conditions)
+            QTest::addRow("%s, %s", readCase.name, condition.name)
+                << readCase << condition.condition;
 }
 
 void StateReadsTest::readsFallBack()
 {
     QFETCH(ReadCase, readCase);
-    QFETCH(World, world);
+    QFETCH(Condition, condition);
     ServiceProcess &process = service(QString::fromLatin1(readCase.service));
-    prepare(process, QString::fromLatin1(readCase.member), world, readCase.reply,
+    prepare(process, QString::fromLatin1(readCase.member), condition, readCase.reply,
             readCase.wrongReply);
 
-    const bool answered = world == World::Answered;
+    const bool answered = condition == Condition::Answered;
     {
         const LogCapture log;
         QCOMPARE(readCase.read(), answered ? readCase.result : readCase.fallback);
@@ -223,8 +224,8 @@ void StateReadsTest::readsFallBack()
         }
     }
 
-    // The next read, in a world that is well again, is none the worse for it.
-    if (world == World::Gone) {
+    // The next read, with the service back, works.
+    if (condition == Condition::Gone) {
         QVERIFY(process.waitForEnd());
         QVERIFY(process.start());
     }
@@ -234,22 +235,22 @@ void StateReadsTest::readsFallBack()
     QCOMPARE(readCase.read(), readCase.result);
 }
 
-void StateReadsTest::theWakeupSwitchReturnsInEveryWorld_data()
+void StateReadsTest::theWakeupSwitchAlwaysReturns_data()
 {
-    QTest::addColumn<World>("world");
-    for (const WorldName &world : worlds)
-        QTest::newRow(world.name) << world.world;
+    QTest::addColumn<Condition>("condition");
+    for (const ConditionName &condition : conditions)
+        QTest::newRow(condition.name) << condition.condition;
 }
 
-void StateReadsTest::theWakeupSwitchReturnsInEveryWorld()
+void StateReadsTest::theWakeupSwitchAlwaysReturns()
 {
-    QFETCH(World, world);
+    QFETCH(Condition, condition);
     ServiceProcess &assistant = service(QStringLiteral("assistant"));
-    prepare(assistant, QStringLiteral("enableIvw"), world, -3, QStringLiteral("0"));
+    prepare(assistant, QStringLiteral("enableIvw"), condition, -3, QStringLiteral("0"));
     const LogCapture log;
     AssistantStateProxy::setVoiceWakeupState(true);
     QCOMPARE(log.texts(), QStringList());
-    if (world == World::Gone)
+    if (condition == Condition::Gone)
         QVERIFY(assistant.waitForEnd());
 }
 

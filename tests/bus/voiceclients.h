@@ -107,7 +107,7 @@ public:
         return timers.size() == 1 && TimerTracker::fire(timers.first());
     }
 
-    /** A whole run with words and a verdict. Empty when nothing of what came before hurts it. */
+    /** A whole run with words and a verdict. Empty when it works, whatever came before. */
     QString nextRun()
     {
         service.reset();
@@ -139,7 +139,7 @@ public:
     VoiceService service;
 
 private:
-    TimerTracker m_tracker; // before the page: it must see the timer's birth
+    TimerTracker m_tracker; // before the page: it must see the timer being created
 
 public:
     std::unique_ptr<VoicePage> page;

@@ -108,7 +108,7 @@ void VoicePageFailuresTest::serviceHangsInStartIat()
     bed.service.script(startIat, QStringLiteral("hold"));
     QVERIFY(bed.page->clickLink());
     QCOMPARE(bed.shown(), panel(QString()));
-    // Its answer comes to nobody; the quality check goes on.
+    // Its answer is dropped; the quality check goes on.
     QCOMPARE(bed.service.release(startIat), 1);
     bed.service.notify(aqcPath, QStringLiteral("1008"));
     QTRY_COMPARE(bed.shown(), finishedPanel(QString(), QStringLiteral("Too many noises")));

@@ -1,4 +1,4 @@
-// The voice test panel with services that talk nonsense, too late, or for another session. After
+// The voice test panel with services whose signals are invalid, late, or of another session. After
 // each of these the next run must work.
 
 #include "pages/showntext.h"
@@ -54,7 +54,7 @@ class VoicePageSignalsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void resultsThatAreNone();
+    void invalidResults();
     void tenMegabytes();
     void resultsOfAnotherSession();
     void resultsAfterTheEnd();
@@ -70,7 +70,7 @@ private:
     static void startThirdRun(VoiceTestBed &bed);
 };
 
-void VoicePageSignalsTest::resultsThatAreNone()
+void VoicePageSignalsTest::invalidResults()
 {
     VoiceTestBed bed;
     QVERIFY(bed.open());
@@ -142,7 +142,7 @@ void VoicePageSignalsTest::resultsOfAnotherSession()
     QVERIFY(bed.page->clickLink());
     bed.cancel();
     QVERIFY(bed.page->clickLink());
-    // From the session before, also through the present one's object, and from a stranger's.
+    // From the session before, also through the present one's object, and from an unknown one's.
     bed.service.recognise(iatPath, QStringLiteral("old"));
     bed.service.send(
         secondIatPath,
@@ -164,7 +164,7 @@ void VoicePageSignalsTest::resultsAfterTheEnd()
     bed.service.recognise(iatPath, words);
     QTRY_COMPARE(bed.shown(), panel(words));
 
-    // When the ten seconds are over nobody listens to the recogniser, but to the verdict.
+    // When the ten seconds are over results are ignored, and the verdict still counts.
     QVERIFY(bed.timeIsUp());
     bed.service.recognise(iatPath, QStringLiteral("late"));
     QVERIFY(everythingArrived());

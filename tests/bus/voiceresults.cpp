@@ -21,7 +21,7 @@ private Q_SLOTS:
     void endIsConnected();
     void resultsOfAnotherSession();
     void resultsOfAnotherObject();
-    void emptyPathHearsNobody();
+    void emptyPathReceivesNothing();
     void nothingArrivesAfterStop();
     void textsAreClearedByTheNextStart();
     void largeResult();
@@ -115,7 +115,7 @@ void VoiceResultsTest::resultsOfAnotherObject()
     QCOMPARE(log.take(), QStringList());
 }
 
-void VoiceResultsTest::emptyPathHearsNobody()
+void VoiceResultsTest::emptyPathReceivesNothing()
 {
     m_service.script(createSession, QStringLiteral("error"), QStringLiteral("no room"));
     Client client;

@@ -258,7 +258,7 @@ void VoiceSessionTest::serviceHangs()
     QCOMPARE(sessions()->queryObjectPath(aqc), QString());
     service.resume();
     QCOMPARE(sessions()->createSession(aqc), 0);
-    // The hung call was answered in the end, to nobody.
+    // The hung call was answered in the end, and the answer dropped.
     QCOMPARE(sessions()->queryObjectPath(aqc), QStringLiteral("/session/aqc/3"));
 }
 

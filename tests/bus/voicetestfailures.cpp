@@ -139,7 +139,7 @@ void VoiceTestFailuresTest::recognitionHangs()
     QCOMPARE(service.heard(aqcPath), block(1));
     service.notify(aqcPath, QStringLiteral("1000"));
     QTRY_COMPARE(run.verdicts, QStringList(QStringLiteral("1000")));
-    QCOMPARE(service.release(startIat), 1); // to nobody
+    QCOMPARE(service.release(startIat), 1); // nobody takes the answer
     run.wrapper->stop();
     QVERIFY(microphoneIsClosed());
 

@@ -23,7 +23,7 @@ private Q_SLOTS:
 
     void nothingBeforeTheStart();
     void startOrder();
-    void emptyPathHearsNobody();
+    void emptyPathReceivesNothing();
     void blocksGoToBothSessions();
     void everySampleArrives();
     void levelsAndTexts();
@@ -66,7 +66,7 @@ void VoiceTestRunTest::startOrder()
     QVERIFY(bus.start());
     LogCapture log;
     QCOMPARE(run.wrapper->start(), 0);
-    // Of the daemon: the owner of the AI m_service, once for each of the three proxies and once
+    // Of the bus daemon: the owner of the AI service, once for each of the three proxies and once
     // more for each of the two with signals, a match for its changes, and one for each signal.
     QVERIFY(bus.sync());
     const QStringList asked = bus.daemonCalls();
@@ -86,7 +86,7 @@ void VoiceTestRunTest::startOrder()
              QStringList(QStringLiteral("debug|internal QAudioInput change state: ActiveState")));
 }
 
-void VoiceTestRunTest::emptyPathHearsNobody()
+void VoiceTestRunTest::emptyPathReceivesNothing()
 {
     m_service.script(createSession, QStringLiteral("error"), QStringLiteral("no room"));
     VoiceTest run;
@@ -277,7 +277,7 @@ void VoiceTestRunTest::hundredRuns()
     QCOMPARE(run.levels.size(), 100);
     QCOMPARE(tracker.timers(testMs).size(), 1);
     QCOMPARE(matchRules(), rules);
-    // Room for what Qt's own threads have in hand.
+    // Qt's own threads may hold a few objects at the moment.
     QVERIFY2(tracker.objects() <= objects + 5, qPrintable(QString::number(tracker.objects())));
     QCOMPARE(run.wrapper->findChildren<ComCorvaneAiserviceAqcInterface *>().size(), 1);
 }

@@ -16,7 +16,7 @@
 #include <QtTest>
 
 // A session without any bus: the addresses that this test is started with lead nowhere. It is the
-// one world in which a write that nobody waits for fails at once.
+// one case in which a write that nobody waits for fails at once.
 
 using testsupport::LogCapture;
 

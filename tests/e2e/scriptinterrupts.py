@@ -120,7 +120,7 @@ class Run:
         return found
 
     def files(self):
-        """What lies in the folders for temporary files, but for what the script has told of."""
+        """What is in the folders for temporary files, except what the script has announced."""
         files = set(map(str, self._temporary.iterdir()))
         files |= set(glob.glob(SOUND_FOLDERS)) - self._sound_folders
         return sorted(file for file in files if f": {file}\n" not in self.said())

@@ -85,7 +85,7 @@ namespace {
 
 constexpr int startLimitMs = 30000;
 constexpr int endLimitMs = 60000;
-// Sound servers refuse a rush of programs, and more than some sixty of them.
+// Sound servers refuse many programs at once, and more than some sixty of them.
 constexpr int startingAtOnce = 4;
 constexpr int runningAtOnce = 32;
 
@@ -131,7 +131,7 @@ private Q_SLOTS:
 
     void endsWell_data();
     void endsWell();
-    void leavesNothingAtTheService();
+    void leavesNoSessionOpen();
 
 private:
     int running() const;
@@ -189,7 +189,7 @@ void VoiceTestEndsTest::endsWell()
     QVERIFY2(program.exitCode() == 0, output.constData());
 }
 
-void VoiceTestEndsTest::leavesNothingAtTheService()
+void VoiceTestEndsTest::leavesNoSessionOpen()
 {
     // A session is freed as the last thing of a test's end.
     const int tests = int(m_programs.size());

@@ -3,16 +3,15 @@
 //     voicetestexit APPLICATION PAGE ENDING [MS]
 //
 // APPLICATION: on the "stack" or the "heap", or never deleted ("kept").
-// PAGE: deleted "before" or "after" the application object, or never ("kept"); "replaced" by
-// another
-//     page, which is deleted before; or deleted early, and its "successor" runs a test, too.
+// PAGE: deleted "before" or "after" the application object, or never ("kept"); "replaced" by one
+//     that is deleted before; or deleted early, and its "successor" runs a test, too.
 // ENDING: "close" the last window, "quit", "exit" or "abort" from the event loop, or "return" from
 //     main when another loop has ended.
 // MS: record from the sound server and end so many milliseconds after the test has begun. Otherwise
 //     a scripted sound backend is used, which ends the program when a capture outlives it.
 //
 // Prints "recording" as soon as it does, and the moment at which it ends. Needs an AI service and a
-// network manager that say yes.
+// network manager that let it start.
 
 #include "pages/assistantsettingwidget.h"
 #include "tests/support/scriptedaudio.h"
@@ -45,7 +44,7 @@ constexpr int outlived = 4;
 constexpr qint64 serverLimitMs = 10000;
 constexpr int mostFiles = 1024;
 
-// Static, so that a page which nobody deletes is not taken for lost memory.
+// Static, so that a page which nobody deletes is not reported as a leak.
 AssistantSettingWidget *page = nullptr;
 QPointer<AudioRecorder> recorder;
 

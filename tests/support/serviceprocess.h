@@ -79,10 +79,10 @@ public:
     /** Ends it as a session does, with SIGTERM, and waits. True when it ended with exit code 0. */
     bool stop();
 
-    /** Kills it without a chance to say goodbye, and waits. */
+    /** Kills it (SIGKILL), and waits. */
     void kill();
 
-    /** Stops it in its tracks (SIGSTOP): it keeps its names and answers nothing. */
+    /** Stops it (SIGSTOP): it keeps its names and answers nothing. */
     void suspend();
 
     /** Lets a suspended or hung one run on. */

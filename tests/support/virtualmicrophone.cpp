@@ -146,7 +146,7 @@ qint64 RecordingStreams::now()
     return QDeadlineTimer::current().deadline();
 }
 
-/** Waits for what the server has to tell. It may answer once before it tells of a change. */
+/** Waits for pending notifications. The server may answer once before it notifies of a change. */
 void RecordingStreams::roundTrip()
 {
     const LoopLock lock(m_loop);

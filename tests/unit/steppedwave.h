@@ -44,7 +44,7 @@ public:
     QTimer *timer() const { return m_timer; }
 
 private:
-    TimerTracker m_tracker; // before the widget: it must see the timer's birth
+    TimerTracker m_tracker; // before the widget: it must see the timer being created
 
 public:
     VoiceAnimationWidget wave;

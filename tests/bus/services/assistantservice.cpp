@@ -41,7 +41,7 @@ private Q_SLOTS:
     void brokenStateFileGivesTheDefaults();
     void wakeupStoreIsWrittenBeforeTheAnswer();
     void wakeupStoreIsReadAnew();
-    void wakeupWorksWithRubbishInItsStore();
+    void wakeupWorksWithAnInvalidStore();
     void writeThatNobodyWaitsForIsDone();
     void speakerOfTheAssistantIsKept();
     void interfaceAndPathMustFit();
@@ -187,7 +187,7 @@ void AssistantServiceTest::wakeupStoreIsReadAnew()
     QVERIFY(QSettings("corvane", "TavrenVoiceWakeuper").value("base/enable").toBool());
 }
 
-void AssistantServiceTest::wakeupWorksWithRubbishInItsStore()
+void AssistantServiceTest::wakeupWorksWithAnInvalidStore()
 {
     QVERIFY(m_assistant->stop());
     QVERIFY(m_home.writeWakeupSettings("\x01\x02[[[base\nenable=@Variant(rubbish\n\n=\n"));

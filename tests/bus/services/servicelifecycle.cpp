@@ -63,7 +63,7 @@ private Q_SLOTS:
     void helpAndVersionNeedNoBus_data();
     void helpAndVersionNeedNoBus();
     void unknownOptionIsRefused();
-    void unwritableStateIsSaidAndServed();
+    void unwritableStateIsReportedAndTheServiceRuns();
 
 private:
     void addServices();
@@ -252,7 +252,7 @@ void ServiceLifecycleTest::unknownOptionIsRefused()
     QVERIFY(run.error.contains("turbo"));
 }
 
-void ServiceLifecycleTest::unwritableStateIsSaidAndServed()
+void ServiceLifecycleTest::unwritableStateIsReportedAndTheServiceRuns()
 {
     ChildProcess process;
     process.start(programOf("dock"), {"--state", "/proc/nowhere/state.json"});

@@ -59,7 +59,7 @@ CONTROL_ROLES = {
     pyatspi.ROLE_ANIMATION,
 }
 
-# What Qt calls a widget of which nobody has said what it is, and what it thinks of a bare frame.
+# The roles that Qt gives to widgets without one of their own, and to a bare frame.
 ROLES_WITHOUT_MEANING = {pyatspi.ROLE_FILLER, pyatspi.ROLE_UNKNOWN, pyatspi.ROLE_INVALID}
 
 EVENTS = (
@@ -200,7 +200,7 @@ class Tree:
             if str(event.type) == "object:state-changed:focused" and event.detail1:
                 self.focus = name_of(source)
         except (GLib.Error, LookupError, AttributeError):
-            pass  # it has gone; nobody would be told about it either
+            pass  # it has gone
 
 
 class WindowTest(unittest.TestCase):

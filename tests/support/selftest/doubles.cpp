@@ -20,7 +20,7 @@ using namespace testsupport;
 using zcc::widgets::SwitchWidget;
 using zccV20::FrameProxyInterface;
 
-/** What the tests lean on must itself be right. */
+/** What the tests rely on must itself be right. */
 class DoublesTest : public QObject
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ private Q_SLOTS:
     void frameRecordsInOrder();
     void frameDisposesOfReplacedPages();
     void frameDisposesOnDemand();
-    void frameTakesTheWidgetsWithIt();
+    void frameDeletesItsWidgets();
     void frameSurvivesAPageThatIsGone();
     void frameGivesKeysToThePage();
 
@@ -96,7 +96,7 @@ void DoublesTest::frameDisposesOfReplacedPages()
     frame.pushWidget(nullptr, first, FrameProxyInterface::NextColumn);
     auto *second = new QWidget;
     frame.pushWidget(nullptr, second, FrameProxyInterface::NextColumn);
-    QVERIFY(first); // scheduled, not deleted under the feet of whoever pushed
+    QVERIFY(first); // scheduled, not deleted while whoever pushed still uses it
     flushDeferredDeletes();
     QVERIFY(!first);
     QVERIFY(list);
@@ -127,7 +127,7 @@ void DoublesTest::frameDisposesOnDemand()
     QCOMPARE(frame.page(), nullptr);
 }
 
-void DoublesTest::frameTakesTheWidgetsWithIt()
+void DoublesTest::frameDeletesItsWidgets()
 {
     QPointer<QWidget> list(new QWidget);
     QPointer<QWidget> replaced(new QWidget);
