@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QDir>
+#include <QImage>
+#include <QProcess>
+#include <QRegularExpression>
 #include <QStringList>
 
 namespace testsupport {
@@ -19,16 +23,66 @@ enum class Warnings {
 };
 
 /** Runs the program with the translations in place, and waits for its end. */
-WindowRun runWindow(const QStringList &arguments, Warnings warnings = Warnings::Allowed);
+inline WindowRun runWindow(const QStringList &arguments, Warnings warnings = Warnings::Allowed)
+{
+    constexpr int limit = 280000; // ms
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TRANSLATIONS_DIR"), QStringLiteral(CATALOGUES));
+    if (warnings == Warnings::Fatal)
+        environment.insert(QStringLiteral("QT_FATAL_WARNINGS"), QStringLiteral("1"));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(WITH_TRANSLATIONS),
+                  QStringList{QStringLiteral(WINDOW_PROGRAM)} + arguments);
+    const bool ended = process.waitForFinished(limit);
+    if (!ended) {
+        process.kill();
+        process.waitForFinished();
+    }
+    WindowRun run;
+    if (ended && process.exitStatus() == QProcess::NormalExit)
+        run.exitCode = process.exitCode();
+    run.lines =
+        QString::fromUtf8(process.readAllStandardOutput()).trimmed().split(QLatin1Char('\n'));
+    run.messages = QString::fromUtf8(process.readAllStandardError());
+    return run;
+}
 
 /** Runs the tour of the built module; its pictures go to @p folder. */
-WindowRun runTour(const QString &folder, const QStringList &arguments,
-                  Warnings warnings = Warnings::Fatal);
+inline WindowRun runTour(const QString &folder, const QStringList &arguments,
+                         Warnings warnings = Warnings::Fatal)
+{
+    return runWindow(QStringList{QStringLiteral("--plugin"), QStringLiteral(MODULE_FILE),
+                                 QStringLiteral("--tour"), folder} +
+                         arguments,
+                     warnings);
+}
 
 /**
  * What is wrong with the tour @p run: a step that failed, a picture that is not in @p folder, or an
  * exit code. Empty when all is well.
  */
-QString failureOf(const WindowRun &run, const QString &folder);
+inline QString failureOf(const WindowRun &run, const QString &folder)
+{
+    const QString everything = run.lines.join(QLatin1Char('\n'));
+    if (run.exitCode != 0)
+        return QStringLiteral("exit code %1, last message: %2\n")
+                   .arg(run.exitCode)
+                   .arg(run.messages.trimmed().section(QLatin1Char('\n'), -1)) +
+               everything;
+
+    int pictures = 0;
+    for (const QString &line : run.lines) {
+        if (line.startsWith(QLatin1String("FAIL")))
+            return line + QStringLiteral(", and yet the exit code is 0");
+        const auto picture = QRegularExpression(QStringLiteral("^ok .* -> (\\S+)$")).match(line);
+        if (!picture.hasMatch())
+            continue;
+        ++pictures;
+        if (QImage(QDir(folder).filePath(picture.captured(1))).isNull())
+            return line + QStringLiteral(": there is no such picture");
+    }
+    return pictures > 0 ? QString() : QStringLiteral("no pictures\n") + everything;
+}
 
 } // namespace testsupport

@@ -1,4 +1,4 @@
-#include "tests/gui/shownlist.h"
+#include "tests/gui/shownpages.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testprogram.h"
 
