@@ -1,6 +1,5 @@
 #include "tests/support/pictures.h"
 #include "tests/support/testprogram.h"
-#include "tests/unit/shownrow.h"
 
 #include <zcc/widgets/switchwidget.h>
 
