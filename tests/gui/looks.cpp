@@ -2,7 +2,6 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/layoutcheck.h"
 #include "sandbox/controlcenter/moduleloader.h"
-#include "tests/support/isolatedhome.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"

@@ -2,7 +2,6 @@
 
 #include "plugin/assistzlistview.h"
 #include "plugin/thirdlistwidget.h"
-#include "tests/support/isolatedhome.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/modulepages.h"
 #include "tests/support/serviceprocess.h"

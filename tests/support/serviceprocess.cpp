@@ -4,8 +4,10 @@
 
 #include <QDeadlineTimer>
 #include <QDebug>
+#include <QDir>
 #include <QEventLoop>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTimer>
@@ -23,6 +25,17 @@ namespace {
 constexpr int endLimitMs = 10000;
 constexpr int controlLimitMs = 10000;
 
+const struct
+{
+    const char *variable;
+    const char *folder;
+} places[] = {
+    {"HOME", ""},
+    {"XDG_CONFIG_HOME", "config"},
+    {"XDG_DATA_HOME", "data"},
+    {"XDG_CACHE_HOME", "cache"},
+};
+
 } // namespace
 
 QByteArray ChildProcess::waitForLine(int limitMs)
@@ -39,6 +52,65 @@ QByteArray ChildProcess::waitForLine(int limitMs)
 void ChildProcess::setupChildProcess()
 {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
+}
+
+IsolatedHome::IsolatedHome()
+{
+    for (const auto &place : places) {
+        m_before.insert(place.variable, qgetenv(place.variable));
+        qputenv(place.variable, QFile::encodeName(m_folder.filePath(QLatin1String(place.folder))));
+    }
+    makeFolders();
+}
+
+IsolatedHome::~IsolatedHome()
+{
+    for (auto variable = m_before.constBegin(); variable != m_before.constEnd(); ++variable)
+        if (variable.value().isNull())
+            qunsetenv(variable.key().constData());
+        else
+            qputenv(variable.key().constData(), variable.value());
+}
+
+QString IsolatedHome::configFile(const QString &relativePath) const
+{
+    return m_folder.filePath(QStringLiteral("config/") + relativePath);
+}
+
+QString IsolatedHome::dataFile(const QString &relativePath) const
+{
+    return m_folder.filePath(QStringLiteral("data/") + relativePath);
+}
+
+QString IsolatedHome::wakeupSettingsFile() const
+{
+    return configFile(QStringLiteral("corvane/TavrenVoiceWakeuper.conf"));
+}
+
+bool IsolatedHome::writeWakeupSettings(const QByteArray &contents) const
+{
+    QDir().mkpath(QFileInfo(wakeupSettingsFile()).absolutePath());
+    QFile file(wakeupSettingsFile());
+    return file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size();
+}
+
+void IsolatedHome::clear()
+{
+    QDir home(m_folder.path());
+    const QFileInfoList entries =
+        home.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    for (const QFileInfo &entry : entries)
+        if (entry.isDir() && !entry.isSymLink())
+            QDir(entry.filePath()).removeRecursively();
+        else
+            QFile::remove(entry.filePath());
+    makeFolders();
+}
+
+void IsolatedHome::makeFolders() const
+{
+    for (const auto &place : places)
+        QDir().mkpath(m_folder.filePath(QLatin1String(place.folder)));
 }
 
 ServiceProcess::ServiceProcess(const QString &name, QObject *parent)

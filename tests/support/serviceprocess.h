@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QByteArray>
 #include <QDBusConnection>
 #include <QJsonArray>
 #include <QList>
+#include <QMap>
 #include <QObject>
 #include <QProcess>
 #include <QString>
@@ -10,6 +12,8 @@
 #include <QVariant>
 
 #include <memory>
+
+// The processes that a test starts, and the home that they have.
 
 namespace sandbox {
 class ServiceControl;
@@ -35,6 +39,43 @@ public:
 
 protected:
     void setupChildProcess() override;
+};
+
+/**
+ * A home of its own for the test and the processes it starts: HOME and the XDG folders point into a
+ * temporary folder that goes with this object, which also puts the variables back.
+ *
+ * Make it before the application object: Qt remembers where settings live at their first use.
+ */
+class IsolatedHome
+{
+public:
+    IsolatedHome();
+    ~IsolatedHome();
+
+    IsolatedHome(const IsolatedHome &) = delete;
+    IsolatedHome &operator=(const IsolatedHome &) = delete;
+
+    /** XDG_CONFIG_HOME / @p relativePath. */
+    QString configFile(const QString &relativePath) const;
+
+    /** XDG_DATA_HOME / @p relativePath. */
+    QString dataFile(const QString &relativePath) const;
+
+    /** The settings store of the wake-up service. */
+    QString wakeupSettingsFile() const;
+
+    /** Writes @p contents to that store, whatever it is; its folder is made if needed. */
+    bool writeWakeupSettings(const QByteArray &contents) const;
+
+    /** Removes everything in the home. */
+    void clear();
+
+private:
+    void makeFolders() const;
+
+    QTemporaryDir m_folder;
+    QMap<QByteArray, QByteArray> m_before; // null: the variable was not set
 };
 
 /** One call that a service received. */

@@ -1,4 +1,3 @@
-#include "tests/support/isolatedhome.h"
 #include "tests/support/serviceprocess.h"
 
 #include <QDBusConnection>
