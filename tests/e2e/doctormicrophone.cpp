@@ -1,7 +1,6 @@
 // The doctor on a machine with a microphone: it opens none unless it is told to.
 
 #include "tests/support/doctorrun.h"
-#include "tests/support/recordingstreams.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/virtualmicrophone.h"
 
