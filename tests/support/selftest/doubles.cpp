@@ -1,6 +1,6 @@
 #include "tests/support/fakeframe.h"
-#include "tests/support/serviceprocess.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/serviceprocess.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
