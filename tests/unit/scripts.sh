@@ -30,7 +30,7 @@ check_processes() {
     mark=scripts.$BASHPID
     export SANDBOX_MARK=$mark # of all that is started here
 
-    start_process talker sh -c 'echo hello; echo "ready at 7"; echo trouble >&2; exec sleep 100'
+    start_process talker sh -c 'echo hello; echo trouble >&2; echo "ready at 7"; exec sleep 100'
     talker=$started_pid
     expect "a line is waited for" equals "$(wait_for_line '^ready')" "ready at 7"
     expect "standard error is kept" grep -q trouble "$work/talker.log"
