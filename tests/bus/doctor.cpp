@@ -7,6 +7,9 @@
 #include "tests/support/testprogram.h"
 
 #include <QCoreApplication>
+#include <QDBusError>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
 #include <QDBusVirtualObject>
 #include <QtTest>
 

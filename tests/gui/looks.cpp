@@ -133,7 +133,7 @@ void LooksTest::useLocale(const QString &locale, double textSize)
 
 void LooksTest::open(const QSize &size)
 {
-    m_window.reset(new ControlCenterWindow(m_module));
+    m_window = std::make_unique<ControlCenterWindow>(m_module);
     m_window->resize(size.isEmpty() ? m_window->minimumSize() : size);
     m_window->show();
     m_window->openModule();

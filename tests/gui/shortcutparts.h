@@ -159,6 +159,11 @@ public:
     SignalLog log{row};
 };
 
+inline const QString speechId = modulePage(speechToTextPage).shortcut;
+inline const QString readId = modulePage(textToSpeechPage).shortcut;
+inline const QString translationId = modulePage(translationPage).shortcut;
+inline const Qt::KeyboardModifiers controlAlt = Qt::ControlModifier | Qt::AltModifier;
+
 /** The sandbox's page of shortcuts in a window, and the service that it reads from and writes to.
  */
 class ShownShortcutsPage
@@ -183,7 +188,7 @@ protected:
 
     bool open()
     {
-        m_window.reset(new QWidget);
+        m_window = std::make_unique<QWidget>();
         m_window->resize(700, 400);
         m_page = new ShortcutsPage(shortcuts());
         (new QVBoxLayout(m_window.get()))->addWidget(m_page);
@@ -215,11 +220,6 @@ protected:
         m_page->hide();
         m_page->show();
     }
-
-    const QString speechId = modulePage(speechToTextPage).shortcut;
-    const QString readId = modulePage(textToSpeechPage).shortcut;
-    const QString translationId = modulePage(translationPage).shortcut;
-    const Qt::KeyboardModifiers controlAlt = Qt::ControlModifier | Qt::AltModifier;
 
     std::unique_ptr<ServiceProcess> m_service;
     std::unique_ptr<QWidget> m_window;

@@ -193,7 +193,7 @@ void ShortcutsChangesTest::serviceErrorIsToldUntilItGoes()
 void ShortcutsChangesTest::absentServiceIsTold()
 {
     QVERIFY(m_service->stop());
-    m_window.reset(new QWidget);
+    m_window = std::make_unique<QWidget>();
     m_page = new ShortcutsPage(shortcuts(), m_window.get());
     m_window->show();
     QTRY_VERIFY(!m_page->message().isEmpty());

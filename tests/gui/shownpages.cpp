@@ -50,7 +50,7 @@ bool AccessiblePages::start()
 
 bool AccessiblePages::open(const QString &state, int width)
 {
-    m_window.reset(new QScrollArea);
+    m_window = std::make_unique<QScrollArea>();
     m_window->setFocusPolicy(Qt::NoFocus);
     m_window->setWidgetResizable(true);
     m_window->setFrameShape(QFrame::NoFrame);

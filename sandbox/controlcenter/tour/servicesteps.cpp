@@ -13,12 +13,12 @@
 namespace controlcenter {
 namespace {
 
-const QString key = QStringLiteral("iat.enabled");
+const QString switchKey = QStringLiteral("iat.enabled");
 
 // Whether the page of services shows this value of the switch.
 bool shows(const TourDriver &driver, bool on)
 {
-    const QString wanted = key + (on ? QStringLiteral(": true") : QStringLiteral(": false"));
+    const QString wanted = switchKey + (on ? QStringLiteral(": true") : QStringLiteral(": false"));
     const auto labels = driver.window()->findChildren<QLabel *>();
     return std::any_of(labels.cbegin(), labels.cend(), [&](const QLabel *label) {
         return label->isVisible() && label->accessibleName() == wanted;
@@ -34,7 +34,7 @@ TourStep openStep(bool dark)
                 driver.window()->openServices();
                 return driver.waitFor([&] { return shows(driver, true); })
                            ? QString()
-                           : QStringLiteral("the page does not show %1").arg(key);
+                           : QStringLiteral("the page does not show %1").arg(switchKey);
             },
             QStringLiteral("services-") + theme};
 }

@@ -28,6 +28,7 @@ public:
     /** Makes it reachable at its path. */
     void publish();
 
+    // NOLINTBEGIN(readability-identifier-naming): the contract's names
 public Q_SLOTS:
     QStringList Keys() const;
     QDBusVariant Value(const QString &key);
@@ -44,6 +45,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void CallReceived(const QString &member);
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     void refuse(const QString &reason);
