@@ -147,7 +147,7 @@ void ShortcutsPageTest::otherRowTakesOverWait()
 void ShortcutsPageTest::windowShortcutsAreTaken()
 {
     QVERIFY(open());
-    QShortcut find(QKeySequence(Qt::CTRL | Qt::Key_F), m_window.get());
+    QShortcut find(QKeySequence(QStringLiteral("Ctrl+F")), m_window.get());
     const QSignalSpy found(&find, &QShortcut::activated);
     press(Qt::Key_F, Qt::ControlModifier);
     QCOMPARE(found.count(), 1);
