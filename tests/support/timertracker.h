@@ -31,6 +31,7 @@ public:
     {
         qtHookData[addHook] = m_previousAdd;
         qtHookData[removeHook] = m_previousRemove;
+        const QMutexLocker locker(&mutex()); // another thread may be in a hook
         instance() = nullptr;
     }
 
@@ -40,7 +41,7 @@ public:
     /** The timers that are still there and whose interval is @p ms now. */
     QList<QTimer *> timers(int ms) const
     {
-        const QMutexLocker locker(&m_mutex);
+        const QMutexLocker locker(&mutex());
         QList<QTimer *> found;
         for (QObject *object : m_objects) {
             auto *timer = qobject_cast<QTimer *>(object);
@@ -53,7 +54,7 @@ public:
     /** How many objects of any kind are there that were created while this one lives. */
     int objects() const
     {
-        const QMutexLocker locker(&m_mutex);
+        const QMutexLocker locker(&mutex());
         return m_objects.size();
     }
 
@@ -73,24 +74,28 @@ private:
         return tracker;
     }
 
+    // Outlives the tracker, and everything else: threads end late.
+    static QMutex &mutex()
+    {
+        static auto *mutex = new QMutex;
+        return *mutex;
+    }
+
     // Called by every QObject's constructor, on its thread.
     static void added(QObject *object)
     {
-        if (TimerTracker *tracker = instance()) {
-            const QMutexLocker locker(&tracker->m_mutex);
+        const QMutexLocker locker(&mutex());
+        if (TimerTracker *tracker = instance())
             tracker->m_objects.insert(object);
-        }
     }
 
     static void removed(QObject *object)
     {
-        if (TimerTracker *tracker = instance()) {
-            const QMutexLocker locker(&tracker->m_mutex);
+        const QMutexLocker locker(&mutex());
+        if (TimerTracker *tracker = instance())
             tracker->m_objects.remove(object);
-        }
     }
 
-    mutable QMutex m_mutex;
     QSet<QObject *> m_objects;
     quintptr m_previousAdd = 0;
     quintptr m_previousRemove = 0;
