@@ -1,6 +1,6 @@
 # Developer targets: "format" writes the layout of all C++, "check" finds what does not keep the style: its
-# parts are format-check, lint (lint-module and lint-around), shellcheck, flake8 and cmake-lint. The tools are
-# those of Debian 12.
+# parts are format-check, lint (lint-module, lint-doctor and lint-around), shellcheck, flake8 and cmake-lint.
+# The tools are those of Debian 12.
 
 file(GLOB_RECURSE cpp_files CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
     bench/*.h bench/*.cpp bus/*.h bus/*.cpp doctor/*.h doctor/*.cpp pages/*.h pages/*.cpp
@@ -70,8 +70,9 @@ add_custom_target(lint-commands
 add_custom_target(lint)
 add_dependencies(check lint)
 
-# Looks at the sources of TARGETS, given as a regular expression of their folders in the project and, for
-# sources that fast builds unite, in the build. Whatever they include of the project is looked at, too.
+# Adds the target NAME, which looks at the sources in FOLDERS of the project, a regular expression, and where
+# fast builds unite them, at what lies in UNITED_FOLDERS of the build. What they include of the project is
+# looked at, too. Further arguments are clang-tidy's.
 set(lint_header_filter
     "^${PROJECT_SOURCE_DIR}/(bench|bus|doctor|pages|platform|plugin|proxy|sandbox|tests|voice)/")
 function(assistant_add_lint name folders united_folders)
