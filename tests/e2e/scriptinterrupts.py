@@ -95,18 +95,27 @@ class Run:
         if target != "other":
             self.send(signal.SIGKILL, target == "group")
             return target
-        # Whoever kills a microphone alone must remove the folder of its sound server.
-        others = [
-            (pid, name)
-            for pid, name in self.processes().items()
-            if pid != self._process.pid and name != "start"
-        ]
+        others = self._wait_for_others()
+        if not others:
+            return "other: none was left"
         pid, name = generator.choice(others)
         try:
             os.kill(pid, signal.SIGKILL)
         except ProcessLookupError:
             pass
         return name
+
+    def _wait_for_others(self):
+        """Other processes of the script, which between two programs has none; empty when it has ended."""
+        while True:
+            # Whoever kills a microphone alone must remove the folder of its sound server.
+            others = [
+                (pid, name)
+                for pid, name in self.processes().items()
+                if pid != self._process.pid and name != "start"
+            ]
+            if others or self._process.poll() is not None:
+                return others
 
     def processes(self):
         """What runs that the script has started, itself included: names by process id."""
