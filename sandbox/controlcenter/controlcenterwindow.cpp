@@ -22,7 +22,6 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPainter>
 #include <QScreen>
 #include <QShortcut>
@@ -39,9 +38,9 @@ constexpr QSize leastContent(652, 480); // beside the side bar and below the hea
 constexpr int headerHeight = 60;        // px
 
 // Internal names of the window's own entries.
-const QLatin1String keyboardEntry("keyboard");
-const QLatin1String shortcutsEntry("shortcuts");
+const QLatin1String shortcutsEntry("keyboard"); // the desktop's name, which modules follow
 const QLatin1String servicesEntry("services");
+const QLatin1String themeEntry("theme"); // for the search only
 
 // Larger texts get a larger window, as far as the screen has room for it.
 QSize initialSize()
@@ -115,17 +114,17 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     sideBar->lower();
 
     m_frame->prepare(m_module);
-    addOwnEntry(keyboardEntry, tr("Keyboard"), QStringLiteral("zcc_nav_keyboard"),
-                buildKeyboardPage());
-    m_navigation->addEntry(m_module->name(), m_module->displayName(), m_module->icon(),
-                           m_module->follow());
     m_shortcutsPage = new ShortcutsPage(assistantShortcuts());
     addOwnEntry(shortcutsEntry, tr("Shortcuts"), QStringLiteral("zcc_nav_shortcuts"),
                 m_shortcutsPage);
     addOwnEntry(servicesEntry, tr("Services"), QStringLiteral("zcc_nav_services"),
                 new ServicesPage);
+    m_navigation->addEntry(m_module->name(), m_module->displayName(), m_module->icon(),
+                           m_module->follow());
+    m_ownSearchEntries.append({windowTitle(), m_themeButton->toolTip(), QString(), themeEntry,
+                               QIcon::fromTheme(QStringLiteral("zcc_theme"))});
 
-    auto *search = new Search(&m_registry, m_searchField, new SearchPopup(this), this);
+    auto *search = new Search(searchEntries(), m_searchField, new SearchPopup(this), this);
     connect(search, &Search::chosen, this, &ControlCenterWindow::openSearchEntry);
     connect(m_navigation, &NavigationColumn::entryOpened, this, &ControlCenterWindow::openEntry);
     connect(m_frame, &Frame::pageShown, this, [this](const QString &title) {
@@ -190,7 +189,11 @@ QString ControlCenterWindow::pageTitle(const QString &name) const
 
 QVector<SearchEntry> ControlCenterWindow::searchEntries() const
 {
-    return m_registry.searchEntries();
+    QVector<SearchEntry> entries = m_registry.searchEntries();
+    for (SearchEntry &entry : entries)
+        entry.icon = entry.item.isEmpty() ? m_module->icon()
+                                          : QIcon::fromTheme(QStringLiteral("zcc_setting"));
+    return entries + m_ownSearchEntries;
 }
 
 QString ControlCenterWindow::currentTitle() const
@@ -258,19 +261,6 @@ QWidget *ControlCenterWindow::buildHeader()
     return header;
 }
 
-QWidget *ControlCenterWindow::buildKeyboardPage()
-{
-    auto *page = new QWidget(this);
-    auto *text = new QLabel(
-        tr("These settings are the desktop's own. This window runs the assistant's module only."));
-    text->setAlignment(Qt::AlignCenter);
-    text->setWordWrap(true);
-    text->setMaximumWidth(420);
-    auto *layout = new QVBoxLayout(page);
-    layout->addWidget(text, 0, Qt::AlignCenter);
-    return page;
-}
-
 // Titled as the module's pages of the same features are.
 QVector<ShortcutsPage::Shortcut> ControlCenterWindow::assistantShortcuts() const
 {
@@ -286,7 +276,9 @@ QVector<ShortcutsPage::Shortcut> ControlCenterWindow::assistantShortcuts() const
 void ControlCenterWindow::addOwnEntry(const QString &name, const QString &text, const QString &icon,
                                       QWidget *page)
 {
-    m_navigation->addEntry(name, text, QIcon::fromTheme(icon));
+    const QIcon image = QIcon::fromTheme(icon);
+    m_navigation->addEntry(name, text, image);
+    m_ownSearchEntries.append({windowTitle(), text, QString(), name, image});
     m_stack->addWidget(page);
     m_ownPages.insert(name, page);
 }
@@ -317,6 +309,15 @@ void ControlCenterWindow::openEntry(const QString &name)
 
 void ControlCenterWindow::openSearchEntry(const SearchEntry &entry)
 {
+    if (entry.ownEntry == themeEntry) {
+        m_themeButton->setFocus(Qt::ShortcutFocusReason);
+        return;
+    }
+    if (!entry.ownEntry.isEmpty()) {
+        m_navigation->setCurrentEntry(entry.ownEntry);
+        m_navigation->setFocus(Qt::ShortcutFocusReason);
+        return;
+    }
     openPage(m_registry.pageName(entry.page));
     QWidget *page = currentPage();
     QWidget *control = page ? findControl(page, entry.item) : nullptr;

@@ -54,7 +54,10 @@ public:
     /** Translated name of page @p name. */
     QString pageTitle(const QString &name) const;
 
-    /** What the search can find, in the order in which the module registered it. */
+    /**
+     * What the search can find: the module's in the order in which it was registered, then the
+     * window's own.
+     */
     QVector<SearchEntry> searchEntries() const;
 
     /** Name of the page that is shown, as the heading says it. */
@@ -78,8 +81,6 @@ protected:
 private:
     QWidget *buildSideBar();
     QWidget *buildHeader();
-    /** The page of an entry that belongs to the desktop: it says that this window lacks it. */
-    QWidget *buildKeyboardPage();
     QVector<ShortcutsPage::Shortcut> assistantShortcuts() const;
     /** Adds an entry of the window's own with its page; @p icon is an icon's name. */
     void addOwnEntry(const QString &name, const QString &text, const QString &icon, QWidget *page);
@@ -97,6 +98,7 @@ private:
     QStackedWidget *m_stack;
     ModuleView *m_moduleView;
     QHash<QString, QWidget *> m_ownPages; ///< by entry
+    QVector<SearchEntry> m_ownSearchEntries;
     ShortcutsPage *m_shortcutsPage;
     Frame *m_frame;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -9,9 +10,11 @@ namespace controlcenter {
 /** One thing that the search can find: a page, or one setting of a page. */
 struct SearchEntry
 {
-    QString module; ///< translated name of the module
-    QString page;   ///< translated name of the page
-    QString item;   ///< translated name of the setting; empty for the page itself
+    QString module;        ///< translated name of the module, or of the window
+    QString page;          ///< translated name of the page
+    QString item;          ///< translated name of the setting; empty for the page itself
+    QString ownEntry = {}; ///< internal name of the window's own entry; empty: a module's
+    QIcon icon = {};       ///< tells a page and a setting of the same name apart
 };
 
 /**

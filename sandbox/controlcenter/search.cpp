@@ -3,14 +3,19 @@
 #include "sandbox/controlcenter/searchfield.h"
 #include "sandbox/controlcenter/searchpopup.h"
 
-#include <QAccessible>
-
 #include <algorithm>
 
 namespace controlcenter {
 namespace {
 
 constexpr int gap = 6; // px between field and results
+
+QStringList wordsOf(const QString &query)
+{
+    QStringList words = query.simplified().split(QLatin1Char(' '));
+    words.removeAll(QString());
+    return words;
+}
 
 QString ownName(const SearchEntry &entry)
 {
@@ -39,6 +44,16 @@ bool matches(const SearchEntry &entry, const QStringList &words)
 
 } // namespace
 
+QVector<TextPart> matchedParts(const QString &text, const QString &query)
+{
+    QVector<TextPart> parts;
+    for (const QString &word : wordsOf(query))
+        for (int at = text.indexOf(word, 0, Qt::CaseInsensitive); at >= 0;
+             at = text.indexOf(word, at + word.size(), Qt::CaseInsensitive))
+            parts.append({at, word.size()});
+    return parts;
+}
+
 QVector<SearchEntry> findEntries(const QVector<SearchEntry> &entries, const QString &text)
 {
     const QString query = text.simplified();
@@ -46,7 +61,7 @@ QVector<SearchEntry> findEntries(const QVector<SearchEntry> &entries, const QStr
     if (query.isEmpty())
         return found;
 
-    const QStringList words = query.split(QLatin1Char(' '));
+    const QStringList words = wordsOf(query);
     std::copy_if(entries.cbegin(), entries.cend(), std::back_inserter(found),
                  [&](const SearchEntry &entry) { return matches(entry, words); });
     std::stable_sort(found.begin(), found.end(), [&](const SearchEntry &a, const SearchEntry &b) {
@@ -55,15 +70,15 @@ QVector<SearchEntry> findEntries(const QVector<SearchEntry> &entries, const QStr
     return found;
 }
 
-Search::Search(const ModuleRegistry *registry, SearchField *field, SearchPopup *popup,
+Search::Search(const QVector<SearchEntry> &entries, SearchField *field, SearchPopup *popup,
                QObject *parent)
     : QObject(parent)
-    , m_registry(registry)
+    , m_entries(entries)
     , m_field(field)
     , m_popup(popup)
 {
     connect(m_field, &QLineEdit::textChanged, this, &Search::showResults);
-    connect(m_field, &SearchField::focusLost, m_popup, &QWidget::hide);
+    connect(m_field, &SearchField::focusLost, this, &Search::hideResults);
     connect(m_field, &SearchField::accepted, m_popup, &SearchPopup::acceptSelection);
     connect(m_field, &SearchField::moved, this, [this](int rows) {
         if (!m_popup->isVisible()) {
@@ -79,14 +94,20 @@ Search::Search(const ModuleRegistry *registry, SearchField *field, SearchPopup *
 void Search::showResults(const QString &text)
 {
     if (text.trimmed().isEmpty()) {
-        m_popup->hide();
+        hideResults();
         return;
     }
-    m_popup->showResults(findEntries(m_registry->searchEntries(), text));
+    m_popup->showResults(findEntries(m_entries, text), text);
     const QRect field(m_field->mapTo(m_field->window(), QPoint()), m_field->size());
     const bool mirrored = m_field->layoutDirection() == Qt::RightToLeft;
     m_popup->move(mirrored ? field.right() + 1 - m_popup->width() : field.left(),
                   field.bottom() + 1 + gap);
+    announce();
+}
+
+void Search::hideResults()
+{
+    m_popup->hide();
     announce();
 }
 
@@ -99,9 +120,7 @@ void Search::choose(SearchEntry entry)
 
 void Search::announce()
 {
-    m_field->setAccessibleDescription(m_popup->description());
-    QAccessibleEvent event(m_field, QAccessible::DescriptionChanged);
-    QAccessible::updateAccessibility(&event);
+    m_field->setAccessibleDescription(m_popup->isHidden() ? QString() : m_popup->description());
 }
 
 } // namespace controlcenter

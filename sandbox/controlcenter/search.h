@@ -9,6 +9,16 @@ namespace controlcenter {
 class SearchField;
 class SearchPopup;
 
+/** A part of a text, in characters. */
+struct TextPart
+{
+    int start;
+    int length;
+};
+
+/** Where words of @p query stand in @p text, in any letter case; parts may overlap. */
+QVector<TextPart> matchedParts(const QString &text, const QString &query);
+
 /**
  * The entries of @p entries that contain every word of @p text, in any of their names and in any
  * letter case. Settings whose own name begins with the text come first, then settings that contain
@@ -25,8 +35,9 @@ class Search : public QObject
     Q_OBJECT
 
 public:
-    /** All three outlive the search. The popup opens below @p field. */
-    Search(const ModuleRegistry *registry, SearchField *field, SearchPopup *popup,
+    /** Looks through @p entries. Field and popup outlive the search; the one opens below the other.
+     */
+    Search(const QVector<SearchEntry> &entries, SearchField *field, SearchPopup *popup,
            QObject *parent = nullptr);
 
 Q_SIGNALS:
@@ -34,10 +45,11 @@ Q_SIGNALS:
 
 private:
     void showResults(const QString &text);
+    void hideResults();
     void choose(SearchEntry entry);
     void announce();
 
-    const ModuleRegistry *m_registry;
+    const QVector<SearchEntry> m_entries;
     SearchField *m_field;
     SearchPopup *m_popup;
 };

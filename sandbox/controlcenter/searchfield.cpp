@@ -2,8 +2,12 @@
 
 #include "sandbox/controlcenter/windowstyle.h"
 
+#include <ztk/ziconbutton.h>
+
 #include <QKeyEvent>
 #include <QPainter>
+
+using Ztk::Widget::ZIconButton;
 
 namespace controlcenter {
 namespace {
@@ -11,25 +15,39 @@ namespace {
 constexpr int fieldHeight = 36;   // px, a comfortable target
 constexpr int magnifierRoom = 28; // px, on the leading side
 constexpr int textMargin = 12;    // px, around the text
+constexpr int clearSide = 28;     // px, of the button on the trailing side
+constexpr int clearEdge = 4;      // px, from the button to the field's edges
 constexpr qreal magnifierRadius = 4.5;
 
 } // namespace
 
 SearchField::SearchField(QWidget *parent)
     : QLineEdit(parent)
+    , m_clearButton(new ZIconButton(this))
 {
     setPlaceholderText(tr("Search settings"));
     setAccessibleName(tr("Search settings"));
     setMinimumHeight(fieldHeight);
-    const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    setTextMargins(mirrored ? 0 : magnifierRoom, 0, mirrored ? magnifierRoom : 0, 0);
+
+    m_clearButton->setIcon(QIcon::fromTheme(QStringLiteral("zcc_clear")));
+    m_clearButton->setAccessibleName(tr("Clear search"));
+    m_clearButton->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the field
+    m_clearButton->setCursor(Qt::ArrowCursor);
+    m_clearButton->hide();
+    connect(m_clearButton, &QAbstractButton::clicked, this, [this] {
+        setFocus();
+        clear();
+    });
+    connect(this, &QLineEdit::textChanged, this, &SearchField::placeParts);
+    placeParts();
 }
 
 QSize SearchField::sizeHint() const
 {
     const QSize usual = QLineEdit::sizeHint();
     const int text = fontMetrics().horizontalAdvance(placeholderText());
-    return usual.expandedTo(QSize(magnifierRoom + text + 2 * textMargin, fieldHeight));
+    return usual.expandedTo(
+        QSize(magnifierRoom + text + 2 * textMargin + clearSide + clearEdge, fieldHeight));
 }
 
 void SearchField::keyPressEvent(QKeyEvent *event)
@@ -60,6 +78,19 @@ void SearchField::focusOutEvent(QFocusEvent *event)
         Q_EMIT focusLost();
 }
 
+void SearchField::resizeEvent(QResizeEvent *event)
+{
+    QLineEdit::resizeEvent(event);
+    placeParts();
+}
+
+void SearchField::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        placeParts();
+}
+
 void SearchField::paintEvent(QPaintEvent *event)
 {
     QLineEdit::paintEvent(event);
@@ -73,6 +104,18 @@ void SearchField::paintEvent(QPaintEvent *event)
     painter.drawEllipse(center, magnifierRadius, magnifierRadius);
     const QPointF edge = center + QPointF(3.3, 3.3);
     painter.drawLine(edge, edge + QPointF(3.7, 3.7));
+}
+
+void SearchField::placeParts()
+{
+    const bool clearable = !text().isEmpty();
+    const bool mirrored = layoutDirection() == Qt::RightToLeft;
+    const int trailing = clearable ? clearSide + clearEdge : 0;
+    setTextMargins(mirrored ? trailing : magnifierRoom, 0, mirrored ? magnifierRoom : trailing, 0);
+    m_clearButton->setVisible(clearable);
+    m_clearButton->setGeometry(QStyle::visualRect(
+        layoutDirection(), rect(),
+        QRect(width() - clearEdge - clearSide, (height() - clearSide) / 2, clearSide, clearSide)));
 }
 
 } // namespace controlcenter

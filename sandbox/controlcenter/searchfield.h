@@ -2,11 +2,17 @@
 
 #include <QLineEdit>
 
+namespace Ztk {
+namespace Widget {
+class ZIconButton;
+} // namespace Widget
+} // namespace Ztk
+
 namespace controlcenter {
 
 /**
  * Where the user types what to look for. Up and Down move through the results, Enter opens one,
- * Escape clears.
+ * Escape clears, and so does a button, which is there while there is a text.
  */
 class SearchField : public QLineEdit
 {
@@ -15,7 +21,7 @@ class SearchField : public QLineEdit
 public:
     explicit SearchField(QWidget *parent = nullptr);
 
-    /** Wide enough for all of the placeholder. */
+    /** Wide enough for all of the placeholder, and for the button. */
     QSize sizeHint() const override;
 
 Q_SIGNALS:
@@ -27,7 +33,14 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    void placeParts();
+
+    Ztk::Widget::ZIconButton *m_clearButton;
 };
 
 } // namespace controlcenter

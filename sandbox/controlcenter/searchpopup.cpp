@@ -1,6 +1,7 @@
 #include "sandbox/controlcenter/searchpopup.h"
 
 #include "sandbox/controlcenter/layoutcheck.h"
+#include "sandbox/controlcenter/search.h"
 #include "sandbox/controlcenter/windowstyle.h"
 
 #include <ztk/zfontsizemanager.h>
@@ -12,6 +13,7 @@
 #include <QPainter>
 #include <QStandardItemModel>
 #include <QStyledItemDelegate>
+#include <QTextLayout>
 #include <QVBoxLayout>
 
 using Ztk::Widget::ZFontSizeManager;
@@ -26,6 +28,9 @@ constexpr int border = 6;         // px between card and rows
 constexpr qreal popupRadius = 10; // px
 
 constexpr int whereRole = Qt::UserRole + 1;
+constexpr int queryRole = Qt::UserRole + 2;
+constexpr int resultIcon = 20; // px
+constexpr int iconGap = 10;    // px
 constexpr int paddingX = 12;   // px
 constexpr int paddingY = 6;    // px
 constexpr int lineGap = 2;     // px
@@ -43,7 +48,44 @@ int lineHeight(const QFont &font, const QString &text)
     return qMax(metrics.height(), metrics.boundingRect(QRect(), Qt::TextSingleLine, text).height());
 }
 
-// Draws one search result: the setting's name, and below it where it is.
+// The colours of one line: its text, the letters that were looked for, and what is behind these.
+struct LineColors
+{
+    QColor text;
+    QColor match;
+    QColor mark;
+};
+
+// Draws one line of text from the leading edge of @p room, with the words of @p query marked. The
+// letters keep their shapes: in many scripts these depend on the letters beside them.
+void drawMarked(QPainter *painter, const QRect &room, Qt::Alignment side, const QFont &font,
+                const QString &text, const QString &query, const LineColors &colors)
+{
+    const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, room.width());
+    QTextOption option(side & Qt::AlignHorizontal_Mask);
+    option.setTextDirection(painter->layoutDirection());
+    option.setWrapMode(QTextOption::NoWrap);
+    QTextLayout layout(shown, font);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(room.width());
+    layout.endLayout();
+
+    QVector<QTextLayout::FormatRange> marks;
+    for (const TextPart &part : matchedParts(shown, query)) {
+        QTextCharFormat format;
+        format.setForeground(colors.match);
+        format.setBackground(colors.mark);
+        marks.append({part.start, part.length, format});
+    }
+    const qreal top =
+        side & Qt::AlignBottom ? room.top() + room.height() - line.height() : room.top();
+    painter->setPen(colors.text);
+    layout.draw(painter, QPointF(room.left(), top), marks);
+}
+
+// Draws one search result: its icon, the setting's name, and below it where it is.
 class SearchResultDelegate : public QStyledItemDelegate
 {
 public:
@@ -64,32 +106,38 @@ void SearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
 
     QColor name = palette.color(QPalette::Text);
     QColor where = ZPainting::blend(palette.color(QPalette::Base), name, 0.62);
+    QColor match = palette.color(QPalette::Link);
+    QColor mark = ZPainting::blend(palette.color(QPalette::Base), match, 0.14);
     if (selected) {
         painter->setPen(Qt::NoPen);
         painter->setBrush(palette.color(QPalette::Highlight));
         painter->drawRoundedRect(option.rect, rowRadius, rowRadius);
         name = palette.color(QPalette::HighlightedText);
         where = ZPainting::blend(palette.color(QPalette::Highlight), name, 0.85);
+        match = name;
+        mark = ZPainting::blend(palette.color(QPalette::Highlight),
+                                name.lightness() > 127 ? Qt::black : Qt::white, 0.3);
     } else if (option.state & QStyle::State_MouseOver) {
         painter->setPen(Qt::NoPen);
         painter->setBrush(ZPainting::blend(palette.color(QPalette::Base), name, 0.06));
         painter->drawRoundedRect(option.rect, rowRadius, rowRadius);
     }
 
-    const QRect room = option.rect.adjusted(paddingX, paddingY, -paddingX, -paddingY);
+    const QRect inner = option.rect.adjusted(paddingX, paddingY, -paddingX, -paddingY);
+    const auto place = [&](const QRect &rect) {
+        return QStyle::visualRect(option.direction, option.rect, rect);
+    };
+    const QRect icon(inner.left(), inner.center().y() - resultIcon / 2 + 1, resultIcon, resultIcon);
+    ZPainting::drawIcon(painter, place(icon), index.data(Qt::DecorationRole).value<QIcon>(), name);
+
+    const QRect room = place(inner.adjusted(resultIcon + iconGap, 0, 0, 0));
+    const QString query = index.data(queryRole).toString();
     painter->setLayoutDirection(option.direction);
-    painter->setFont(option.font);
-    painter->setPen(name);
     const Qt::Alignment lead = QStyle::visualAlignment(option.direction, Qt::AlignLeading);
-    painter->drawText(room, int(lead | Qt::AlignTop),
-                      option.fontMetrics.elidedText(index.data(Qt::DisplayRole).toString(),
-                                                    Qt::ElideRight, room.width()));
-    const QFont small = whereFont(option.font);
-    painter->setFont(small);
-    painter->setPen(where);
-    painter->drawText(room, int(lead | Qt::AlignBottom),
-                      QFontMetrics(small).elidedText(index.data(whereRole).toString(),
-                                                     Qt::ElideRight, room.width()));
+    drawMarked(painter, room, lead | Qt::AlignTop, option.font,
+               index.data(Qt::DisplayRole).toString(), query, {name, match, mark});
+    drawMarked(painter, room, lead | Qt::AlignBottom, whereFont(option.font),
+               index.data(whereRole).toString(), query, {where, match, mark});
     painter->restore();
 }
 
@@ -137,15 +185,16 @@ SearchPopup::SearchPopup(QWidget *window)
     hide();
 }
 
-void SearchPopup::showResults(const QVector<SearchEntry> &entries)
+void SearchPopup::showResults(const QVector<SearchEntry> &entries, const QString &query)
 {
     m_entries = entries;
     m_model->clear();
     for (const SearchEntry &entry : entries) {
-        auto *row = new QStandardItem(entry.item.isEmpty() ? entry.page : entry.item);
+        auto *row = new QStandardItem(entry.icon, entry.item.isEmpty() ? entry.page : entry.item);
         const QString where =
             entry.item.isEmpty() ? entry.module : entry.module + QStringLiteral(" › ") + entry.page;
         row->setData(where, whereRole);
+        row->setData(query, queryRole);
         row->setData(row->text() + QStringLiteral(", ") + where, Qt::AccessibleTextRole);
         m_model->appendRow(row);
     }

@@ -21,8 +21,11 @@ class SearchPopup : public QFrame
 public:
     explicit SearchPopup(QWidget *window);
 
-    /** Shows @p entries with the first one selected, or a sentence that there are none. */
-    void showResults(const QVector<SearchEntry> &entries);
+    /**
+     * Shows @p entries with the first one selected, or a sentence that there are none. What matches
+     * @p query is marked.
+     */
+    void showResults(const QVector<SearchEntry> &entries, const QString &query);
 
     /** Selects the row @p rows further down; stops at both ends. */
     void moveSelection(int rows);

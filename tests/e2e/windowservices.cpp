@@ -306,7 +306,7 @@ void WindowWaitingTest::aPageThatComesAfterTheUserHasLeftIsDisposedOf()
     QVERIFY(!m_window->moduleList());
     QVERIFY(isGone(first));
     QVERIFY(isGone(list));
-    QCOMPARE(m_window->currentTitle(), QStringLiteral("Keyboard"));
+    QCOMPARE(m_window->currentTitle(), QStringLiteral("Shortcuts"));
 
     m_assistant.reset();
     m_window->openPage(page);

@@ -160,6 +160,7 @@ void WindowTourTest::onlyPicturesOfAnEarlierTourAreRemoved()
                                   QStringLiteral("02-desktop-ai-assistant-dark.png"),
                                   QStringLiteral("02-search-opened.png"),
                                   QStringLiteral("03-search-setting.png"),
+                                  QStringLiteral("04-search-dark.png"),
                                   QStringLiteral("07-my-cat.png"),
                                   QStringLiteral("2024-holiday.png"),
                                   QStringLiteral("holiday.png")};

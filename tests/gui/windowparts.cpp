@@ -2,75 +2,14 @@
 #include "sandbox/controlcenter/moduleregistry.h"
 #include "sandbox/controlcenter/moduleview.h"
 #include "sandbox/controlcenter/navigationcolumn.h"
+#include "tests/gui/scriptedmodule.h"
 #include "tests/support/testprogram.h"
 
-#include <QLabel>
-#include <QPointer>
 #include <QtTest>
 
-#include <functional>
-
 using namespace controlcenter;
+using testsupport::ScriptedModule;
 using zccV20::FrameProxyInterface;
-
-/** A module that writes down how it is driven and pushes labels. */
-class ScriptedModule : public zccV20::ModuleInterface
-{
-public:
-    QStringList calls;
-    std::function<void()> whileActivating; ///< runs between the push of the list and of the page
-
-    void push(FrameProxyInterface::PushType type = FrameProxyInterface::NextColumn)
-    {
-        auto *label = new QLabel(QStringLiteral("pushed"));
-        pushed.append(label);
-        m_frameProxy->pushWidget(this, label, type);
-    }
-
-    QVector<QPointer<QWidget>> pushed;
-
-    void preInitialize(bool, FrameProxyInterface::PushType) override
-    {
-        calls << (m_frameProxy ? QStringLiteral("preInitialize") : QStringLiteral("no frame"));
-        addChildPageTrans();
-        initSearchData();
-    }
-    void initialize() override { calls << QStringLiteral("initialize"); }
-    void reset() override { calls << QStringLiteral("reset"); }
-    QString name() const override { return QStringLiteral("scripted"); }
-    QString displayName() const override { return QStringLiteral("Scripted"); }
-    QIcon icon() const override { return QIcon(); }
-    QString translationPath() const override { return QString(); }
-    void contentPopped(QWidget *) override { calls << QStringLiteral("contentPopped"); }
-    void active() override
-    {
-        calls << QStringLiteral("active");
-        push();
-        if (whileActivating)
-            whileActivating();
-        push();
-    }
-    void deactive() override { calls << QStringLiteral("deactive"); }
-    int load(const QString &path) override
-    {
-        calls << QStringLiteral("load ") + path;
-        push();
-        return 0;
-    }
-    QStringList availPage() const override { return {}; }
-    QString path() const override { return QString(); }
-    QString follow() const override { return QString(); }
-    void addChildPageTrans() const override
-    {
-        m_frameProxy->addPageTranslation(QStringLiteral("Page"), QStringLiteral("Seite"));
-    }
-    void initSearchData() override
-    {
-        m_frameProxy->addSearchModule(displayName(), QStringLiteral("Seite"), true);
-        m_frameProxy->addSearchItem(displayName(), QStringLiteral("Seite"), QStringLiteral("Ding"),
-                                    true);
-    }
-};
 
 /** The frame drives a module in the documented order, and owns and disposes of what it pushes. */
 class WindowFrameTest : public QObject

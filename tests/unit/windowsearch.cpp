@@ -21,6 +21,8 @@ private Q_SLOTS:
     void absentEntriesAreNotFound();
     void aTranslatedPageLeadsToItsKey();
     void aPageThatWasNotRegisteredIsItsOwnKey();
+    void everyWordIsMatchedWhereverItStands_data();
+    void everyWordIsMatchedWhereverItStands();
 
 private:
     QStringList found(const QString &text) const;
@@ -95,6 +97,34 @@ void WindowSearchTest::aTranslatedPageLeadsToItsKey()
 void WindowSearchTest::aPageThatWasNotRegisteredIsItsOwnKey()
 {
     QCOMPARE(m_registry.pageName(QStringLiteral("Other")), QStringLiteral("Other"));
+}
+
+void WindowSearchTest::everyWordIsMatchedWhereverItStands_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("query");
+    QTest::addColumn<QString>("parts"); // start+length
+
+    const auto row = [](const char *text, const char *query, const char *parts) {
+        QTest::newRow(query) << QString::fromUtf8(text) << QString::fromUtf8(query)
+                             << QString::fromLatin1(parts);
+    };
+    row("Voice Test", "voice", "0+5");
+    row("Voice Test", " TEST  vo", "6+4 0+2");
+    row("Test of a test", "test", "0+4 10+4");
+    row("Voice Test", "printer", "");
+    row("Voice Test", " ", "");
+    row("语音测试", "测试", "2+2");
+}
+
+void WindowSearchTest::everyWordIsMatchedWhereverItStands()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, query);
+    QStringList parts;
+    for (const TextPart &part : matchedParts(text, query))
+        parts.append(QStringLiteral("%1+%2").arg(part.start).arg(part.length));
+    QTEST(parts.join(QLatin1Char(' ')), "parts");
 }
 
 TEST_CLASS(testsupport::NoApplication, WindowSearchTest)

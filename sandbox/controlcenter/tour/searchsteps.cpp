@@ -7,11 +7,11 @@
 namespace controlcenter {
 namespace {
 
-TourStep typeStep(const QString &text)
+TourStep typeStep(const QString &text, bool dark = false)
 {
     return {QStringLiteral("search for '%1'").arg(text),
-            [text](TourDriver &driver) {
-                driver.setDark(false);
+            [text, dark](TourDriver &driver) {
+                driver.setDark(dark);
                 driver.press(Qt::Key_F, Qt::ControlModifier);
                 SearchField *field = driver.window()->searchField();
                 if (!field->hasFocus())
@@ -22,7 +22,7 @@ TourStep typeStep(const QString &text)
                         .arg(field->accessibleDescription());
                 return QString();
             },
-            QStringLiteral("search")};
+            dark ? QStringLiteral("search-dark") : QStringLiteral("search")};
 }
 
 TourStep acceptStep(const QString &title)
@@ -80,8 +80,12 @@ TourStep escapeStep(const QString &text)
 TourSteps searchSteps(const ControlCenterWindow *window)
 {
     const QString title = window->pageTitle(modulepages::translation);
-    const SearchEntry lastSetting = window->searchEntries().constLast();
-    return {typeStep(title), acceptStep(title), settingStep(lastSetting), escapeStep(title)};
+    SearchEntry lastSetting;
+    for (const SearchEntry &entry : window->searchEntries())
+        if (!entry.item.isEmpty())
+            lastSetting = entry;
+    return {typeStep(title), acceptStep(title), settingStep(lastSetting), typeStep(title, true),
+            escapeStep(title)};
 }
 
 } // namespace controlcenter

@@ -15,20 +15,12 @@
         <translation>ཚོད་འཛིན་ལྟེ་གནས</translation>
     </message>
     <message>
-        <source>Keyboard</source>
-        <translation>མཐེབ་གཞོང</translation>
-    </message>
-    <message>
         <source>Shortcuts</source>
         <translation>མྱུར་མཐེབ</translation>
     </message>
     <message>
         <source>Services</source>
         <translation>ཞབས་ཞུ</translation>
-    </message>
-    <message>
-        <source>These settings are the desktop&apos;s own. This window runs the assistant&apos;s module only.</source>
-        <translation>སྒྲིག་འགོད་འདི་དག་ཅོག་ངོས་རང་གི་ཡིན། སྒེའུ་ཁུང་འདིས་ལག་རོགས་ཀྱི་ཚན་པ་ཁོ་ན་འཁོར་སྐྱོད་བྱེད།</translation>
     </message>
 </context>
 <context>
@@ -43,6 +35,10 @@
     <message>
         <source>Search settings</source>
         <translation>སྒྲིག་འགོད་འཚོལ་བ</translation>
+    </message>
+    <message>
+        <source>Clear search</source>
+        <translation>འཚོལ་བཤེར་གྱི་ཡི་གེ་གཙང་སེལ</translation>
     </message>
 </context>
 <context>

@@ -15,20 +15,12 @@
         <translation>كونترول مەركىزى</translation>
     </message>
     <message>
-        <source>Keyboard</source>
-        <translation>كۇنۇپكا تاختىسى</translation>
-    </message>
-    <message>
         <source>Shortcuts</source>
         <translation>تېزلەتمە كۇنۇپكىلار</translation>
     </message>
     <message>
         <source>Services</source>
         <translation>مۇلازىمەتلەر</translation>
-    </message>
-    <message>
-        <source>These settings are the desktop&apos;s own. This window runs the assistant&apos;s module only.</source>
-        <translation>بۇ تەڭشەكلەر ئۈستەليۈزىنىڭ ئۆزىنىڭ. بۇ كۆزنەك پەقەت ياردەمچىنىڭ بۆلىكىنىلا ئىجرا قىلىدۇ.</translation>
     </message>
 </context>
 <context>
@@ -43,6 +35,10 @@
     <message>
         <source>Search settings</source>
         <translation>تەڭشەك ئىزدەش</translation>
+    </message>
+    <message>
+        <source>Clear search</source>
+        <translation>ئىزدەش تېكىستىنى تازىلاش</translation>
     </message>
 </context>
 <context>

@@ -15,20 +15,12 @@
         <translation>控制中心</translation>
     </message>
     <message>
-        <source>Keyboard</source>
-        <translation>键盘</translation>
-    </message>
-    <message>
         <source>Shortcuts</source>
         <translation>快捷键</translation>
     </message>
     <message>
         <source>Services</source>
         <translation>服务</translation>
-    </message>
-    <message>
-        <source>These settings are the desktop&apos;s own. This window runs the assistant&apos;s module only.</source>
-        <translation>这些设置由桌面环境提供，此窗口只运行助手的模块。</translation>
     </message>
 </context>
 <context>
@@ -43,6 +35,10 @@
     <message>
         <source>Search settings</source>
         <translation>搜索设置</translation>
+    </message>
+    <message>
+        <source>Clear search</source>
+        <translation>清除搜索内容</translation>
     </message>
 </context>
 <context>

@@ -15,20 +15,12 @@
         <translation>控制中心</translation>
     </message>
     <message>
-        <source>Keyboard</source>
-        <translation>鍵盤</translation>
-    </message>
-    <message>
         <source>Shortcuts</source>
         <translation>快捷鍵</translation>
     </message>
     <message>
         <source>Services</source>
         <translation>服務</translation>
-    </message>
-    <message>
-        <source>These settings are the desktop&apos;s own. This window runs the assistant&apos;s module only.</source>
-        <translation>這些設定屬於桌面環境，此視窗只會執行助理的模組。</translation>
     </message>
 </context>
 <context>
@@ -43,6 +35,10 @@
     <message>
         <source>Search settings</source>
         <translation>搜尋設定</translation>
+    </message>
+    <message>
+        <source>Clear search</source>
+        <translation>清除搜尋內容</translation>
     </message>
 </context>
 <context>

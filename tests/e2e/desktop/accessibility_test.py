@@ -70,8 +70,8 @@ class AccessibilityTest(WindowTest):
             with self.subTest(page):
                 self.open(page)
         entries = self.tree.control(pyatspi.ROLE_LIST, "Settings")
-        press(self.tree.control(pyatspi.ROLE_LIST_ITEM, "Keyboard", entries), "Toggle")
-        self.tree.control(pyatspi.ROLE_LABEL, "Keyboard")
+        press(self.tree.control(pyatspi.ROLE_LIST_ITEM, "Shortcuts", entries), "Toggle")
+        self.tree.control(pyatspi.ROLE_LABEL, "Shortcuts")
         press(self.tree.control(pyatspi.ROLE_LIST_ITEM, "Assistive Tools", entries), "Toggle")
         self.tree.control(pyatspi.ROLE_LABEL, "Assistive Tools, Desktop AI Assistant")
 

@@ -131,12 +131,12 @@ class KeyboardTest(WindowTest):
         self.open("Translation")
         self.press("ctrl+f", then="Search settings")
         self.press("Tab", then="Settings")
-        self.press("Up", then="Keyboard")
-        self.tree.control(pyatspi.ROLE_LABEL, "Keyboard")
+        self.press("Up", then="Shortcuts")
+        self.tree.control(pyatspi.ROLE_LABEL, "Shortcuts")
         self.desktop.press("Down")
         self.tree.control(pyatspi.ROLE_LABEL, "Assistive Tools, Desktop AI Assistant")
-        self.press("Down", then="Shortcuts")
-        self.press("Up", "Up", then="Keyboard")
+        self.press("Down", then="Services")
+        self.press("Up", "Up", then="Shortcuts")
 
     def test_search_leads_to_a_control(self):
         """The second result is chosen with an arrow; Escape empties the field."""
