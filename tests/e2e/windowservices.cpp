@@ -242,7 +242,7 @@ private:
 namespace {
 
 const QString page = QStringLiteral("Speech to Text");
-const QString read = QStringLiteral("getIatEnable"); // the page's constructor waits for it
+const QString readCall = QStringLiteral("getIatEnable"); // the page's constructor waits for it
 
 } // namespace
 
@@ -273,7 +273,7 @@ void WindowWaitingTest::init()
 
 void WindowWaitingTest::callReceived(const QString &member)
 {
-    if (member != read || !m_meanwhile)
+    if (member != readCall || !m_meanwhile)
         return;
     const auto meanwhile = std::move(m_meanwhile);
     m_meanwhile = nullptr;
@@ -295,10 +295,10 @@ void WindowWaitingTest::aPageThatComesAfterTheUserHasLeftIsDisposedOf()
     const QPointer<QWidget> first = m_window->currentPage();
     const QPointer<QWidget> list = m_window->moduleList();
     QVERIFY(first && list);
-    m_assistant.script(read, QStringLiteral("hold"));
+    m_assistant.script(readCall, QStringLiteral("hold"));
     m_meanwhile = [this] {
         navigation()->setCurrentEntry(QStringLiteral("keyboard"));
-        m_assistant.release(read);
+        m_assistant.release(readCall);
     };
     m_window->openPage(page);
     QVERIFY(!m_meanwhile);
@@ -316,10 +316,10 @@ void WindowWaitingTest::aPageThatComesAfterTheUserHasLeftIsDisposedOf()
 
 void WindowWaitingTest::theWindowCanBeClosed()
 {
-    m_assistant.script(read, QStringLiteral("hold"));
+    m_assistant.script(readCall, QStringLiteral("hold"));
     m_meanwhile = [this] {
         m_window->close();
-        m_assistant.release(read);
+        m_assistant.release(readCall);
     };
     m_window->openPage(page);
     QVERIFY(!m_meanwhile);
@@ -332,7 +332,7 @@ void WindowWaitingTest::theWindowCanBeClosed()
 
 void WindowWaitingTest::theServiceMayVanish()
 {
-    m_assistant.script(read, QStringLiteral("vanish"));
+    m_assistant.script(readCall, QStringLiteral("vanish"));
     m_meanwhile = [] {
     };
     m_window->openPage(page);
