@@ -1,3 +1,9 @@
+get_property(platforms CACHE ZDE_PLATFORM PROPERTY STRINGS)
+if(NOT ZDE_PLATFORM IN_LIST platforms)
+    string(REPLACE ";" ", " platforms "${platforms}")
+    message(FATAL_ERROR "ZDE_PLATFORM=${ZDE_PLATFORM} is none of these: ${platforms}")
+endif()
+
 # The desktop's own development files, where they are installed. Part of them is of no use beside platform/,
 # which defines the same targets.
 set(ZDE_PLATFORM_BUNDLED TRUE)
