@@ -36,6 +36,7 @@ private Q_SLOTS:
     void oneVerdictPerCheck();
     void onlyAudioOfTheCheckCounts();
     void markedAudioEndsTheCheck();
+    void recordsWhatItHears_data();
     void recordsWhatItHears();
 
 private:
@@ -235,10 +236,22 @@ void AiServiceSessionsTest::markedAudioEndsTheCheck()
              QJsonValue(QStringLiteral("1000")));
 }
 
+void AiServiceSessionsTest::recordsWhatItHears_data()
+{
+    QTest::addColumn<bool>("option");
+    QTest::newRow("sandbox-aiservice --record DIR") << true;
+    QTest::newRow("over the control interface") << false;
+}
+
 void AiServiceSessionsTest::recordsWhatItHears()
 {
+    QFETCH(bool, option);
     const QTemporaryDir folder;
-    m_service->setValue(QStringLiteral("recordDirectory"), folder.path());
+    if (option) {
+        QVERIFY(m_service->stop());
+        QVERIFY(m_service->start({QStringLiteral("--record"), folder.path()}));
+    } else
+        m_service->setValue(QStringLiteral("recordDirectory"), folder.path());
     const QString path = m_client->open(QStringLiteral("iat"));
     const QByteArray audio = spokenPhrase();
     startRecognition(m_client.get(), path);

@@ -1,10 +1,12 @@
-"""What scripts/run does: the first command of the README, a tour that it refuses, an open window.
+"""What scripts/run does: the first command of the README, a tour that it refuses, an open window. And what
+developers have written for them.
 
     scriptrun.py PROJECT
 """
 
 import os
 import pathlib
+import shutil
 import signal
 import subprocess
 import sys
@@ -32,7 +34,8 @@ def check_first_command(script, folder):
     for display in ("DISPLAY", "WAYLAND_DISPLAY"):
         environment.pop(display, None)
     pictures = folder / "tour"
-    subprocess.run([script, "--tour", pictures, "--section", "pages"], env=environment, check=True)
+    options = ["--tour", pictures, "--locale", "ug_CN", "--section", "pages"]
+    subprocess.run([script, *options], env=environment, check=True)
     for page in PAGES:
         for theme in ("light", "dark"):
             found = list(pictures.glob(f"*-{page}-{theme}.png"))
@@ -89,7 +92,21 @@ def check_window(script, folder):
                 run.clean_up()
 
 
+def check_format(script, folder):
+    """The layout of a source that has lost it, in a copy of the project."""
+    project = pathlib.Path(script).parent.parent
+    shutil.copytree(project, folder, symlinks=True, ignore=shutil.ignore_patterns("build", "out", ".git"))
+    source = folder / "bus/buscalls.cpp"
+    layout = source.read_text()
+    source.write_text(layout.replace("\n    ", "\n"))
+    assert source.read_text() != layout
+    options = "-G Ninja -DZDE_PLATFORM=bundled -DBUILD_SANDBOX=OFF -DBUILD_TESTING=OFF"
+    for command in (f"cmake -S . -B build/dev {options}", "cmake --build build/dev --target format"):
+        subprocess.run(command.split(), cwd=folder, check=True, stdout=subprocess.DEVNULL)
+    assert source.read_text() == layout
+
+
 if __name__ == "__main__":
     with tempfile.TemporaryDirectory() as temporary:
-        for check in (check_first_command, check_refusal, check_window):
+        for check in (check_first_command, check_refusal, check_window, check_format):
             check(f"{sys.argv[1]}/scripts/run", pathlib.Path(temporary) / check.__name__)

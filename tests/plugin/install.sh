@@ -6,6 +6,9 @@ set -uo pipefail
 
 project_dir=$1 build=$2 libdir=$3 module_dir=$4
 root=$(mktemp -d)
+mkdir "$root/build"
+ln -s "$build" "$root/build/release"
+cd "$root" || exit
 trap 'rm -rf "$root"' EXIT
 failures=0
 fail() {
@@ -16,7 +19,8 @@ fail() {
 # installs COMPONENT: and nothing but the files whose names are read.
 installs() {
     local difference
-    if ! DESTDIR=$root/$1 cmake --install "$build" --prefix /usr --component "$1" --strip >"$root/log" 2>&1; then
+    if ! DESTDIR=$root/$1 cmake --install build/release --component "$1" --prefix /usr --strip \
+        >"$root/log" 2>&1; then
         fail "$1: $(<"$root/log")"
     elif difference=$(diff <(sort) <(cd "$root/$1" && find . ! -type d -printf '%P\n' | sort)); then
         echo "ok    $1"

@@ -149,6 +149,43 @@ check_services() {
     expect "and nothing else" equals "$started" "sandbox-dock sandbox-keybinding"
 }
 
+# What scripts/test makes of its arguments: in a project of its own, where programs only say what they are
+# told.
+check_test() {
+    mkdir "$work/programs"
+    cp -r "$project_dir/scripts" "$work"
+    printf '#!/bin/sh\necho installed\n' >"$work/programs/dpkg-query"
+    for program in cmake ctest; do
+        printf '#!/bin/sh\necho "%s: ${PWD##*/}, $*" >>"%s/told"\n' "$program" "$work" \
+            >"$work/programs/$program"
+    done
+    chmod +x "$work/programs"/*
+    cd "$work" || return
+
+    runs() { # runs COMMAND PRESET TARGET CTEST-ARGUMENTS
+        local told status=0
+        rm -f told
+        # shellcheck disable=SC2086 # words
+        PATH=$work/programs:$PATH $1 >said 2>&1 || status=$?
+        told=$(cat told)
+        expect "$1 passes" equals "$status" 0
+        expect "$1 builds" contains "$told" "--build --preset $2${3:+ --target $3}"$'\n'
+        expect "$1 tests" equals "${told##*$'\n'}" \
+            "ctest: $2, --output-on-failure --no-tests=error --parallel $(nproc)${4:+ $4}"
+    }
+    runs "scripts/test" dev "" ""
+    runs "scripts/test -L gui" dev gui-tests "-L gui"
+    runs "scripts/test -L realtime" dev realtime-tests "-L realtime"
+    runs "scripts/test -L realtime --repeat until-fail:20" dev realtime-tests \
+        "-L realtime --repeat until-fail:20"
+    runs "scripts/test -R voicetestpanel" dev "" "-R voicetestpanel"
+    runs "scripts/test --preset asan" asan "" ""
+
+    printf '#!/bin/sh\nexit 8\n' >"$work/programs/ctest"
+    PATH=$work/programs:$PATH bash scripts/test --rerun-failed >said 2>&1
+    expect "a failed test fails the script" equals $? 8
+}
+
 # What scripts/run says to a command line that it cannot follow, or on a machine that lacks what it needs,
 # before it installs or builds anything; and scripts/portability and scripts/package to the former.
 check_usage() {
@@ -251,7 +288,7 @@ check_usage() {
 }
 
 status=0
-for check in check_processes check_services check_usage; do
+for check in check_processes check_services check_test check_usage; do
     (
         work=$(mktemp -d)
         trap 'rm -rf "$work"' EXIT

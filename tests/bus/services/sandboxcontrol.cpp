@@ -49,6 +49,8 @@ private Q_SLOTS:
     void saysWhatWasWrong_data();
     void saysWhatWasWrong();
     void helpNamesEveryVerb();
+    void runsAsDocumented_data();
+    void runsAsDocumented();
 };
 
 void SandboxControlTest::listsTheState()
@@ -194,6 +196,31 @@ void SandboxControlTest::helpNamesEveryVerb()
                             "leave", "join", "hang", "resume", "crash",   "pid"};
     for (const QString &verb : verbs)
         QVERIFY2(help.output.contains("  " + verb + " "), qPrintable(verb));
+}
+
+void SandboxControlTest::runsAsDocumented_data()
+{
+    QTest::addColumn<QString>("command");
+    for (const char *command : {
+             "sandbox-control dock set hidden true",
+             "sandbox-control assistant list",
+             "sandbox-control assistant script getIatEnable delay 3000",
+             "sandbox-control assistant calls",
+             "sandbox-control --help",
+         })
+        QTest::newRow(command) << QString(command);
+}
+
+void SandboxControlTest::runsAsDocumented()
+{
+    QFETCH(QString, command);
+    ServiceProcess dock("dock");
+    ServiceProcess assistant("assistant");
+    QVERIFY(dock.start());
+    QVERIFY(assistant.start());
+    const Outcome outcome = control(command.split(' ').mid(1));
+    QCOMPARE(outcome.error, QString());
+    QCOMPARE(outcome.exitCode, 0);
 }
 
 QTEST_GUILESS_MAIN(SandboxControlTest)
