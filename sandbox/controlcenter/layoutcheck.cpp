@@ -69,15 +69,21 @@ QRect comboBoxField(const QComboBox *box)
 class Check
 {
 public:
-    explicit Check(const QWidget *window) { visit(window); }
+    explicit Check(const QWidget *window)
+        : m_window(window)
+    {
+        visit(window);
+    }
 
-    QStringList problems;
+    QVector<LookProblem> problems;
 
 private:
     void visit(const QWidget *widget);
     void fail(const QWidget *widget, const QString &what, const QString &text = QString())
     {
-        problems.append(describe(widget, text) + QStringLiteral(": ") + what);
+        const QPoint corner = widget->mapTo(const_cast<QWidget *>(m_window), QPoint());
+        problems.append(
+            {QRect(corner, widget->size()), describe(widget, text) + QStringLiteral(": ") + what});
     }
     void checkLabel(const QLabel *label);
     void checkComboBox(const QComboBox *box);
@@ -88,6 +94,8 @@ private:
     void checkTarget(const QWidget *widget);
     void checkRow(const SettingsItem *row);
     int distance(const SettingsItem *row, const QWidget *of, const QRect &rect, bool leading) const;
+
+    const QWidget *m_window;
 };
 
 void Check::visit(const QWidget *widget)
@@ -294,7 +302,15 @@ void Check::checkRow(const SettingsItem *row)
 
 } // namespace
 
-QStringList layoutProblems(const QWidget *window)
+QStringList textsOf(const QVector<LookProblem> &problems)
+{
+    QStringList texts;
+    for (const LookProblem &problem : problems)
+        texts.append(problem.text);
+    return texts;
+}
+
+QVector<LookProblem> layoutProblems(const QWidget *window)
 {
     return Check(window).problems;
 }

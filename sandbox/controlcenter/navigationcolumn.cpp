@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QMargins>
+#include <QPainter>
 #include <QStandardItemModel>
 
 Q_DECLARE_METATYPE(QMargins)
@@ -18,6 +19,7 @@ namespace {
 constexpr int nameRole = Ztk::Widget::ZListView::MarginsRole + 1;
 constexpr int iconSide = 24;   // px
 constexpr int aroundText = 46; // px: margins of the row, and the gap behind the icon
+constexpr int markWidth = 4;   // px, of the line at the open entry's leading edge
 
 } // namespace
 
@@ -81,7 +83,21 @@ void NavigationColumn::changeEvent(QEvent *event)
     Ztk::Widget::ZListView::changeEvent(event);
 }
 
-// The open entry is marked quietly: the strong colour belongs to the page's own list beside it.
+void NavigationColumn::paintEvent(QPaintEvent *event)
+{
+    Ztk::Widget::ZListView::paintEvent(event);
+    const QRect row = visualRect(currentIndex());
+    if (row.isEmpty())
+        return;
+    const QRect mark = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter,
+                                           QSize(markWidth, row.height() / 2), row);
+    QPainter painter(viewport());
+    ZPainting::fillRounded(&painter, mark, markWidth / 2.0,
+                           QApplication::palette().color(QPalette::Highlight));
+}
+
+// The open entry's ground is quiet: a strong one belongs to the page's own list beside it. A line
+// at the leading edge is what everybody sees.
 void NavigationColumn::updateColors()
 {
     const QPalette theme = QApplication::palette();

@@ -38,7 +38,7 @@ constexpr qreal rowRadius = 7; // px
 
 QFont whereFont(const QFont &base)
 {
-    return ZFontSizeManager::instance()->get(ZFontSizeManager::T8, base);
+    return ZFontSizeManager::instance()->get(ZFontSizeManager::T7, base);
 }
 
 // The height of the line as it is drawn: some scripts need more than the font's usual height.
@@ -105,7 +105,7 @@ void SearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
     const bool selected = option.state & QStyle::State_Selected;
 
     QColor name = palette.color(QPalette::Text);
-    QColor where = ZPainting::blend(palette.color(QPalette::Base), name, 0.62);
+    QColor where = secondaryTextColor(palette);
     QColor match = palette.color(QPalette::Link);
     QColor mark = ZPainting::blend(palette.color(QPalette::Base), match, 0.14);
     if (selected) {
@@ -113,7 +113,7 @@ void SearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
         painter->setBrush(palette.color(QPalette::Highlight));
         painter->drawRoundedRect(option.rect, rowRadius, rowRadius);
         name = palette.color(QPalette::HighlightedText);
-        where = ZPainting::blend(palette.color(QPalette::Highlight), name, 0.85);
+        where = name;
         match = name;
         mark = ZPainting::blend(palette.color(QPalette::Highlight),
                                 name.lightness() > 127 ? Qt::black : Qt::white, 0.3);

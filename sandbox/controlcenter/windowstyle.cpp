@@ -23,7 +23,7 @@ QColor sideBarColor(const QPalette &palette)
 QColor secondaryTextColor(const QPalette &palette)
 {
     return ZPainting::blend(palette.color(QPalette::Window), palette.color(QPalette::WindowText),
-                            0.62);
+                            0.7);
 }
 
 } // namespace controlcenter

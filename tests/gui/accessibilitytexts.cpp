@@ -19,6 +19,7 @@
 #include <QtTest>
 
 using controlcenter::layoutProblems;
+using controlcenter::textsOf;
 using testsupport::AccessiblePages;
 
 namespace {
@@ -149,7 +150,7 @@ void AccessibilityTextsTest::textsHaveRoom()
     const QString title = m_pages.page()->findChild<zcc::widgets::SwitchWidget *>()->title();
     QCOMPARE(title.left(title.size() / 2) == title.right(title.size() / 2), longTexts);
     QTRY_VERIFY2(layoutProblems(m_pages.window()).isEmpty(),
-                 qPrintable(layoutProblems(m_pages.window()).join(QLatin1Char('\n'))));
+                 qPrintable(textsOf(layoutProblems(m_pages.window())).join(QLatin1Char('\n'))));
 }
 
 void AccessibilityTextsTest::pagesScroll()
@@ -159,7 +160,7 @@ void AccessibilityTextsTest::pagesScroll()
     auto *area = qobject_cast<QScrollArea *>(m_pages.window());
     area->resize(narrowWidth, 300);
     QTRY_VERIFY(area->verticalScrollBar()->maximum() > 0);
-    QCOMPARE(layoutProblems(m_pages.window()), QStringList());
+    QCOMPARE(textsOf(layoutProblems(m_pages.window())), QStringList());
     // Tab brings what it leads to into view.
     for (int i = 0; i < 4; ++i) {
         QTest::keyClick(area, Qt::Key_Tab);
@@ -220,7 +221,7 @@ void AccessibilityTextsTest::faultsAreFound()
     first->setGeometry(10, 10, 100, 50);
     second->setGeometry(10, 100, 100, 50);
     page.show();
-    QCOMPARE(layoutProblems(&page), QStringList());
+    QCOMPARE(textsOf(layoutProblems(&page)), QStringList());
 
     if (fault == QLatin1String("px of text in"))
         second->setText(QString(40, QLatin1Char('w')));
@@ -228,7 +229,7 @@ void AccessibilityTextsTest::faultsAreFound()
         second->move(50, 30);
     else
         second->move(250, 100);
-    const QStringList found = layoutProblems(&page);
+    const QStringList found = textsOf(layoutProblems(&page));
     QCOMPARE(found.size(), 1);
     QVERIFY2(found.constFirst().contains(fault), qPrintable(found.constFirst()));
 }

@@ -1,17 +1,21 @@
 #include "sandbox/controlcenter/appearance.h"
+#include "sandbox/controlcenter/contrastcheck.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/layoutcheck.h"
 #include "sandbox/controlcenter/moduleloader.h"
+#include "sandbox/controlcenter/searchfield.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
 #include <ztk/zapplicationsetup.h>
+#include <ztk/zguiapplicationhelper.h>
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFontDatabase>
 #include <QLabel>
+#include <QPushButton>
 #include <QTranslator>
 #include <QtTest>
 
@@ -20,6 +24,7 @@
 using namespace controlcenter;
 using testsupport::IsolatedHome;
 using testsupport::ServiceProcess;
+using Ztk::Gui::ZGuiApplicationHelper;
 
 namespace {
 
@@ -61,12 +66,15 @@ private Q_SLOTS:
     void cleanup();
     void nothingIsCutOffOrLiesOverAnother_data();
     void nothingIsCutOffOrLiesOverAnother();
+    void everythingStandsOut_data();
+    void everythingStandsOut();
     void theVoiceTestKeepsItsHeight();
 
 private:
     void useLocale(const QString &locale, double textSize);
     void open(const QSize &size);
     QString problems(const QString &where) const;
+    QString paleness(const QString &where) const;
     QAbstractButton *link() const;
     void startVoiceTest();
     void endVoiceTest(const char *code);
@@ -99,6 +107,7 @@ void LooksTest::cleanup()
     m_window.reset();
     testsupport::flushDeferredDeletes();
     m_translators.clear();
+    ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::LightType);
 }
 
 /** Texts of @p locale from now on; "long" is made up. */
@@ -147,11 +156,20 @@ QString LooksTest::problems(const QString &where) const
     const bool well = QTest::qWaitFor(
         [&] {
             testsupport::flushDeferredDeletes();
-            found = layoutProblems(m_window.get());
+            found = textsOf(layoutProblems(m_window.get()));
             return found.isEmpty();
         },
         settled);
     return well ? QString() : where + QStringLiteral(":\n  ") + found.join(QStringLiteral("\n  "));
+}
+
+QString LooksTest::paleness(const QString &where) const
+{
+    testsupport::flushDeferredDeletes();
+    QCoreApplication::processEvents();
+    const QStringList found = textsOf(contrastProblems(m_window.get(), m_window->grab().toImage()));
+    return found.isEmpty() ? QString()
+                           : where + QStringLiteral(":\n  ") + found.join(QStringLiteral("\n  "));
 }
 
 QAbstractButton *LooksTest::link() const
@@ -226,6 +244,46 @@ void LooksTest::nothingIsCutOffOrLiesOverAnother()
     }
     m_window->openShortcuts();
     all += problems(QStringLiteral("shortcuts"));
+    QVERIFY2(all.isEmpty(), qPrintable(all));
+}
+
+void LooksTest::everythingStandsOut_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<ZGuiApplicationHelper::ColorType>("theme");
+    for (const char *locale : {"en", "zh_CN", "bo_CN", "ug_CN"}) {
+        QTest::addRow("%s, light", locale)
+            << QString::fromLatin1(locale) << ZGuiApplicationHelper::LightType;
+        QTest::addRow("%s, dark", locale)
+            << QString::fromLatin1(locale) << ZGuiApplicationHelper::DarkType;
+    }
+}
+
+void LooksTest::everythingStandsOut()
+{
+    QFETCH(QString, locale);
+    QFETCH(ZGuiApplicationHelper::ColorType, theme);
+    useLocale(locale, usualText);
+    ZGuiApplicationHelper::instance()->setThemeType(theme);
+    open(QSize(1100, 720));
+
+    QString all;
+    for (const QString &page : m_window->pageNames()) {
+        m_window->openPage(page);
+        all += paleness(page);
+    }
+    startVoiceTest();
+    all += paleness(QStringLiteral("running voice test"));
+    endVoiceTest("1000");
+    all += paleness(QStringLiteral("finished voice test"));
+    m_window->openShortcuts();
+    m_window->shortcutsPage()->editButton()->click();
+    all += paleness(QStringLiteral("shortcuts"));
+    m_window->openServices();
+    all += paleness(QStringLiteral("services"));
+    m_window->searchField()->setFocus();
+    m_window->searchField()->setText(m_window->pageTitle(assistantPage));
+    all += paleness(QStringLiteral("search"));
     QVERIFY2(all.isEmpty(), qPrintable(all));
 }
 

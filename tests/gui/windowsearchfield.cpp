@@ -163,7 +163,7 @@ void WindowSearchFieldTest::whatMatchesIsMarked()
     QVERIFY(qAbs(mirrored ? mark.right() - text.right() : mark.left() - text.left()) <= bearing);
     const QColor behind = with.pixelColor(mark.center().x(), mark.top() + 1);
     QVERIFY(behind != back);
-    QVERIFY(pictures::contrast(behind, match) >= 4.5);
+    QVERIFY(ZPainting::contrast(behind, match) >= 4.5);
 }
 
 void WindowSearchFieldTest::theTextIsClearedWithAButton()

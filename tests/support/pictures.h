@@ -12,7 +12,6 @@
 #include <QVBoxLayout>
 #include <QWidget>
 
-#include <cmath>
 #include <memory>
 
 namespace testsupport {
@@ -53,21 +52,6 @@ inline QRect boundsOf(const QImage &image, const QColor &color, int tolerance = 
                 bounds |= QRect(x, y, 1, 1);
     }
     return bounds;
-}
-
-/** Contrast of two opaque colours, 1.0 to 21.0, as the accessibility guidelines measure it. */
-inline double contrast(const QColor &a, const QColor &b)
-{
-    const auto linear = [](double channel) {
-        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-    };
-    const auto luminance = [linear](const QColor &color) {
-        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-               0.0722 * linear(color.blueF());
-    };
-    const double high = qMax(luminance(a), luminance(b));
-    const double low = qMin(luminance(a), luminance(b));
-    return (high + 0.05) / (low + 0.05);
 }
 
 } // namespace pictures

@@ -166,7 +166,7 @@ void PlatformStyleTest::themesDiffer()
     ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::DarkType);
     const QImage dark = pictures::of(control);
     const QPoint ground(control->width() - 12, 8);
-    QVERIFY(pictures::contrast(light.pixelColor(ground), dark.pixelColor(ground)) > 5);
+    QVERIFY(ZPainting::contrast(light.pixelColor(ground), dark.pixelColor(ground)) > 5);
 }
 
 void PlatformStyleTest::checkBoxShowsItsThreeStates()

@@ -1,9 +1,9 @@
-#include "tests/support/pictures.h"
 #include "tests/support/testprogram.h"
 
 #include <ztk/zapplicationsetup.h>
 #include <ztk/zfontsizemanager.h>
 #include <ztk/zguiapplicationhelper.h>
+#include <ztk/zpainting.h>
 
 #include <QApplication>
 #include <QFontInfo>
@@ -11,8 +11,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
-using namespace testsupport;
 using Ztk::Gui::ZGuiApplicationHelper;
+using Ztk::Widget::ZPainting;
 
 /** The two themes: their palettes and the signal that tells of a switch. */
 class PlatformThemeTest : public QObject
@@ -26,7 +26,7 @@ private Q_SLOTS:
     void everyRoleOfEveryGroupIsSet();
     void textsAreReadable_data();
     void textsAreReadable();
-    void outlinesAreVisible_data() { themes(); }
+    void outlinesAreVisible_data();
     void outlinesAreVisible();
     void changeIsToldOnce();
 
@@ -115,20 +115,53 @@ void PlatformThemeTest::textsAreReadable()
     QFETCH(QPalette::ColorRole, ground);
     helper()->setThemeType(theme);
     const QPalette palette = QApplication::palette();
-    const double contrast = pictures::contrast(palette.color(text), palette.color(ground));
+    const double contrast = ZPainting::contrast(palette.color(text), palette.color(ground));
     QVERIFY2(contrast >= 4.5, qPrintable(QString::number(contrast)));
+}
+
+void PlatformThemeTest::outlinesAreVisible_data()
+{
+    QTest::addColumn<ZGuiApplicationHelper::ColorType>("theme");
+    QTest::addColumn<QPalette::ColorGroup>("group");
+    QTest::addColumn<QPalette::ColorRole>("outline");
+    QTest::addColumn<QPalette::ColorRole>("ground");
+    const struct
+    {
+        QPalette::ColorGroup group;
+        QPalette::ColorRole outline;
+        QList<QPalette::ColorRole> grounds;
+    } rows[] = {
+        // Frames of combo boxes, buttons and fields: against what they stand on and what they hold.
+        {QPalette::Active, QPalette::Mid, {QPalette::Base, QPalette::Window, QPalette::Button}},
+        // Check boxes and switches.
+        {QPalette::Active, QPalette::Dark, {QPalette::Base, QPalette::Window, QPalette::Button}},
+        {QPalette::Active, QPalette::Highlight, {QPalette::Base, QPalette::Window}},
+        {QPalette::Disabled, QPalette::Dark, {QPalette::Base}},
+        {QPalette::Disabled, QPalette::Highlight, {QPalette::Base, QPalette::HighlightedText}},
+        {QPalette::Disabled, QPalette::WindowText, {QPalette::Base, QPalette::Window}},
+    };
+    const QMetaEnum names = QMetaEnum::fromType<QPalette::ColorRole>();
+    for (const auto theme : {ZGuiApplicationHelper::LightType, ZGuiApplicationHelper::DarkType})
+        for (const auto &row : rows)
+            for (const QPalette::ColorRole ground : row.grounds)
+                QTest::addRow("%s, %s%s on %s",
+                              theme == ZGuiApplicationHelper::LightType ? "light" : "dark",
+                              row.group == QPalette::Disabled ? "disabled " : "",
+                              names.valueToKey(row.outline), names.valueToKey(ground))
+                    << theme << row.group << row.outline << ground;
 }
 
 void PlatformThemeTest::outlinesAreVisible()
 {
     QFETCH(ZGuiApplicationHelper::ColorType, theme);
+    QFETCH(QPalette::ColorGroup, group);
+    QFETCH(QPalette::ColorRole, outline);
+    QFETCH(QPalette::ColorRole, ground);
     helper()->setThemeType(theme);
     const QPalette palette = QApplication::palette();
-    QVERIFY(pictures::contrast(palette.color(QPalette::Dark), palette.color(QPalette::Base)) >= 3);
-    QVERIFY(pictures::contrast(palette.color(QPalette::Highlight), palette.color(QPalette::Base)) >=
-            3);
-    QVERIFY(pictures::contrast(palette.color(QPalette::Highlight),
-                               palette.color(QPalette::Window)) >= 3);
+    const double contrast =
+        ZPainting::contrast(palette.color(group, outline), palette.color(group, ground));
+    QVERIFY2(contrast >= 3, qPrintable(QString::number(contrast)));
 }
 
 void PlatformThemeTest::changeIsToldOnce()
@@ -171,6 +204,7 @@ private Q_SLOTS:
     void stepsFollowTheApplicationFont();
     void pointSizesCountToo();
     void onlyTheSizeOfTheBaseChanges();
+    void smallStepsAreHeavier();
 
 private:
     static void setApplicationSize(int pixels);
@@ -241,6 +275,17 @@ void PlatformFontsTest::onlyTheSizeOfTheBaseChanges()
     QCOMPARE(font.weight(), base.weight());
     QVERIFY(font.italic());
     QVERIFY(font.underline());
+}
+
+void PlatformFontsTest::smallStepsAreHeavier()
+{
+    const QFont usual(QStringLiteral("Some Family"));
+    for (int step = ZFontSizeManager::T1; step <= ZFontSizeManager::T10; ++step) {
+        const QFont font =
+            ZFontSizeManager::instance()->get(ZFontSizeManager::SizeType(step), usual);
+        QCOMPARE(font.weight(),
+                 int(step < ZFontSizeManager::T8 ? usual.weight() : QFont::DemiBold));
+    }
 }
 
 TEST_CLASS(QApplication, PlatformFontsTest)

@@ -18,8 +18,9 @@ namespace {
 constexpr int pushButtonPadding = 16;
 constexpr int pushButtonMinimumWidth = 72;
 constexpr qreal keyCapRadius = 5;
-constexpr int keyCapPadding = 12; ///< Text height and this make the height of a key cap.
-constexpr qreal keyCapEdge = 2;   ///< The visible front edge of the key.
+constexpr int keyCapPadding = 12;       ///< Text height and this make the height of a key cap.
+constexpr qreal keyCapEdge = 2;         ///< The visible front edge of the key.
+constexpr qreal keyCapEdgeAmount = 0.5; ///< Of the text's colour in it: to be told from the face.
 constexpr qreal checkBoxRadius = 5;
 constexpr qreal indicatorStroke = 1.5;
 
@@ -45,7 +46,7 @@ void drawKeyCap(QPainter *painter, const QStyleOptionButton *option)
     }
     const qreal line = ZPainting::hairline(painter);
     const QColor edge =
-        ZPainting::blend(active(QPalette::Light), active(QPalette::WindowText), 0.22);
+        ZPainting::blend(active(QPalette::Light), active(QPalette::WindowText), keyCapEdgeAmount);
     ZPainting::fillRounded(painter, cap, keyCapRadius, edge);
 
     const QRectF face = cap.adjusted(line, line, -line, -keyCapEdge);

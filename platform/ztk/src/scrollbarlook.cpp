@@ -26,7 +26,7 @@ void draw(QPainter *painter, const QStyleOptionSlider *option)
     const QRectF handle =
         QRectF(partRect(option, QStyle::SC_ScrollBarSlider)).adjusted(inset, inset, -inset, -inset);
     QColor fill = controllook::color(option, QPalette::WindowText);
-    fill.setAlphaF(pressed ? 0.62 : over ? 0.50 : 0.36);
+    fill.setAlphaF(pressed ? 0.72 : over ? 0.62 : 0.52);
     ZPainting::fillRounded(painter, handle, qMin(handle.width(), handle.height()) / 2, fill);
 }
 

@@ -24,6 +24,8 @@ QFont ZFontSizeManager::get(SizeType type, const QFont &base) const
 {
     QFont font = base;
     font.setPixelSize(fontPixelSize(type));
+    if (type >= T8)
+        font.setWeight(qMax(font.weight(), int(QFont::DemiBold)));
     return font;
 }
 

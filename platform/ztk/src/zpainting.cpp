@@ -36,6 +36,16 @@ qreal deviceScale(const QPainter *painter)
     return scale > 0 ? scale : 1;
 }
 
+// Relative, 0.0 to 1.0: of light as it is, not as displays encode it.
+qreal luminance(const QColor &color)
+{
+    const auto linear = [](qreal channel) {
+        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
 } // namespace
 
 QColor ZPainting::blend(const QColor &from, const QColor &to, qreal amount)
@@ -45,6 +55,13 @@ QColor ZPainting::blend(const QColor &from, const QColor &to, qreal amount)
     };
     return QColor::fromRgbF(mix(from.redF(), to.redF()), mix(from.greenF(), to.greenF()),
                             mix(from.blueF(), to.blueF()), mix(from.alphaF(), to.alphaF()));
+}
+
+qreal ZPainting::contrast(const QColor &a, const QColor &b)
+{
+    const qreal first = luminance(a);
+    const qreal second = luminance(b);
+    return (qMax(first, second) + 0.05) / (qMin(first, second) + 0.05);
 }
 
 qreal ZPainting::hairline(const QPainter *painter)

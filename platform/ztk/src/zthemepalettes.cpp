@@ -14,30 +14,31 @@ struct RoleColor
     const char *disabled;
 };
 
-// Text on its background has a contrast of at least 4.5:1, the outline of a control (Dark) on a
-// card (Base) at least 3:1. Pages tell the themes apart by BrightText: exactly black means light.
+// Text on its background has a contrast of at least 4.5:1; frames of controls (Mid), outlines of
+// check boxes and switches (Dark), and what of these is disabled at least 3:1. Pages tell the
+// themes apart by BrightText: exactly black means light.
 const RoleColor lightColors[] = {
     {QPalette::Window, "#f3f4f7", "#f3f4f7"},
-    {QPalette::WindowText, "#1d2129", "#9aa1ac"},
+    {QPalette::WindowText, "#1d2129", "#868d98"},
     {QPalette::Base, "#ffffff", "#fafbfc"},
     {QPalette::AlternateBase, "#f7f8fa", "#f7f8fa"},
-    {QPalette::Text, "#1d2129", "#9aa1ac"},
+    {QPalette::Text, "#1d2129", "#868d98"},
     {QPalette::Button, "#eef0f4", "#f4f5f8"},
-    {QPalette::ButtonText, "#1d2129", "#9aa1ac"},
+    {QPalette::ButtonText, "#1d2129", "#868d98"},
     {QPalette::BrightText, "#000000", "#000000"},
     {QPalette::Light, "#ffffff", "#ffffff"},
     {QPalette::Midlight, "#e8ebf0", "#eef0f4"},
-    {QPalette::Mid, "#d4d8df", "#e2e5ea"},
-    {QPalette::Dark, "#858d99", "#c3c8d0"},
-    {QPalette::Shadow, "#3a3f47", "#9aa1ac"},
-    {QPalette::Highlight, "#1769e0", "#b9c3d3"},
+    {QPalette::Mid, "#828995", "#c3c8d0"},
+    {QPalette::Dark, "#6b7480", "#868d98"},
+    {QPalette::Shadow, "#3a3f47", "#868d98"},
+    {QPalette::Highlight, "#1769e0", "#8490a6"},
     {QPalette::HighlightedText, "#ffffff", "#ffffff"},
-    {QPalette::Link, "#1259c3", "#9aa1ac"},
-    {QPalette::LinkVisited, "#6b3fb5", "#9aa1ac"},
+    {QPalette::Link, "#1259c3", "#868d98"},
+    {QPalette::LinkVisited, "#6b3fb5", "#868d98"},
     {QPalette::ToolTipBase, "#ffffff", "#ffffff"},
     {QPalette::ToolTipText, "#1d2129", "#1d2129"},
 #if QT_VERSION >= QT_VERSION_CHECK(5, 12, 0)
-    {QPalette::PlaceholderText, "#68707c", "#9aa1ac"},
+    {QPalette::PlaceholderText, "#68707c", "#868d98"},
 #endif
 };
 
@@ -52,10 +53,10 @@ const RoleColor darkColors[] = {
     {QPalette::BrightText, "#ffffff", "#ffffff"},
     {QPalette::Light, "#4a4f59", "#3d4149"},
     {QPalette::Midlight, "#40454e", "#363a41"},
-    {QPalette::Mid, "#41464f", "#33373e"},
-    {QPalette::Dark, "#828b98", "#50565f"},
+    {QPalette::Mid, "#7f8794", "#50565f"},
+    {QPalette::Dark, "#9aa3b0", "#6f7783"},
     {QPalette::Shadow, "#000000", "#000000"},
-    {QPalette::Highlight, "#5b9dff", "#4b5768"},
+    {QPalette::Highlight, "#5b9dff", "#6b7688"},
     {QPalette::HighlightedText, "#08152b", "#1b1d21"},
     {QPalette::Link, "#8ab8ff", "#6f7783"},
     {QPalette::LinkVisited, "#c3a6ff", "#6f7783"},

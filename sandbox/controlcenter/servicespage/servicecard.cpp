@@ -97,7 +97,7 @@ ServiceCard::ServiceCard(const QString &title, ServiceWatch *watch, QWidget *par
     QFont bold = heading->font();
     bold.setWeight(QFont::DemiBold);
     heading->setFont(bold);
-    m_busName->setFont(ZFontSizeManager::instance()->get(ZFontSizeManager::T8, m_busName->font()));
+    m_busName->setFont(ZFontSizeManager::instance()->get(ZFontSizeManager::T7, m_busName->font()));
     m_busName->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_group->setSpacing(1); // the rows stand as one block
 

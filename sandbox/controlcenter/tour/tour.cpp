@@ -145,7 +145,7 @@ QString Tour::takePicture(const QString &file)
     m_driver.waitFor(
         [&] {
             picture = m_driver.grab();
-            problems = layoutProblems(m_driver.window());
+            problems = textsOf(layoutProblems(m_driver.window()));
             return problems.isEmpty();
         },
         settlingTime);

@@ -16,7 +16,10 @@ public:
 
     static ZFontSizeManager *instance();
 
-    /** @p base in the size of step @p type; family, weight and the rest stay as they are. */
+    /**
+     * @p base in the size of step @p type; family and the rest stay as they are. From T8 on letters
+     * are at least half bold: what is small is often pale, too.
+     */
     QFont get(SizeType type, const QFont &base = QFont()) const;
 
     /** Pixel size of step @p type with the present application font. */

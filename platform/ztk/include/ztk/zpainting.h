@@ -33,6 +33,9 @@ public:
     /** @p from moved towards @p to by @p amount, 0.0 to 1.0; opaque when both are. */
     static QColor blend(const QColor &from, const QColor &to, qreal amount);
 
+    /** Contrast of two opaque colours, 1.0 to 21.0, as WCAG 2.1 measures it. */
+    static qreal contrast(const QColor &a, const QColor &b);
+
     /** Width of the thinnest line that is still a whole number of device pixels, near 1. */
     static qreal hairline(const QPainter *painter);
 
