@@ -2,15 +2,25 @@
 #include "tests/support/testprogram.h"
 
 #include <ztk/zapplicationsetup.h>
+#include <ztk/zcommandlinkbutton.h>
 #include <ztk/zguiapplicationhelper.h>
+#include <ztk/zlistview.h>
 #include <ztk/zpainting.h>
+#include <ztk/zstandarditem.h>
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStandardItemModel>
 #include <QStyleOptionButton>
 #include <QTest>
+
+#include <memory>
 
 using namespace testsupport;
 using namespace Ztk::Widget;
@@ -43,6 +53,34 @@ QImage keyCapPicture(const QSize &size, QStyleOptionButton *option = nullptr)
     return image;
 }
 
+/** A widget of this kind with this text. */
+std::unique_ptr<QWidget> textWidget(const QString &kind, const QString &text)
+{
+    if (kind == QLatin1String("check box"))
+        return std::make_unique<QCheckBox>(text);
+    if (kind == QLatin1String("line edit"))
+        return std::make_unique<QLineEdit>(QStringLiteral("    ") + text);
+    if (kind == QLatin1String("link"))
+        return std::make_unique<ZCommandLinkButton>(text);
+    if (kind == QLatin1String("list row")) {
+        auto list = std::make_unique<ZListView>();
+        auto *model = new QStandardItemModel(list.get());
+        model->appendRow(new ZStandardItem(text));
+        list->setModel(model);
+        list->setFrameShape(QFrame::NoFrame);
+        return list;
+    }
+    auto label = std::make_unique<QLabel>(text);
+    label->setWordWrap(true);
+    return label;
+}
+
+int rowMiddle(QWidget *widget)
+{
+    const auto *list = qobject_cast<ZListView *>(widget);
+    return list->visualRect(list->model()->index(0, 0)).center().y();
+}
+
 } // namespace
 
 /** What the style draws by itself: key caps, scroll bars, lines, symbols. */
@@ -61,6 +99,10 @@ private Q_SLOTS:
     void linesAreSharp_data();
     void linesAreSharp();
     void symbolsAreToldFromPictures();
+    void wrappedLinesEndAtOneEdge_data();
+    void wrappedLinesEndAtOneEdge();
+    void tibetanStandsInTheMiddle_data();
+    void tibetanStandsInTheMiddle();
 };
 
 void PlatformPaintingTest::initTestCase()
@@ -215,6 +257,66 @@ void PlatformPaintingTest::symbolsAreToldFromPictures()
     const QImage tinted = ZPainting::tinted(pixmap, Qt::blue).toImage();
     QCOMPARE(tinted.pixelColor(1, 1), QColor(Qt::blue));
     QVERIFY(qAbs(tinted.pixelColor(6, 1).alpha() - 90) <= 1);
+}
+
+void PlatformPaintingTest::wrappedLinesEndAtOneEdge_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("label") << QStringLiteral("label");
+    QTest::newRow("list row") << QStringLiteral("list row");
+}
+
+/** Each line begins with the same letter, on the right, so that their edges can be compared. */
+void PlatformPaintingTest::wrappedLinesEndAtOneEdge()
+{
+    QFETCH(QString, kind);
+    const QString words = QStringLiteral("ياردەمچى ياردەمچى ياردەمچى ياردەمچى ياردەمچى ياردەمچى");
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    const std::unique_ptr<QWidget> widget = textWidget(kind, words);
+    widget->resize(170, 200);
+    const QImage picture = pictures::of(widget.get());
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+
+    QVector<int> edges; // of each line
+    int edge = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        const QRect ink =
+            pictures::boundsOf(picture.copy(0, y, picture.width(), 1), color(QPalette::Text), 90);
+        if (!ink.isNull()) {
+            edge = qMax(edge, ink.right());
+        } else if (edge) {
+            edges.append(edge);
+            edge = 0;
+        }
+    }
+    QVERIFY2(edges.size() > 2, qPrintable(QString::number(edges.size())));
+    QCOMPARE(edges, QVector<int>(edges.size(), edges.constFirst()));
+}
+
+void PlatformPaintingTest::tibetanStandsInTheMiddle_data()
+{
+    QTest::addColumn<QString>("kind");
+    for (const char *kind : {"label", "list row", "check box", "line edit", "link"})
+        QTest::newRow(kind) << QString::fromLatin1(kind);
+}
+
+void PlatformPaintingTest::tibetanStandsInTheMiddle()
+{
+    QFETCH(QString, kind);
+    QFont font(QStringLiteral("Noto Serif Tibetan"));
+    font.setPixelSize(14);
+    QVERIFY(QFontDatabase().hasFamily(font.family()));
+    const std::unique_ptr<QWidget> widget = textWidget(kind, QStringLiteral("སྒྲིག་འགོད"));
+    widget->setFont(font);
+    widget->resize(300, 80);
+    const QColor text = color(kind == QLatin1String("link") ? QPalette::Link : QPalette::Text);
+    constexpr int box = 40; // px, left out: a check box has its mark there
+    const QImage picture = pictures::of(widget.get()).copy(box, 4, 200, 72);
+    const QRect ink = pictures::boundsOf(picture, text, 120);
+    QVERIFY(!ink.isNull());
+    const int middle = kind == QLatin1String("list row") ? rowMiddle(widget.get()) - 4 : 36;
+    QVERIFY2(qAbs(ink.center().y() - middle) <= 2,
+             qPrintable(QString::number(ink.center().y() - middle)));
 }
 
 TEST_CLASS(QApplication, PlatformPaintingTest)

@@ -114,7 +114,8 @@ void drawCheckBox(QPainter *painter, const QStyleOptionButton *option)
     painter->save();
     painter->setPen(textColor);
     painter->setLayoutDirection(option->direction);
-    painter->drawText(label, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, option->text);
+    ZPainting::drawText(painter, label, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic,
+                        option->text);
     painter->restore();
     if (showsFocus(option)) {
         ZPainting::drawFocusRing(painter, focusRect(option), ZPainting::controlRadius,

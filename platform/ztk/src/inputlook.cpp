@@ -49,8 +49,8 @@ void drawComboBoxLabel(QPainter *painter, const QStyleOptionComboBox *option, co
     painter->save();
     painter->setPen(textColor);
     painter->setLayoutDirection(option->direction);
-    painter->drawText(
-        textRect, Qt::AlignLeft | Qt::AlignVCenter,
+    ZPainting::drawText(
+        painter, textRect, Qt::AlignLeft | Qt::AlignVCenter,
         painter->fontMetrics().elidedText(option->currentText, Qt::ElideRight, textRect.width()));
     painter->restore();
 }

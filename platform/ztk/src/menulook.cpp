@@ -95,8 +95,8 @@ void drawItem(QPainter *painter, const QStyleOptionMenuItem *option)
     painter->setPen(textColor);
     painter->setLayoutDirection(option->direction);
     const QStringList parts = option->text.split(QLatin1Char('\t'));
-    painter->drawText(place(rest), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic,
-                      parts.first());
+    ZPainting::drawText(painter, place(rest),
+                        Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, parts.first());
     if (parts.size() > 1)
         painter->drawText(place(rest), Qt::AlignRight | Qt::AlignVCenter, parts.at(1));
     painter->restore();

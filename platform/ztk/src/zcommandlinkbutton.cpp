@@ -50,7 +50,7 @@ void ZCommandLinkButton::paintEvent(QPaintEvent *)
         ZPainting::fillRounded(&painter, panel, ZPainting::controlRadius, wash);
     }
     painter.setPen(link);
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
+    ZPainting::drawText(&painter, rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
     if (ZFocusTracker::showsFocus(this))
         ZPainting::drawFocusRing(&painter, panel, ZPainting::controlRadius, palette());
 }

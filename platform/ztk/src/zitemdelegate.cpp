@@ -95,7 +95,8 @@ void ZItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &given,
     painter->setFont(option.font);
     painter->setPen(textColor);
     painter->setLayoutDirection(option.direction);
-    painter->drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, option.text);
+    ZPainting::drawText(painter, textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap,
+                        option.text);
     painter->restore();
 }
 

@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPixmap>
+#include <QTextLayout>
 
 #include <cmath>
 
@@ -29,6 +30,33 @@ private:
     Q_DISABLE_COPY(SmoothPainting)
     QPainter *m_painter;
 };
+
+struct Line
+{
+    QString text; ///< Without the blank at which it was wrapped.
+    qreal height;
+};
+
+QVector<Line> wrappedLines(const QPainter &painter, const QString &text, int width)
+{
+    QString paragraphs = text;
+    paragraphs.replace(QLatin1Char('\n'), QChar::LineSeparator);
+    QTextLayout layout(paragraphs, painter.font());
+    QTextOption option;
+    option.setTextDirection(Qt::RightToLeft);
+    layout.setTextOption(option);
+    QVector<Line> lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        QString shown = paragraphs.mid(line.textStart(), line.textLength());
+        while (!shown.isEmpty() && shown.at(shown.size() - 1).isSpace())
+            shown.chop(1);
+        lines.append({shown, line.height()});
+    }
+    layout.endLayout();
+    return lines;
+}
 
 qreal deviceScale(const QPainter *painter)
 {
@@ -148,6 +176,45 @@ void ZPainting::drawIcon(QPainter *painter, const QRect &rect, const QIcon &icon
         canvas = tinted(canvas, symbolColor);
     canvas.setDevicePixelRatio(scale);
     painter->drawPixmap(snapped(painter, rect).topLeft(), canvas);
+}
+
+void ZPainting::drawText(QPainter *painter, const QRect &rect, int flags, const QString &text)
+{
+    QRect room = rect;
+    if (flags & Qt::AlignVCenter)
+        room.translate(0, middleShift(painter->fontMetrics()));
+    const bool mirrored =
+        flags & Qt::TextForceRightToLeft ||
+        (!(flags & Qt::TextForceLeftToRight) && painter->layoutDirection() == Qt::RightToLeft);
+    if (!mirrored || !(flags & Qt::TextWordWrap) || flags & Qt::TextShowMnemonic) {
+        painter->drawText(room, flags, text);
+        return;
+    }
+
+    const QVector<Line> lines = wrappedLines(*painter, text, room.width());
+    const qreal leading = painter->fontMetrics().leading();
+    qreal height = -leading;
+    for (const Line &line : lines)
+        height += leading + line.height;
+    qreal top = room.top();
+    if (flags & Qt::AlignVCenter)
+        top += (room.height() - height) / 2;
+    else if (flags & Qt::AlignBottom)
+        top += room.height() - height;
+    const int lineFlags =
+        (flags & ~(Qt::TextWordWrap | Qt::AlignVertical_Mask)) | Qt::AlignTop | Qt::TextSingleLine;
+    for (const Line &line : lines) {
+        painter->drawText(QRectF(room.left(), top, room.width(), line.height), lineFlags,
+                          line.text);
+        top += line.height + leading;
+    }
+}
+
+int ZPainting::middleShift(const QFontMetrics &metrics)
+{
+    const int middleOfLine = (metrics.descent() - metrics.ascent()) / 2;
+    const int shift = middleOfLine + metrics.capHeight() / 2;
+    return shift > metrics.capHeight() / 4 ? shift : 0;
 }
 
 bool ZPainting::isSymbol(const QPixmap &pixmap)

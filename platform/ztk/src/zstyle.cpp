@@ -142,6 +142,16 @@ void ZStyle::drawComplexControl(ComplexControl control, const QStyleOptionComple
     QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
+void ZStyle::drawItemText(QPainter *painter, const QRect &rect, int flags, const QPalette &palette,
+                          bool, const QString &text, QPalette::ColorRole textRole) const
+{
+    const QPen pen = painter->pen();
+    if (textRole != QPalette::NoRole)
+        painter->setPen(QPen(palette.brush(textRole), pen.widthF()));
+    ZPainting::drawText(painter, rect, flags, text);
+    painter->setPen(pen);
+}
+
 QSize ZStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
                                const QWidget *widget) const
 {
@@ -184,11 +194,14 @@ QRect ZStyle::subElementRect(SubElement element, const QStyleOption *option,
         break;
     case SE_LineEditContents: {
         const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+        if (!frame || frame->lineWidth <= 0)
+            break;
         // QLineEdit itself adds 2 px on each side.
-        if (frame && frame->lineWidth > 0)
-            return option->rect.adjusted(inputlook::sidePadding - 2, 1,
-                                         -(inputlook::sidePadding - 2), -1);
-        break;
+        QRect contents =
+            option->rect.adjusted(inputlook::sidePadding - 2, 1, -(inputlook::sidePadding - 2), -1);
+        if (widget)
+            contents.translate(0, ZPainting::middleShift(widget->fontMetrics()));
+        return contents;
     }
     default:
         break;

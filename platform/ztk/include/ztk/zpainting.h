@@ -7,6 +7,7 @@
 #include <QPalette>
 #include <QRectF>
 
+class QFontMetrics;
 class QIcon;
 class QPainter;
 class QPixmap;
@@ -63,6 +64,20 @@ public:
      */
     static void drawIcon(QPainter *painter, const QRect &rect, const QIcon &icon,
                          const QColor &symbolColor);
+
+    /**
+     * Draws @p text as QPainter does with the same @p flags, but for two things that Qt leaves
+     * uneven: what is to stand in the middle is moved by middleShift(), and lines from right to
+     * left end at the same edge, also those that are wrapped at a blank.
+     */
+    static void drawText(QPainter *painter, const QRect &rect, int flags, const QString &text);
+
+    /**
+     * How much lower than in the middle of its line a text has to stand for its letters to look so:
+     * fonts for Tibetan reserve far more room below the letters than most words take up. 0 for
+     * fonts whose letters are near the middle.
+     */
+    static int middleShift(const QFontMetrics &metrics);
 
     /** Whether all visible pixels of @p pixmap share one colour, so that it may be re-coloured. */
     static bool isSymbol(const QPixmap &pixmap);
