@@ -20,7 +20,7 @@ packages_test="
 
 # What makes Debian packages, and tries them in a fresh Debian.
 packages_package="
-    debhelper dpkg-dev git lintian mmdebstrap"
+    build-essential debhelper dpkg-dev git lintian mmdebstrap"
 
 # The compilers and systems of scripts/portability.
 packages_portability="

@@ -182,6 +182,13 @@ class Documents(unittest.TestCase):
         control = re.findall(r"[\w.+-]+", (project / "debian/control").read_text())
         self.assertEqual([name for name in needed.split() if name not in control], [])
 
+    def test_packages_are_built_from_what_is_installed_for_it(self):
+        lists = (project / "scripts/lib/packages.sh").read_text()
+        control = (project / "debian/control").read_text()
+        needed = re.findall(r"^ ([\w.+-]+)", re.search(r"Build-Depends:(.*?)\n\n", control, re.S)[1], re.M)
+        known = re.findall(r"[\w.+-]+", lists) + ["debhelper-compat"]
+        self.assertEqual([name for name in [*needed, "build-essential"] if name not in known], [])
+
     def test_help_names_every_option_of_the_first_command(self):
         help_text = subprocess.run([project / "scripts/run", "--help"], capture_output=True, text=True,
                                    check=True).stdout
