@@ -2,12 +2,14 @@
 
 #include "doctor/checks.h"
 #include "doctor/questions.h"
+#include "doctor/soundsource.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
 
@@ -135,6 +137,7 @@ QStringList Wishes::arguments() const
 
 QList<Finding> runGroups(const Wishes &wishes)
 {
+    const auto soundFolder = temporarySoundFolder();
     std::vector<std::unique_ptr<RunningGroup>> running;
     for (const Group &group : groups())
         running.push_back(std::make_unique<RunningGroup>(group, wishes));

@@ -1,7 +1,10 @@
 #include "doctor/soundsource.h"
 
+#include <QDir>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 
 namespace doctor {
 
@@ -14,6 +17,21 @@ QString valueOf(const QString &properties, const QString &key)
     const QRegularExpression line(QStringLiteral("^\\s*%1: (.*)$").arg(key),
                                   QRegularExpression::MultilineOption);
     return line.match(properties).captured(1);
+}
+
+// Where the library looks for a person's sound server.
+bool hasSoundFolder()
+{
+    if (qEnvironmentVariableIsSet("PULSE_RUNTIME_PATH"))
+        return true;
+    if (qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
+        return QDir(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/pulse")).exists();
+    const QString settings =
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    const QDir::Filters links = QDir::AllEntries | QDir::System;
+    return !QDir(settings + QStringLiteral("/pulse"))
+                .entryList({QStringLiteral("*-runtime")}, links)
+                .isEmpty();
 }
 
 } // namespace
@@ -39,6 +57,16 @@ SoundSource soundSource(const QString &name)
             valueOf(properties, QStringLiteral("Monitor of Sink")) != QLatin1String("n/a");
     }
     return source;
+}
+
+std::unique_ptr<QTemporaryDir> temporarySoundFolder()
+{
+    if (hasSoundFolder())
+        return nullptr;
+    auto folder = std::make_unique<QTemporaryDir>();
+    if (folder->isValid())
+        qputenv("PULSE_RUNTIME_PATH", QFile::encodeName(folder->path()));
+    return folder;
 }
 
 } // namespace doctor

@@ -2,6 +2,10 @@
 
 #include <QString>
 
+#include <memory>
+
+class QTemporaryDir;
+
 namespace doctor {
 
 /** What the sound server says of a source, without opening it. */
@@ -14,5 +18,11 @@ struct SoundSource
 
 /** The source that PulseAudio, or what speaks for it, calls @p name. */
 SoundSource soundSource(const QString &name);
+
+/**
+ * Gives PulseAudio's library, in programs started from now on, a folder that goes with the returned
+ * object, where it would otherwise make one that stays. Null where there is one already.
+ */
+std::unique_ptr<QTemporaryDir> temporarySoundFolder();
 
 } // namespace doctor

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void catalogues_data();
     void catalogues();
     void noMicrophone();
+    void leavesNoFile();
     void plugins_data();
     void plugins();
     void wrongUsage_data();
@@ -75,6 +76,21 @@ void DoctorProgramTest::noMicrophone()
     QCOMPARE(result.of("microphone", "none"),
              QStringLiteral("failure: is there, or Qt has no plugin for the sound server"));
     QCOMPARE(result.of("listen", "none"), QStringLiteral("failure: gave no sound"));
+}
+
+// Not even what the sound server's library would make for a person without a session.
+void DoctorProgramTest::leavesNoFile()
+{
+    const QTemporaryDir home;
+    const Environment bare{{"HOME", home.path()},
+                           {"TMPDIR", home.path()},
+                           {"XDG_CONFIG_HOME", home.filePath(".config")}};
+    const Run result =
+        run({"env", "-u", "XDG_RUNTIME_DIR", DOCTOR, "--json", "--plugin", MODULE_FILE}, bare);
+    QCOMPARE(result.of("microphone", "mic").section(';', 0, 0),
+             QStringLiteral("ok: is the default one"));
+    const QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
+    QCOMPARE(QDir(home.path()).entryList(all), QStringList());
 }
 
 void DoctorProgramTest::plugins_data()
