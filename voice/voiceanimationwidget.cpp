@@ -7,25 +7,16 @@
 #include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
-
-#include <cmath>
 
 namespace {
 
 constexpr int frameMs = 15;
 
-// Circle numbers as the wave's shape was drawn with them.
-constexpr double pi = 3.1415926;
-constexpr double twoPi = 6.2831852;
-constexpr double eightPi = 25.1327408;
-
-// Radians per painted frame: pi / 12, pi / 13 and pi / 18.
-constexpr double phaseStep1 = 0.26179938333333336;
-constexpr double phaseStep2 = 0.24166096923076924;
-constexpr double phaseStep3 = 0.17453292222222222;
+// Radians per painted frame: 3.1415926 by 12, 13 and 18.
+constexpr WaveShape::Phases phaseSteps = {0.26179938333333336, 0.24166096923076924,
+                                          0.17453292222222222};
 
 } // namespace
 
@@ -50,9 +41,7 @@ void VoiceAnimationWidget::stopPaint()
 {
     m_painting = false;
     m_frameTimer.stop();
-    m_phase1 = 0.0;
-    m_phase2 = 0.0;
-    m_phase3 = 0.0;
+    m_phases.fill(0.0);
     m_level.reset();
     update();
     hide();
@@ -71,29 +60,10 @@ void VoiceAnimationWidget::advanceLevel()
 
 double VoiceAnimationWidget::getAudioLineY(double x, int line)
 {
-    const double w = width();
-    const double h = height();
-    const double level = m_level.current() / 100.0;
-    switch (line) {
-    case 1: {
-        const double envelope = h * 0.25 * level * (std::cos(twoPi / w * x) + 0.9);
-        return (std::sin(4 / w * pi * x + m_phase1) + 2.0) * 0.7 * envelope;
-    }
-    case 2: {
-        if (!(x > -0.25 * w && x < 0.5 * w))
-            return 0.0;
-        const double envelope = h / 5 * level * (std::cos(eightPi * (x - w / 6) / (3 * w)) + 1.0);
-        return (std::sin(4 / w * pi * x - m_phase2) + 1.5) * 0.9 * envelope;
-    }
-    case 3: {
-        if (!(x > -0.5 * w && x < 0.015625 * w))
-            return 0.0;
-        const double envelope = h / 6 * level * (std::cos(4 * x * pi / w - pi) + 1.0);
-        return (std::sin(4 / w * pi * x + m_phase3) + 1.6) * 0.8 * envelope;
-    }
-    default:
+    if (line < 1 || line > WaveShape::lineCount)
         return 0.0;
-    }
+    m_shape.resize(size());
+    return m_shape.height(line - 1, x, m_phases[size_t(line - 1)], m_level.current() / 100.0);
 }
 
 void VoiceAnimationWidget::paintEvent(QPaintEvent *)
@@ -101,40 +71,22 @@ void VoiceAnimationWidget::paintEvent(QPaintEvent *)
     if (!m_painting)
         return;
 
-    const double w = width();
-    const double left = -w / 2;
-    const double right = w / 2;
-
-    QPainter painter(this);
-    painter.save();
-    painter.translate(w / 2, height());
-    painter.scale(1, -1); // heights grow upwards
-
-    // A frame that nobody sees does not move the waves.
-    m_phase1 += phaseStep1;
-    m_phase2 += phaseStep2;
-    m_phase3 += phaseStep3;
-
-    QPainterPath waves[3];
-    for (QPainterPath &wave : waves)
-        wave.moveTo(left, 0);
-    for (int column = 0; left + column <= right; ++column) {
-        const double x = left + column;
-        for (int i = 0; i < 3; ++i)
-            waves[i].lineTo(x, getAudioLineY(x, i + 1));
-    }
-    for (QPainterPath &wave : waves)
-        wave.lineTo(right, 0);
-
-    QLinearGradient gradient(left, 0, right, 0);
+    m_shape.resize(size());
+    QLinearGradient gradient(-width() / 2.0, 0, width() / 2.0, 0);
     gradient.setColorAt(0, QColor(14, 136, 250, 160));
     gradient.setColorAt(1, QColor(147, 247, 67, 160));
 
+    QPainter painter(this);
+    painter.save();
+    painter.translate(width() / 2.0, height());
+    painter.scale(1, -1); // heights grow upwards
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.setPen(QColor(0, 0, 0, 0));
     painter.setBrush(gradient);
-    for (const QPainterPath &wave : waves)
-        painter.drawPath(wave);
+    for (size_t i = 0; i < m_phases.size(); ++i) {
+        m_phases[i] += phaseSteps[i]; // a frame that nobody sees does not move the waves
+        painter.drawPolygon(m_shape.outline(int(i), m_phases[i], m_level.current() / 100.0));
+    }
     painter.restore();
 
     if (m_keyboardFocus && hasFocus()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "voice/wavelevel.h"
+#include "voice/waveshape.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -53,10 +54,9 @@ private:
     void requestStop();
 
     QTimer m_frameTimer;
-    double m_phase1 = 0.0; // radians
-    double m_phase2 = 0.0;
-    double m_phase3 = 0.0;
+    WaveShape::Phases m_phases = {};
     WaveLevel m_level;
+    WaveShape m_shape;
     bool m_painting = false;
     bool m_keyboardFocus = false; // the focus came by keyboard, so it is shown
 };

@@ -2,7 +2,10 @@
 #include "tests/unit/steppedwave.h"
 
 #include <QApplication>
+#include <QLinearGradient>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -24,6 +27,29 @@ bool isTransparent(const QImage &image)
     return true;
 }
 
+// The wave's last frame from its heights alone.
+QImage pictureByColumns(VoiceAnimationWidget &wave)
+{
+    const double right = wave.width() / 2.0;
+    QLinearGradient gradient(-right, 0, right, 0);
+    gradient.setColorAt(0, QColor(14, 136, 250, 160));
+    gradient.setColorAt(1, QColor(147, 247, 67, 160));
+    QImage image(wave.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.translate(right, wave.height());
+    painter.scale(1, -1);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (int line = 1; line <= 3; ++line) {
+        QPainterPath path(QPointF(-right, 0));
+        for (double x = -right; x <= right; x += 1.0)
+            path.lineTo(x, wave.getAudioLineY(x, line));
+        path.lineTo(right, 0);
+        painter.fillPath(path, gradient);
+    }
+    return image;
+}
+
 void send(VoiceAnimationWidget &wave, QEvent::Type type, Qt::MouseButton button = Qt::LeftButton)
 {
     QMouseEvent event(type, QPointF(5, 5), button,
@@ -41,6 +67,8 @@ class VoiceWaveTest : public QObject
 private Q_SLOTS:
     void nothingIsPaintedAtRest();
     void pictureOfTheWaves();
+    void everyFrame_data();
+    void everyFrame();
     void tinySizes();
     void clickAsksOnce();
     void clickOnAHiddenWave();
@@ -136,6 +164,39 @@ void VoiceWaveTest::pictureOfTheWaves()
     }
     QVERIFY(checked > width * height / 2);
     QCOMPARE(layersSeen, 0xf); // none, one, two and three layers
+}
+
+void VoiceWaveTest::everyFrame_data()
+{
+    QTest::addColumn<QSize>("size");
+    for (const QSize &size : {QSize(340, 42), QSize(341, 43), QSize(600, 42), QSize(1600, 120),
+                              QSize(200, 100), QSize(33, 7)})
+        QTest::addRow("%d by %d", size.width(), size.height()) << size;
+}
+
+// The same pixels as when each column of each frame is worked out by itself.
+void VoiceWaveTest::everyFrame()
+{
+    QFETCH(QSize, size);
+    SteppedWave stepped(size.width(), size.height());
+    for (int frame = 1; frame <= 72; ++frame) {
+        stepped.wave.updateMaxLevel(frame / 72.0);
+        QVERIFY(stepped.tick(1));
+        const QImage image = picture(stepped.wave);
+        const QImage expected = pictureByColumns(stepped.wave);
+        for (int y = 0; y < image.height(); ++y) {
+            const uchar *line = image.constScanLine(y);
+            const uchar *expectedLine = expected.constScanLine(y);
+            for (int i = 0; i < image.width() * 4; ++i)
+                if (std::abs(line[i] - expectedLine[i]) > 1)
+                    QFAIL(qPrintable(QStringLiteral("frame %1, row %2, byte %3: %4, not %5")
+                                         .arg(frame)
+                                         .arg(y)
+                                         .arg(i)
+                                         .arg(line[i])
+                                         .arg(expectedLine[i])));
+        }
+    }
 }
 
 void VoiceWaveTest::tinySizes()
