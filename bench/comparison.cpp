@@ -8,6 +8,7 @@
 #include <sys/resource.h>
 
 #include <algorithm>
+#include <ctime>
 
 using testsupport::median;
 
@@ -20,6 +21,13 @@ double milliseconds(const timeval &time)
     return time.tv_sec * 1000.0 + time.tv_usec / 1000.0;
 }
 
+double threadMs()
+{
+    timespec time = {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return time.tv_sec * 1000.0 + time.tv_nsec / 1e6;
+}
+
 } // namespace
 
 double timedMs(const std::function<void()> &work)
@@ -28,6 +36,13 @@ double timedMs(const std::function<void()> &work)
     timer.start();
     work();
     return timer.nsecsElapsed() / 1e6;
+}
+
+double workMs(const std::function<void()> &work)
+{
+    const double before = threadMs();
+    work();
+    return threadMs() - before;
 }
 
 double processorMs()
@@ -48,34 +63,26 @@ void setRounds(int rounds)
     roundsOfAll = rounds;
 }
 
-Ratio compare(const QString &name, const QString &subject, const QString &baseline, int rounds,
-              const QString &unit, const std::function<double()> &measureSubject,
-              const std::function<double()> &measureBaseline)
+Ratio compare(const Comparison &what)
 {
-    if (roundsOfAll > 0)
-        rounds = roundsOfAll;
-    measureSubject();
-    measureBaseline();
+    what.measureSubject();
+    what.measureBaseline();
 
     QVector<double> subjects;
     QVector<double> baselines;
     QVector<double> ratios;
-    for (int round = 0; round < rounds; ++round) {
-        subjects.append(measureSubject());
-        baselines.append(measureBaseline());
+    for (int round = 0; round < (roundsOfAll > 0 ? roundsOfAll : what.rounds); ++round) {
+        subjects.append(what.measureSubject());
+        baselines.append(what.measureBaseline());
         ratios.append(subjects.last() / baselines.last());
     }
 
     Ratio result;
-    result.name = name;
-    result.subject = subject;
-    result.baseline = baseline;
+    result.what = what;
     result.median = median(ratios);
     result.lowest = *std::min_element(ratios.cbegin(), ratios.cend());
     result.highest = *std::max_element(ratios.cbegin(), ratios.cend());
-    result.note = QStringLiteral("%1 against %2 %3")
-                      .arg(median(subjects), 0, 'g', 3)
-                      .arg(median(baselines), 0, 'g', 3)
-                      .arg(unit);
+    result.subject = median(subjects);
+    result.baseline = median(baselines);
     return result;
 }

@@ -5,20 +5,39 @@
 
 #include <functional>
 
-/** What a comparison found: a ratio, and where both of its sides stood. */
-struct Ratio
+/** Two ways of doing the same, and how the first may compare with the second. */
+struct Comparison
 {
     QString name;
-    QString subject;  ///< What was measured...
-    QString baseline; ///< ...against what.
-    double median = 0.0;
+    QString subject;  ///< What is measured...
+    QString baseline; ///< ...against what: code that does only what must be done.
+    QString unit;
+    double aim = 0.0; ///< The largest ratio that is good enough; 0 when there is none.
+    int rounds = 5;
+    /** Each side returns what it measured. */
+    std::function<double()> measureSubject;
+    std::function<double()> measureBaseline;
+};
+
+/** What a comparison found. */
+struct Ratio
+{
+    Comparison what;
+    double median = 0.0; ///< Of the ratios of all rounds, subject by baseline.
     double lowest = 0.0;
     double highest = 0.0;
-    QString note; ///< Absolute figures of this run, for orientation only.
+    double subject = 0.0; ///< Medians, for orientation only: they belong to this machine.
+    double baseline = 0.0;
+
+    bool missed() const { return what.aim > 0.0 && median > what.aim; }
 };
 
 /** Milliseconds that @p work takes, by the monotonic clock. */
 double timedMs(const std::function<void()> &work);
+
+/** Milliseconds that the processor spends on @p work in this thread, however much else there is to
+ * do. */
+double workMs(const std::function<void()> &work);
 
 /** Processor time of this process so far, in milliseconds, user and system together. */
 double processorMs();
@@ -30,10 +49,7 @@ double heapBytes();
 void setRounds(int rounds);
 
 /**
- * Measures both sides in turn, @p rounds times after one unmeasured round, so that whatever else
- * the machine does meets both. Each side returns what it measured; the ratio of a round is subject
- * by baseline.
+ * Measures both sides in turn after one unmeasured round, so that whatever else the machine does
+ * meets both.
  */
-Ratio compare(const QString &name, const QString &subject, const QString &baseline, int rounds,
-              const QString &unit, const std::function<double()> &measureSubject,
-              const std::function<double()> &measureBaseline);
+Ratio compare(const Comparison &what);

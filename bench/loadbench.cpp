@@ -1,36 +1,35 @@
 #include "bench/suite.h"
 
-#include <QCoreApplication>
-#include <QLibraryInfo>
-#include <QPluginLoader>
 #include <QProcess>
-
-double timeLoadMs(const QString &file)
-{
-    QPluginLoader loader(file);
-    return timedMs([&loader] { loader.instance(); });
-}
 
 namespace {
 
-/** Qt never lets go of a plugin, so each load needs a process of its own. */
 double loadInNewProcess(const QString &file)
 {
     QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--time-load"), file});
+    process.start(QStringLiteral(PLUGIN_HOST), {file});
     process.waitForFinished();
+    if (process.exitCode() != 0)
+        qFatal("%s cannot be loaded", qPrintable(file));
     return process.readAllStandardOutput().trimmed().toDouble();
 }
 
 } // namespace
 
-QVector<Ratio> benchLoad()
+void benchLoad(const Report &report)
 {
-    const QString svgPlugin = QLibraryInfo::location(QLibraryInfo::PluginsPath) +
-                              QStringLiteral("/imageformats/libqsvg.so");
-    return {compare(
-        QStringLiteral("plugin load"), QStringLiteral("loading the module"),
-        QStringLiteral("loading Qt's SVG plugin"), 20, QStringLiteral("ms"),
-        [] { return loadInNewProcess(QStringLiteral(MODULE_FILE)); },
-        [svgPlugin] { return loadInNewProcess(svgPlugin); })};
+    Comparison what;
+    what.name = QStringLiteral("plugin load");
+    what.subject = QStringLiteral("loading and initialising the module");
+    what.baseline = QStringLiteral("loading an empty plugin with the same libraries");
+    what.unit = QStringLiteral("ms");
+    what.aim = 1.3;
+    what.rounds = 20;
+    what.measureSubject = [] {
+        return loadInNewProcess(QStringLiteral(MODULE_FILE));
+    };
+    what.measureBaseline = [] {
+        return loadInNewProcess(QStringLiteral(EMPTY_PLUGIN));
+    };
+    report(compare(what));
 }

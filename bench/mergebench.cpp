@@ -1,6 +1,9 @@
 #include "bench/suite.h"
+#include "pages/showntext.h"
+#include "pages/wordslabel.h"
 #include "voice/iatwapper.h"
 
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -20,8 +23,8 @@ QString result(const char *pgs, const QString &word)
     return QString::fromUtf8(QJsonDocument(message).toJson(QJsonDocument::Compact));
 }
 
-/** Milliseconds for a hundred results at the end of a session that already had @p earlier. */
-double hundredResultsAfter(int earlier)
+// Work for ten results at the end of a session that already had some.
+double tenResultsAfter(int earlier)
 {
     const QString replace = result("rpl", QStringLiteral("明天"));
     const QString append = result("apd", QStringLiteral("早上"));
@@ -31,15 +34,53 @@ double hundredResultsAfter(int earlier)
             recogniser.handleResult(i % 2 ? append : replace);
     };
     feed(earlier);
-    return timedMs([&] { feed(100); });
+    return workMs([&] { feed(10); });
+}
+
+// Work until words are on the screen.
+double showing(const QString &words)
+{
+    WordsLabel label;
+    label.resize(340, 42);
+    QImage image(label.size(), QImage::Format_ARGB32_Premultiplied);
+    return workMs([&] {
+        label.setText(showntext::cut(words, showntext::longestWords));
+        label.render(&image);
+    });
 }
 
 } // namespace
 
-QVector<Ratio> benchMerge()
+void benchMerge(const Report &report)
 {
-    return {compare(
-        QStringLiteral("merging"), QStringLiteral("a result after 2000 others"),
-        QStringLiteral("a result after none"), 20, QStringLiteral("ms for 100 results"),
-        [] { return hundredResultsAfter(2000); }, [] { return hundredResultsAfter(0); })};
+    Comparison merging;
+    merging.name = QStringLiteral("merging");
+    merging.subject = QStringLiteral("ten results after 10,000 others");
+    merging.baseline = QStringLiteral("ten results after none");
+    merging.unit = QStringLiteral("ms");
+    merging.aim = 1.3;
+    merging.rounds = 20;
+    merging.measureSubject = [] {
+        return tenResultsAfter(10000);
+    };
+    merging.measureBaseline = [] {
+        return tenResultsAfter(0);
+    };
+    report(compare(merging));
+
+    Comparison words;
+    words.name = QStringLiteral("words");
+    words.subject = QStringLiteral("showing a million letters");
+    words.baseline = QStringLiteral("showing as many as are shown of them");
+    words.unit = QStringLiteral("ms");
+    words.aim = 1.3;
+    words.rounds = 20;
+    const QString text = QStringLiteral("what ").repeated(200000);
+    words.measureSubject = [text] {
+        return showing(text);
+    };
+    words.measureBaseline = [text] {
+        return showing(text.left(showntext::longestWords));
+    };
+    report(compare(words));
 }

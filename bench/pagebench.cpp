@@ -5,13 +5,32 @@
 #include "pages/voiceiatsettingwidget.h"
 #include "pages/voicettssettingwidget.h"
 
-#include <QApplication>
+#include <zcc/widgets/settingsgroup.h>
+#include <zcc/widgets/settingsitem.h>
+#include <zcc/widgets/switchwidget.h>
+#include <zcc/widgets/tipslabel.h>
+#include <ztk/zcommandlinkbutton.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <memory>
+
+using zcc::widgets::SettingsGroup;
+using zcc::widgets::SettingsItem;
+using zcc::widgets::SwitchWidget;
+using zcc::widgets::TipsLabel;
+using Ztk::Widget::ZCommandLinkButton;
 
 namespace {
 
-constexpr int rounds = 30;
+constexpr QSize pageSize(600, 560);
 
 struct BareCall
 {
@@ -35,71 +54,167 @@ BareCall shortcut(const char *id)
     return {Contract::Keybinding::GetShortcut(), {QLatin1String(id), 0}};
 }
 
-template <typename Page>
-Ratio opening(const QString &name, const QVector<BareCall> &calls)
+// A page of the same widgets as the module's, which does nothing.
+class BarePage : public QWidget
 {
-    return compare(
-        name, QStringLiteral("opening the page"), QStringLiteral("its calls on the bus alone"),
-        rounds, QStringLiteral("ms"),
-        [] {
-            return timedMs([] {
-                Page page(nullptr);
-                page.ensurePolished();
-            });
-        },
-        [&calls] { return timedMs([&calls] { callAll(calls); }); });
+public:
+    BarePage()
+        : m_layout(new QVBoxLayout(this))
+        , m_group(new SettingsGroup)
+    {
+        m_layout->setContentsMargins(10, 10, 10, 10);
+    }
+
+    void addTip(const QString &text)
+    {
+        auto *tip = new TipsLabel(text, this);
+        tip->setWordWrap(true);
+        m_layout->addWidget(tip);
+    }
+
+    void addGroup() { m_layout->addWidget(m_group); }
+
+    void addSwitch(const QString &title) { m_group->appendItem(new SwitchWidget(title)); }
+
+    void addList(const QString &title, const QStringList &entries)
+    {
+        auto *list = new QComboBox;
+        list->addItems(entries);
+        addItem(new QHBoxLayout, {new QLabel(title), list});
+    }
+
+    void addItem(QBoxLayout *layout, const QVector<QWidget *> &widgets)
+    {
+        auto *item = new SettingsItem;
+        item->addBackground();
+        item->setLayout(layout);
+        for (QWidget *widget : widgets)
+            layout->addWidget(widget);
+        m_group->appendItem(item);
+    }
+
+    void finish() { m_layout->addStretch(); }
+
+private:
+    QVBoxLayout *m_layout;
+    SettingsGroup *m_group;
+};
+
+void fillAssistant(BarePage &page)
+{
+    page.addTip(
+        QStringLiteral("AI Assistant boosts your productivity by executing voice commands, such as "
+                       "checking the weather, creating events, etc."));
+    page.addGroup();
+    page.addSwitch(QStringLiteral("Voice Wakeup"));
+    page.addItem(new QVBoxLayout, {new QCheckBox(QStringLiteral("OneShot"))});
+    page.addList(QStringLiteral("Language"), {QStringLiteral("中文-普通话")});
+    page.addSwitch(QStringLiteral("Show in the Dock"));
+    page.addItem(new QVBoxLayout, {new QLabel(QStringLiteral("Microphone Test")),
+                                   new ZCommandLinkButton(QStringLiteral("Click here to test"))});
 }
 
-/** Heap growth by a thousand visits of the speech-to-text page, against what one living page holds.
- */
-Ratio memoryPerVisit()
+void fillSpeechToText(BarePage &page)
 {
-    constexpr int visits = 1000;
-    const auto visit = [] {
-        VoiceIatSettingWidget page(nullptr);
-        page.ensurePolished();
-    };
-    return compare(
-        QStringLiteral("memory"), QStringLiteral("heap growth by 1000 visits of a page"),
-        QStringLiteral("the heap that one open page holds"), 3, QStringLiteral("bytes"),
-        [visit] {
-            visit();
-            QCoreApplication::processEvents();
-            const double before = heapBytes();
-            for (int i = 0; i < visits; ++i)
-                visit();
-            QCoreApplication::processEvents();
-            return heapBytes() - before;
-        },
-        [] {
-            const double before = heapBytes();
-            VoiceIatSettingWidget page(nullptr);
-            page.ensurePolished();
-            return heapBytes() - before;
+    page.addTip(QStringLiteral(
+        "Press the shortcuts (Ctrl+Alt+T) or click \"Speech to Text\" in the context "
+        "menu to convert your speech to text."));
+    page.addGroup();
+    page.addSwitch(QStringLiteral("Speech to Text"));
+    page.addList(QStringLiteral("Language"),
+                 {QStringLiteral("中文-普通话"), QStringLiteral("English")});
+}
+
+void fillTextToSpeech(BarePage &page)
+{
+    page.addTip(QStringLiteral(
+        "Press the shortcuts (Ctrl+Alt+T) or click \"Text to Speech\" in the context "
+        "menu to read the selected text out."));
+    page.addGroup();
+    page.addSwitch(QStringLiteral("Text to Speech"));
+    page.addSwitch(QStringLiteral("Show Speech Widget"));
+    page.addList(QStringLiteral("Voice Gender"),
+                 {QStringLiteral("Female"), QStringLiteral("Male"), QStringLiteral("Children")});
+}
+
+void fillTranslation(BarePage &page)
+{
+    page.addTip(QStringLiteral(
+        "Press the shortcuts (Ctrl+Alt+T) or click \"Translate\" in the context menu "
+        "to translate the selected text."));
+    page.addGroup();
+    page.addSwitch(QStringLiteral("Text Translation"));
+    page.addList(QStringLiteral("Language"),
+                 {QStringLiteral("Chinese"), QStringLiteral("English")});
+}
+
+// Shows a page in the window that a control center has already, until it is painted.
+void showIn(QWidget &window, QWidget *page)
+{
+    window.layout()->addWidget(page);
+    page->show();
+    QCoreApplication::sendPostedEvents();
+    page->repaint();
+}
+
+template <typename Page>
+Ratio opening(QWidget &window, const QString &name, const QVector<BareCall> &calls,
+              void (*fillBarePage)(BarePage &))
+{
+    Comparison what;
+    what.name = name;
+    what.subject = QStringLiteral("opening the page until it is painted");
+    what.baseline = QStringLiteral("its calls on the bus, and the same widgets that do nothing");
+    what.unit = QStringLiteral("ms");
+    what.aim = 1.3;
+    what.rounds = 30;
+    what.measureSubject = [&] {
+        std::unique_ptr<QWidget> page;
+        return timedMs([&] {
+            page = std::make_unique<Page>(nullptr);
+            showIn(window, page.get());
         });
+    };
+    what.measureBaseline = [&] {
+        std::unique_ptr<BarePage> page;
+        return timedMs([&] {
+            callAll(calls);
+            page = std::make_unique<BarePage>();
+            fillBarePage(*page);
+            page->finish();
+            showIn(window, page.get());
+        });
+    };
+    return compare(what);
 }
 
 } // namespace
 
-QVector<Ratio> benchPages()
+void benchPages(const Report &report)
 {
-    const QVector<BareCall> assistantCalls = {{Contract::DockIcon::getDockHideStatus(), {}}};
-    const QVector<BareCall> iatCalls = {shortcut("speech-to-text"),
-                                        {Contract::SpeechToText::getIatEnable(), {}},
-                                        {Contract::SpeechToText::getIatLanguage(), {}}};
-    const QVector<BareCall> ttsCalls = {shortcut("text-to-speech"),
-                                        {Contract::TextToSpeech::getTTSEnable(), {}},
-                                        {Contract::TextToSpeech::getEnableWindow(), {}},
-                                        {Contract::TextToSpeech::getSpeaker(), {}}};
-    const QVector<BareCall> transCalls = {shortcut("translation"),
-                                          {Contract::Translation::getTransEnable(), {}},
-                                          {Contract::Translation::getTransLanguage(), {}}};
+    QWidget window;
+    window.setLayout(new QVBoxLayout);
+    window.resize(pageSize);
+    window.show();
+    QCoreApplication::processEvents();
 
-    return {
-        opening<AssistantSettingWidget>(QStringLiteral("assistant page"), assistantCalls),
-        opening<VoiceIatSettingWidget>(QStringLiteral("speech to text page"), iatCalls),
-        opening<VoiceTTSSettingWidget>(QStringLiteral("text to speech page"), ttsCalls),
-        opening<TextTranslateSettingWidget>(QStringLiteral("translation page"), transCalls),
-        memoryPerVisit(),
-    };
+    report(opening<AssistantSettingWidget>(window, QStringLiteral("assistant page"),
+                                           {{Contract::DockIcon::getDockHideStatus(), {}}},
+                                           fillAssistant));
+    report(opening<VoiceIatSettingWidget>(window, QStringLiteral("speech to text page"),
+                                          {shortcut("speech-to-text"),
+                                           {Contract::SpeechToText::getIatEnable(), {}},
+                                           {Contract::SpeechToText::getIatLanguage(), {}}},
+                                          fillSpeechToText));
+    report(opening<VoiceTTSSettingWidget>(window, QStringLiteral("text to speech page"),
+                                          {shortcut("text-to-speech"),
+                                           {Contract::TextToSpeech::getTTSEnable(), {}},
+                                           {Contract::TextToSpeech::getEnableWindow(), {}},
+                                           {Contract::TextToSpeech::getSpeaker(), {}}},
+                                          fillTextToSpeech));
+    report(opening<TextTranslateSettingWidget>(window, QStringLiteral("translation page"),
+                                               {shortcut("translation"),
+                                                {Contract::Translation::getTransEnable(), {}},
+                                                {Contract::Translation::getTransLanguage(), {}}},
+                                               fillTranslation));
 }

@@ -2,15 +2,27 @@
 
 #include "bench/comparison.h"
 
-/** The comparisons, one function per subject. Each needs the services and the microphone running.
- */
+namespace testsupport {
+class ServiceProcess;
+}
 
-QVector<Ratio> benchPages();
-QVector<Ratio> benchWave();
-QVector<Ratio> benchLevel();
-QVector<Ratio> benchVoiceTest();
-QVector<Ratio> benchLoad();
-QVector<Ratio> benchMerge();
+/** Takes what was found as soon as it was. */
+using Report = std::function<void(const Ratio &)>;
 
-/** Milliseconds that the plugin @p file takes to load and to build its object; once per process. */
-double timeLoadMs(const QString &file);
+// The comparisons, one function per subject. Each needs the services and the microphone running.
+
+/** Opening each page until it is painted. */
+void benchPages(const Report &report);
+/** Writing a setting whose service, or the bus daemon, does not answer. */
+void benchWrites(const Report &report, testsupport::ServiceProcess &assistant);
+/** What visits of each page leave on the heap. */
+void benchMemory(const Report &report);
+/** What wakes the processor while nobody does anything. */
+void benchIdle(const Report &report);
+void benchWave(const Report &report);
+void benchLevel(const Report &report);
+void benchMerge(const Report &report);
+/** Loading the plugin in a host that has nothing of it yet. */
+void benchLoad(const Report &report);
+/** A whole voice test. */
+void benchVoiceTest(const Report &report);

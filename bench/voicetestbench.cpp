@@ -70,9 +70,15 @@ double captureShare()
 
 } // namespace
 
-QVector<Ratio> benchVoiceTest()
+void benchVoiceTest(const Report &report)
 {
-    return {compare(QStringLiteral("voice test"), QStringLiteral("processor time of a whole run"),
-                    QStringLiteral("the audio backend capturing alone"), 1,
-                    QStringLiteral("% of a core"), voiceTestShare, captureShare)};
+    Comparison what;
+    what.name = QStringLiteral("voice test");
+    what.subject = QStringLiteral("processor time of a whole run");
+    what.baseline = QStringLiteral("the audio backend capturing alone");
+    what.unit = QStringLiteral("% of a core");
+    what.rounds = 1;
+    what.measureSubject = voiceTestShare;
+    what.measureBaseline = captureShare;
+    report(compare(what));
 }

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr QSize waveSize(340, 42);
-
 std::array<QPainterPath, 3> currentPaths(VoiceAnimationWidget &wave)
 {
     const double left = -wave.width() / 2.0;
@@ -27,44 +25,56 @@ std::array<QPainterPath, 3> currentPaths(VoiceAnimationWidget &wave)
     return paths;
 }
 
-} // namespace
-
-QVector<Ratio> benchWave()
+Ratio frames(const QSize &size, int scale)
 {
-    constexpr int frames = 100;
+    constexpr int count = 100;
 
     VoiceAnimationWidget wave(nullptr);
-    wave.resize(waveSize);
+    wave.resize(size);
     wave.startPaint();
     const std::array<QPainterPath, 3> paths = currentPaths(wave);
-    QImage image(waveSize, QImage::Format_ARGB32_Premultiplied);
+    QImage image(size * scale, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
 
-    QLinearGradient gradient(-waveSize.width() / 2.0, 0, waveSize.width() / 2.0, 0);
+    QLinearGradient gradient(-size.width() / 2.0, 0, size.width() / 2.0, 0);
     gradient.setColorAt(0, QColor(14, 136, 250, 160));
     gradient.setColorAt(1, QColor(147, 247, 67, 160));
 
-    return {compare(
-        QStringLiteral("wave"), QStringLiteral("painting a frame"),
-        QStringLiteral("filling three paths of the same shape"), 20,
-        QStringLiteral("ms for 100 frames"),
-        [&] {
-            return timedMs([&] {
-                for (int i = 0; i < frames; ++i)
-                    wave.render(&image);
-            });
-        },
-        [&] {
-            return timedMs([&] {
-                for (int i = 0; i < frames; ++i) {
-                    QPainter painter(&image);
-                    painter.translate(waveSize.width() / 2.0, waveSize.height());
-                    painter.scale(1, -1);
-                    painter.setRenderHint(QPainter::Antialiasing);
-                    painter.setPen(Qt::NoPen);
-                    painter.setBrush(gradient);
-                    for (const QPainterPath &path : paths)
-                        painter.drawPath(path);
-                }
-            });
-        })};
+    Comparison what;
+    what.name = QStringLiteral("wave %1x%2 at %3x").arg(size.width()).arg(size.height()).arg(scale);
+    what.subject = QStringLiteral("painting a frame");
+    what.baseline = QStringLiteral("filling three finished paths of the same shape");
+    what.unit = QStringLiteral("ms for %1 frames").arg(count);
+    what.aim = 1.3;
+    what.rounds = 20;
+    what.measureSubject = [&] {
+        return workMs([&] {
+            for (int i = 0; i < count; ++i)
+                wave.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+        });
+    };
+    what.measureBaseline = [&] {
+        return workMs([&] {
+            for (int i = 0; i < count; ++i) {
+                QPainter painter(&image);
+                painter.translate(size.width() / 2.0, size.height());
+                painter.scale(1, -1);
+                painter.setRenderHint(QPainter::Antialiasing);
+                painter.setPen(Qt::NoPen);
+                painter.setBrush(gradient);
+                for (const QPainterPath &path : paths)
+                    painter.drawPath(path);
+            }
+        });
+    };
+    return compare(what);
+}
+
+} // namespace
+
+void benchWave(const Report &report)
+{
+    for (const QSize &size : {QSize(340, 42), QSize(600, 42), QSize(1600, 120)})
+        for (const int scale : {1, 2})
+            report(frames(size, scale));
 }

@@ -1,0 +1,11 @@
+#include <QObject>
+#include <QtPlugin>
+
+/** The least that a plugin can be; it links what the module links. */
+class EmptyPlugin : public QObject
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID "assistant.bench.EmptyPlugin")
+};
+
+#include "emptyplugin.moc"
