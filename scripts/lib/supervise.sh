@@ -1,11 +1,6 @@
-# Running a command so that nothing of it is left, however it ends. Sourced, and first of all: from then
-# on a signal only leaves its number, for supervise() to find. Bash may miss a signal, or the end of a
-# child, while it waits for one with "wait", so supervise() looks every now and then instead.
-
-interrupted=0 # number of the first signal that came
-trap '((interrupted)) || interrupted=1' HUP
-trap '((interrupted)) || interrupted=2' INT
-trap '((interrupted)) || interrupted=15' TERM
+# Running a command so that nothing of it is left, however it ends. Sourced right before: from then on a
+# signal only leaves its number, for supervise() to find. Bash may miss a signal, or the end of a child,
+# while it waits for one with "wait", so supervise() looks every now and then instead.
 
 # supervise COMMAND ARGUMENT...: runs COMMAND with the process id of this shell, a folder for temporary
 # files, and the ARGUMENTs, and exits with its status, or with 128 + the number of a signal. Before that
@@ -75,3 +70,9 @@ make_folder() {
         echo "A temporary folder cannot be had in ${1%/*}, which TMPDIR may change: ${reason##*: }" >&2
     return 3
 }
+
+# Last of all: a trap that comes while bash still reads a substitution confuses it.
+interrupted=0 # number of the first signal that came
+trap '((interrupted)) || interrupted=1' HUP
+trap '((interrupted)) || interrupted=2' INT
+trap '((interrupted)) || interrupted=15' TERM

@@ -23,7 +23,7 @@ import tempfile
 import time
 
 LIMIT = 5  # seconds
-SHELL_START = 0.3  # seconds, in which the signal may end the shell itself, in the middle of anything
+SHELL_START = 1  # seconds, in which the signal may end the shell itself, in the middle of anything
 MARK = "INTERRUPT_TEST_RUN"
 SIGNALS = (signal.SIGINT, signal.SIGTERM, signal.SIGHUP)
 PHASES = ("tour", "window", "tour", "window", "tour", "window", "installing", "building")
