@@ -39,11 +39,18 @@ void SettingsItem::paintEvent(QPaintEvent *event)
         const auto *group = qobject_cast<const SettingsGroup *>(parentWidget());
         const bool joinsAbove = group && group->joinsNeighbour(this, -1);
         const bool joinsBelow = group && group->joinsNeighbour(this, 1);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.fillPath(ZPainting::roundedPath(ZPainting::snapped(&painter, rect()),
-                                                joinsAbove ? 0 : ZPainting::cardRadius,
-                                                joinsBelow ? 0 : ZPainting::cardRadius),
-                         palette().color(QPalette::Active, QPalette::Base));
+        const int radius = ZPainting::cardRadius;
+        const QRectF card = ZPainting::snapped(&painter, rect());
+        const QColor fill = palette().color(QPalette::Active, QPalette::Base);
+        // What moves in a row asks often for what lies behind it, which is seldom a corner.
+        if (rect().adjusted(0, radius, 0, -radius).contains(event->rect())) {
+            painter.fillRect(card, fill);
+        } else {
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.fillPath(
+                ZPainting::roundedPath(card, joinsAbove ? 0 : radius, joinsBelow ? 0 : radius),
+                fill);
+        }
     }
     QFrame::paintEvent(event);
 }
