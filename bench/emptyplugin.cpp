@@ -5,7 +5,7 @@
 class EmptyPlugin : public QObject
 {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "assistant.bench.EmptyPlugin")
+    Q_PLUGIN_METADATA(IID "EmptyPlugin")
 };
 
 #include "emptyplugin.moc"

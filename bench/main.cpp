@@ -8,6 +8,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 #include <QTextStream>
 
 #include <fcntl.h>
@@ -59,7 +60,7 @@ QString line(const Ratio &ratio)
 int silenceStandardError()
 {
     const int copy = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3);
-    const int nothing = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    const int nothing = open(qPrintable(QProcess::nullDevice()), O_WRONLY | O_CLOEXEC);
     dup2(nothing, STDERR_FILENO);
     close(nothing);
     return copy;
