@@ -92,6 +92,7 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
 {
     installAccessibleRoles();
     setWindowTitle(tr("Control Center"));
+    setWindowIcon(QIcon::fromTheme(QStringLiteral("zcc_window")));
     resize(initialSize());
 
     m_stack->setMinimumSize(leastContent);
@@ -121,15 +122,14 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
                 new ServicesPage);
     m_navigation->addEntry(m_module->name(), m_module->displayName(), m_module->icon(),
                            m_module->follow());
-    m_ownSearchEntries.append({windowTitle(), m_themeButton->toolTip(), QString(), themeEntry,
-                               QIcon::fromTheme(QStringLiteral("zcc_theme"))});
+    m_ownSearchEntries.append({tr("Control Center"), m_themeButton->toolTip(), QString(),
+                               themeEntry, QIcon::fromTheme(QStringLiteral("zcc_theme"))});
 
     auto *search = new Search(searchEntries(), m_searchField, new SearchPopup(this), this);
     connect(search, &Search::chosen, this, &ControlCenterWindow::openSearchEntry);
     connect(m_navigation, &NavigationColumn::entryOpened, this, &ControlCenterWindow::openEntry);
-    connect(m_frame, &Frame::pageShown, this, [this](const QString &title) {
-        m_breadcrumb->setPath(m_module->displayName(), title);
-    });
+    connect(m_frame, &Frame::pageShown, this,
+            [this](const QString &title) { showPlace(m_module->displayName(), title); });
     connect(m_themeButton, &QAbstractButton::toggled, this, [](bool dark) {
         ZGuiApplicationHelper::instance()->setThemeType(dark ? ZGuiApplicationHelper::DarkType
                                                              : ZGuiApplicationHelper::LightType);
@@ -278,7 +278,7 @@ void ControlCenterWindow::addOwnEntry(const QString &name, const QString &text, 
 {
     const QIcon image = QIcon::fromTheme(icon);
     m_navigation->addEntry(name, text, image);
-    m_ownSearchEntries.append({windowTitle(), text, QString(), name, image});
+    m_ownSearchEntries.append({tr("Control Center"), text, QString(), name, image});
     m_stack->addWidget(page);
     m_ownPages.insert(name, page);
 }
@@ -292,19 +292,28 @@ void ControlCenterWindow::addShortcuts()
             m_searchField->selectAll();
         });
     }
+    // Named by key: what Qt calls closing and quitting differs from desktop to desktop.
+    for (const int key : {Qt::Key_W, Qt::Key_Q})
+        connect(new QShortcut(Qt::CTRL + key, this), &QShortcut::activated, this, &QWidget::close);
 }
 
 void ControlCenterWindow::openEntry(const QString &name)
 {
     if (name == m_module->name()) {
         m_stack->setCurrentWidget(m_moduleView);
-        m_breadcrumb->setPath(m_module->displayName(), QString());
+        showPlace(m_module->displayName());
         m_frame->open(m_module);
         return;
     }
     m_frame->leave();
     m_stack->setCurrentWidget(m_ownPages.value(name));
-    m_breadcrumb->setPath(m_navigation->entryText(name), QString());
+    showPlace(m_navigation->entryText(name));
+}
+
+void ControlCenterWindow::showPlace(const QString &entry, const QString &page)
+{
+    m_breadcrumb->setPath(entry, page);
+    setWindowTitle(m_breadcrumb->page() + QStringLiteral(" – ") + tr("Control Center"));
 }
 
 void ControlCenterWindow::openSearchEntry(const SearchEntry &entry)

@@ -86,6 +86,8 @@ private:
     void addOwnEntry(const QString &name, const QString &text, const QString &icon, QWidget *page);
     void addShortcuts();
     void openEntry(const QString &name);
+    /** Names the open entry, and its page if it has several, in heading and title. */
+    void showPlace(const QString &entry, const QString &page = QString());
     void openSearchEntry(const SearchEntry &entry);
     void showTheme();
 

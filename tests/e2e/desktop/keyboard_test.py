@@ -11,7 +11,7 @@ BEFORE_THE_PAGE = ["Search settings", "Settings", "Dark theme", "Assistive Tools
 def wait_until_active(tree):
     """Waits until the window with its first page takes keys."""
     tree.control(pyatspi.ROLE_LABEL, "Assistive Tools, Desktop AI Assistant")
-    window = tree.control(pyatspi.ROLE_FRAME, "Control Center")
+    window = tree.control(pyatspi.ROLE_FRAME, "Desktop AI Assistant – Control Center")
     tree.wait_for(lambda: has_state(window, pyatspi.STATE_ACTIVE), "active window")
 
 
