@@ -2,8 +2,10 @@
 
 #include "sandbox/controlcenter/breadcrumb.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/themebutton.h"
 
 #include <QAccessibleWidget>
+#include <QMenu>
 
 namespace controlcenter {
 namespace {
@@ -22,12 +24,51 @@ public:
     QAccessibleInterface *childAt(int, int) const override { return nullptr; }
 };
 
+// With the menu as a child while it is open: Qt leaves popups out of the tree.
+class ThemeButtonAccessible : public QAccessibleWidget
+{
+public:
+    explicit ThemeButtonAccessible(ThemeButton *button)
+        : QAccessibleWidget(button, QAccessible::ButtonMenu)
+    {
+    }
+
+    int childCount() const override { return button()->menu()->isVisible() ? 1 : 0; }
+    QAccessibleInterface *child(int index) const override
+    {
+        return index >= 0 && index < childCount()
+                   ? QAccessible::queryAccessibleInterface(button()->menu())
+                   : nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface *child) const override
+    {
+        return child && childCount() && child->object() == button()->menu() ? 0 : -1;
+    }
+    QStringList actionNames() const override
+    {
+        return QStringList{showMenuAction(), pressAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString &name) override
+    {
+        // Later: the menu keeps its caller waiting until it is closed.
+        if (name == showMenuAction() || name == pressAction())
+            QMetaObject::invokeMethod(button(), &ThemeButton::showMenu, Qt::QueuedConnection);
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+private:
+    ThemeButton *button() const { return static_cast<ThemeButton *>(object()); }
+};
+
 QAccessibleInterface *create(const QString &, QObject *object)
 {
     if (auto *window = qobject_cast<ControlCenterWindow *>(object))
         return new QAccessibleWidget(window, QAccessible::Window);
     if (auto *breadcrumb = qobject_cast<Breadcrumb *>(object))
         return new BreadcrumbAccessible(breadcrumb);
+    if (auto *button = qobject_cast<ThemeButton *>(object))
+        return new ThemeButtonAccessible(button);
     return nullptr;
 }
 

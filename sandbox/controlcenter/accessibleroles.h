@@ -2,7 +2,10 @@
 
 namespace controlcenter {
 
-/** Makes the window a window to assistive technologies, and its heading a text of its own. */
+/**
+ * Makes the window a window to assistive technologies, and its heading a text of its own; the
+ * theme button has its list.
+ */
 void installAccessibleRoles();
 
 } // namespace controlcenter

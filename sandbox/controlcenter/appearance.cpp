@@ -85,8 +85,9 @@ void applyAppearance(const Options &options)
     Ztk::Widget::ZApplicationSetup::install();
     installTranslator();
     QApplication::setLayoutDirection(translatedDirection());
-    ZGuiApplicationHelper::instance()->setThemeType(
-        options.dark ? ZGuiApplicationHelper::DarkType : ZGuiApplicationHelper::LightType);
+    ZGuiApplicationHelper::instance()->setThemeType(options.theme == QLatin1String("dark")
+                                                        ? ZGuiApplicationHelper::DarkType
+                                                        : ZGuiApplicationHelper::LightType);
 }
 
 } // namespace controlcenter

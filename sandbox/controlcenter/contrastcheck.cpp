@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QPushButton>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 
@@ -105,7 +106,8 @@ void ContrastCheck::checkControl(const QWidget *widget)
     } else if (const auto *button = qobject_cast<const QAbstractButton *>(widget)) {
         if (!button->text().isEmpty() || !button->icon().isNull())
             checkText(button, inside, button->text());
-        if (widget->inherits("QPushButton"))
+        const auto *push = qobject_cast<const QPushButton *>(widget);
+        if (push && !push->isFlat())
             checkOutline(button, button->rect(), button->text());
         if (widget->inherits("zcc::widgets::SwitchButton"))
             checkOutline(button, button->rect().adjusted(switchMargin, 0, -switchMargin, 0),

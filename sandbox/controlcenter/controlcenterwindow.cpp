@@ -17,7 +17,6 @@
 #include "sandbox/services/keybinding/systemshortcuts.h"
 
 #include <ztk/zfontsizemanager.h>
-#include <ztk/zguiapplicationhelper.h>
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -27,7 +26,6 @@
 #include <QShortcut>
 #include <QStackedWidget>
 
-using Ztk::Gui::ZGuiApplicationHelper;
 using Ztk::Widget::ZFontSizeManager;
 
 namespace controlcenter {
@@ -122,7 +120,7 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
                 new ServicesPage);
     m_navigation->addEntry(m_module->name(), m_module->displayName(), m_module->icon(),
                            m_module->follow());
-    m_ownSearchEntries.append({tr("Control Center"), m_themeButton->toolTip(), QString(),
+    m_ownSearchEntries.append({tr("Control Center"), tr("Light or dark theme"), QString(),
                                themeEntry, QIcon::fromTheme(QStringLiteral("zcc_theme"))});
 
     auto *search = new Search(searchEntries(), m_searchField, new SearchPopup(this), this);
@@ -130,13 +128,6 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     connect(m_navigation, &NavigationColumn::entryOpened, this, &ControlCenterWindow::openEntry);
     connect(m_frame, &Frame::pageShown, this,
             [this](const QString &title) { showPlace(m_module->displayName(), title); });
-    connect(m_themeButton, &QAbstractButton::toggled, this, [](bool dark) {
-        ZGuiApplicationHelper::instance()->setThemeType(dark ? ZGuiApplicationHelper::DarkType
-                                                             : ZGuiApplicationHelper::LightType);
-    });
-    connect(ZGuiApplicationHelper::instance(), &ZGuiApplicationHelper::themeTypeChanged, this,
-            &ControlCenterWindow::showTheme);
-    showTheme();
     addShortcuts();
     for (const QString &name : pageNames())
         m_breadcrumb->reserveWidthFor(m_module->displayName(), pageTitle(name));
@@ -219,6 +210,11 @@ QWidget *ControlCenterWindow::moduleList() const
 SearchField *ControlCenterWindow::searchField() const
 {
     return m_searchField;
+}
+
+ThemeChoice *ControlCenterWindow::theme() const
+{
+    return m_themeButton->choice();
 }
 
 void ControlCenterWindow::closeEvent(QCloseEvent *event)
@@ -320,6 +316,8 @@ void ControlCenterWindow::openSearchEntry(const SearchEntry &entry)
 {
     if (entry.ownEntry == themeEntry) {
         m_themeButton->setFocus(Qt::ShortcutFocusReason);
+        // Later: it returns when the menu is closed.
+        QMetaObject::invokeMethod(m_themeButton, &ThemeButton::showMenu, Qt::QueuedConnection);
         return;
     }
     if (!entry.ownEntry.isEmpty()) {
@@ -336,13 +334,6 @@ void ControlCenterWindow::openSearchEntry(const SearchEntry &entry)
         control = controlsOf(moduleList()).value(0);
     if (control)
         control->setFocus(Qt::ShortcutFocusReason);
-}
-
-void ControlCenterWindow::showTheme()
-{
-    const bool dark =
-        ZGuiApplicationHelper::instance()->themeType() == ZGuiApplicationHelper::DarkType;
-    m_themeButton->setChecked(dark);
 }
 
 } // namespace controlcenter

@@ -18,6 +18,7 @@ class ModuleView;
 class NavigationColumn;
 class SearchField;
 class ThemeButton;
+class ThemeChoice;
 
 /**
  * The control center: main navigation and search on the leading side, the open entry beside them.
@@ -74,6 +75,9 @@ public:
 
     SearchField *searchField() const;
 
+    /** The window's theme; the window owns it. */
+    ThemeChoice *theme() const;
+
 protected:
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -89,7 +93,6 @@ private:
     /** Names the open entry, and its page if it has several, in heading and title. */
     void showPlace(const QString &entry, const QString &page = QString());
     void openSearchEntry(const SearchEntry &entry);
-    void showTheme();
 
     zccV20::ModuleInterface *m_module;
     ModuleRegistry m_registry;

@@ -2,6 +2,7 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/moduleloader.h"
 #include "sandbox/controlcenter/options.h"
+#include "sandbox/controlcenter/themechoice.h"
 #include "sandbox/controlcenter/tour/tour.h"
 #include "sandbox/controlcenter/tour/toursections.h"
 
@@ -117,6 +118,8 @@ int main(int argc, char **argv)
     if (!options.page.isEmpty() && !window.pageNames().contains(options.page))
         return reportError(noSuch(QStringLiteral("page"), options.page, window.pageNames()),
                            WrongUsage);
+    if (options.theme == QLatin1String("system"))
+        window.theme()->choose(ThemeChoice::System);
     window.show();
     if (options.tour.isEmpty())
         QTextStream(stdout) << "open\n";

@@ -38,8 +38,10 @@ struct CommandLine
         QStringLiteral("locale"),
         QStringLiteral("Language of the texts: %1.").arg(locales().join(QStringLiteral(", "))),
         QStringLiteral("name")};
-    QCommandLineOption theme{QStringLiteral("theme"), QStringLiteral("\"light\" or \"dark\"."),
-                             QStringLiteral("name"), QStringLiteral("light")};
+    QCommandLineOption theme{
+        QStringLiteral("theme"),
+        QStringLiteral("\"light\", \"dark\", or \"system\" for the desktop's."),
+        QStringLiteral("name"), QStringLiteral("light")};
     QCommandLineOption tour{QStringLiteral("tour"),
                             QStringLiteral("Go through every page, check it, and write pictures."),
                             QStringLiteral("folder")};
@@ -88,17 +90,17 @@ Options parseOptions(const QStringList &arguments)
     options.sections = parser.values(line.section);
     options.log = parser.value(line.log);
 
-    const QStringList themes = {QStringLiteral("light"), QStringLiteral("dark")};
-    const QString theme = parser.value(line.theme);
-    options.dark = theme == QLatin1String("dark");
+    const QStringList themes = {QStringLiteral("light"), QStringLiteral("dark"),
+                                QStringLiteral("system")};
+    options.theme = parser.value(line.theme);
     options.scale = parser.value(line.scale).toDouble();
     options.fontSize = parser.value(line.fontSize).toDouble();
 
     if (!parser.positionalArguments().isEmpty())
         options.error = QStringLiteral("Unexpected argument \"%1\".")
                             .arg(parser.positionalArguments().constFirst());
-    else if (!themes.contains(theme))
-        options.error = noSuch(QStringLiteral("theme"), theme, themes);
+    else if (!themes.contains(options.theme))
+        options.error = noSuch(QStringLiteral("theme"), options.theme, themes);
     else if (parser.isSet(line.locale) && !locales().contains(options.locale))
         options.error = noSuch(QStringLiteral("locale"), options.locale, locales());
     else if (!options.sections.isEmpty() && options.tour.isEmpty())

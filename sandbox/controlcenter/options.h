@@ -16,8 +16,8 @@ struct Options
     QStringList sections; ///< of the tour; empty: all of them
     double fontSize = 0;  ///< points; 0: the desktop's
     double scale = 1;     ///< picture pixels per window pixel
-    bool dark = false;
-    QString error; ///< why the command line cannot be followed; empty when it can
+    QString theme;        ///< "light", "dark" or "system"
+    QString error;        ///< why the command line cannot be followed; empty when it can
     bool help = false;
 };
 

@@ -3,10 +3,10 @@
 #include <ztk/zfocustracker.h>
 #include <ztk/zpainting.h>
 
-#include <QEvent>
+#include <QActionGroup>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
-#include <QPainterPath>
-#include <QtMath>
 
 using Ztk::Widget::ZFocusTracker;
 using Ztk::Widget::ZPainting;
@@ -15,39 +15,32 @@ namespace controlcenter {
 namespace {
 
 constexpr int side = 36;          // px, a comfortable target
+constexpr int symbolSide = 20;    // px
 constexpr qreal buttonRadius = 8; // px
-constexpr qreal penWidth = 1.7;   // px
-
-void drawSun(QPainter &painter)
-{
-    constexpr int rays = 8;
-    painter.drawEllipse(QPointF(), 4, 4);
-    for (int ray = 0; ray < rays; ++ray) {
-        const qreal angle = ray * 2 * M_PI / rays;
-        const QPointF direction(qCos(angle), qSin(angle));
-        painter.drawLine(direction * 6.8, direction * 8.8);
-    }
-}
-
-void drawMoon(QPainter &painter)
-{
-    QPainterPath disc;
-    disc.addEllipse(QPointF(), 7.5, 7.5);
-    QPainterPath shadow;
-    shadow.addEllipse(QPointF(4.2, -3.4), 6.6, 6.6);
-    painter.drawPath(disc.subtracted(shadow));
-}
 
 } // namespace
 
 ThemeButton::ThemeButton(QWidget *parent)
-    : QAbstractButton(parent)
+    : QPushButton(parent)
+    , m_choice(new ThemeChoice(this))
+    , m_actions(new QActionGroup(this))
 {
-    setCheckable(true);
-    setFocusPolicy(Qt::StrongFocus);
-    setAccessibleName(tr("Dark theme"));
-    setToolTip(tr("Light or dark theme"));
+    setMenu(new QMenu(this));
+    addChoice(ThemeChoice::Light, tr("Light"));
+    addChoice(ThemeChoice::Dark, tr("Dark"));
+    addChoice(ThemeChoice::System, tr("Follow the system"));
+    setIcon(QIcon::fromTheme(QStringLiteral("zcc_theme")));
+    setAccessibleName(tr("Theme"));
+    setAttribute(Qt::WA_Hover);
+    setFlat(true);
     setFixedSize(side, side);
+    connect(m_choice, &ThemeChoice::changed, this, &ThemeButton::showChoice);
+    showChoice();
+}
+
+ThemeChoice *ThemeButton::choice() const
+{
+    return m_choice;
 }
 
 QSize ThemeButton::sizeHint() const
@@ -58,32 +51,44 @@ QSize ThemeButton::sizeHint() const
 void ThemeButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-
     const QColor text = palette().color(QPalette::WindowText);
-    if (underMouse() || isDown()) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(
+    if (underMouse() || isDown())
+        ZPainting::fillRounded(
+            &painter, rect(), buttonRadius,
             ZPainting::blend(palette().color(QPalette::Window), text, isDown() ? 0.16 : 0.08));
-        painter.drawRoundedRect(rect(), buttonRadius, buttonRadius);
-    }
     if (ZFocusTracker::showsFocus(this))
         ZPainting::drawFocusRing(&painter, rect(), buttonRadius, palette());
-
-    painter.translate(QRectF(rect()).center());
-    painter.setPen(QPen(text, penWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(Qt::NoBrush);
-    if (isChecked())
-        drawMoon(painter);
-    else
-        drawSun(painter);
+    QRect symbol(0, 0, symbolSide, symbolSide);
+    symbol.moveCenter(rect().center());
+    ZPainting::drawIcon(&painter, symbol, icon(), text);
 }
 
-bool ThemeButton::event(QEvent *event)
+void ThemeButton::keyPressEvent(QKeyEvent *event)
 {
-    if (event->type() == QEvent::Enter || event->type() == QEvent::Leave)
-        update();
-    return QAbstractButton::event(event);
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        showMenu();
+    else
+        QPushButton::keyPressEvent(event);
+}
+
+void ThemeButton::addChoice(ThemeChoice::Choice choice, const QString &text)
+{
+    QAction *action = menu()->addAction(text);
+    action->setCheckable(true);
+    action->setData(choice);
+    m_actions->addAction(action);
+    connect(action, &QAction::triggered, m_choice, [this, choice] { m_choice->choose(choice); });
+}
+
+void ThemeButton::showChoice()
+{
+    for (QAction *action : m_actions->actions()) {
+        if (action->data().toInt() != m_choice->choice())
+            continue;
+        action->setChecked(true);
+        setAccessibleDescription(action->text());
+        setToolTip(tr("Theme: %1").arg(action->text()));
+    }
 }
 
 } // namespace controlcenter

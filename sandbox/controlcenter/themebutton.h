@@ -1,22 +1,35 @@
 #pragma once
 
-#include <QAbstractButton>
+#include "sandbox/controlcenter/themechoice.h"
+
+#include <QPushButton>
+
+class QActionGroup;
 
 namespace controlcenter {
 
-/** Switches between the light and the dark theme: checked is dark. Shows the sun or the moon. */
-class ThemeButton : public QAbstractButton
+/** Opens the list of the themes; the one in force is marked. */
+class ThemeButton : public QPushButton
 {
     Q_OBJECT
 
 public:
     explicit ThemeButton(QWidget *parent = nullptr);
 
+    ThemeChoice *choice() const;
+
     QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void addChoice(ThemeChoice::Choice choice, const QString &text);
+    void showChoice();
+
+    ThemeChoice *m_choice;
+    QActionGroup *m_actions;
 };
 
 } // namespace controlcenter

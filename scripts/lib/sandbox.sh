@@ -7,8 +7,10 @@ use_state_folder() {
     export XDG_CONFIG_HOME=$1/config XDG_DATA_HOME=$1/data XDG_CACHE_HOME=$1/cache
 }
 
-# A daemon for each bus, as on the desktop: one for both would answer calls on the wrong one.
+# A daemon for each bus, as on the desktop: one for both would answer calls on the wrong one. The desktop's
+# own session bus only tells the window which theme to take.
 start_buses() {
+    export DESKTOP_SESSION_BUS_ADDRESS=${DBUS_SESSION_BUS_ADDRESS-}
     start_process session-bus dbus-daemon --session --nofork --print-address=1
     DBUS_SESSION_BUS_ADDRESS=$(wait_for_line .)
     start_process system-bus dbus-daemon --session --nofork --print-address=1

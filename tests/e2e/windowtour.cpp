@@ -246,7 +246,7 @@ void WindowTourTest::wrongUsageIsRefused_data()
         QTest::newRow(row) << arguments << QString::fromLatin1(message);
     };
     refused("unknown theme", {QStringLiteral("--theme"), QStringLiteral("pink")},
-            "There is no theme \"pink\", but light, dark.");
+            "There is no theme \"pink\", but light, dark, system.");
     refused("unknown locale", {QStringLiteral("--locale"), QStringLiteral("xx_YY")},
             "There is no locale \"xx_YY\", but zh_CN, zh_HK, zh_TW, bo_CN, ug_CN, en_US, en_GB.");
     refused("unknown page", {QStringLiteral("--page"), QStringLiteral("Foo")},

@@ -93,6 +93,12 @@ void WindowSearchFieldTest::theThemeIsFound()
     QTest::keyClicks(field(), QStringLiteral("dark"));
     QTest::keyClick(field(), Qt::Key_Return);
     QVERIFY(QApplication::focusWidget()->inherits("controlcenter::ThemeButton"));
+    bool opened = false;
+    QTimer::singleShot(0, this, [&opened] {
+        if (QWidget *list = QApplication::activePopupWidget())
+            opened = list->close();
+    });
+    QTRY_VERIFY(opened);
 }
 
 void WindowSearchFieldTest::aPageAndItsSettingOfTheSameNameLookDifferent()

@@ -22,6 +22,10 @@
         <source>Services</source>
         <translation>ཞབས་ཞུ</translation>
     </message>
+    <message>
+        <source>Light or dark theme</source>
+        <translation>མདོག་དཀར་བའམ་ནག་པའི་བརྗོད་གཞི</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::NavigationColumn</name>
@@ -148,12 +152,24 @@
 <context>
     <name>controlcenter::ThemeButton</name>
     <message>
-        <source>Dark theme</source>
-        <translation>མདོག་ནག་བརྗོད་གཞི</translation>
+        <source>Light</source>
+        <translation>མདོག་དཀར་པོ</translation>
     </message>
     <message>
-        <source>Light or dark theme</source>
-        <translation>མདོག་དཀར་བའམ་ནག་པའི་བརྗོད་གཞི</translation>
+        <source>Dark</source>
+        <translation>མདོག་ནག་པོ</translation>
+    </message>
+    <message>
+        <source>Follow the system</source>
+        <translation>མ་ལག་དང་བསྟུན་པ</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>བརྗོད་གཞི</translation>
+    </message>
+    <message>
+        <source>Theme: %1</source>
+        <translation>བརྗོད་གཞི: %1</translation>
     </message>
 </context>
 </TS>

@@ -22,6 +22,10 @@
         <source>Services</source>
         <translation>مۇلازىمەتلەر</translation>
     </message>
+    <message>
+        <source>Light or dark theme</source>
+        <translation>يورۇق ياكى قاراڭغۇ ئۇسلۇب</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::NavigationColumn</name>
@@ -148,12 +152,24 @@
 <context>
     <name>controlcenter::ThemeButton</name>
     <message>
-        <source>Dark theme</source>
-        <translation>قاراڭغۇ ئۇسلۇب</translation>
+        <source>Light</source>
+        <translation>يورۇق</translation>
     </message>
     <message>
-        <source>Light or dark theme</source>
-        <translation>يورۇق ياكى قاراڭغۇ ئۇسلۇب</translation>
+        <source>Dark</source>
+        <translation>قاراڭغۇ</translation>
+    </message>
+    <message>
+        <source>Follow the system</source>
+        <translation>سىستېمىغا ئەگىشىش</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>ئۇسلۇب</translation>
+    </message>
+    <message>
+        <source>Theme: %1</source>
+        <translation>ئۇسلۇب: %1</translation>
     </message>
 </context>
 </TS>

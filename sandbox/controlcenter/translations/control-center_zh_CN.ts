@@ -22,6 +22,10 @@
         <source>Services</source>
         <translation>服务</translation>
     </message>
+    <message>
+        <source>Light or dark theme</source>
+        <translation>浅色或深色主题</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::NavigationColumn</name>
@@ -148,12 +152,24 @@
 <context>
     <name>controlcenter::ThemeButton</name>
     <message>
-        <source>Dark theme</source>
-        <translation>深色主题</translation>
+        <source>Light</source>
+        <translation>浅色</translation>
     </message>
     <message>
-        <source>Light or dark theme</source>
-        <translation>浅色或深色主题</translation>
+        <source>Dark</source>
+        <translation>深色</translation>
+    </message>
+    <message>
+        <source>Follow the system</source>
+        <translation>跟随系统</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>主题</translation>
+    </message>
+    <message>
+        <source>Theme: %1</source>
+        <translation>主题：%1</translation>
     </message>
 </context>
 </TS>

@@ -41,6 +41,12 @@ class AccessibilityTest(WindowTest):
         self.tree.clear()
         press(link, "Press")
 
+    def choose_theme(self, name):
+        """Opens the list of the themes and chooses one."""
+        button = self.tree.control(pyatspi.ROLE_PUSH_BUTTON, "Theme")
+        press(button, "ShowMenu")
+        press(self.tree.control(pyatspi.ROLE_MENU_ITEM, name, button), "Press")
+
     def is_dark(self):
         """Whether the window's background is: below the page, near the lower edge."""
         window = next(part for part in self.tree.parts() if part.getRole() == pyatspi.ROLE_FRAME)
@@ -56,7 +62,7 @@ class AccessibilityTest(WindowTest):
             (pyatspi.ROLE_TEXT, "Search settings"),
             (pyatspi.ROLE_LIST, "Settings"),
             (pyatspi.ROLE_LABEL, "Assistive Tools, Translation"),
-            (pyatspi.ROLE_CHECK_BOX, "Dark theme"),
+            (pyatspi.ROLE_PUSH_BUTTON, "Theme"),
             (pyatspi.ROLE_LIST, "Assistive Tools"),
             (pyatspi.ROLE_CHECK_BOX, "Translation"),
             (pyatspi.ROLE_COMBO_BOX, "Language"),
@@ -206,12 +212,11 @@ class AccessibilityTest(WindowTest):
 
     def test_theme_is_switched_while_a_voice_test_runs(self):
         """The window changes its colours, and the test goes on."""
-        theme = self.tree.control(pyatspi.ROLE_CHECK_BOX, "Dark theme")
         self.assertFalse(self.is_dark())
         self.start_voice_test()
         wave = self.tree.control(pyatspi.ROLE_ANIMATION, "Microphone level")
-        press(theme, "Toggle")
-        self.addCleanup(press, theme, "Toggle")
+        self.choose_theme("Dark")
+        self.addCleanup(self.choose_theme, "Light")
         self.tree.wait_for(self.is_dark, "dark window")
         self.assertTrue(has_state(wave, pyatspi.STATE_SHOWING))
         press(wave, "Press")

@@ -5,7 +5,7 @@ import unittest
 import pyatspi
 from window import CONTROLS, LISTS, SWITCHES, TEST_LIMIT, WindowTest, has_state, name_of
 
-BEFORE_THE_PAGE = ["Search settings", "Settings", "Dark theme", "Assistive Tools"]
+BEFORE_THE_PAGE = ["Search settings", "Settings", "Theme", "Assistive Tools"]
 
 
 def wait_until_active(tree):

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <ztk/zguiapplicationhelper.h>
+
+#include <QDBusConnection>
+#include <QDBusVariant>
+#include <QObject>
+
+namespace controlcenter {
+
+/**
+ * Which theme the window has: one of the two, or the one that the desktop prefers at the time.
+ *
+ * The desktop says so in the way that all have in common, the settings of its portal
+ * (org.freedesktop.portal.Settings). Where there is none, or no preference, the theme is light.
+ */
+class ThemeChoice : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum Choice { Light, Dark, System };
+
+    /** The choice is the theme that the application has. */
+    explicit ThemeChoice(QObject *parent = nullptr);
+
+    Choice choice() const;
+
+    /** Gives the application the theme; the desktop's as soon as it has answered. */
+    void choose(Choice choice);
+
+Q_SIGNALS:
+    /** Also when somebody else has given the application another theme. */
+    void changed();
+
+private Q_SLOTS:
+    void takeSetting(const QString &group, const QString &key, const QDBusVariant &value);
+
+private:
+    void askDesktop();
+    void takePreference(const QVariant &preference);
+    Ztk::Gui::ZGuiApplicationHelper::ColorType type() const;
+
+    QDBusConnection m_desktop;
+    Choice m_choice;
+    bool m_asked = false;
+    bool m_desktopIsDark = false;
+};
+
+} // namespace controlcenter
