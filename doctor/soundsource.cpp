@@ -25,13 +25,11 @@ bool hasSoundFolder()
     if (qEnvironmentVariableIsSet("PULSE_RUNTIME_PATH"))
         return true;
     if (qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
-        return QDir(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/pulse")).exists();
-    const QString settings =
-        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+        return QDir(qEnvironmentVariable("XDG_RUNTIME_DIR")).exists(QStringLiteral("pulse"));
+    QDir settings(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
     const QDir::Filters links = QDir::AllEntries | QDir::System;
-    return !QDir(settings + QStringLiteral("/pulse"))
-                .entryList({QStringLiteral("*-runtime")}, links)
-                .isEmpty();
+    return settings.cd(QStringLiteral("pulse")) &&
+           !settings.entryList({QStringLiteral("*-runtime")}, links).isEmpty();
 }
 
 } // namespace
