@@ -157,7 +157,8 @@ void AssistantSettingWidget::voiceTesting()
     m_voiceTestLayout->addWidget(m_recognisedLabel, 0, Qt::AlignHCenter | Qt::AlignTop);
 
     // The phrase is said in the recogniser's language, whatever the interface's.
-    addPrompt(QStringLiteral("现在请说\"阿岚，帮我预约明天早上10点的视频会议\""));
+    const QString prompt = QStringLiteral("现在请说\"阿岚，帮我预约明天早上10点的视频会议\"");
+    addPrompt(prompt);
 
     qDebug() << "animationwidget start";
     accessiblefactory::install<VoiceAnimationWidget, WaveAccessible>();
@@ -169,7 +170,11 @@ void AssistantSettingWidget::voiceTesting()
     m_animationWidget->setMinimumHeight(waveMinimumHeight);
     //: Read out for the moving wave, which shows how loud the microphone hears the user.
     m_animationWidget->setAccessibleName(tr("Microphone level"));
-    m_animationWidget->setAccessibleDescription(tr("Press Space or Escape to cancel the test"));
+    // The wave gets the focus: what is to be said is heard with it, as it is seen beside it.
+    m_animationWidget->setAccessibleDescription(prompt + QLatin1Char('\n') +
+                                                tr("Press Space or Escape to cancel the test"));
+    m_animationWidget->setCursor(Qt::PointingHandCursor);
+    m_animationWidget->setToolTip(tr("Click to cancel the test"));
     m_voiceTestLayout->addWidget(m_animationWidget, 0, Qt::AlignBottom);
     m_animationWidget->startPaint();
 

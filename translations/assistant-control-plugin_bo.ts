@@ -94,6 +94,10 @@
         <source>No sound recorded</source>
         <translation>སྐད་སྒྲ་ཕབ་མ་ཐུབ།</translation>
     </message>
+    <message>
+        <source>Click to cancel the test</source>
+        <translation>མནན་ནས་ཚོད་ལྟ་མེད་པར་བྱོས།</translation>
+    </message>
 </context>
 <context>
     <name>KeyLabel</name>

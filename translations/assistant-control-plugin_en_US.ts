@@ -94,6 +94,10 @@
         <source>No sound recorded</source>
         <translation>No sound recorded</translation>
     </message>
+    <message>
+        <source>Click to cancel the test</source>
+        <translation>Click to cancel the test</translation>
+    </message>
 </context>
 <context>
     <name>KeyLabel</name>

@@ -94,6 +94,10 @@
         <source>No sound recorded</source>
         <translation>ھېچقانداق ئاۋاز خاتىرىلەنمىدى</translation>
     </message>
+    <message>
+        <source>Click to cancel the test</source>
+        <translation>سىناقنى بىكار قىلىش ئۈچۈن چېكىڭ</translation>
+    </message>
 </context>
 <context>
     <name>KeyLabel</name>

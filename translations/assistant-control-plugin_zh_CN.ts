@@ -94,6 +94,10 @@
         <source>No sound recorded</source>
         <translation>未录到声音</translation>
     </message>
+    <message>
+        <source>Click to cancel the test</source>
+        <translation>点击可取消测试</translation>
+    </message>
 </context>
 <context>
     <name>KeyLabel</name>

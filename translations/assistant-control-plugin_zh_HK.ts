@@ -94,6 +94,10 @@
         <source>No sound recorded</source>
         <translation>未能錄到聲音</translation>
     </message>
+    <message>
+        <source>Click to cancel the test</source>
+        <translation>按此取消測試</translation>
+    </message>
 </context>
 <context>
     <name>KeyLabel</name>

@@ -94,6 +94,10 @@
         <source>No sound recorded</source>
         <translation>沒有錄到聲音</translation>
     </message>
+    <message>
+        <source>Click to cancel the test</source>
+        <translation>按一下即可取消測試</translation>
+    </message>
 </context>
 <context>
     <name>KeyLabel</name>

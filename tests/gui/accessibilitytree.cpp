@@ -232,7 +232,10 @@ void AccessibilityTreeTest::waveCanBePressed()
     QVERIFY(wave->hasFocus());
     QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(wave);
     QCOMPARE(accessible->role(), QAccessible::Animation);
-    QVERIFY(!accessible->text(QAccessible::Description).isEmpty());
+    const QString description = accessible->text(QAccessible::Description);
+    QVERIFY2(description.startsWith(QStringLiteral("现在请说\"阿岚")), qPrintable(description));
+    QVERIFY2(description.endsWith(QStringLiteral("Escape to cancel the test")),
+             qPrintable(description));
     QAccessibleActionInterface *actions = accessible->actionInterface();
     QCOMPARE(actions->actionNames().constFirst(), QAccessibleActionInterface::pressAction());
     QSignalSpy stops(wave, &VoiceAnimationWidget::signalStopPaint);

@@ -19,6 +19,7 @@ private Q_SLOTS:
 
     void clickOnTheWaveGoesBackAndForgetsTheWords();
     void keyOnTheWaveGoesBack();
+    void theWaveLooksAsIfItCouldBeClicked();
     void aDoubleClickOnALinkStartsATest();
     void aDoubleClickOnTheWaveEndsTheTest();
     void focusGoesToTheControlThatReplacesTheOneThatHadIt();
@@ -76,6 +77,15 @@ void VoiceTestClicksTest::keyOnTheWaveGoesBack()
 }
 
 // The second click of a double click reaches whatever the first one has put under the pointer.
+void VoiceTestClicksTest::theWaveLooksAsIfItCouldBeClicked()
+{
+    VoicePage page;
+    QVERIFY(page.clickLink());
+    QTRY_VERIFY(page.wave()->isVisible());
+    QCOMPARE(page.wave()->cursor().shape(), Qt::PointingHandCursor);
+    QCOMPARE(page.wave()->toolTip(), QStringLiteral("Click to cancel the test"));
+}
+
 void VoiceTestClicksTest::aDoubleClickOnALinkStartsATest()
 {
     VoicePage page;

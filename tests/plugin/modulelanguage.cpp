@@ -209,7 +209,8 @@ void TranslatedModuleTest::checkWidgets(const QJsonObject &widgets, const Catalo
     const QStringList needMicrophone{QStringLiteral("It sounds good"),
                                      QStringLiteral("Service exception"),
                                      QStringLiteral("Microphone level"),
-                                     QStringLiteral("Press Space or Escape to cancel the test")};
+                                     QStringLiteral("Press Space or Escape to cancel the test"),
+                                     QStringLiteral("Click to cancel the test")};
     QStringList faults;
     for (const QString &name : qAsConst(classes)) {
         const QStringList texts = strings(widgets.value(name));

@@ -167,6 +167,7 @@ class AccessibilityTest(WindowTest):
         self.start_voice_test()
         wave = self.tree.control(pyatspi.ROLE_ANIMATION, "Microphone level")
         self.assertTrue(has_state(wave, pyatspi.STATE_FOCUSED))
+        self.assertTrue(wave.description.startswith("现在请说"), wave.description)
         self.assertIn("Escape", wave.description)
         panel = [part.name for part in self.tree.parts(wave.parent)][1:]
         self.assertEqual([panel[0], panel[-1]], ["Voice Test", "Microphone level"])
