@@ -168,7 +168,7 @@ void DoctorTest::hungServicesCostTwoSecondsInAll()
     const Run result = examine();
     QCOMPARE(result.of("service").count("runs, and does not answer within 2 s"), 6);
     QCOMPARE(result.exitCode, 1);
-    QVERIFY(result.milliseconds >= 2000);
+    QVERIFY(result.milliseconds >= 1800); // QtDBus waits with coarse timers
     // One after another they would take at least twelve seconds.
     QVERIFY2(result.milliseconds < 6000, qPrintable(QString::number(result.milliseconds)));
 }
