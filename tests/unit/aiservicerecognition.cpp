@@ -91,7 +91,7 @@ void AiServiceRecognitionTest::phraseIsRecognised_data()
     QTest::addColumn<int>("wordsPerMinute");
 
     const QStringList voices = {QString(), QStringLiteral("+m1"), QStringLiteral("+m3"),
-                                QStringLiteral("+f2"), QStringLiteral("+f4")};
+                                QStringLiteral("+f2"), QStringLiteral("+f3")};
     for (const QString &voice : voices) {
         for (const int speed : {120, 150, 175}) {
             const QString name = QStringLiteral("cmn-latn-pinyin") + voice;
