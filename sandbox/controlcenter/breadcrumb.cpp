@@ -28,6 +28,7 @@ Breadcrumb::Breadcrumb(QWidget *parent)
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
+    layout->addSpacing(pageMargin); // in line with what is on the pages
     for (QLabel *label : {m_entry, m_arrow, m_page}) {
         label->setTextFormat(Qt::PlainText);
         layout->addWidget(label);
@@ -38,24 +39,29 @@ Breadcrumb::Breadcrumb(QWidget *parent)
 
 void Breadcrumb::setPath(const QString &entry, const QString &page)
 {
-    const bool both = !page.isEmpty();
-    m_entry->setText(entry);
-    m_entry->setVisible(both);
-    m_arrow->setText(QStringLiteral("›")); // mirrored by the text layout where that is due
-    m_arrow->setVisible(both);
-    m_page->setText(both ? page : entry);
-    setAccessibleName(both ? entry + QStringLiteral(", ") + page : entry);
+    m_entryText = entry;
+    m_pageText = page;
+    setAccessibleName(page.isEmpty() ? entry : entry + QStringLiteral(", ") + page);
+    showPath();
 }
 
 void Breadcrumb::reserveWidthFor(const QString &entry, const QString &page)
 {
     setPath(entry, page);
-    setMinimumWidth(qMax(minimumWidth(), layout()->totalMinimumSize().width()));
+    m_reservedWidth = qMax(m_reservedWidth, layout()->totalMinimumSize().width());
+    setMinimumWidth(m_reservedWidth);
+}
+
+void Breadcrumb::setParts(bool entry, bool page)
+{
+    m_entryShown = entry;
+    m_pageShown = page;
+    showPath();
 }
 
 QString Breadcrumb::page() const
 {
-    return m_page->text();
+    return m_pageText.isEmpty() ? m_entryText : m_pageText;
 }
 
 void Breadcrumb::changeEvent(QEvent *event)
@@ -63,6 +69,20 @@ void Breadcrumb::changeEvent(QEvent *event)
     if (event->type() == QEvent::PaletteChange)
         updateColors();
     QWidget::changeEvent(event);
+}
+
+void Breadcrumb::showPath()
+{
+    const bool both = m_entryShown && m_pageShown;
+    const bool path = both && !m_pageText.isEmpty();
+    m_entry->setText(m_entryText);
+    m_entry->setVisible(path);
+    m_arrow->setText(QStringLiteral("›")); // mirrored by the text layout where that is due
+    m_arrow->setVisible(path);
+    m_page->setText(m_pageShown ? page() : m_entryText);
+    m_page->setWordWrap(!both);
+    static_cast<QHBoxLayout *>(layout())->setStretchFactor(m_page, both ? 0 : 1);
+    setMinimumWidth(both ? m_reservedWidth : 0);
 }
 
 void Breadcrumb::updateColors()

@@ -17,8 +17,11 @@ public:
     /** @p page may be empty: then the entry is the heading. */
     void setPath(const QString &entry, const QString &page);
 
-    /** From now on at least as wide as this path needs. */
+    /** From now on at least as wide as this path needs, while both parts are shown. */
     void reserveWidthFor(const QString &entry, const QString &page);
+
+    /** Which parts are shown of a path that has both. One alone is the heading and may wrap. */
+    void setParts(bool entry, bool page);
 
     QString page() const;
 
@@ -27,7 +30,13 @@ protected:
 
 private:
     void updateColors();
+    void showPath();
 
+    QString m_entryText;
+    QString m_pageText;
+    int m_reservedWidth = 0;
+    bool m_entryShown = true;
+    bool m_pageShown = true;
     QLabel *m_entry;
     QLabel *m_arrow;
     QLabel *m_page;

@@ -1,11 +1,14 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
 
 #include "sandbox/controlcenter/accessibleroles.h"
+#include "sandbox/controlcenter/backbutton.h"
 #include "sandbox/controlcenter/breadcrumb.h"
+#include "sandbox/controlcenter/columns.h"
 #include "sandbox/controlcenter/frame.h"
 #include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/moduleview.h"
 #include "sandbox/controlcenter/navigationcolumn.h"
+#include "sandbox/controlcenter/pagearea.h"
 #include "sandbox/controlcenter/pagecontrols.h"
 #include "sandbox/controlcenter/search.h"
 #include "sandbox/controlcenter/searchfield.h"
@@ -31,24 +34,13 @@ using Ztk::Widget::ZFontSizeManager;
 namespace controlcenter {
 namespace {
 
-constexpr QSize usualSize(1100, 720);
-constexpr QSize leastContent(652, 480); // beside the side bar and below the heading
-constexpr int headerHeight = 60;        // px
+constexpr QSize leastSize(500, 400);
+constexpr int headerHeight = 60; // px
 
 // Internal names of the window's own entries.
 const QLatin1String shortcutsEntry("keyboard"); // the desktop's name, which modules follow
 const QLatin1String servicesEntry("services");
 const QLatin1String themeEntry("theme"); // for the search only
-
-// Larger texts get a larger window, as far as the screen has room for it.
-QSize initialSize()
-{
-    constexpr double usualTextSize = 14; // px
-    const int textSize = ZFontSizeManager::instance()->fontPixelSize(ZFontSizeManager::T6);
-    const QSize wanted = usualSize * (textSize / usualTextSize);
-    return wanted.boundedTo(QGuiApplication::primaryScreen()->availableSize())
-        .expandedTo(usualSize);
-}
 
 // The window's leading column, a shade away from the page and as wide as its contents need.
 class SideBar : public QWidget
@@ -57,7 +49,7 @@ public:
     explicit SideBar(QWidget *parent)
         : QWidget(parent)
     {
-        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     }
 
     QSize sizeHint() const override
@@ -82,6 +74,7 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     : m_module(module)
     , m_searchField(new SearchField(this))
     , m_navigation(new NavigationColumn(this))
+    , m_back(new BackButton(this))
     , m_breadcrumb(new Breadcrumb(this))
     , m_themeButton(new ThemeButton(this))
     , m_stack(new QStackedWidget(this))
@@ -91,26 +84,18 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     installAccessibleRoles();
     setWindowTitle(tr("Control Center"));
     setWindowIcon(QIcon::fromTheme(QStringLiteral("zcc_window")));
-    resize(initialSize());
+    setMinimumSize(leastSize);
+    resize(usualSize()
+               .boundedTo(QGuiApplication::primaryScreen()->availableSize())
+               .expandedTo(leastSize));
 
-    m_stack->setMinimumSize(leastContent);
     m_stack->addWidget(m_moduleView);
-
-    auto *content = new QVBoxLayout;
-    content->setSpacing(0);
+    QWidget *sideBar = buildSideBar();
     QWidget *header = buildHeader();
-    content->addWidget(header);
-    content->addWidget(m_stack, 1);
-
+    m_columns = new Columns(sideBar, m_navigation, buildContent(header), m_moduleView, this);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    QWidget *sideBar = buildSideBar();
-    layout->addWidget(sideBar);
-    layout->addLayout(content, 1);
-    // The lowest comes first when the window is read out.
-    header->lower();
-    sideBar->lower();
+    layout->addWidget(m_columns);
 
     m_frame->prepare(m_module);
     m_shortcutsPage = new ShortcutsPage(assistantShortcuts());
@@ -131,9 +116,11 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     addShortcuts();
     for (const QString &name : pageNames())
         m_breadcrumb->reserveWidthFor(m_module->displayName(), pageTitle(name));
-    header->setMinimumHeight(qMax(headerHeight, header->minimumSizeHint().height()));
-    // Once: what changes later, a heading for instance, must not move the window's edges.
-    setMinimumSize(layout->totalMinimumSize());
+    m_columns->setLeastContentWidth(header->minimumSizeHint().width());
+    connect(m_columns, &Columns::arranged, this, &ControlCenterWindow::showColumns);
+    connect(m_columns, &Columns::wentOn, this, &ControlCenterWindow::focusContent);
+    connect(m_back, &QAbstractButton::clicked, m_columns, &Columns::goBack);
+    showColumns();
     setFocus(); // nothing is chosen yet; the first Tab leads to the search field
 }
 
@@ -142,25 +129,36 @@ ControlCenterWindow::~ControlCenterWindow()
     m_frame->leave();
 }
 
+// Larger texts want a larger window.
+QSize ControlCenterWindow::usualSize()
+{
+    const ZFontSizeManager *sizes = ZFontSizeManager::instance();
+    return {sizes->scaled(1100), sizes->scaled(720)};
+}
+
 void ControlCenterWindow::openModule()
 {
     m_navigation->setCurrentEntry(m_module->name());
+    m_columns->open(Columns::List);
 }
 
 void ControlCenterWindow::openPage(const QString &name)
 {
-    openModule();
+    m_navigation->setCurrentEntry(m_module->name());
+    m_columns->open(Columns::Page);
     m_frame->openPage(m_module, name);
 }
 
 void ControlCenterWindow::openShortcuts()
 {
     m_navigation->setCurrentEntry(shortcutsEntry);
+    m_columns->open(Columns::Page);
 }
 
 void ControlCenterWindow::openServices()
 {
     m_navigation->setCurrentEntry(servicesEntry);
+    m_columns->open(Columns::Page);
 }
 
 ShortcutsPage *ControlCenterWindow::shortcutsPage() const
@@ -228,8 +226,12 @@ void ControlCenterWindow::keyPressEvent(QKeyEvent *event)
     // Typing outside a control starts a search.
     const QString text = event->text();
     if (hasFocus() && !text.isEmpty() && text.at(0).isLetterOrNumber()) {
-        m_searchField->setFocus(Qt::ShortcutFocusReason);
+        focusSearch();
         QCoreApplication::sendEvent(m_searchField, event);
+        return;
+    }
+    if (event->key() == Qt::Key_Escape && m_columns->hasWayBack()) {
+        m_columns->goBack();
         return;
     }
     QWidget::keyPressEvent(event);
@@ -249,12 +251,28 @@ QWidget *ControlCenterWindow::buildSideBar()
 QWidget *ControlCenterWindow::buildHeader()
 {
     auto *header = new QWidget(this);
-    header->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    header->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    header->setMinimumHeight(headerHeight);
     auto *layout = new QHBoxLayout(header);
-    layout->setContentsMargins(20, 0, 12, 0);
+    layout->setContentsMargins(pageMargin, 0, pageMargin, 0);
+    layout->addWidget(m_back);
     layout->addWidget(m_breadcrumb, 1);
     layout->addWidget(m_themeButton);
     return header;
+}
+
+QWidget *ControlCenterWindow::buildContent(QWidget *header)
+{
+    auto *content = new QWidget(this);
+    auto *pages = new QHBoxLayout;
+    pages->addSpacing(pageMargin);
+    pages->addWidget(m_stack, 1);
+    auto *layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(header);
+    layout->addLayout(pages, 1);
+    return content;
 }
 
 // Titled as the module's pages of the same features are.
@@ -275,22 +293,32 @@ void ControlCenterWindow::addOwnEntry(const QString &name, const QString &text, 
     const QIcon image = QIcon::fromTheme(icon);
     m_navigation->addEntry(name, text, image);
     m_ownSearchEntries.append({tr("Control Center"), text, QString(), name, image});
-    m_stack->addWidget(page);
-    m_ownPages.insert(name, page);
+    auto *area = qobject_cast<PageArea *>(page);
+    if (!area) {
+        area = new PageArea;
+        area->setPage(page);
+    }
+    m_stack->addWidget(area);
+    m_ownPages.insert(name, area);
 }
 
 void ControlCenterWindow::addShortcuts()
 {
     for (const QKeySequence &keys : {QKeySequence(QKeySequence::Find), QKeySequence(Qt::Key_F6)}) {
         auto *shortcut = new QShortcut(keys, this);
-        connect(shortcut, &QShortcut::activated, this, [this] {
-            m_searchField->setFocus(Qt::ShortcutFocusReason);
-            m_searchField->selectAll();
-        });
+        connect(shortcut, &QShortcut::activated, this, &ControlCenterWindow::focusSearch);
     }
     // Named by key: what Qt calls closing and quitting differs from desktop to desktop.
     for (const int key : {Qt::Key_W, Qt::Key_Q})
         connect(new QShortcut(Qt::CTRL + key, this), &QShortcut::activated, this, &QWidget::close);
+}
+
+void ControlCenterWindow::focusSearch()
+{
+    if (!m_columns->shows(Columns::Entries))
+        m_columns->open(Columns::Entries);
+    m_searchField->setFocus(Qt::ShortcutFocusReason);
+    m_searchField->selectAll();
 }
 
 void ControlCenterWindow::openEntry(const QString &name)
@@ -304,6 +332,7 @@ void ControlCenterWindow::openEntry(const QString &name)
     m_frame->leave();
     m_stack->setCurrentWidget(m_ownPages.value(name));
     showPlace(m_navigation->entryText(name));
+    showColumns();
 }
 
 void ControlCenterWindow::showPlace(const QString &entry, const QString &page)
@@ -315,6 +344,7 @@ void ControlCenterWindow::showPlace(const QString &entry, const QString &page)
 void ControlCenterWindow::openSearchEntry(const SearchEntry &entry)
 {
     if (entry.ownEntry == themeEntry) {
+        m_columns->open(Columns::Page);
         m_themeButton->setFocus(Qt::ShortcutFocusReason);
         // Later: it returns when the menu is closed.
         QMetaObject::invokeMethod(m_themeButton, &ThemeButton::showMenu, Qt::QueuedConnection);
@@ -322,7 +352,11 @@ void ControlCenterWindow::openSearchEntry(const SearchEntry &entry)
     }
     if (!entry.ownEntry.isEmpty()) {
         m_navigation->setCurrentEntry(entry.ownEntry);
-        m_navigation->setFocus(Qt::ShortcutFocusReason);
+        m_columns->open(Columns::Page);
+        if (m_columns->shows(Columns::Entries))
+            m_navigation->setFocus(Qt::ShortcutFocusReason);
+        else
+            focusContent();
         return;
     }
     openPage(m_registry.pageName(entry.page));
@@ -334,6 +368,27 @@ void ControlCenterWindow::openSearchEntry(const SearchEntry &entry)
         control = controlsOf(moduleList()).value(0);
     if (control)
         control->setFocus(Qt::ShortcutFocusReason);
+}
+
+// Its first control, which is the module's list where that is seen.
+void ControlCenterWindow::focusContent()
+{
+    const QVector<QWidget *> controls = controlsOf(m_stack->currentWidget());
+    if (!controls.isEmpty())
+        controls.constFirst()->setFocus();
+}
+
+void ControlCenterWindow::showColumns()
+{
+    m_back->setVisible(m_columns->hasWayBack());
+    const PageArea *own = m_ownPages.value(m_navigation->currentEntry());
+    m_breadcrumb->setParts(m_columns->shows(Columns::List),
+                           !own && m_columns->shows(Columns::Page));
+
+    // Never wider than the screen, where some texts may have to be scrolled sideways.
+    const int page = pageMargin + (own ? own->leastWidth() : m_moduleView->leastPageWidth());
+    setMinimumWidth(
+        qBound(leastSize.width(), page, QGuiApplication::primaryScreen()->availableSize().width()));
 }
 
 } // namespace controlcenter

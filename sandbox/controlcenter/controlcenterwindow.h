@@ -12,10 +12,13 @@ class QStackedWidget;
 
 namespace controlcenter {
 
+class BackButton;
 class Breadcrumb;
+class Columns;
 class Frame;
 class ModuleView;
 class NavigationColumn;
+class PageArea;
 class SearchField;
 class ThemeButton;
 class ThemeChoice;
@@ -33,6 +36,9 @@ public:
     /** Prepares @p module, which outlives the window, and shows its entry. Opens nothing yet. */
     explicit ControlCenterWindow(zccV20::ModuleInterface *module);
     ~ControlCenterWindow() override;
+
+    /** The size at which it is best used, as large as its texts want; the screen may be smaller. */
+    static QSize usualSize();
 
     /** Opens the module's entry at its first page. */
     void openModule();
@@ -85,6 +91,7 @@ protected:
 private:
     QWidget *buildSideBar();
     QWidget *buildHeader();
+    QWidget *buildContent(QWidget *header);
     QVector<ShortcutsPage::Shortcut> assistantShortcuts() const;
     /** Adds an entry of the window's own with its page; @p icon is an icon's name. */
     void addOwnEntry(const QString &name, const QString &text, const QString &icon, QWidget *page);
@@ -93,19 +100,25 @@ private:
     /** Names the open entry, and its page if it has several, in heading and title. */
     void showPlace(const QString &entry, const QString &page = QString());
     void openSearchEntry(const SearchEntry &entry);
+    /** Says in the heading what the columns do not show. */
+    void showColumns();
+    void focusSearch();
+    void focusContent();
 
     zccV20::ModuleInterface *m_module;
     ModuleRegistry m_registry;
     SearchField *m_searchField;
     NavigationColumn *m_navigation;
+    BackButton *m_back;
     Breadcrumb *m_breadcrumb;
     ThemeButton *m_themeButton;
     QStackedWidget *m_stack;
     ModuleView *m_moduleView;
-    QHash<QString, QWidget *> m_ownPages; ///< by entry
+    QHash<QString, PageArea *> m_ownPages; ///< by entry
     QVector<SearchEntry> m_ownSearchEntries;
     ShortcutsPage *m_shortcutsPage;
     Frame *m_frame;
+    Columns *m_columns;
 };
 
 } // namespace controlcenter

@@ -3,8 +3,12 @@
 #include "sandbox/controlcenter/moduleregistry.h"
 #include "sandbox/controlcenter/moduleview.h"
 
+#include <ztk/zfontsizemanager.h>
+
 #include <QDebug>
 #include <QFontMetrics>
+
+using Ztk::Widget::ZFontSizeManager;
 
 namespace controlcenter {
 
@@ -86,14 +90,16 @@ void Frame::addSearchItem(const QString &moduleName, const QString &page, const 
 
 int Frame::listWidth() const
 {
-    constexpr int least = 230;                            // px
-    constexpr int most = 360;                             // px
-    constexpr int aroundText = 32 + 2 * 10 + 2 * 10 + 24; // icon, item margins, list margins, gaps
+    constexpr int least = 230;                       // px
+    constexpr int most = 360;                        // px, with usual texts
+    constexpr int icon = 32;                         // px, with usual texts
+    constexpr int aroundText = 2 * 10 + 2 * 10 + 24; // px: item margins, list margins, gaps
+    const ZFontSizeManager *sizes = ZFontSizeManager::instance();
     const QFontMetrics metrics(m_view->font());
     int text = 0;
     for (const QString &page : m_registry->pages())
         text = qMax(text, metrics.horizontalAdvance(m_registry->translatedPage(page)));
-    return qBound(least, text + aroundText, most);
+    return qBound(least, text + sizes->scaled(icon) + aroundText, sizes->scaled(most));
 }
 
 } // namespace controlcenter

@@ -2,6 +2,7 @@
 
 #include <zcc/widgets/settingsgroup.h>
 #include <zcc/widgets/settingsitem.h>
+#include <ztk/zfontsizemanager.h>
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
@@ -18,6 +19,7 @@
 
 using zcc::widgets::SettingsGroup;
 using zcc::widgets::SettingsItem;
+using Ztk::Widget::ZFontSizeManager;
 
 namespace controlcenter {
 namespace {
@@ -183,7 +185,8 @@ void Check::checkList(const QListView *list)
         const QRect place = list->visualRect(index);
         if (place.width() > list->viewport()->width())
             fail(list, QStringLiteral("the row is wider than the list"), text);
-        const int besideText = list->iconSize().width() + 3 * rowEdge;
+        const int besideText =
+            ZFontSizeManager::instance()->scaled(list->iconSize().width()) + 3 * rowEdge;
         const QSize needed =
             textSize(list->font(), text, place.width() - besideText, Qt::TextWordWrap);
         if (needed.width() > place.width() - besideText || needed.height() > place.height())

@@ -120,6 +120,9 @@ int main(int argc, char **argv)
                            WrongUsage);
     if (options.theme == QLatin1String("system"))
         window.theme()->choose(ThemeChoice::System);
+    // Pictures are not for the screen of whoever takes them.
+    if (!options.tour.isEmpty())
+        window.resize(window.usualSize());
     window.show();
     if (options.tour.isEmpty())
         QTextStream(stdout) << "open\n";

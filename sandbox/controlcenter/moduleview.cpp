@@ -1,34 +1,25 @@
 #include "sandbox/controlcenter/moduleview.h"
 
-#include "sandbox/controlcenter/windowstyle.h"
+#include "sandbox/controlcenter/pagearea.h"
 
 #include <QAbstractItemView>
 #include <QHBoxLayout>
-#include <QScrollArea>
-#include <QScrollBar>
 
 namespace controlcenter {
 
 ModuleView::ModuleView(QWidget *parent)
     : QWidget(parent)
     , m_column(new QWidget(this))
-    , m_scrollArea(new QScrollArea(this))
+    , m_pageArea(new PageArea(this))
 {
     auto *columnLayout = new QVBoxLayout(m_column);
     columnLayout->setContentsMargins(0, 0, 0, 0);
-
-    m_scrollArea->setWidgetResizable(true);
-    m_scrollArea->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    m_scrollArea->setFrameShape(QFrame::NoFrame);
-    m_scrollArea->setFocusPolicy(Qt::NoFocus); // Tab goes from control to control
-    m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    m_scrollArea->viewport()->setAutoFillBackground(false);
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_column);
-    layout->addWidget(m_scrollArea, 1);
+    layout->addWidget(m_pageArea, 1);
     m_column->hide();
 }
 
@@ -41,34 +32,50 @@ void ModuleView::setList(QWidget *list, int width)
 {
     dispose(m_list);
     m_list = list;
-    m_column->setFixedWidth(width);
+    m_listWidth = width;
     m_column->layout()->addWidget(list);
-    m_column->show();
     list->show();
+    arrange();
+    Q_EMIT changed();
+}
+
+int ModuleView::listWidth() const
+{
+    return m_listWidth;
+}
+
+int ModuleView::leastPageWidth() const
+{
+    return m_pageArea->leastWidth();
+}
+
+void ModuleView::setSeen(bool list, bool page)
+{
+    m_listSeen = list;
+    m_pageSeen = page;
+    arrange();
 }
 
 QWidget *ModuleView::page() const
 {
-    return m_scrollArea->widget();
+    return m_pageArea->widget();
 }
 
 void ModuleView::setPage(QWidget *page)
 {
     // setWidget() would delete the old page while its signal, which asks for the new one, runs.
-    dispose(m_scrollArea->takeWidget());
-    page->setMaximumWidth(widestPage);
-    m_scrollArea->setWidget(page);
-    page->setAutoFillBackground(false); // the scroll area turns it on
-    page->show();
-    scrollToTop();
+    dispose(m_pageArea->takeWidget());
+    m_pageArea->setPage(page);
+    Q_EMIT changed();
 }
 
 void ModuleView::clear()
 {
-    dispose(m_scrollArea->takeWidget());
+    dispose(m_pageArea->takeWidget());
     dispose(m_list);
     m_list.clear();
-    m_column->hide();
+    arrange();
+    Q_EMIT changed();
 }
 
 QString ModuleView::currentRowText() const
@@ -79,12 +86,7 @@ QString ModuleView::currentRowText() const
 
 void ModuleView::ensureVisible(QWidget *widget)
 {
-    m_scrollArea->ensureWidgetVisible(widget, 24, 48);
-}
-
-void ModuleView::scrollToTop()
-{
-    m_scrollArea->verticalScrollBar()->setValue(0);
+    m_pageArea->ensureWidgetVisible(widget, 24, 48);
 }
 
 void ModuleView::dispose(QWidget *widget)
@@ -95,6 +97,14 @@ void ModuleView::dispose(QWidget *widget)
     widget->setParent(this); // out of its layout, but still owned until the event loop deletes it
     widget->deleteLater();
     Q_EMIT taken(widget);
+}
+
+void ModuleView::arrange()
+{
+    m_column->setMinimumWidth(m_pageSeen ? m_listWidth : 0);
+    m_column->setMaximumWidth(m_pageSeen ? m_listWidth : QWIDGETSIZE_MAX);
+    m_column->setVisible(m_list && m_listSeen);
+    m_pageArea->setVisible(m_pageSeen);
 }
 
 } // namespace controlcenter

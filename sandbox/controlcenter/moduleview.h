@@ -3,9 +3,9 @@
 #include <QPointer>
 #include <QWidget>
 
-class QScrollArea;
-
 namespace controlcenter {
+
+class PageArea;
 
 /**
  * Where a module's widgets stand: its list in a column, and beside it one page in a scroll area.
@@ -24,6 +24,15 @@ public:
     QWidget *list() const;
     void setList(QWidget *list, int width);
 
+    /** What the list is wide beside a page; 0 as long as there was none. */
+    int listWidth() const;
+
+    /** What the page needs at least. */
+    int leastPageWidth() const;
+
+    /** Which of both are seen. A list alone takes the whole width. */
+    void setSeen(bool list, bool page);
+
     /** The page, or null. */
     QWidget *page() const;
     void setPage(QWidget *page);
@@ -37,19 +46,23 @@ public:
     /** Scrolls the page so that @p widget, one of its descendants, can be seen. */
     void ensureVisible(QWidget *widget);
 
-    /** Puts the page back to its top. */
-    void scrollToTop();
-
 Q_SIGNALS:
+    /** There is another list or page, or none. */
+    void changed();
+
     /** @p widget was taken out; it lives on until the event loop deletes it. */
     void taken(QWidget *widget);
 
 private:
     void dispose(QWidget *widget);
+    void arrange();
 
     QWidget *m_column;
-    QScrollArea *m_scrollArea;
+    PageArea *m_pageArea;
     QPointer<QWidget> m_list;
+    int m_listWidth = 0;
+    bool m_listSeen = true;
+    bool m_pageSeen = true;
 };
 
 } // namespace controlcenter

@@ -1,5 +1,6 @@
 #include "sandbox/controlcenter/navigationcolumn.h"
 
+#include <ztk/zfontsizemanager.h>
 #include <ztk/zpainting.h>
 #include <ztk/zstandarditem.h>
 
@@ -66,7 +67,8 @@ QSize NavigationColumn::sizeHint() const
     int text = 0;
     for (int row = 0; row < m_model->rowCount(); ++row)
         text = qMax(text, fontMetrics().horizontalAdvance(m_model->item(row)->text()));
-    return {text + iconSide + aroundText, Ztk::Widget::ZListView::sizeHint().height()};
+    return {text + Ztk::Widget::ZFontSizeManager::instance()->scaled(iconSide) + aroundText,
+            Ztk::Widget::ZListView::sizeHint().height()};
 }
 
 void NavigationColumn::currentChanged(const QModelIndex &current, const QModelIndex &previous)

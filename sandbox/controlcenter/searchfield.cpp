@@ -2,22 +2,29 @@
 
 #include "sandbox/controlcenter/windowstyle.h"
 
+#include <ztk/zfontsizemanager.h>
 #include <ztk/ziconbutton.h>
 
 #include <QKeyEvent>
 #include <QPainter>
 
+using Ztk::Widget::ZFontSizeManager;
 using Ztk::Widget::ZIconButton;
 
 namespace controlcenter {
 namespace {
 
-constexpr int fieldHeight = 36;   // px, a comfortable target
-constexpr int magnifierRoom = 28; // px, on the leading side
-constexpr int textMargin = 12;    // px, around the text
-constexpr int clearSide = 28;     // px, of the button on the trailing side
-constexpr int clearEdge = 4;      // px, from the button to the field's edges
+constexpr int fieldHeight = 36;        // px, a comfortable target
+constexpr int textMargin = 12;         // px, around the text
+constexpr int clearSide = 28;          // px, of the button on the trailing side
+constexpr int clearEdge = 4;           // px, from the button to the field's edges
+constexpr int usualMagnifierRoom = 28; // px, on the leading side
 constexpr qreal magnifierRadius = 4.5;
+
+int magnifierRoom()
+{
+    return ZFontSizeManager::instance()->scaled(usualMagnifierRoom);
+}
 
 } // namespace
 
@@ -47,7 +54,7 @@ QSize SearchField::sizeHint() const
     const QSize usual = QLineEdit::sizeHint();
     const int text = fontMetrics().horizontalAdvance(placeholderText());
     return usual.expandedTo(
-        QSize(magnifierRoom + text + 2 * textMargin + clearSide + clearEdge, fieldHeight));
+        QSize(magnifierRoom() + text + 2 * textMargin + clearSide + clearEdge, fieldHeight));
 }
 
 void SearchField::keyPressEvent(QKeyEvent *event)
@@ -98,12 +105,13 @@ void SearchField::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(secondaryTextColor(palette()), 1.6, Qt::SolidLine, Qt::RoundCap));
-    const qreal leading = 12 + magnifierRadius;
+    const qreal scale = magnifierRoom() / qreal(usualMagnifierRoom);
+    const qreal leading = 12 + magnifierRadius * scale;
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    const QPointF center(mirrored ? width() - leading - 3 : leading, height() / 2.0 - 1);
-    painter.drawEllipse(center, magnifierRadius, magnifierRadius);
-    const QPointF edge = center + QPointF(3.3, 3.3);
-    painter.drawLine(edge, edge + QPointF(3.7, 3.7));
+    painter.translate(mirrored ? width() - leading - 3 * scale : leading, height() / 2.0 - scale);
+    painter.scale(scale, scale);
+    painter.drawEllipse(QPointF(), magnifierRadius, magnifierRadius);
+    painter.drawLine(QPointF(3.3, 3.3), QPointF(7, 7));
 }
 
 void SearchField::placeParts()
@@ -111,7 +119,8 @@ void SearchField::placeParts()
     const bool clearable = !text().isEmpty();
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     const int trailing = clearable ? clearSide + clearEdge : 0;
-    setTextMargins(mirrored ? trailing : magnifierRoom, 0, mirrored ? magnifierRoom : trailing, 0);
+    setTextMargins(mirrored ? trailing : magnifierRoom(), 0, mirrored ? magnifierRoom() : trailing,
+                   0);
     m_clearButton->setVisible(clearable);
     m_clearButton->setGeometry(QStyle::visualRect(
         layoutDirection(), rect(),

@@ -1,6 +1,7 @@
 #include "sandbox/controlcenter/themebutton.h"
 
 #include <ztk/zfocustracker.h>
+#include <ztk/zfontsizemanager.h>
 #include <ztk/zpainting.h>
 
 #include <QActionGroup>
@@ -9,6 +10,7 @@
 #include <QPainter>
 
 using Ztk::Widget::ZFocusTracker;
+using Ztk::Widget::ZFontSizeManager;
 using Ztk::Widget::ZPainting;
 
 namespace controlcenter {
@@ -33,7 +35,7 @@ ThemeButton::ThemeButton(QWidget *parent)
     setAccessibleName(tr("Theme"));
     setAttribute(Qt::WA_Hover);
     setFlat(true);
-    setFixedSize(side, side);
+    setFixedSize(sizeHint());
     connect(m_choice, &ThemeChoice::changed, this, &ThemeButton::showChoice);
     showChoice();
 }
@@ -45,7 +47,8 @@ ThemeChoice *ThemeButton::choice() const
 
 QSize ThemeButton::sizeHint() const
 {
-    return {side, side};
+    const int scaled = ZFontSizeManager::instance()->scaled(side);
+    return {scaled, scaled};
 }
 
 void ThemeButton::paintEvent(QPaintEvent *)
@@ -58,7 +61,8 @@ void ThemeButton::paintEvent(QPaintEvent *)
             ZPainting::blend(palette().color(QPalette::Window), text, isDown() ? 0.16 : 0.08));
     if (ZFocusTracker::showsFocus(this))
         ZPainting::drawFocusRing(&painter, rect(), buttonRadius, palette());
-    QRect symbol(0, 0, symbolSide, symbolSide);
+    const int scaledSide = ZFontSizeManager::instance()->scaled(symbolSide);
+    QRect symbol(0, 0, scaledSide, scaledSide);
     symbol.moveCenter(rect().center());
     ZPainting::drawIcon(&painter, symbol, icon(), text);
 }

@@ -6,11 +6,8 @@ class QPalette;
 
 namespace controlcenter {
 
-/** Rows wider than this are hard to follow from their title to their control. */
-constexpr int widestPage = 820; // px
-
-/** Distance of the window's own pages from its edges. */
-constexpr int pageMargin = 20; // px
+/** Around every page, the module's and the window's own, which has the same inside once more. */
+constexpr int pageMargin = 10; // px
 
 /** Hairline between two surfaces of the window. */
 QColor separatorColor(const QPalette &palette);

@@ -1,14 +1,20 @@
 #include "tests/support/testprogram.h"
 
+#include <zcc/widgets/switchwidget.h>
 #include <ztk/zapplicationsetup.h>
 #include <ztk/zfontsizemanager.h>
 #include <ztk/zguiapplicationhelper.h>
+#include <ztk/ziconbutton.h>
+#include <ztk/zlistview.h>
 #include <ztk/zpainting.h>
+#include <ztk/zstyle.h>
 
 #include <QApplication>
 #include <QFontInfo>
 #include <QPalette>
 #include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QStyleOptionComboBox>
 #include <QTest>
 
 using Ztk::Gui::ZGuiApplicationHelper;
@@ -205,6 +211,8 @@ private Q_SLOTS:
     void pointSizesCountToo();
     void onlyTheSizeOfTheBaseChanges();
     void smallStepsAreHeavier();
+    void controlsGrowWithTheText_data();
+    void controlsGrowWithTheText();
 
 private:
     static void setApplicationSize(int pixels);
@@ -286,6 +294,47 @@ void PlatformFontsTest::smallStepsAreHeavier()
         QCOMPARE(font.weight(),
                  int(step < ZFontSizeManager::T8 ? usual.weight() : QFont::DemiBold));
     }
+}
+
+void PlatformFontsTest::controlsGrowWithTheText_data()
+{
+    QTest::addColumn<int>("application");
+    QTest::addColumn<double>("factor");
+    QTest::newRow("small") << 10 << 1.0;
+    QTest::newRow("default") << 14 << 1.0;
+    QTest::newRow("hardly larger") << 15 << 1.0;
+    QTest::newRow("one and a half") << 21 << 1.5;
+    QTest::newRow("huge") << 32 << 2.25;
+}
+
+void PlatformFontsTest::controlsGrowWithTheText()
+{
+    QFETCH(int, application);
+    QFETCH(double, factor);
+    setApplicationSize(application);
+    const Ztk::Widget::ZStyle style;
+    QCOMPARE(style.pixelMetric(QStyle::PM_IndicatorWidth), int(18 * factor));
+
+    QStyleOptionComboBox box;
+    box.rect = QRect(0, 0, 200, 80);
+    const QRect arrow =
+        style.subControlRect(QStyle::CC_ComboBox, &box, QStyle::SC_ComboBoxArrow, nullptr);
+    QCOMPARE(arrow.size(), QSize(16, 16) * factor);
+
+    const zcc::widgets::SwitchWidget row(QStringLiteral("Wake up"));
+    const QSize ring(8, 8); // which is as wide at every size
+    QCOMPARE(row.focusProxy()->sizeHint() - ring, QSize(int(42 * factor), int(24 * factor)));
+    QCOMPARE(Ztk::Widget::ZIconButton().iconSize(), QSize(16, 16) * factor);
+
+    Ztk::Widget::ZListView list;
+    list.setIconSize(QSize(32, 32));
+    QPixmap picture(100, 100);
+    picture.fill(Qt::black);
+    QStandardItemModel model;
+    model.appendRow(new QStandardItem(QIcon(picture), QString()));
+    list.setModel(&model);
+    constexpr int margins = 12;
+    QCOMPARE(list.sizeHintForRow(0), qMax(36, int(32 * factor) + margins));
 }
 
 TEST_CLASS(QApplication, PlatformFontsTest)

@@ -18,8 +18,8 @@ SettingsGroup::SettingsGroup(QFrame *parent)
 {
     GroupingRole::install();
     setFrameShape(QFrame::NoFrame);
-    // Rows keep their natural height; what is left over belongs to the page.
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    // Rows keep their natural height; what is left over or missing is the page's.
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->setSpacing(defaultSpacing);
 }

@@ -1,6 +1,7 @@
 #include "switchbutton.h"
 
 #include <ztk/zfocustracker.h>
+#include <ztk/zfontsizemanager.h>
 #include <ztk/zpainting.h>
 
 #include <QKeyEvent>
@@ -12,15 +13,21 @@ namespace zcc {
 namespace widgets {
 
 using Ztk::Widget::ZFocusTracker;
+using Ztk::Widget::ZFontSizeManager;
 using Ztk::Widget::ZPainting;
 
 namespace {
 
-constexpr int trackWidth = 42;
-constexpr int trackHeight = 24;
+constexpr QSize usualTrack(42, 24);
 constexpr int knobInset = 3;
 constexpr int ringSpace = 4; ///< Around the track: the focus ring and the gap before it.
 constexpr int slideMs = 140;
+
+QSize trackSize()
+{
+    const ZFontSizeManager *sizes = ZFontSizeManager::instance();
+    return {sizes->scaled(usualTrack.width()), sizes->scaled(usualTrack.height())};
+}
 
 } // namespace
 
@@ -62,7 +69,7 @@ void SwitchButton::nextCheckState()
 
 QSize SwitchButton::sizeHint() const
 {
-    return QSize(trackWidth + 2 * ringSpace, trackHeight + 2 * ringSpace);
+    return trackSize() + QSize(2 * ringSpace, 2 * ringSpace);
 }
 
 void SwitchButton::slideTo(bool checked)
@@ -84,8 +91,8 @@ void SwitchButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
-    const QRectF track = QStyle::alignedRect(layoutDirection(), Qt::AlignCenter,
-                                             QSize(trackWidth, trackHeight), rect());
+    const QRectF track =
+        QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, trackSize(), rect());
     const QColor off = palette().color(group, QPalette::Dark);
     const QColor on = palette().color(group, QPalette::Highlight);
     QColor fill = ZPainting::blend(off, on, m_position);
@@ -93,10 +100,10 @@ void SwitchButton::paintEvent(QPaintEvent *)
         fill =
             ZPainting::blend(fill, palette().color(QPalette::WindowText), isDown() ? 0.18 : 0.10);
     }
-    ZPainting::fillRounded(&painter, track, trackHeight / 2.0, fill);
+    ZPainting::fillRounded(&painter, track, track.height() / 2, fill);
 
-    const qreal knobSize = trackHeight - 2 * knobInset;
-    const qreal way = trackWidth - trackHeight;
+    const qreal knobSize = track.height() - 2 * knobInset;
+    const qreal way = track.width() - track.height();
     const qreal offset =
         layoutDirection() == Qt::RightToLeft ? way * (1 - m_position) : way * m_position;
     const QRectF knob(track.left() + knobInset + offset, track.top() + knobInset, knobSize,
@@ -112,7 +119,7 @@ void SwitchButton::paintEvent(QPaintEvent *)
     if (ZFocusTracker::showsFocus(this)) {
         ZPainting::drawFocusRing(&painter,
                                  track.adjusted(-ringSpace, -ringSpace, ringSpace, ringSpace),
-                                 trackHeight / 2.0 + ringSpace, palette());
+                                 track.height() / 2 + ringSpace, palette());
     }
 }
 

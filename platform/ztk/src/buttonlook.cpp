@@ -1,6 +1,7 @@
 #include "buttonlook.h"
 
 #include "controllook.h"
+#include "ztk/zfontsizemanager.h"
 #include "ztk/zpainting.h"
 #include "ztk/zstyle.h"
 
@@ -22,6 +23,7 @@ constexpr int keyCapPadding = 12;       ///< Text height and this make the heigh
 constexpr qreal keyCapEdge = 2;         ///< The visible front edge of the key.
 constexpr qreal keyCapEdgeAmount = 0.5; ///< Of the text's colour in it: to be told from the face.
 constexpr qreal checkBoxRadius = 5;
+constexpr int usualIndicatorSize = 18;
 constexpr qreal indicatorStroke = 1.5;
 
 /** Key caps are push buttons without a shadow; every other button has one in its palette. */
@@ -156,7 +158,7 @@ QSize pushButtonSize(const QSize &contents)
 QSize checkBoxSize(const QStyleOptionButton *option)
 {
     const QSize text = option->fontMetrics.size(Qt::TextShowMnemonic, option->text);
-    int width = 2 * indicatorPadding + indicatorSize;
+    int width = 2 * indicatorPadding + indicatorSize();
     if (!option->text.isEmpty())
         width += indicatorGap + text.width();
     if (!option->icon.isNull())
@@ -164,16 +166,21 @@ QSize checkBoxSize(const QStyleOptionButton *option)
     return QSize(width, qMax(text.height() + 2 * indicatorPadding, ZStyle::minimumHitHeight));
 }
 
+int indicatorSize()
+{
+    return ZFontSizeManager::instance()->scaled(usualIndicatorSize);
+}
+
 QRect indicatorRect(const QStyleOption *option)
 {
     const QRect place = option->rect.adjusted(indicatorPadding, 0, -indicatorPadding, 0);
     return QStyle::alignedRect(option->direction, Qt::AlignLeft | Qt::AlignVCenter,
-                               QSize(indicatorSize, indicatorSize), place);
+                               QSize(indicatorSize(), indicatorSize()), place);
 }
 
 QRect labelRect(const QStyleOption *option)
 {
-    const QRect place = option->rect.adjusted(indicatorPadding + indicatorSize + indicatorGap, 0,
+    const QRect place = option->rect.adjusted(indicatorPadding + indicatorSize() + indicatorGap, 0,
                                               -indicatorPadding, 0);
     return QStyle::visualRect(option->direction, option->rect, place);
 }
@@ -181,7 +188,7 @@ QRect labelRect(const QStyleOption *option)
 QRect focusRect(const QStyleOptionButton *option)
 {
     const QSize size = checkBoxSize(option).boundedTo(option->rect.size());
-    const int height = qMin(size.height(), qMax(indicatorSize, option->fontMetrics.height()) +
+    const int height = qMin(size.height(), qMax(indicatorSize(), option->fontMetrics.height()) +
                                                2 * indicatorPadding);
     return QStyle::alignedRect(option->direction, Qt::AlignLeft | Qt::AlignVCenter,
                                QSize(size.width(), height), option->rect);

@@ -15,7 +15,6 @@ namespace Widget {
 /** Push buttons, key caps and check boxes of ZStyle. */
 namespace buttonlook {
 
-constexpr int indicatorSize = 18;
 constexpr int indicatorGap = 8; ///< Between indicator and text.
 /** Around indicator and text, where the focus ring stands. */
 constexpr int indicatorPadding = 5;
@@ -32,6 +31,9 @@ void drawCheckIndicator(QPainter *painter, const QStyleOption *option);
 
 QSize pushButtonSize(const QSize &contents);
 QSize checkBoxSize(const QStyleOptionButton *option);
+
+/** Side of a check box's indicator; it grows with the text. */
+int indicatorSize();
 
 /** Where the indicator of a check box stands. */
 QRect indicatorRect(const QStyleOption *option);

@@ -1,6 +1,7 @@
 #include "inputlook.h"
 
 #include "controllook.h"
+#include "ztk/zfontsizemanager.h"
 #include "ztk/zpainting.h"
 #include "ztk/zstyle.h"
 
@@ -15,11 +16,17 @@ namespace inputlook {
 using namespace controllook;
 
 namespace {
-constexpr int arrowSize = 16;
+constexpr int usualArrowSize = 16;
 constexpr int arrowPadding = 9; ///< Between the arrow and the edge of the combo box.
 constexpr int verticalPadding = 6;
 constexpr int iconGap = 8;
 constexpr int bearings = 6; ///< Combo boxes measure the ink of their texts, and lines are wider.
+
+int arrowSize()
+{
+    return ZFontSizeManager::instance()->scaled(usualArrowSize);
+}
+
 } // namespace
 
 void drawComboBox(QPainter *painter, const QStyleOptionComboBox *option)
@@ -57,20 +64,21 @@ void drawComboBoxLabel(QPainter *painter, const QStyleOptionComboBox *option, co
 
 QSize comboBoxSize(const QSize &contents)
 {
-    const int width = sidePadding + contents.width() + bearings + 2 * arrowPadding + arrowSize;
+    const int width = sidePadding + contents.width() + bearings + 2 * arrowPadding + arrowSize();
     return QSize(width, qMax(contents.height() + 2 * verticalPadding, ZStyle::minimumHitHeight));
 }
 
 QRect comboBoxField(const QStyleOption *option)
 {
-    const QRect field = option->rect.adjusted(sidePadding, 1, -(2 * arrowPadding + arrowSize), -1);
+    const QRect field =
+        option->rect.adjusted(sidePadding, 1, -(2 * arrowPadding + arrowSize()), -1);
     return QStyle::visualRect(option->direction, option->rect, field);
 }
 
 QRect comboBoxArrow(const QStyleOption *option)
 {
     return QStyle::alignedRect(option->direction, Qt::AlignRight | Qt::AlignVCenter,
-                               QSize(arrowSize, arrowSize),
+                               QSize(arrowSize(), arrowSize()),
                                option->rect.adjusted(arrowPadding, 0, -arrowPadding, 0));
 }
 

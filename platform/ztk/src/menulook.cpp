@@ -1,6 +1,7 @@
 #include "menulook.h"
 
 #include "controllook.h"
+#include "ztk/zfontsizemanager.h"
 #include "ztk/zpainting.h"
 #include "ztk/zstyle.h"
 
@@ -19,10 +20,15 @@ namespace {
 
 constexpr int rowInset = 4;    ///< Between the panel's edge and the mark behind an entry.
 constexpr int itemPadding = 8; ///< Between that mark's edge and what stands on it.
-constexpr int symbolSize = 16;
+constexpr int usualSymbolSize = 16;
 constexpr int gap = 8;
 constexpr int separatorHeight = 9;
 constexpr qreal frameAmount = 0.2; ///< Of the text's colour in the frame.
+
+int symbolSize()
+{
+    return ZFontSizeManager::instance()->scaled(usualSymbolSize);
+}
 
 bool hasIcon(const QStyleOptionMenuItem *option)
 {
@@ -67,9 +73,9 @@ void drawItem(QPainter *painter, const QStyleOptionMenuItem *option)
     };
     QRect rest = row.adjusted(itemPadding, 0, -itemPadding, 0);
     const auto takeSymbol = [&rest]() {
-        const QRect symbol(rest.left(), rest.center().y() - symbolSize / 2 + 1, symbolSize,
-                           symbolSize);
-        rest.setLeft(rest.left() + symbolSize + gap);
+        const QRect symbol(rest.left(), rest.center().y() - symbolSize() / 2 + 1, symbolSize(),
+                           symbolSize());
+        rest.setLeft(rest.left() + symbolSize() + gap);
         return symbol;
     };
     const QRect checkRect = takeSymbol();
@@ -78,13 +84,13 @@ void drawItem(QPainter *painter, const QStyleOptionMenuItem *option)
     if (hasIcon(option))
         ZPainting::drawIcon(painter, place(takeSymbol()), option->icon, textColor);
     if (option->menuItemType == QStyleOptionMenuItem::SubMenu) {
-        const QRect right(rest.right() - symbolSize, rest.center().y() - symbolSize / 2 + 1,
-                          symbolSize, symbolSize);
+        const QRect right(rest.right() - symbolSize(), rest.center().y() - symbolSize() / 2 + 1,
+                          symbolSize(), symbolSize());
         painter->save();
         const QRect arrowRect = place(right);
         painter->translate(arrowRect.center());
         painter->rotate(option->direction == Qt::RightToLeft ? 90 : -90);
-        drawSymbol(painter, QRect(-symbolSize / 2, -symbolSize / 2, symbolSize, symbolSize),
+        drawSymbol(painter, QRect(-symbolSize() / 2, -symbolSize() / 2, symbolSize(), symbolSize()),
                    "ztk_chevron_down", textColor);
         painter->restore();
         rest.setRight(right.left() - gap);
@@ -107,11 +113,11 @@ QSize itemSize(const QStyleOptionMenuItem *option)
     if (option->menuItemType == QStyleOptionMenuItem::Separator)
         return QSize(2 * rowInset, separatorHeight);
     const QFontMetrics metrics(option->font);
-    int width = 2 * (rowInset + itemPadding) + symbolSize + gap;
+    int width = 2 * (rowInset + itemPadding) + symbolSize() + gap;
     if (hasIcon(option))
-        width += symbolSize + gap;
+        width += symbolSize() + gap;
     if (option->menuItemType == QStyleOptionMenuItem::SubMenu)
-        width += gap + symbolSize;
+        width += gap + symbolSize();
     const QStringList parts = option->text.split(QLatin1Char('\t'));
     width += metrics.size(Qt::TextShowMnemonic, parts.first()).width();
     if (parts.size() > 1)

@@ -35,5 +35,11 @@ int ZFontSizeManager::fontPixelSize(SizeType type) const
     return qMax(1, qRound(applicationSize * defaultSizes[type] / defaultApplicationSize));
 }
 
+int ZFontSizeManager::scaled(int pixels) const
+{
+    const int quarters = qMax(4, 4 * fontPixelSize(T6) / defaultApplicationSize);
+    return pixels * quarters / 4;
+}
+
 } // namespace Widget
 } // namespace Ztk

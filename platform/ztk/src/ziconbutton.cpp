@@ -1,6 +1,7 @@
 #include "ztk/ziconbutton.h"
 
 #include "ztk/zfocustracker.h"
+#include "ztk/zfontsizemanager.h"
 #include "ztk/zpainting.h"
 #include "ztk/zstyle.h"
 
@@ -12,6 +13,7 @@ namespace Ztk {
 namespace Widget {
 
 namespace {
+constexpr int usualIconSize = 16;
 constexpr int roomyPadding = 4; ///< Around the icon, where the button is larger than the icon.
 } // namespace
 
@@ -20,7 +22,8 @@ ZIconButton::ZIconButton(QWidget *parent)
 {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
-    setIconSize(QSize(16, 16));
+    const int side = ZFontSizeManager::instance()->scaled(usualIconSize);
+    setIconSize(QSize(side, side));
 }
 
 ZIconButton::ZIconButton(QStyle::StandardPixmap icon, QWidget *parent)

@@ -1,6 +1,7 @@
 #include "zitemdelegate.h"
 
 #include "ztk/zfocustracker.h"
+#include "ztk/zfontsizemanager.h"
 #include "ztk/zlistview.h"
 #include "ztk/zpainting.h"
 
@@ -98,6 +99,14 @@ void ZItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &given,
     ZPainting::drawText(painter, textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap,
                         option.text);
     painter->restore();
+}
+
+void ZItemDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    const ZFontSizeManager *sizes = ZFontSizeManager::instance();
+    option->decorationSize = QSize(sizes->scaled(option->decorationSize.width()),
+                                   sizes->scaled(option->decorationSize.height()));
 }
 
 QSize ZItemDelegate::sizeHint(const QStyleOptionViewItem &given, const QModelIndex &index) const

@@ -238,7 +238,7 @@ int ZStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QW
         return rowSpacing;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
-        return buttonlook::indicatorSize;
+        return buttonlook::indicatorSize();
     case PM_ScrollBarExtent:
         return scrollbarlook::extent;
     case PM_ScrollBarSliderMin:

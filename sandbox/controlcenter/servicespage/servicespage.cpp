@@ -23,13 +23,10 @@ constexpr int cardSpacing = 18; // px
 } // namespace
 
 ServicesPage::ServicesPage(QWidget *parent)
-    : QScrollArea(parent)
+    : PageArea(parent)
 {
-    setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
-    setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    setFocusPolicy(Qt::StrongFocus);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // cards keep their place when rows come
-    viewport()->setAutoFillBackground(false);
     setAccessibleName(tr("Services"));
 
     const QHash<QString, QString> titles{
@@ -42,7 +39,6 @@ ServicesPage::ServicesPage(QWidget *parent)
     };
 
     auto *page = new QWidget;
-    page->setMaximumWidth(widestPage);
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(pageMargin, 0, pageMargin, pageMargin);
     layout->setSpacing(cardSpacing);
@@ -53,20 +49,19 @@ ServicesPage::ServicesPage(QWidget *parent)
         layout->addWidget(new ServiceCard(titles.value(service.name, service.name), watch));
     }
     layout->addStretch();
-    setWidget(page);
-    page->setAutoFillBackground(false); // the scroll area turns it on
+    setPage(page);
 }
 
 bool ServicesPage::event(QEvent *event)
 {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
         viewport()->update(); // it draws the focus ring
-    return QScrollArea::event(event);
+    return PageArea::event(event);
 }
 
 void ServicesPage::paintEvent(QPaintEvent *event)
 {
-    QScrollArea::paintEvent(event);
+    PageArea::paintEvent(event);
     if (!ZFocusTracker::showsFocus(this))
         return;
     QPainter painter(viewport());
@@ -76,14 +71,14 @@ void ServicesPage::paintEvent(QPaintEvent *event)
 
 void ServicesPage::showEvent(QShowEvent *event)
 {
-    QScrollArea::showEvent(event);
+    PageArea::showEvent(event);
     setFollowing(true);
 }
 
 void ServicesPage::hideEvent(QHideEvent *event)
 {
     setFollowing(false);
-    QScrollArea::hideEvent(event);
+    PageArea::hideEvent(event);
 }
 
 void ServicesPage::setFollowing(bool following)

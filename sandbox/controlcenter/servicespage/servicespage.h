@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QScrollArea>
+#include "sandbox/controlcenter/pagearea.h"
+
 #include <QVector>
 
 namespace controlcenter {
@@ -11,7 +12,7 @@ class ServiceWatch;
  * The services that the module talks to, and their values while the user changes them. It takes the
  * focus so that the arrow keys scroll it.
  */
-class ServicesPage : public QScrollArea
+class ServicesPage : public PageArea
 {
     Q_OBJECT
 

@@ -1,6 +1,9 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/searchfield.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
 #include "sandbox/controlcenter/tour/toursections.h"
+
+#include <QApplication>
 
 namespace controlcenter {
 namespace {
@@ -23,15 +26,16 @@ TourStep openPageStep(const QString &page, bool dark)
 }
 
 // What does not fit must be reachable by scrolling, never cut off.
-TourStep smallWindowStep(const QString &page)
+TourStep sizeStep(const QString &page, const QString &size, const QSize &pixels)
 {
-    return {QStringLiteral("scroll '%1' in the smallest window").arg(page),
-            [page](TourDriver &driver) {
+    return {QStringLiteral("open '%1' in the %2 window").arg(page, size),
+            [page, pixels](TourDriver &driver) {
+                driver.setDark(false);
                 QString problem = driver.openPage(page);
                 if (!problem.isEmpty())
                     return problem;
                 ControlCenterWindow *window = driver.window();
-                window->resize(window->minimumSize());
+                window->resize(pixels.expandedTo(window->minimumSize()));
                 driver.settle();
                 QWidget *shown = window->currentPage();
                 if (shown->width() < shown->minimumSizeHint().width() ||
@@ -39,7 +43,25 @@ TourStep smallWindowStep(const QString &page)
                     return QStringLiteral("the page is squeezed below its least size");
                 return QString();
             },
-            fileName(page) + QStringLiteral("-small")};
+            fileName(page) + '-' + size};
+}
+
+// From the page in the smallest window; by keyboard, as everything in it.
+TourStep backStep(const QString &to, const std::function<QWidget *(ControlCenterWindow *)> &column)
+{
+    return {QStringLiteral("go back to the %1").arg(to),
+            [column](TourDriver &driver) {
+                ControlCenterWindow *window = driver.window();
+                const bool mirrored = window->layoutDirection() == Qt::RightToLeft;
+                driver.press(mirrored ? Qt::Key_Right : Qt::Key_Left, Qt::AltModifier);
+                if (!column(window)->isVisible())
+                    return QStringLiteral("it is not seen");
+                if (!column(window)->isAncestorOf(QApplication::focusWidget()))
+                    return QStringLiteral("it does not have the focus");
+                return window->currentPage()->isVisible() ? QStringLiteral("the page is still seen")
+                                                          : QString();
+            },
+            to + QStringLiteral("-small")};
 }
 
 TourStep usualWindowStep(const QSize &size)
@@ -61,7 +83,14 @@ TourSteps pageSteps(const ControlCenterWindow *window)
     for (const bool dark : {false, true})
         for (const QString &page : window->pageNames())
             steps.append(openPageStep(page, dark));
-    steps.append(smallWindowStep(window->pageNames().value(0)));
+    const QString first = window->pageNames().value(0);
+    steps.append(sizeStep(first, QStringLiteral("small"), QSize()));
+    steps.append(backStep(QStringLiteral("list"),
+                          [](ControlCenterWindow *shown) { return shown->moduleList(); }));
+    steps.append(backStep(QStringLiteral("entries"), [](ControlCenterWindow *shown) {
+        return shown->searchField()->parentWidget();
+    }));
+    steps.append(sizeStep(first, QStringLiteral("large"), QSize(2500, 1400)));
     steps.append(usualWindowStep(window->size()));
     return steps;
 }

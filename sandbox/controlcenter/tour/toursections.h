@@ -16,7 +16,10 @@ TourSteps tourSection(const QString &name, const ControlCenterWindow *window);
 
 // The sections. Each is defined in the source file that is named after it.
 
-/** Opens every page of the module in light and in dark, and one in the smallest window. */
+/**
+ * Opens every page of the module in light and in dark, and one in the smallest window, from which
+ * it goes back column by column, and in a large one.
+ */
 TourSteps pageSteps(const ControlCenterWindow *window);
 
 /** Sheets with all of the module's icons at usual, one and a half and double scale. */

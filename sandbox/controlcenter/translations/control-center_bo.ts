@@ -9,6 +9,13 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::BackButton</name>
+    <message>
+        <source>Back</source>
+        <translation>ཕྱིར་ལོག</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::ControlCenterWindow</name>
     <message>
         <source>Control Center</source>

@@ -25,6 +25,13 @@ public:
     /** Pixel size of step @p type with the present application font. */
     int fontPixelSize(SizeType type) const;
 
+    /**
+     * A measure of @p pixels beside texts of the default size, in proportion to the present ones:
+     * in steps of a quarter, at which symbols stay sharp. Never smaller: small texts do not make
+     * what is operated harder to hit.
+     */
+    int scaled(int pixels) const;
+
 private:
     ZFontSizeManager() = default;
 };
