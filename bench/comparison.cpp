@@ -65,13 +65,16 @@ void setRounds(int rounds)
 
 Ratio compare(const Comparison &what)
 {
-    what.measureSubject();
-    what.measureBaseline();
+    const int rounds = roundsOfAll > 0 ? roundsOfAll : what.rounds;
+    if (rounds > 1) {
+        what.measureSubject();
+        what.measureBaseline();
+    }
 
     QVector<double> subjects;
     QVector<double> baselines;
     QVector<double> ratios;
-    for (int round = 0; round < (roundsOfAll > 0 ? roundsOfAll : what.rounds); ++round) {
+    for (int round = 0; round < rounds; ++round) {
         subjects.append(what.measureSubject());
         baselines.append(what.measureBaseline());
         ratios.append(subjects.last() / baselines.last());

@@ -15,7 +15,7 @@
 namespace {
 
 constexpr int visits = 1000;
-constexpr int idleMs = 5000;
+constexpr int idleMs = 3000;
 
 template <typename Page>
 void visit()

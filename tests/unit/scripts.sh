@@ -171,7 +171,7 @@ check_test() {
         expect "$1 passes" equals "$status" 0
         expect "$1 builds" contains "$told" "--build --preset $2${3:+ --target $3}"$'\n'
         expect "$1 tests" equals "${told##*$'\n'}" \
-            "ctest: $2, --output-on-failure --no-tests=error --parallel $(nproc)${4:+ $4}"
+            "ctest: $2, --output-on-failure --no-tests=error --parallel $((2 * $(nproc)))${4:+ $4}"
     }
     runs "scripts/test" dev "" ""
     runs "scripts/test -L gui" dev gui-tests "-L gui"
