@@ -5,6 +5,7 @@
 
 #include <ztk/zpainting.h>
 
+#include <QPaintEvent>
 #include <QPainter>
 
 namespace zcc {
