@@ -83,6 +83,7 @@ int main(int argc, char *argv[])
              benchWrites(report, assistant);
          }},
         {QStringLiteral("load"), benchLoad},
+        {QStringLiteral("coldstart"), benchColdStart},
         {QStringLiteral("wave"), benchWave},
         {QStringLiteral("level"), benchLevel},
         {QStringLiteral("merge"), benchMerge},

@@ -24,5 +24,7 @@ void benchLevel(const Report &report);
 void benchMerge(const Report &report);
 /** Loading the plugin in a host that has nothing of it yet. */
 void benchLoad(const Report &report);
+/** The sandbox's window, from its start until it shows a page, beside other windows of its kind. */
+void benchColdStart(const Report &report);
 /** A whole voice test. */
 void benchVoiceTest(const Report &report);

@@ -18,6 +18,10 @@ packages_test="
     at-spi2-core python3-pyatspi openbox xauth xdotool xvfb
     clang-format-16 clang-tidy cmake-format flake8 shellcheck"
 
+# Windows like the sandbox's, to compare it with, and what sees them appear.
+packages_bench="
+    lxqt-config pavucontrol-qt python3-xlib xvfb"
+
 # What makes Debian packages, and tries them in a fresh Debian.
 packages_package="
     build-essential debhelper dpkg-dev git lintian mmdebstrap"
