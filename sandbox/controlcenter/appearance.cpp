@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QLocale>
+#include <QPointer>
 #include <QTranslator>
 
 using Ztk::Gui::ZGuiApplicationHelper;
@@ -42,6 +43,28 @@ Qt::LayoutDirection translatedDirection()
                ? Qt::RightToLeft
                : Qt::LeftToRight;
 }
+
+// In place of the direction that catalogues have; see above.
+class Direction : public QTranslator
+{
+public:
+    explicit Direction(Qt::LayoutDirection direction)
+        : QTranslator(qApp)
+        , m_direction(direction)
+    {
+    }
+
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *source, const char *, int) const override
+    {
+        if (qstrcmp(source, "QT_LAYOUT_DIRECTION") != 0)
+            return QString();
+        return m_direction == Qt::RightToLeft ? QStringLiteral("RTL") : QStringLiteral("LTR");
+    }
+
+private:
+    Qt::LayoutDirection m_direction;
+};
 
 QFont windowFont(const Options &options)
 {
@@ -80,6 +103,15 @@ QString fontFamily(QLocale::Language language)
     // The size of a line is that of the first family, whichever one has the letters.
     return language == QLocale::Tibetan ? QStringLiteral("Noto Serif Tibetan")
                                         : QStringLiteral("Noto Sans");
+}
+
+void forceDirection(Qt::LayoutDirection direction)
+{
+    static QPointer<Direction> forced;
+    delete forced;
+    forced = new Direction(direction);
+    QCoreApplication::installTranslator(forced);
+    QApplication::setLayoutDirection(direction);
 }
 
 void applyAppearance(const Options &options)

@@ -12,6 +12,9 @@ void prepareEnvironment(const Options &options);
 /** The font of the window's texts in @p language, where no desktop names one. */
 QString fontFamily(QLocale::Language language);
 
+/** Lays the window out in @p direction from now on, whatever its language has. */
+void forceDirection(Qt::LayoutDirection direction);
+
 /** Sets direction, style, icons, font and theme. After the application object's construction. */
 void applyAppearance(const Options &options);
 

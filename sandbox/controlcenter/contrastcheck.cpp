@@ -135,8 +135,8 @@ void ContrastCheck::checkList(const QListView *list)
 void ContrastCheck::checkText(const QWidget *of, const QRect &rect, const QString &text)
 {
     const QRect place = placeOf(of, rect);
-    if (!of->isEnabled() || place.isEmpty())
-        return;
+    if (!of->isEnabled() || place.isEmpty() || place.size() != rect.size())
+        return; // of what is seen in part, the text may be the other one
     const Colors colors = colorsIn(place);
     for (const QRgb tip : tipColors)
         if (of->palette().color(QPalette::Text).rgb() == tip)
@@ -154,7 +154,7 @@ void ContrastCheck::checkText(const QWidget *of, const QRect &rect, const QStrin
 void ContrastCheck::checkOutline(const QWidget *of, const QRect &rect, const QString &text)
 {
     const QRect place = placeOf(of, rect);
-    if (place.isEmpty())
+    if (place.isEmpty() || place.size() != rect.size())
         return;
     const QRect around = pixels(place);
     const int middle = around.center().y();

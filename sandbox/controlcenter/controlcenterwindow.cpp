@@ -5,6 +5,7 @@
 #include "sandbox/controlcenter/breadcrumb.h"
 #include "sandbox/controlcenter/columns.h"
 #include "sandbox/controlcenter/frame.h"
+#include "sandbox/controlcenter/looks/sheetwindow.h"
 #include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/moduleview.h"
 #include "sandbox/controlcenter/navigationcolumn.h"
@@ -15,6 +16,7 @@
 #include "sandbox/controlcenter/searchpopup.h"
 #include "sandbox/controlcenter/servicespage/servicespage.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
+#include "sandbox/controlcenter/sidebar.h"
 #include "sandbox/controlcenter/themebutton.h"
 #include "sandbox/controlcenter/windowstyle.h"
 #include "sandbox/services/keybinding/systemshortcuts.h"
@@ -42,31 +44,13 @@ const QLatin1String shortcutsEntry("keyboard"); // the desktop's name, which mod
 const QLatin1String servicesEntry("services");
 const QLatin1String themeEntry("theme"); // for the search only
 
-// The window's leading column, a shade away from the page and as wide as its contents need.
-class SideBar : public QWidget
+// The pages of the window's own, as they are called beside those of the module.
+const struct
 {
-public:
-    explicit SideBar(QWidget *parent)
-        : QWidget(parent)
-    {
-        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    }
-
-    QSize sizeHint() const override
-    {
-        constexpr int leastWidth = 228; // px
-        return QWidget::sizeHint().expandedTo(QSize(leastWidth, 0));
-    }
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        QPainter painter(this);
-        painter.fillRect(rect(), sideBarColor(palette()));
-        const int edge = layoutDirection() == Qt::RightToLeft ? 0 : width() - 1;
-        painter.fillRect(edge, 0, 1, height(), separatorColor(palette()));
-    }
-};
+    QLatin1String place;
+    QLatin1String entry;
+} ownPlaces[] = {{QLatin1String("Shortcuts"), shortcutsEntry},
+                 {QLatin1String("Services"), servicesEntry}};
 
 } // namespace
 
@@ -90,7 +74,7 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
                .expandedTo(leastSize));
 
     m_stack->addWidget(m_moduleView);
-    QWidget *sideBar = buildSideBar();
+    auto *sideBar = new SideBar(m_searchField, m_navigation, this);
     QWidget *header = buildHeader();
     m_columns = new Columns(sideBar, m_navigation, buildContent(header), m_moduleView, this);
     auto *layout = new QHBoxLayout(this);
@@ -151,14 +135,43 @@ void ControlCenterWindow::openPage(const QString &name)
 
 void ControlCenterWindow::openShortcuts()
 {
-    m_navigation->setCurrentEntry(shortcutsEntry);
-    m_columns->open(Columns::Page);
+    openPlace(ownPlaces[0].place);
 }
 
 void ControlCenterWindow::openServices()
 {
-    m_navigation->setCurrentEntry(servicesEntry);
-    m_columns->open(Columns::Page);
+    openPlace(ownPlaces[1].place);
+}
+
+QStringList ControlCenterWindow::places() const
+{
+    QStringList places = pageNames();
+    for (const auto &own : ownPlaces)
+        places.append(own.place);
+    return places;
+}
+
+QString ControlCenterWindow::currentPlace() const
+{
+    for (const auto &own : ownPlaces)
+        if (m_navigation->currentEntry() == own.entry)
+            return own.place;
+    for (const QString &name : pageNames())
+        if (pageTitle(name) == currentTitle())
+            return name;
+    return pageNames().value(0);
+}
+
+void ControlCenterWindow::openPlace(const QString &place)
+{
+    for (const auto &own : ownPlaces) {
+        if (place != own.place)
+            continue;
+        m_navigation->setCurrentEntry(own.entry);
+        m_columns->open(Columns::Page);
+        return;
+    }
+    openPage(place);
 }
 
 ShortcutsPage *ControlCenterWindow::shortcutsPage() const
@@ -237,17 +250,6 @@ void ControlCenterWindow::keyPressEvent(QKeyEvent *event)
     QWidget::keyPressEvent(event);
 }
 
-QWidget *ControlCenterWindow::buildSideBar()
-{
-    auto *sideBar = new SideBar(this);
-    auto *layout = new QVBoxLayout(sideBar);
-    layout->setContentsMargins(12, 12, 12, 12);
-    layout->setSpacing(12);
-    layout->addWidget(m_searchField);
-    layout->addWidget(m_navigation, 1);
-    return sideBar;
-}
-
 QWidget *ControlCenterWindow::buildHeader()
 {
     auto *header = new QWidget(this);
@@ -308,6 +310,11 @@ void ControlCenterWindow::addShortcuts()
         auto *shortcut = new QShortcut(keys, this);
         connect(shortcut, &QShortcut::activated, this, &ControlCenterWindow::focusSearch);
     }
+    connect(new QShortcut(Qt::Key_F9, this), &QShortcut::activated, this, [this] {
+        if (!m_sheet)
+            m_sheet = new SheetWindow(this);
+        m_sheet->draw(currentPlace(), currentTitle());
+    });
     // Named by key: what Qt calls closing and quitting differs from desktop to desktop.
     for (const int key : {Qt::Key_W, Qt::Key_Q})
         connect(new QShortcut(Qt::CTRL + key, this), &QShortcut::activated, this, &QWidget::close);

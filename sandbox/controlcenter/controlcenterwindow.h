@@ -20,6 +20,7 @@ class ModuleView;
 class NavigationColumn;
 class PageArea;
 class SearchField;
+class SheetWindow;
 class ThemeButton;
 class ThemeChoice;
 
@@ -51,6 +52,11 @@ public:
 
     /** Opens the window's own page of services. */
     void openServices();
+
+    /** Everything that can be open: the module's pages, and "Shortcuts" and "Services". */
+    QStringList places() const;
+    QString currentPlace() const;
+    void openPlace(const QString &place);
 
     /** The window's own page of shortcuts, shown or not; the window owns it. */
     ShortcutsPage *shortcutsPage() const;
@@ -89,7 +95,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    QWidget *buildSideBar();
     QWidget *buildHeader();
     QWidget *buildContent(QWidget *header);
     QVector<ShortcutsPage::Shortcut> assistantShortcuts() const;
@@ -119,6 +124,7 @@ private:
     ShortcutsPage *m_shortcutsPage;
     Frame *m_frame;
     Columns *m_columns;
+    SheetWindow *m_sheet = nullptr; ///< from its first use on
 };
 
 } // namespace controlcenter

@@ -1,5 +1,6 @@
 #include "sandbox/controlcenter/appearance.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/looks/lookpictures.h"
 #include "sandbox/controlcenter/moduleloader.h"
 #include "sandbox/controlcenter/options.h"
 #include "sandbox/controlcenter/themechoice.h"
@@ -113,6 +114,9 @@ int main(int argc, char **argv)
     const LoadedModule loaded = loadModule(options.plugin);
     if (!loaded.module)
         return reportError(loaded.error, Unavailable);
+
+    if (!options.looks.isEmpty())
+        return drawLooks(loaded.module, options.places, options.looks) ? 0 : Unavailable;
 
     ControlCenterWindow window(loaded.module);
     if (!options.page.isEmpty() && !window.pageNames().contains(options.page))

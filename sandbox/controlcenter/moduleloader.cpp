@@ -11,6 +11,8 @@ namespace {
 // Major number of the module interface's "api" that this window drives.
 constexpr int apiMajor = 1;
 
+QString loadedFile;
+
 LoadedModule failure(const QString &text)
 {
     return {nullptr, text};
@@ -46,7 +48,13 @@ LoadedModule loadModule(const QString &path)
             loader.isLoaded()
                 ? QStringLiteral("%1 has no module object").arg(path)
                 : QStringLiteral("%1 could not be loaded: %2").arg(path, loader.errorString()));
+    loadedFile = loader.fileName();
     return {module, QString()};
+}
+
+QString loadedModuleFile()
+{
+    return loadedFile;
 }
 
 } // namespace controlcenter

@@ -19,4 +19,7 @@ struct LoadedModule
  */
 LoadedModule loadModule(const QString &path);
 
+/** The file of the module that this process has loaded; empty as long as there is none. */
+QString loadedModuleFile();
+
 } // namespace controlcenter

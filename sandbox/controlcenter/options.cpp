@@ -5,16 +5,6 @@
 namespace controlcenter {
 namespace {
 
-// The locales whose texts the module has.
-const QStringList &locales()
-{
-    static const QStringList all = {QStringLiteral("zh_CN"), QStringLiteral("zh_HK"),
-                                    QStringLiteral("zh_TW"), QStringLiteral("bo_CN"),
-                                    QStringLiteral("ug_CN"), QStringLiteral("en_US"),
-                                    QStringLiteral("en_GB")};
-    return all;
-}
-
 // What is wrong with a number; empty when it is in its range.
 QString outOfRange(const QString &what, double value, double least, double most)
 {
@@ -61,15 +51,36 @@ struct CommandLine
     QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
                             QStringLiteral("Show this text.")};
 
+    // How the window has its contact sheets drawn.
+    QCommandLineOption looks = hidden(QStringLiteral("looks"));
+    QCommandLineOption place = hidden(QStringLiteral("place"));
+
+    static QCommandLineOption hidden(const QString &name)
+    {
+        QCommandLineOption option(name, QString(), QStringLiteral("value"));
+        option.setFlags(QCommandLineOption::HiddenFromHelp);
+        return option;
+    }
+
     void addTo(QCommandLineParser &parser) const
     {
         parser.setApplicationDescription(
             QStringLiteral("A control center that runs the assistant's settings module."));
-        parser.addOptions({plugin, page, locale, theme, tour, section, scale, fontSize, log, help});
+        parser.addOptions(
+            {plugin, page, locale, theme, tour, section, scale, fontSize, log, help, looks, place});
     }
 };
 
 } // namespace
+
+const QStringList &locales()
+{
+    static const QStringList all = {QStringLiteral("zh_CN"), QStringLiteral("zh_HK"),
+                                    QStringLiteral("zh_TW"), QStringLiteral("bo_CN"),
+                                    QStringLiteral("ug_CN"), QStringLiteral("en_US"),
+                                    QStringLiteral("en_GB")};
+    return all;
+}
 
 Options parseOptions(const QStringList &arguments)
 {
@@ -88,6 +99,8 @@ Options parseOptions(const QStringList &arguments)
     options.locale = parser.value(line.locale);
     options.tour = parser.value(line.tour);
     options.sections = parser.values(line.section);
+    options.looks = parser.value(line.looks);
+    options.places = parser.values(line.place);
     options.log = parser.value(line.log);
 
     const QStringList themes = {QStringLiteral("light"), QStringLiteral("dark"),

@@ -14,12 +14,17 @@ struct Options
     QString tour;         ///< folder for the tour's pictures; empty: no tour
     QString log;          ///< file for the messages of Qt and the module; empty: standard error
     QStringList sections; ///< of the tour; empty: all of them
+    QString looks;        ///< folder for pictures of places in every look; empty: none
+    QStringList places;   ///< of the window, for looks
     double fontSize = 0;  ///< points; 0: the desktop's
     double scale = 1;     ///< picture pixels per window pixel
     QString theme;        ///< "light", "dark" or "system"
     QString error;        ///< why the command line cannot be followed; empty when it can
     bool help = false;
 };
+
+/** The locales whose texts the module has. */
+const QStringList &locales();
 
 /** Reads @p arguments, the program's name first. Needs no application object. */
 Options parseOptions(const QStringList &arguments);

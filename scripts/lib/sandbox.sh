@@ -59,7 +59,8 @@ start_window() {
 # What is open, and how to use it.
 print_instructions() {
     cat <<END
-The control center is open. Closing it, or Ctrl+C here, ends everything.
+The control center is open. Closing it, or Ctrl+C here, ends everything. F9 in it shows the open page in
+all languages, themes, directions and text sizes at once.
 To steer a service, in another terminal:
 
     export DBUS_SESSION_BUS_ADDRESS=$(printf %q "$DBUS_SESSION_BUS_ADDRESS") DBUS_SYSTEM_BUS_ADDRESS=$(printf %q "$DBUS_SYSTEM_BUS_ADDRESS")

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void init();
     void everyStepSucceedsAndItsPictureExists();
     void eachPageLooksDifferentInTheTwoThemes();
+    void nothingIsMarkedInAnyLook();
     void picturesScale();
     void onlyPicturesOfAnEarlierTourAreRemoved();
     void aForeignFileIsNotOverwritten_data();
@@ -128,6 +129,15 @@ void WindowTourTest::eachPageLooksDifferentInTheTwoThemes()
         QVERIFY(all.at(all.size() - 2).pixelColor(background).lightness() > 200);
         QVERIFY(all.last().pixelColor(background).lightness() < 60);
     }
+}
+
+void WindowTourTest::nothingIsMarkedInAnyLook()
+{
+    const WindowRun run = tour({QStringLiteral("--section=looks")});
+    const QString problem = failureOf(run, m_pictures.path());
+    QVERIFY2(problem.isEmpty(), qPrintable(problem));
+    for (const QString &page : pages)
+        QVERIFY2(!picture(QStringLiteral("looks-") + page).isNull(), qPrintable(page));
 }
 
 void WindowTourTest::picturesScale()
@@ -269,7 +279,7 @@ void WindowTourTest::wrongUsageIsRefused_data()
         {QStringLiteral("--tour"), m_pictures.path(), QStringLiteral("--section"),
          QStringLiteral("cellar")},
         "There is no section \"cellar\", but pages, icons, search, switches, choices, shortcuts, "
-        "services, keyboard, voice.");
+        "services, keyboard, looks, voice.");
 }
 
 /** By the script too, which refuses it before it builds the window. */

@@ -1,7 +1,7 @@
 #include "sandbox/controlcenter/tour/tour.h"
 
+#include "sandbox/controlcenter/contrastcheck.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
-#include "sandbox/controlcenter/layoutcheck.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -140,12 +140,17 @@ QString Tour::runStep(const TourStep &step, const QString &file)
 QString Tour::takePicture(const QString &file)
 {
     constexpr int settlingTime = 1000; // ms
+    const QImage shown = m_driver.takeShownPicture();
+    if (!shown.isNull())
+        return savePicture(shown, file);
+
     QImage picture;
     QStringList problems;
     m_driver.waitFor(
         [&] {
             picture = m_driver.grab();
-            problems = textsOf(layoutProblems(m_driver.window()));
+            problems = textsOf(layoutProblems(m_driver.window()) +
+                               contrastProblems(m_driver.window(), picture));
             return problems.isEmpty();
         },
         settlingTime);

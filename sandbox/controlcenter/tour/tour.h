@@ -12,7 +12,7 @@ namespace controlcenter {
 
 /**
  * One step of the tour: what it does in words, the doing, and the picture that shows the result. A
- * step with a picture fails, too, when the window's layout is wrong in it.
+ * step with a picture fails, too, when the window's layout is wrong in it or something is too pale.
  *
  * run() returns an empty text when everything was as expected, otherwise what was not.
  */

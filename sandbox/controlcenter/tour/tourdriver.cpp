@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <utility>
+
 using Ztk::Gui::ZGuiApplicationHelper;
 
 namespace controlcenter {
@@ -72,6 +74,16 @@ QImage TourDriver::grab()
     picture.setDevicePixelRatio(scale);
     m_window->render(&picture);
     return picture;
+}
+
+void TourDriver::showPicture(const QImage &picture)
+{
+    m_shown = picture;
+}
+
+QImage TourDriver::takeShownPicture()
+{
+    return std::exchange(m_shown, QImage());
 }
 
 void TourDriver::setPictureScale(int factor)

@@ -40,6 +40,12 @@ public:
     /** The window's picture. */
     QImage grab();
 
+    /** This step's picture is @p picture and not the window's. */
+    void showPicture(const QImage &picture);
+
+    /** The picture of this step in place of the window's, or null. */
+    QImage takeShownPicture();
+
     /** From now on pictures have @p factor times the window's pixels in each direction. */
     void setPictureScale(int factor);
 
@@ -60,6 +66,7 @@ public:
 private:
     ControlCenterWindow *m_window;
     int m_pictureScale = 1;
+    QImage m_shown;
 };
 
 } // namespace controlcenter

@@ -20,6 +20,7 @@ const QVector<Section> &sections()
         {QStringLiteral("shortcuts"), shortcutSteps}, //
         {QStringLiteral("services"), serviceSteps},   //
         {QStringLiteral("keyboard"), keyboardSteps},  //
+        {QStringLiteral("looks"), lookSteps},         //
         {QStringLiteral("voice"), voiceSteps},
     };
     return all;

@@ -50,6 +50,12 @@ TourSteps serviceSteps(const ControlCenterWindow *window);
 TourSteps keyboardSteps(const ControlCenterWindow *window);
 
 /**
+ * Every page in all languages, light and dark, left to right and right to left, with usual and with
+ * large texts, on one sheet each; nothing may be marked on it.
+ */
+TourSteps lookSteps(const ControlCenterWindow *window);
+
+/**
  * Whole voice tests: one for each thing that the microphone can hear, one cancelled, one without
  * network and one that the AI service refuses. Each must end with the right verdict.
  */

@@ -110,6 +110,25 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::SheetWindow</name>
+    <message>
+        <source>All looks of “%1”</source>
+        <translation>“%1”ཞེས་པའི་མཐོང་སྣང་ཚང་མ</translation>
+    </message>
+    <message>
+        <source>Drawing: %1 of %2 languages</source>
+        <translation>འབྲི་བཞིན་པ། སྐད་ཡིག་ %2 ནས་ %1</translation>
+    </message>
+    <message>
+        <source>Nothing is marked.</source>
+        <translation>རྟགས་བརྒྱབ་པ་གང་ཡང་མེད།</translation>
+    </message>
+    <message>
+        <source>Marked: %1</source>
+        <translation>རྟགས་བརྒྱབ་པ། %1</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::ShortcutsPage</name>
     <message>
         <source>Edit</source>

@@ -110,6 +110,25 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::SheetWindow</name>
+    <message>
+        <source>All looks of “%1”</source>
+        <translation>«%1» نىڭ بارلىق كۆرۈنۈشلىرى</translation>
+    </message>
+    <message>
+        <source>Drawing: %1 of %2 languages</source>
+        <translation>سىزىۋاتىدۇ: %2 تىلدىن %1</translation>
+    </message>
+    <message>
+        <source>Nothing is marked.</source>
+        <translation>ھېچنېمىگە بەلگە سېلىنمىدى.</translation>
+    </message>
+    <message>
+        <source>Marked: %1</source>
+        <translation>بەلگە سېلىنغىنى: %1</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::ShortcutsPage</name>
     <message>
         <source>Edit</source>

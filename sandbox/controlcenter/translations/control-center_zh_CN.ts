@@ -110,6 +110,25 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::SheetWindow</name>
+    <message>
+        <source>All looks of “%1”</source>
+        <translation>“%1”的所有外观</translation>
+    </message>
+    <message>
+        <source>Drawing: %1 of %2 languages</source>
+        <translation>正在绘制：已完成 %1 种语言，共 %2 种</translation>
+    </message>
+    <message>
+        <source>Nothing is marked.</source>
+        <translation>没有任何标记。</translation>
+    </message>
+    <message>
+        <source>Marked: %1</source>
+        <translation>已标记：%1</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::ShortcutsPage</name>
     <message>
         <source>Edit</source>

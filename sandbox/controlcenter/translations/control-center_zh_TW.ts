@@ -110,6 +110,25 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::SheetWindow</name>
+    <message>
+        <source>All looks of “%1”</source>
+        <translation>「%1」的所有外觀</translation>
+    </message>
+    <message>
+        <source>Drawing: %1 of %2 languages</source>
+        <translation>正在繪製：已完成 %1 種語言，共 %2 種</translation>
+    </message>
+    <message>
+        <source>Nothing is marked.</source>
+        <translation>沒有任何標記。</translation>
+    </message>
+    <message>
+        <source>Marked: %1</source>
+        <translation>已標記：%1</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::ShortcutsPage</name>
     <message>
         <source>Edit</source>

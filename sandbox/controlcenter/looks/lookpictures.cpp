@@ -1,0 +1,113 @@
+#include "sandbox/controlcenter/looks/lookpictures.h"
+
+#include "sandbox/controlcenter/appearance.h"
+#include "sandbox/controlcenter/contrastcheck.h"
+#include "sandbox/controlcenter/controlcenterwindow.h"
+
+#include <ztk/zguiapplicationhelper.h>
+
+#include <QApplication>
+#include <QDebug>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QPainter>
+
+using Ztk::Gui::ZGuiApplicationHelper;
+
+namespace controlcenter {
+namespace {
+
+constexpr QSize lookWindow(1100, 720); // the usual one, and no larger for large texts
+constexpr int longestSettling = 1000;  // ms
+constexpr int frameWidth = 3;          // px
+const QString problemsKey = QStringLiteral("Problems");
+
+// What is wrong with a place of the window once its layout has settled.
+QVector<LookProblem> problemsOf(const ControlCenterWindow &window, QImage *picture)
+{
+    QElapsedTimer waited;
+    waited.start();
+    QVector<LookProblem> problems;
+    do {
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QApplication::processEvents();
+        problems = layoutProblems(&window);
+    } while (!problems.isEmpty() && waited.elapsed() < longestSettling);
+    *picture = const_cast<ControlCenterWindow &>(window).grab().toImage();
+    return problems + contrastProblems(&window, *picture);
+}
+
+} // namespace
+
+QVector<Look> allLooks()
+{
+    QVector<Look> looks;
+    for (const int percent : {100, 150})
+        for (const bool mirrored : {false, true})
+            for (const bool dark : {false, true})
+                looks.append({dark, mirrored, percent});
+    return looks;
+}
+
+QString nameOf(const Look &look)
+{
+    return QStringLiteral("%1-%2-%3")
+        .arg(look.dark ? QStringLiteral("dark") : QStringLiteral("light"),
+             look.mirrored ? QStringLiteral("rtl") : QStringLiteral("ltr"))
+        .arg(look.textPercent);
+}
+
+QString lookFile(const QString &page, const Look &look)
+{
+    return page.toLower().replace(QLatin1Char(' '), QLatin1Char('-')) + QLatin1Char('-') +
+           nameOf(look) + QStringLiteral(".png");
+}
+
+QStringList problemsOf(const QImage &picture)
+{
+    const QString texts = picture.text(problemsKey);
+    return texts.isEmpty() ? QStringList() : texts.split(QLatin1Char('\n'));
+}
+
+QImage marked(const QImage &picture, const QVector<LookProblem> &problems)
+{
+    QImage result = picture;
+    QPainter painter(&result);
+    painter.setPen(QPen(Qt::red, frameWidth));
+    for (const LookProblem &problem : problems)
+        painter.drawRect(problem.place.adjusted(-frameWidth, -frameWidth, frameWidth, frameWidth));
+    painter.end();
+    if (!problems.isEmpty())
+        result.setText(problemsKey, textsOf(problems).join(QLatin1Char('\n')));
+    return result;
+}
+
+bool drawLooks(zccV20::ModuleInterface *module, const QStringList &places, const QString &folder)
+{
+    const QFont usual = QApplication::font();
+    for (const Look &look : allLooks()) {
+        QFont font = usual;
+        font.setPointSizeF(usual.pointSizeF() * look.textPercent / 100);
+        QApplication::setFont(font);
+        forceDirection(look.mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+        ZGuiApplicationHelper::instance()->setThemeType(
+            look.dark ? ZGuiApplicationHelper::DarkType : ZGuiApplicationHelper::LightType);
+
+        ControlCenterWindow window(module);
+        window.resize(lookWindow);
+        window.show();
+        for (const QString &place : places) {
+            window.openPlace(place);
+            QImage picture;
+            const QVector<LookProblem> problems = problemsOf(window, &picture);
+            const QString file = QDir(folder).filePath(lookFile(place, look));
+            if (!marked(picture, problems).save(file)) {
+                qWarning() << file << "cannot be written";
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+} // namespace controlcenter
