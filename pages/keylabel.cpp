@@ -1,8 +1,10 @@
 #include "pages/keylabel.h"
 
+#include "pages/accessiblefactory.h"
 #include "pages/keydisplaynames.h"
 #include "pages/showntext.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QEvent>
 #include <QPainter>
@@ -11,6 +13,22 @@
 namespace {
 constexpr int sidePadding = 18;   // pixels, left and right together
 constexpr int heightPadding = 10; // pixels, above and below together
+
+class KeyLabelAccessible : public QAccessibleWidget
+{
+public:
+    explicit KeyLabelAccessible(KeyLabel *cap)
+        : QAccessibleWidget(cap, QAccessible::StaticText)
+    {
+    }
+
+    // Not the widget's own name, of which Qt would tell while the cap is not shown yet.
+    QString text(QAccessible::Text text) const override
+    {
+        return text == QAccessible::Name ? static_cast<KeyLabel *>(widget())->text()
+                                         : QAccessibleWidget::text(text);
+    }
+};
 } // namespace
 
 KeyLabel::KeyLabel(const QString &text, QWidget *parent)
@@ -23,7 +41,7 @@ KeyLabel::KeyLabel(const QString &text, QWidget *parent)
     } else {
         m_text = showntext::cut(shown.isEmpty() ? text : shown, showntext::longestShortcut);
     }
-    setAccessibleName(m_text);
+    accessiblefactory::install<KeyLabel, KeyLabelAccessible>();
     fitWidthToText();
 }
 

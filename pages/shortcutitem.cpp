@@ -118,6 +118,10 @@ void ShortcutItem::setTitle(const QString &title)
     m_title->setText(shownTitle());
     QTimer::singleShot(0, this, &ShortcutItem::updateTitleSize);
     setAccessibleName(shownTitle());
+    //: Name of a button that has only an icon, in the row of this shortcut.
+    m_editButton->setAccessibleName(tr("Edit the shortcut for “%1”").arg(shownTitle()));
+    //: Name of a button that has only an icon, in the row of this shortcut.
+    m_removeButton->setAccessibleName(tr("Remove the shortcut for “%1”").arg(shownTitle()));
 }
 
 void ShortcutItem::setShortcut(const QString &accels)
@@ -126,7 +130,7 @@ void ShortcutItem::setShortcut(const QString &accels)
     showShortcut();
     m_info.accels = accels;
     m_key->setTextList(keyNames(showntext::cut(accels, showntext::longestShortcut)));
-    setAccessibleDescription(m_key->accessibleName());
+    setAccessibleDescription(m_key->text());
 }
 
 void ShortcutItem::setShortcutInfo(const ShortcutInfo &info)

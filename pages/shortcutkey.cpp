@@ -1,7 +1,9 @@
 #include "pages/shortcutkey.h"
 
+#include "pages/accessiblefactory.h"
 #include "pages/keylabel.h"
 
+#include <QAccessibleWidget>
 #include <QHBoxLayout>
 
 namespace {
@@ -11,12 +13,29 @@ constexpr int mostCaps = 64;
 // Pixels. Wider than any shortcut that can be typed, narrow enough that damaged input does not blow
 // up the window around the row to a size that cannot be allocated.
 constexpr int widest = 4096;
+
+class ShortcutKeyAccessible : public QAccessibleWidget
+{
+public:
+    explicit ShortcutKeyAccessible(ShortcutKey *caps)
+        : QAccessibleWidget(caps, QAccessible::Grouping)
+    {
+    }
+
+    // Not the widget's own name, of which Qt would tell while the caps are hidden.
+    QString text(QAccessible::Text text) const override
+    {
+        return text == QAccessible::Name ? static_cast<ShortcutKey *>(widget())->text()
+                                         : QAccessibleWidget::text(text);
+    }
+};
 } // namespace
 
 ShortcutKey::ShortcutKey(QWidget *parent)
     : QWidget(parent)
     , m_layout(new QHBoxLayout)
 {
+    accessiblefactory::install<ShortcutKey, ShortcutKeyAccessible>();
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->setSpacing(capSpacing);
     setLayout(m_layout);
@@ -34,7 +53,6 @@ void ShortcutKey::setTextList(const QStringList &keys)
         cap->deleteLater();
     }
 
-    QStringList shown;
     QStringList names = keys.mid(0, mostCaps);
     if (keys.size() > mostCaps)
         names.append(QString(QChar(0x2026)));
@@ -43,11 +61,17 @@ void ShortcutKey::setTextList(const QStringList &keys)
         m_caps.append(cap);
         m_layout->addWidget(cap);
         cap->show(); // a hidden cap would not count in the size taken below
-        shown.append(cap->text());
     }
-    setAccessibleName(shown.join(QLatin1Char('+')));
     adjustSize();
     updateGeometry(); // the layout around it has seen the caps already, but not this size
+}
+
+QString ShortcutKey::text() const
+{
+    QStringList shown;
+    for (const KeyLabel *cap : m_caps)
+        shown.append(cap->text());
+    return shown.join(QLatin1Char('+'));
 }
 
 void ShortcutKey::enterEvent(QEvent *event)

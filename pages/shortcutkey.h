@@ -24,6 +24,9 @@ public:
      */
     void setTextList(const QStringList &keys);
 
+    /** The caps in words, as in "Ctrl+Alt+T". */
+    QString text() const;
+
 protected:
     void enterEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;

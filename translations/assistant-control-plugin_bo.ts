@@ -123,6 +123,16 @@
         <source>Enter a new shortcut</source>
         <translation>མྱུར་མཐེབ་གསར་བ་ནང་འཇུག་བྱོས།</translation>
     </message>
+    <message>
+        <source>Edit the shortcut for “%1”</source>
+        <extracomment>Name of a button that has only an icon, in the row of this shortcut.</extracomment>
+        <translation>“%1”ཞེས་པའི་མྱུར་མཐེབ་རྩོམ་སྒྲིག</translation>
+    </message>
+    <message>
+        <source>Remove the shortcut for “%1”</source>
+        <extracomment>Name of a button that has only an icon, in the row of this shortcut.</extracomment>
+        <translation>“%1”ཞེས་པའི་མྱུར་མཐེབ་མེད་པར་བཟོ་བ</translation>
+    </message>
 </context>
 <context>
     <name>TavrenAIAssitantControlPlugin</name>

@@ -123,6 +123,16 @@
         <source>Enter a new shortcut</source>
         <translation>Enter a new shortcut</translation>
     </message>
+    <message>
+        <source>Edit the shortcut for “%1”</source>
+        <extracomment>Name of a button that has only an icon, in the row of this shortcut.</extracomment>
+        <translation>Edit the shortcut for “%1”</translation>
+    </message>
+    <message>
+        <source>Remove the shortcut for “%1”</source>
+        <extracomment>Name of a button that has only an icon, in the row of this shortcut.</extracomment>
+        <translation>Remove the shortcut for “%1”</translation>
+    </message>
 </context>
 <context>
     <name>TavrenAIAssitantControlPlugin</name>

@@ -123,6 +123,16 @@
         <source>Enter a new shortcut</source>
         <translation>يېڭى تېزلەتمە كۇنۇپكىنى كىرگۈزۈڭ</translation>
     </message>
+    <message>
+        <source>Edit the shortcut for “%1”</source>
+        <extracomment>Name of a button that has only an icon, in the row of this shortcut.</extracomment>
+        <translation>«%1» نىڭ تېزلەتمە كۇنۇپكىسىنى تەھرىرلەش</translation>
+    </message>
+    <message>
+        <source>Remove the shortcut for “%1”</source>
+        <extracomment>Name of a button that has only an icon, in the row of this shortcut.</extracomment>
+        <translation>«%1» نىڭ تېزلەتمە كۇنۇپكىسىنى چىقىرىۋېتىش</translation>
+    </message>
 </context>
 <context>
     <name>TavrenAIAssitantControlPlugin</name>

@@ -123,6 +123,16 @@
         <source>Enter a new shortcut</source>
         <translation>请输入新快捷键</translation>
     </message>
+    <message>
+        <source>Edit the shortcut for “%1”</source>
+        <extracomment>Name of a button that has only an icon, in the row of this shortcut.</extracomment>
+        <translation>编辑“%1”的快捷键</translation>
+    </message>
+    <message>
+        <source>Remove the shortcut for “%1”</source>
+        <extracomment>Name of a button that has only an icon, in the row of this shortcut.</extracomment>
+        <translation>移除“%1”的快捷键</translation>
+    </message>
 </context>
 <context>
     <name>TavrenAIAssitantControlPlugin</name>

@@ -2,6 +2,8 @@
 
 #include "sandbox/controlcenter/breadcrumb.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/servicespage/servicecard.h"
+#include "sandbox/controlcenter/servicespage/servicespage.h"
 #include "sandbox/controlcenter/themebutton.h"
 
 #include <QAccessibleWidget>
@@ -67,6 +69,8 @@ QAccessibleInterface *create(const QString &, QObject *object)
         return new QAccessibleWidget(window, QAccessible::Window);
     if (auto *breadcrumb = qobject_cast<Breadcrumb *>(object))
         return new BreadcrumbAccessible(breadcrumb);
+    if (qobject_cast<ServicesPage *>(object) || qobject_cast<ServiceCard *>(object))
+        return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Grouping);
     if (auto *button = qobject_cast<ThemeButton *>(object))
         return new ThemeButtonAccessible(button);
     return nullptr;

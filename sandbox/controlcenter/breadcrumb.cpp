@@ -31,6 +31,8 @@ Breadcrumb::Breadcrumb(QWidget *parent)
     layout->addSpacing(pageMargin); // in line with what is on the pages
     for (QLabel *label : {m_entry, m_arrow, m_page}) {
         label->setTextFormat(Qt::PlainText);
+        // Not read out: the whole has a name. Without one of its own, a label tells of each text.
+        label->setAccessibleName(QStringLiteral("-"));
         layout->addWidget(label);
     }
     layout->addStretch();

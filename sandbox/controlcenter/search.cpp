@@ -120,7 +120,8 @@ void Search::choose(SearchEntry entry)
 
 void Search::announce()
 {
-    m_field->setAccessibleDescription(m_popup->isHidden() ? QString() : m_popup->description());
+    m_field->setAccessibleDescription(m_popup->isHidden() ? m_field->hint()
+                                                          : m_popup->description());
 }
 
 } // namespace controlcenter

@@ -34,6 +34,7 @@ SearchField::SearchField(QWidget *parent)
 {
     setPlaceholderText(tr("Search settings"));
     setAccessibleName(tr("Search settings"));
+    setAccessibleDescription(hint());
     setMinimumHeight(fieldHeight);
 
     m_clearButton->setIcon(QIcon::fromTheme(QStringLiteral("zcc_clear")));
@@ -47,6 +48,11 @@ SearchField::SearchField(QWidget *parent)
     });
     connect(this, &QLineEdit::textChanged, this, &SearchField::placeParts);
     placeParts();
+}
+
+QString SearchField::hint()
+{
+    return tr("Up and Down choose a result, Enter opens it");
 }
 
 QSize SearchField::sizeHint() const

@@ -21,6 +21,9 @@ class SearchField : public QLineEdit
 public:
     explicit SearchField(QWidget *parent = nullptr);
 
+    /** How it is used, for assistive technologies: Qt would tell them the placeholder once more. */
+    static QString hint();
+
     /** Wide enough for all of the placeholder, and for the button. */
     QSize sizeHint() const override;
 

@@ -83,6 +83,13 @@ QLabel *plainLabel(const QString &text = QString())
     return label;
 }
 
+// Qt would tell of a name that is set once more as of a change.
+void setName(QWidget *widget, const QString &name)
+{
+    if (widget->accessibleName() != name)
+        widget->setAccessibleName(name);
+}
+
 } // namespace
 
 ServiceCard::ServiceCard(const QString &title, ServiceWatch *watch, QWidget *parent)
@@ -93,6 +100,7 @@ ServiceCard::ServiceCard(const QString &title, ServiceWatch *watch, QWidget *par
     , m_busName(plainLabel(watch->busName()))
     , m_group(new SettingsGroup)
 {
+    setAccessibleName(title);
     QLabel *heading = plainLabel(title);
     QFont bold = heading->font();
     bold.setWeight(QFont::DemiBold);
@@ -146,7 +154,8 @@ void ServiceCard::showState()
         break;
     }
     m_state->setText(words);
-    m_state->setAccessibleName(m_watch->busName() + QStringLiteral(": ") + words);
+    setAccessibleDescription(words);
+    setName(m_state, m_watch->busName() + QStringLiteral(": ") + words);
     m_icon->setState(m_watch->state());
     showValues();
     updateColors();
@@ -165,7 +174,7 @@ void ServiceCard::showValues()
         const auto &[key, value] = values.at(i);
         row.key->setText(key);
         row.value->setText(value);
-        row.value->setAccessibleName(key + QStringLiteral(": ") + value);
+        setName(row.value, key + QStringLiteral(": ") + value);
     }
     m_group->setVisible(!values.isEmpty());
 }

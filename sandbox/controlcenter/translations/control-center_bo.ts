@@ -51,6 +51,10 @@
         <source>Clear search</source>
         <translation>འཚོལ་བཤེར་གྱི་ཡི་གེ་གཙང་སེལ</translation>
     </message>
+    <message>
+        <source>Up and Down choose a result, Enter opens it</source>
+        <translation>ཡར་མདའ་དང་མར་མདའི་མཐེབ་ཀྱིས་འབྲས་བུ་འདེམས་པ་དང་ Enter མཐེབ་ཀྱིས་ཁ་འབྱེད</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::SearchPopup</name>

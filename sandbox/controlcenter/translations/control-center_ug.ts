@@ -51,6 +51,10 @@
         <source>Clear search</source>
         <translation>ئىزدەش تېكىستىنى تازىلاش</translation>
     </message>
+    <message>
+        <source>Up and Down choose a result, Enter opens it</source>
+        <translation>ئۈستى ۋە ئاستى كۇنۇپكىلىرى نەتىجىنى تاللايدۇ، Enter ئۇنى ئاچىدۇ</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::SearchPopup</name>

@@ -51,6 +51,10 @@
         <source>Clear search</source>
         <translation>清除搜索内容</translation>
     </message>
+    <message>
+        <source>Up and Down choose a result, Enter opens it</source>
+        <translation>按上下方向键选择结果，按 Enter 键打开</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::SearchPopup</name>

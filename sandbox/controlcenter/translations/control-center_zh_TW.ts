@@ -51,6 +51,10 @@
         <source>Clear search</source>
         <translation>清除搜尋內容</translation>
     </message>
+    <message>
+        <source>Up and Down choose a result, Enter opens it</source>
+        <translation>按上下方向鍵選擇結果，按 Enter 鍵開啟</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::SearchPopup</name>
