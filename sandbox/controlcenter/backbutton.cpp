@@ -10,7 +10,7 @@ BackButton::BackButton(QWidget *parent)
     : Ztk::Widget::ZIconButton(parent)
 {
     setAccessibleName(tr("Back"));
-    setToolTip(tr("Back"));
+    setToolTip(tr("Back to the list"));
 }
 
 void BackButton::paintEvent(QPaintEvent *event)

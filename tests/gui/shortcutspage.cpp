@@ -25,6 +25,8 @@ private Q_SLOTS:
     void endsWait();
     void otherRowTakesOverWait();
     void windowShortcutsAreTaken();
+    void pencilsStandApartFromTitles_data();
+    void pencilsStandApartFromTitles();
     void oddRepliesShowNone();
     void mayGoWhileAwaiting();
     void featurePageShowsNewShortcut();
@@ -155,6 +157,29 @@ void ShortcutsPageTest::windowShortcutsAreTaken()
     press(Qt::Key_F, Qt::ControlModifier);
     QTRY_COMPARE(shown(speechId), QStringList({"Ctrl", "F"}));
     QCOMPARE(found.count(), 1);
+}
+
+void ShortcutsPageTest::pencilsStandApartFromTitles_data()
+{
+    QTest::addColumn<bool>("mirrored");
+    QTest::newRow("left to right") << false;
+    QTest::newRow("right to left") << true;
+}
+
+void ShortcutsPageTest::pencilsStandApartFromTitles()
+{
+    QFETCH(bool, mirrored);
+    QVERIFY(open());
+    m_page->setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+    m_page->editButton()->click();
+    QCoreApplication::processEvents();
+    const ShortcutItem *row = m_page->row(translationId);
+    const auto *title = row->findChild<QLabel *>(QStringLiteral("title"));
+    const QRect pencil = row->findChild<QWidget *>(QStringLiteral("edit"))->geometry();
+    const int text = title->fontMetrics().horizontalAdvance(title->text());
+    const int apart = mirrored ? title->geometry().right() + 1 - text - pencil.right() - 1
+                               : pencil.left() - title->geometry().left() - text;
+    QVERIFY2(apart >= 8, qPrintable(QString::number(apart)));
 }
 
 void ShortcutsPageTest::oddRepliesShowNone()

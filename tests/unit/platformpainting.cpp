@@ -34,7 +34,8 @@ QColor color(QPalette::ColorRole role)
 }
 
 /** What a key cap's owner hands over: no state, its colours in four roles of the palette. */
-QImage keyCapPicture(const QSize &size, QStyleOptionButton *option = nullptr)
+QImage keyCapPicture(const QSize &size, QStyleOptionButton *option = nullptr,
+                     const QWidget *widget = nullptr)
 {
     QStyleOptionButton own;
     QStyleOptionButton &cap = option ? *option : own;
@@ -48,7 +49,7 @@ QImage keyCapPicture(const QSize &size, QStyleOptionButton *option = nullptr)
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    QApplication::style()->drawControl(QStyle::CE_PushButton, &cap, &painter);
+    QApplication::style()->drawControl(QStyle::CE_PushButton, &cap, &painter, widget);
     painter.end();
     return image;
 }
@@ -94,6 +95,7 @@ private Q_SLOTS:
 
     void keyCapIsDrawnInItsRoles();
     void keyCapIsNotStretchedToItsRow();
+    void keyCapShowsTheMouseWhereItTakesClicks();
     void scrollBarHandleFollowsTheValue();
     void scrollBarIsDraggedByItsHandle();
     void linesAreSharp_data();
@@ -147,6 +149,29 @@ void PlatformPaintingTest::keyCapIsNotStretchedToItsRow()
     QCOMPARE(image.pixelColor(25, 2).alpha(), 0);
     QCOMPARE(image.pixelColor(25, 57).alpha(), 0);
     QCOMPARE(image.pixelColor(8, 30).alpha(), 255);
+}
+
+/** As in a row of shortcuts: the caps are a part of it, and it takes the focus while it takes
+ * clicks. */
+void PlatformPaintingTest::keyCapShowsTheMouseWhereItTakesClicks()
+{
+    QWidget row;
+    QWidget caps(&row);
+    QWidget cap(&caps);
+    const auto face = [&cap] {
+        QStyleOptionButton option;
+        return keyCapPicture(QSize(50, 26), &option, &cap).pixelColor(10, 12);
+    };
+    const QColor usual = face();
+    row.setFocusPolicy(Qt::TabFocus);
+    QCOMPARE(face(), usual);
+    caps.setAttribute(Qt::WA_UnderMouse);
+    QVERIFY(face() != usual);
+    row.setFocusPolicy(Qt::NoFocus);
+    QCOMPARE(face(), usual);
+    row.setFocusPolicy(Qt::TabFocus);
+    row.setEnabled(false);
+    QCOMPARE(face(), usual);
 }
 
 void PlatformPaintingTest::scrollBarHandleFollowsTheValue()

@@ -46,6 +46,8 @@ private Q_SLOTS:
     void comboBoxIgnoresTheWheel();
     void comboBoxElidesWhatDoesNotFit();
     void comboBoxMirrors();
+    void entriesStandBelowTheTextOfTheBox_data();
+    void entriesStandBelowTheTextOfTheBox();
     void listEntriesCanBeHit();
 
 private:
@@ -220,6 +222,11 @@ void PlatformStyleTest::comboBoxOpensAListAndTakesAChoice()
     QSignalSpy changed(box, QOverload<int>::of(&QComboBox::currentIndexChanged));
     QTest::mouseMove(list->viewport(), list->visualRect(third).center());
     QVERIFY(pictures::count(pictures::of(list), color(QPalette::Highlight)) > 1000);
+    // Its corners are round, also without a compositing manager.
+    const QRegion shape = list->window()->mask();
+    QVERIFY(!shape.contains(QPoint(1, 1)));
+    QVERIFY(shape.contains(QPoint(1, 20)));
+    QVERIFY(shape.contains(QPoint(20, 1)));
     // The panel's frame is seen on all four sides, and the entries lie on one surface with it.
     const QImage panel = pictures::of(list->window());
     const int middle = panel.height() / 2;
@@ -288,6 +295,41 @@ void PlatformStyleTest::comboBoxMirrors()
     const QRect leftHalf(0, 0, 40, box->height());
     QVERIFY(pictures::count(pictures::of(box), color(QPalette::ButtonText), leftHalf, 60) > 10);
     QVERIFY(pictures::count(pictures::of(box), color(QPalette::ButtonText), rightHalf, 60) < arrow);
+}
+
+void PlatformStyleTest::entriesStandBelowTheTextOfTheBox_data()
+{
+    QTest::addColumn<bool>("mirrored");
+    QTest::newRow("left to right") << false;
+    QTest::newRow("right to left") << true;
+}
+
+/** One letter, once in the box and once in its list. */
+void PlatformStyleTest::entriesStandBelowTheTextOfTheBox()
+{
+    QFETCH(bool, mirrored);
+    QApplication::setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+    auto *box = qobject_cast<QComboBox *>(make(QStringLiteral("combo box")));
+    QVERIFY(box);
+    for (int row = 0; row < box->count(); ++row)
+        box->setItemText(row, QStringLiteral("H"));
+    const auto letter = [](QWidget *widget, const QRect &area) {
+        const QRect ink =
+            pictures::boundsOf(pictures::of(widget).copy(area), color(QPalette::ButtonText), 40);
+        return widget->mapToGlobal(area.topLeft() + ink.topLeft()).x();
+    };
+    const int room = 30; // px, at the leading edge; the arrow and the mark are at the other
+    const QRect half(mirrored ? box->width() - room : 4, 6, room - 4, box->height() - 12);
+    const int inBox = letter(box, half);
+    box->showPopup();
+    QAbstractItemView *list = box->view();
+    QTRY_VERIFY(list->isVisible());
+    const QRect entry = list->visualRect(box->model()->index(2, 0)); // not chosen
+    QWidget *viewport = list->viewport();
+    const int inList = letter(viewport, QRect(mirrored ? viewport->width() - room : 4,
+                                              entry.top() + 4, room - 4, entry.height() - 8));
+    box->hidePopup();
+    QCOMPARE(inList, inBox);
 }
 
 void PlatformStyleTest::listEntriesCanBeHit()

@@ -20,6 +20,7 @@ constexpr int pushButtonPadding = 16;
 constexpr int pushButtonMinimumWidth = 72;
 constexpr qreal keyCapRadius = 5;
 constexpr int keyCapPadding = 12;       ///< Text height and this make the height of a key cap.
+constexpr qreal capHoverAmount = 0.14;  ///< Of the letters' colour in a cap under the mouse.
 constexpr qreal keyCapEdge = 2;         ///< The visible front edge of the key.
 constexpr qreal keyCapEdgeAmount = 0.5; ///< Of the text's colour in it: to be told from the face.
 constexpr qreal checkBoxRadius = 5;
@@ -32,8 +33,16 @@ bool isKeyCap(const QStyleOptionButton *option)
     return option->palette.shadow().color().alpha() == 0;
 }
 
+/** The mouse is over the caps of a row, and the row takes clicks: it takes the focus, too, then. */
+bool isClickableCapUnderMouse(const QWidget *widget)
+{
+    const QWidget *caps = widget ? widget->parentWidget() : nullptr;
+    const QWidget *row = caps ? caps->parentWidget() : nullptr;
+    return row && caps->underMouse() && row->isEnabled() && row->focusPolicy() != Qt::NoFocus;
+}
+
 /** A key as seen from above: its top face in the roles Light and Dark, its text in ButtonText. */
-void drawKeyCap(QPainter *painter, const QStyleOptionButton *option)
+void drawKeyCap(QPainter *painter, const QStyleOptionButton *option, const QWidget *widget)
 {
     // The caption's owner hands over no state: a key cap is neither enabled nor disabled.
     const QPalette &palette = option->palette;
@@ -54,9 +63,12 @@ void drawKeyCap(QPainter *painter, const QStyleOptionButton *option)
     const QRectF face = cap.adjusted(line, line, -line, -keyCapEdge);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
+    const qreal hover = isClickableCapUnderMouse(widget) ? capHoverAmount : 0;
     QLinearGradient shading(face.topLeft(), face.bottomLeft());
-    shading.setColorAt(0, active(QPalette::Light));
-    shading.setColorAt(1, active(QPalette::Dark));
+    shading.setColorAt(
+        0, ZPainting::blend(active(QPalette::Light), active(QPalette::ButtonText), hover));
+    shading.setColorAt(
+        1, ZPainting::blend(active(QPalette::Dark), active(QPalette::ButtonText), hover));
     painter->fillPath(ZPainting::roundedPath(ZPainting::snapped(painter, face), keyCapRadius - line,
                                              keyCapRadius - line),
                       shading);
@@ -71,7 +83,7 @@ void drawPushButton(QPainter *painter, const QStyleOptionButton *option, const Q
                     const QWidget *widget)
 {
     if (isKeyCap(option)) {
-        drawKeyCap(painter, option);
+        drawKeyCap(painter, option, widget);
         return;
     }
     const bool main = (option->features & QStyleOptionButton::DefaultButton) ||

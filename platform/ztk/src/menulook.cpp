@@ -1,6 +1,7 @@
 #include "menulook.h"
 
 #include "controllook.h"
+#include "inputlook.h"
 #include "ztk/zfontsizemanager.h"
 #include "ztk/zpainting.h"
 #include "ztk/zstyle.h"
@@ -18,8 +19,10 @@ using namespace controllook;
 
 namespace {
 
-constexpr int rowInset = 4;    ///< Between the panel's edge and the mark behind an entry.
-constexpr int itemPadding = 8; ///< Between that mark's edge and what stands on it.
+constexpr int rowInset = 4; ///< Between the panel's edge and the mark behind an entry.
+/** Between that mark's edge and what stands on it: below the text of a combo box is that of its
+ * entries. */
+constexpr int itemPadding = inputlook::sidePadding - listMargins.left() - rowInset;
 constexpr int usualSymbolSize = 16;
 constexpr int gap = 8;
 constexpr int separatorHeight = 9;
@@ -42,16 +45,24 @@ QColor surface()
     return QApplication::palette("QMenu").color(QPalette::Window);
 }
 
-void drawPanel(QPainter *painter, const QStyleOption *option, const QColor &fill)
+void drawPanel(QPainter *painter, const QStyleOption *option, const QColor &fill, qreal radius)
 {
-    // Square: without a compositing manager a rounded window has black corners.
-    painter->fillRect(option->rect, fill);
     const QColor frame =
         ZPainting::blend(fill, option->palette.color(QPalette::WindowText), frameAmount);
-    ZPainting::frameRounded(painter, option->rect, 0, frame, ZPainting::hairline(painter));
+    painter->fillRect(option->rect, frame); // also what the shape's steps leave of the corners
+    const qreal line = ZPainting::hairline(painter);
+    ZPainting::fillRounded(painter, QRectF(option->rect).adjusted(line, line, -line, -line),
+                           qMax(0.0, radius - line), fill);
 }
 
-void drawItem(QPainter *painter, const QStyleOptionMenuItem *option)
+QRegion panelShape(const QSize &size)
+{
+    const QPainterPath path =
+        ZPainting::roundedPath(QRectF(QPointF(), size), panelRadius, panelRadius);
+    return QRegion(path.toFillPolygon().toPolygon());
+}
+
+void drawItem(QPainter *painter, const QStyleOptionMenuItem *option, bool ofComboBox)
 {
     const QRect row = option->rect.adjusted(rowInset, 1, -rowInset, -1);
     if (option->menuItemType == QStyleOptionMenuItem::Separator) {
@@ -78,7 +89,14 @@ void drawItem(QPainter *painter, const QStyleOptionMenuItem *option)
         rest.setLeft(rest.left() + symbolSize() + gap);
         return symbol;
     };
-    const QRect checkRect = takeSymbol();
+    QRect checkRect;
+    if (ofComboBox) {
+        checkRect = QRect(rest.right() + 1 - symbolSize(), rest.center().y() - symbolSize() / 2 + 1,
+                          symbolSize(), symbolSize());
+        rest.setRight(checkRect.left() - gap);
+    } else {
+        checkRect = takeSymbol();
+    }
     if (option->checked && option->checkType != QStyleOptionMenuItem::NotCheckable)
         drawSymbol(painter, place(checkRect), "ztk_check", textColor);
     if (hasIcon(option))

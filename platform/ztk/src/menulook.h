@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QColor>
+#include <QMargins>
+#include <QRegion>
 #include <QSize>
 
 class QPainter;
@@ -16,11 +18,25 @@ namespace menulook {
 /** What entries lie on. The window that a combo box opens has not the palette of menus. */
 QColor surface();
 
-/** Background, in @p fill, and frame of an open menu, list or tool tip. */
-void drawPanel(QPainter *painter, const QStyleOption *option, const QColor &fill);
+constexpr qreal panelRadius = 10;
 
-/** One entry: check mark, icon, text, short cut, arrow of a sub-menu; or a separator. */
-void drawItem(QPainter *painter, const QStyleOptionMenuItem *option);
+/** Between the list of a combo box and the edges of its panel, for the frame and the corners. */
+constexpr QMargins listMargins(1, 6, 1, 6);
+
+/** Background, in @p fill, and frame of an open menu, list or tool tip. */
+void drawPanel(QPainter *painter, const QStyleOption *option, const QColor &fill, qreal radius);
+
+/**
+ * What is seen of an open menu or list of this size: without a compositing manager, what is
+ * transparent would be black.
+ */
+QRegion panelShape(const QSize &size);
+
+/**
+ * One entry: check mark, icon, text, short cut, arrow of a sub-menu; or a separator. The entries of
+ * a combo box (@p ofComboBox) have their mark at the end: their texts stand below the box's own.
+ */
+void drawItem(QPainter *painter, const QStyleOptionMenuItem *option, bool ofComboBox);
 
 QSize itemSize(const QStyleOptionMenuItem *option);
 

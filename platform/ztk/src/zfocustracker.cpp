@@ -39,11 +39,25 @@ bool ZFocusTracker::ringsVisible()
 bool ZFocusTracker::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::FocusIn && watched->isWidgetType()) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
-        // A window or a popup that comes or goes says nothing about the hand that did it.
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
-            m_visible = reason != Qt::MouseFocusReason;
-    } else if (event->type() == QEvent::KeyPress && !m_visible) {
+        switch (static_cast<QFocusEvent *>(event)->reason()) {
+        case Qt::MouseFocusReason:
+            m_visible = false;
+            break;
+        case Qt::ActiveWindowFocusReason:
+        case Qt::PopupFocusReason:
+            break; // a window or a popup that comes or goes says nothing about the hand that did it
+        case Qt::OtherFocusReason:
+            m_visible = m_lastWasKey; // given by the program because of what was done last
+            break;
+        default:
+            m_visible = true;
+        }
+    } else if (event->type() == QEvent::MouseButtonPress) {
+        m_lastWasKey = false;
+    } else if (event->type() == QEvent::KeyPress) {
+        m_lastWasKey = true;
+        if (m_visible)
+            return QObject::eventFilter(watched, event);
         m_visible = true;
         if (QWidget *focused = QApplication::focusWidget()) {
             focused->update();

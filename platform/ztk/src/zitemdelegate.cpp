@@ -5,6 +5,7 @@
 #include "ztk/zlistview.h"
 #include "ztk/zpainting.h"
 
+#include <QApplication>
 #include <QListView>
 #include <QMargins>
 #include <QPainter>
@@ -18,7 +19,8 @@ namespace {
 
 constexpr int iconTextGap = 10;
 constexpr int minimumRowHeight = 36;
-constexpr int rowGap = 2; ///< Between the backgrounds of two rows, so that they stay apart.
+constexpr int ringGap = 3; ///< From a row's edge to the ground of a selected row with the ring.
+constexpr int rowGap = 2;  ///< Between the backgrounds of two rows, so that they stay apart.
 const QMargins defaultMargins(10, 6, 10, 6);
 
 QMargins itemMargins(const QModelIndex &index)
@@ -62,24 +64,23 @@ void ZItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &given,
     const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
 
     const QRectF row = QRectF(option.rect).adjusted(0, rowGap / 2.0, 0, -rowGap / 2.0);
+    const bool ring =
+        (option.state & QStyle::State_HasFocus) && ZFocusTracker::showsFocus(option.widget);
     const QColor textColor =
         palette.color(group, selected ? QPalette::HighlightedText : QPalette::WindowText);
     if (selected) {
-        ZPainting::fillRounded(painter, row, ZPainting::controlRadius,
+        // Ring and row may have one colour, so a gap keeps them apart.
+        const qreal inset = ring ? ringGap : 0;
+        ZPainting::fillRounded(painter, row.adjusted(inset, inset, -inset, -inset),
+                               ZPainting::controlRadius - inset,
                                palette.color(group, QPalette::Highlight));
     } else if (enabled && (option.state & QStyle::State_MouseOver)) {
         QColor hover = palette.color(QPalette::WindowText);
         hover.setAlphaF(0.07);
         ZPainting::fillRounded(painter, row, ZPainting::controlRadius, hover);
     }
-    if ((option.state & QStyle::State_HasFocus) && ZFocusTracker::showsFocus(option.widget)) {
-        // On the selected row the ring stands inside, in the colour of its text.
-        QPalette ring = palette;
-        if (selected)
-            ring.setColor(QPalette::Active, QPalette::Highlight, textColor);
-        ZPainting::drawFocusRing(painter, row.adjusted(2, 2, -2, -2), ZPainting::controlRadius - 2,
-                                 ring);
-    }
+    if (ring) // in the one colour of all rings, also where the list has a palette of its own
+        ZPainting::drawFocusRing(painter, row, ZPainting::controlRadius, QApplication::palette());
 
     const QRect content = contentRect(option, index);
     QRect textRect = content;

@@ -8,6 +8,7 @@
 #include "scrollbarlook.h"
 #include "ztk/zpainting.h"
 
+#include <QComboBox>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QIcon>
@@ -25,6 +26,11 @@ namespace {
 constexpr int rowSidePadding = 10; ///< Default layout margins give rows the desktop's padding.
 constexpr int rowVerticalPadding = 6;
 constexpr int rowSpacing = 10;
+
+bool isComboBoxList(const QObject *object)
+{
+    return object->inherits("QComboBoxPrivateContainer");
+}
 
 /** On these platforms nobody watches, and pictures are to be the same every time. */
 bool isHeadless()
@@ -50,12 +56,27 @@ QIcon ZStyle::toolkitIcon(QStyle::StandardPixmap icon)
 void ZStyle::polish(QWidget *widget)
 {
     QProxyStyle::polish(widget);
+    if (isComboBoxList(widget)) {
+        widget->setContentsMargins(menulook::listMargins);
+        widget->installEventFilter(this);
+    }
     if (qobject_cast<QLineEdit *>(widget))
         widget->setAttribute(Qt::WA_Hover);
-    else if (widget->inherits("QComboBoxPrivateContainer"))
-        widget->setContentsMargins(1, 0, 1, 0); // the list must not cover the panel's frame
     else if (auto *list = qobject_cast<QListView *>(widget))
         AccessibleSelection::install(list);
+}
+
+bool ZStyle::eventFilter(QObject *watched, QEvent *event)
+{
+    // A list that has a shape draws no panel of its own.
+    if (event->type() == QEvent::Paint && isComboBoxList(watched)) {
+        auto *list = static_cast<QWidget *>(watched);
+        QStyleOption option;
+        option.initFrom(list);
+        QPainter painter(list);
+        drawPrimitive(PE_PanelMenu, &option, &painter, list);
+    }
+    return QProxyStyle::eventFilter(watched, event);
 }
 
 void ZStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
@@ -78,10 +99,10 @@ void ZStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
         return;
     }
     case PE_PanelMenu:
-        menulook::drawPanel(painter, option, menulook::surface());
+        menulook::drawPanel(painter, option, menulook::surface(), menulook::panelRadius);
         return;
     case PE_PanelTipLabel:
-        menulook::drawPanel(painter, option, option->palette.color(QPalette::ToolTipBase));
+        menulook::drawPanel(painter, option, option->palette.color(QPalette::ToolTipBase), 0);
         return;
     case PE_FrameMenu:
         return; // part of the panel
@@ -118,7 +139,7 @@ void ZStyle::drawControl(ControlElement element, const QStyleOption *option, QPa
         return;
     } else if (element == CE_MenuItem) {
         if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option)) {
-            menulook::drawItem(painter, item);
+            menulook::drawItem(painter, item, qobject_cast<const QComboBox *>(widget));
             return;
         }
     }
@@ -265,6 +286,10 @@ int ZStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget 
         break;
     case SH_ComboBox_Popup:
         return 1; // a menu-like list that opens over the combo box
+    case SH_Menu_Mask:
+        if (auto *mask = qstyleoption_cast<QStyleHintReturnMask *>(returnData))
+            mask->region = menulook::panelShape(option->rect.size());
+        return 1;
     case SH_ComboBox_PopupFrameStyle:
         return QFrame::NoFrame;           // the panel has a frame
     case SH_ComboBox_AllowWheelScrolling: // scrolling a page must not change what is under the

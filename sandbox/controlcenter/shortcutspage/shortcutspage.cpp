@@ -25,6 +25,7 @@ namespace {
 
 constexpr int rowSpacing = 1;      // px: the rows stand as one block
 constexpr int messageSpacing = 12; // px
+constexpr int pencilGap = 8;       // px
 constexpr int retryMs = 1000;
 constexpr int longestReason = 256; // characters
 
@@ -163,8 +164,14 @@ void ShortcutsPage::setEditMode(bool on)
 {
     m_edit->setText(on ? tr("Done") : tr("Edit"));
     m_restore->setVisible(on);
-    for (const Line &line : qAsConst(m_lines))
+    const bool mirrored = layoutDirection() == Qt::RightToLeft;
+    const int gap = on ? pencilGap : 0;
+    for (const Line &line : qAsConst(m_lines)) {
         line.row->onEditMode(on);
+        // The row keeps no room between its title and the pencil behind it.
+        line.row->findChild<QLabel *>(QStringLiteral("title"))
+            ->setContentsMargins(mirrored ? gap : 0, 0, mirrored ? 0 : gap, 0);
+    }
 }
 
 // Shows a text, and has screen readers read it out.

@@ -14,6 +14,10 @@
         <source>Back</source>
         <translation>ཕྱིར་ལོག</translation>
     </message>
+    <message>
+        <source>Back to the list</source>
+        <translation>རེའུ་མིག་ཏུ་ལྡོག་པ</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::ControlCenterWindow</name>

@@ -14,6 +14,10 @@
         <source>Back</source>
         <translation>قايتىش</translation>
     </message>
+    <message>
+        <source>Back to the list</source>
+        <translation>تىزىملىككە قايتىش</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::ControlCenterWindow</name>

@@ -14,6 +14,10 @@
         <source>Back</source>
         <translation>返回</translation>
     </message>
+    <message>
+        <source>Back to the list</source>
+        <translation>返回清單</translation>
+    </message>
 </context>
 <context>
     <name>controlcenter::ControlCenterWindow</name>

@@ -10,8 +10,9 @@ namespace Ztk {
 namespace Widget {
 
 /**
- * Decides whether a focused control shows its focus ring: always, except while the focus came from
- * the mouse, until the next key press.
+ * Decides whether a focused control shows its focus ring: while it is operated by keys. A focus
+ * that comes from the mouse shows none until the next key press. One that the program gives is put
+ * down to what was used last, key or mouse; before either, to the mouse.
  *
  * One per process, made with the application object; GUI thread only.
  */
@@ -35,7 +36,8 @@ protected:
 private:
     explicit ZFocusTracker(QObject *parent);
 
-    bool m_visible = true;
+    bool m_visible = false;
+    bool m_lastWasKey = false;
 };
 
 } // namespace Widget

@@ -34,6 +34,7 @@ public:
 
     void polish(QWidget *widget) override;
     using QProxyStyle::polish;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget = nullptr) const override;
