@@ -306,10 +306,9 @@ void ControlCenterWindow::addOwnEntry(const QString &name, const QString &text, 
 
 void ControlCenterWindow::addShortcuts()
 {
-    for (const QKeySequence &keys : {QKeySequence(QKeySequence::Find), QKeySequence(Qt::Key_F6)}) {
-        auto *shortcut = new QShortcut(keys, this);
-        connect(shortcut, &QShortcut::activated, this, &ControlCenterWindow::focusSearch);
-    }
+    for (const QKeySequence &keys : {QKeySequence(QKeySequence::Find), QKeySequence(Qt::Key_F6)})
+        connect(new QShortcut(keys, this), &QShortcut::activated, this,
+                &ControlCenterWindow::focusSearch);
     connect(new QShortcut(Qt::Key_F9, this), &QShortcut::activated, this, [this] {
         if (!m_sheet)
             m_sheet = new SheetWindow(this);

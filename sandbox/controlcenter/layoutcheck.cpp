@@ -103,6 +103,8 @@ private:
 void Check::visit(const QWidget *widget)
 {
     checkTarget(widget);
+    if (widget->property(overlay).toBool() && widget->width() < widget->sizeHint().width())
+        fail(widget, QStringLiteral("is narrower than what it shows"));
     if (const auto *label = qobject_cast<const QLabel *>(widget))
         checkLabel(label);
     else if (const auto *box = qobject_cast<const QComboBox *>(widget))

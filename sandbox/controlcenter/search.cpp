@@ -99,6 +99,9 @@ void Search::showResults(const QString &text)
     }
     m_popup->showResults(findEntries(m_entries, text), text);
     const QRect field(m_field->mapTo(m_field->window(), QPoint()), m_field->size());
+    const QSize window = m_field->window()->size();
+    m_popup->resize(m_popup->sizeHint().boundedTo(
+        {window.width() - 2 * gap, window.height() - field.bottom() - 1 - 2 * gap}));
     const bool mirrored = m_field->layoutDirection() == Qt::RightToLeft;
     m_popup->move(mirrored ? field.right() + 1 - m_popup->width() : field.left(),
                   field.bottom() + 1 + gap);

@@ -22,19 +22,24 @@ using Ztk::Widget::ZPainting;
 namespace controlcenter {
 namespace {
 
-constexpr int popupWidth = 380; // px
+constexpr int leastPopupWidth = 380; // px
 constexpr int visibleRows = 8;
 constexpr int border = 6;         // px between card and rows
 constexpr qreal popupRadius = 10; // px
 
 constexpr int whereRole = Qt::UserRole + 1;
 constexpr int queryRole = Qt::UserRole + 2;
-constexpr int resultIcon = 20; // px
-constexpr int iconGap = 10;    // px
-constexpr int paddingX = 12;   // px
-constexpr int paddingY = 6;    // px
-constexpr int lineGap = 2;     // px
-constexpr qreal rowRadius = 7; // px
+constexpr int usualResultIcon = 20; // px
+constexpr int iconGap = 10;         // px
+constexpr int paddingX = 12;        // px
+constexpr int paddingY = 6;         // px
+constexpr int lineGap = 2;          // px
+constexpr qreal rowRadius = 7;      // px
+
+int resultIcon()
+{
+    return ZFontSizeManager::instance()->scaled(usualResultIcon);
+}
 
 QFont whereFont(const QFont &base)
 {
@@ -127,10 +132,11 @@ void SearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
     const auto place = [&](const QRect &rect) {
         return QStyle::visualRect(option.direction, option.rect, rect);
     };
-    const QRect icon(inner.left(), inner.center().y() - resultIcon / 2 + 1, resultIcon, resultIcon);
+    const int side = resultIcon();
+    const QRect icon(inner.left(), inner.center().y() - side / 2 + 1, side, side);
     ZPainting::drawIcon(painter, place(icon), index.data(Qt::DecorationRole).value<QIcon>(), name);
 
-    const QRect room = place(inner.adjusted(resultIcon + iconGap, 0, 0, 0));
+    const QRect room = place(inner.adjusted(side + iconGap, 0, 0, 0));
     const QString query = index.data(queryRole).toString();
     painter->setLayoutDirection(option.direction);
     const Qt::Alignment lead = QStyle::visualAlignment(option.direction, Qt::AlignLeading);
@@ -228,10 +234,20 @@ QString SearchPopup::description() const
 
 QSize SearchPopup::sizeHint() const
 {
+    int width = leastPopupWidth;
     if (m_entries.isEmpty())
-        return {popupWidth, m_empty->minimumHeight() + 2 * border};
+        return {width, m_empty->minimumHeight() + 2 * border};
+    const QFontMetrics names(m_list->font());
+    const QFontMetrics places(whereFont(m_list->font()));
+    const int besideText = 2 * border + 2 * paddingX + resultIcon() + iconGap + lineGap;
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        const QStandardItem *item = m_model->item(row);
+        width = qMax(width, besideText + names.horizontalAdvance(item->text()));
+        width =
+            qMax(width, besideText + places.horizontalAdvance(item->data(whereRole).toString()));
+    }
     const int rows = qMin(visibleRows, m_model->rowCount());
-    return {popupWidth, rows * m_list->sizeHintForRow(0) + 2 * border};
+    return {width, rows * m_list->sizeHintForRow(0) + 2 * border};
 }
 
 void SearchPopup::paintEvent(QPaintEvent *)

@@ -2,6 +2,7 @@
 #include "sandbox/controlcenter/breadcrumb.h"
 #include "sandbox/controlcenter/navigationcolumn.h"
 #include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/searchpopup.h"
 #include "tests/gui/shownwindow.h"
 #include "tests/support/testprogram.h"
 
@@ -18,6 +19,7 @@ using controlcenter::BackButton;
 using controlcenter::Breadcrumb;
 using controlcenter::ControlCenterWindow;
 using controlcenter::NavigationColumn;
+using controlcenter::SearchPopup;
 
 /** The window from very small to very large: its edges, and the columns that it has room for. */
 class WindowSizesTest : public QObject
@@ -38,6 +40,7 @@ private Q_SLOTS:
     void clicksGoOnAndBack();
     void arrowKeysStayInTheirColumn();
     void theSearchIsThereInASmallWindow();
+    void allResultsCanBeSeenInASmallWindow();
 
 private:
     QString shown() const;
@@ -295,6 +298,22 @@ void WindowSizesTest::theSearchIsThereInASmallWindow()
     QTest::keyClick(m_window->searchField(), Qt::Key_Return);
     QTRY_COMPARE(shown(), QStringLiteral("page - page"));
     QCOMPARE(m_window->currentTitle(), QStringLiteral("Text to Speech"));
+}
+
+void WindowSizesTest::allResultsCanBeSeenInASmallWindow()
+{
+    QVERIFY(m_window.useLocale(QStringLiteral("en")));
+    QVERIFY(m_window.open(smallWindow));
+    QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+    m_window->searchField()->setText(QStringLiteral("e"));
+    const auto *results = m_window->findChild<SearchPopup *>();
+    QVERIFY(m_window->rect().contains(results->geometry()));
+    const auto *rows = results->findChild<QAbstractItemView *>();
+    QVERIFY(rows->model()->rowCount() > 6); // more than there is room for
+    for (int i = 0; i < rows->model()->rowCount(); ++i) {
+        QVERIFY(rows->viewport()->rect().contains(rows->visualRect(rows->currentIndex())));
+        QTest::keyClick(m_window->searchField(), Qt::Key_Down);
+    }
 }
 
 TEST_CLASS(QApplication, WindowSizesTest)
