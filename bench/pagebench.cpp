@@ -4,6 +4,8 @@
 #include "pages/texttranslatesettingwidget.h"
 #include "pages/voiceiatsettingwidget.h"
 #include "pages/voicettssettingwidget.h"
+#include "proxy/assistantstateproxy.h"
+#include "tests/support/busrecorder.h"
 
 #include <zcc/widgets/settingsgroup.h>
 #include <zcc/widgets/settingsitem.h>
@@ -188,6 +190,28 @@ Ratio opening(QWidget &window, const QString &name, const QVector<BareCall> &cal
     return compare(what);
 }
 
+// Both sides are counts: what was sent, and what the contract asks for.
+Ratio messages(const QString &name, const QString &subject, int wanted,
+               const std::function<int(testsupport::BusRecorder &)> &count)
+{
+    Comparison what;
+    what.name = name;
+    what.subject = subject;
+    what.baseline = QStringLiteral("the contract's count");
+    what.unit = QStringLiteral("messages");
+    what.aim = 1.0;
+    what.measureSubject = [&count] {
+        testsupport::BusRecorder recorder;
+        if (!recorder.start())
+            qFatal("the bus cannot be recorded");
+        return double(count(recorder));
+    };
+    what.measureBaseline = [wanted] {
+        return double(wanted);
+    };
+    return compare(what);
+}
+
 } // namespace
 
 void benchPages(const Report &report)
@@ -217,4 +241,22 @@ void benchPages(const Report &report)
                                                 {Contract::Translation::getTransEnable(), {}},
                                                 {Contract::Translation::getTransLanguage(), {}}},
                                                fillTranslation));
+
+    report(messages(QStringLiteral("messages, pages"),
+                    QStringLiteral("calls to services while the four pages open"), 11,
+                    [](testsupport::BusRecorder &recorder) {
+                        AssistantSettingWidget(nullptr).ensurePolished();
+                        VoiceIatSettingWidget(nullptr).ensurePolished();
+                        VoiceTTSSettingWidget(nullptr).ensurePolished();
+                        TextTranslateSettingWidget(nullptr).ensurePolished();
+                        recorder.sync();
+                        return recorder.calls().size();
+                    }));
+    report(messages(QStringLiteral("messages, write"),
+                    QStringLiteral("all that is sent for a write, the bus daemon's included"), 1,
+                    [](testsupport::BusRecorder &recorder) {
+                        AssistantStateProxy::setVoiceIatState(true);
+                        recorder.sync();
+                        return recorder.calls().size() + recorder.daemonCalls().size();
+                    }));
 }
