@@ -100,7 +100,16 @@ END
     expect "a failure leaves what the programs said" \
         grep -qF "What every program said: $(realpath "$work")/temporary files/" "$work/said"
 
+    # What removes it may be ended, too.
     mkdir "$work/programs"
+    printf '#!/bin/sh\n[ "$1" = -rf ] && [ ! -e "%s" ] || exec /bin/rm "$@"\n: >"%s"\nkill -KILL $$\n' \
+        "$work/killed" "$work/killed" >"$work/programs/rm"
+    chmod +x "$work/programs/rm"
+    kept=$(ls "$work/temporary files")
+    PATH=$work/programs:$PATH supervised 0 >/dev/null 2>&1
+    expect "the folder is removed by a second try" equals "$(ls "$work/temporary files")" "$kept"
+    expect "after the first was ended" test -e "$work/killed"
+
     printf '#!/bin/sh\n[ "$1" != -rf ] && exec /bin/rm "$@"\nexit 1\n' >"$work/programs/rm"
     chmod +x "$work/programs/rm"
     PATH=$work/programs:$PATH supervised 2 >/dev/null
