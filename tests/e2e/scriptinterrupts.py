@@ -32,8 +32,6 @@ TARGETS = ("script", "group", "other")  # of kills
 # Stand for programs that take long and start others, in process groups of their own too.
 SLOW_PROGRAM = "#!/bin/sh\nsetsid sleep 1000 &\nsleep 1000\n"
 NOTHING_INSTALLED = "#!/bin/sh\nexit 1\n"
-# Folders of sound servers, where the name of the folder for temporary files is none for a socket.
-SOUND_FOLDERS = "/tmp/sandbox-sound.*"
 PASS_ON = '#!/bin/sh\nexec "$@"\n'
 
 
@@ -44,7 +42,6 @@ class Run:
         self._mark = f"{MARK}={folder.name}"
         self._temporary = folder / "temporary files"
         self._said = folder / "said"
-        self._sound_folders = set(glob.glob(SOUND_FOLDERS))
         self._temporary.mkdir(parents=True)
         programs = folder / "programs"
         programs.mkdir()
@@ -131,7 +128,8 @@ class Run:
     def files(self):
         """What is in the folders for temporary files, except what the script has announced."""
         files = set(map(str, self._temporary.iterdir()))
-        files |= set(glob.glob(SOUND_FOLDERS)) - self._sound_folders
+        # Of a sound server, since the name of the folder for temporary files is none for a socket.
+        files |= set(glob.glob(f"/tmp/assistant-sandbox.{self._process.pid}.*.sound.*"))
         return sorted(file for file in files if f": {file}\n" not in self.said())
 
     def said(self):
