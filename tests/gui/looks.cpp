@@ -7,7 +7,9 @@
 #include <ztk/zguiapplicationhelper.h>
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QtTest>
@@ -29,6 +31,7 @@ private Q_SLOTS:
     void nothingIsCutOffOrLiesOverAnother();
     void everythingStandsOut_data();
     void everythingStandsOut();
+    void listsOpenWithAllOfTheirEntries();
     void theVoiceTestKeepsItsHeight();
 
 private:
@@ -177,6 +180,33 @@ void LooksTest::everythingStandsOut()
     m_window->searchField()->setText(m_window->pageTitle(assistantPageName));
     all += paleness(QStringLiteral("search"));
     QVERIFY2(all.isEmpty(), qPrintable(all));
+}
+
+/** Whichever is chosen: nothing is scrolled away. */
+void LooksTest::listsOpenWithAllOfTheirEntries()
+{
+    QVERIFY(m_window.useLocale(QStringLiteral("en")));
+    QVERIFY(m_window.open(usualWindow));
+    int lists = 0;
+    for (const QString &page : m_window->pageNames()) {
+        m_window->openPage(page);
+        ShownWindow::settle();
+        for (QComboBox *box : m_window->currentPage()->findChildren<QComboBox *>()) {
+            ++lists;
+            for (int chosen = 0; chosen < box->count(); ++chosen) {
+                box->setCurrentIndex(chosen);
+                box->showPopup();
+                ShownWindow::settle();
+                const QAbstractItemView *view = box->view();
+                for (int row = 0; row < box->count(); ++row)
+                    QVERIFY2(view->viewport()->rect().contains(
+                                 view->visualRect(box->model()->index(row, 0))),
+                             qPrintable(page + ' ' + box->itemText(row)));
+                box->hidePopup();
+            }
+        }
+    }
+    QCOMPARE(lists, 4);
 }
 
 /** Or what is below it would jump. */

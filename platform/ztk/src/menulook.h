@@ -20,8 +20,14 @@ QColor surface();
 
 constexpr qreal panelRadius = 10;
 
-/** Between the list of a combo box and the edges of its panel, for the frame and the corners. */
-constexpr QMargins listMargins(1, 6, 1, 6);
+/** Above and below the entries of an open menu or list, for the corners. */
+constexpr int panelMargin = 6;
+
+/**
+ * Between the list of a combo box and the edges of its panel, for the frame. Nothing above and
+ * below: Qt makes room there for panelMargin, and where it is more, an entry is scrolled away.
+ */
+constexpr QMargins listMargins(1, 0, 1, 0);
 
 /** Background, in @p fill, and frame of an open menu, list or tool tip. */
 void drawPanel(QPainter *painter, const QStyleOption *option, const QColor &fill, qreal radius);

@@ -267,7 +267,7 @@ int ZStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QW
     case PM_ToolTipLabelFrameWidth:
         return 6;
     case PM_MenuVMargin:
-        return 4;
+        return menulook::panelMargin;
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
         return 0;

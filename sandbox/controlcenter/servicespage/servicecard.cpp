@@ -7,10 +7,12 @@
 #include <ztk/zfontsizemanager.h>
 #include <ztk/zpainting.h>
 
+#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QStyle>
 #include <QVBoxLayout>
 
 using zcc::widgets::SettingsGroup;
@@ -80,6 +82,9 @@ QLabel *plainLabel(const QString &text = QString())
 {
     auto *label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
+    // Left to itself, it follows the direction of its text.
+    label->setAlignment(QStyle::visualAlignment(QApplication::layoutDirection(), Qt::AlignLeading) |
+                        Qt::AlignAbsolute | Qt::AlignVCenter);
     return label;
 }
 
