@@ -49,7 +49,7 @@ private Q_SLOTS:
     void aFileThatIsNoModuleIsRefused();
 
 private:
-    WindowRun tour(const QStringList &arguments, Warnings warnings = Warnings::Fatal) const;
+    WindowRun tour(const QStringList &arguments, Warnings warnings = Warnings::Refused) const;
     QImage picture(const QString &name) const;
 
     QTemporaryDir m_pictures;
