@@ -23,7 +23,9 @@ ObjectUse voiceWakeuper()
     return {
         VoiceWakeuper::object(),
         true,
-        QStringLiteral("\"Voice Wakeup\" and \"OneShot\" can be switched, without effect."),
+        QStringLiteral(
+            QT_TRANSLATE_NOOP("doctor::Contract",
+                              "\"Voice Wakeup\" and \"OneShot\" can be switched, without effect.")),
         {
             {VoiceWakeuper::enableIvw(), Mode::WaitProcessingEvents,
              "\"Voice Wakeup\" is switched on", off, "\"Voice Wakeup\" cannot be switched on."},
@@ -50,8 +52,9 @@ ObjectUse speechToText()
     return {
         SpeechToText::object(),
         true,
-        QStringLiteral("On \"Speech to Text\" the switch is off and the language is "
-                       "\"中文-普通话\"; what is chosen has no effect."),
+        QStringLiteral(QT_TRANSLATE_NOOP(
+            "doctor::Contract", "On \"Speech to Text\" the switch is off and the language is "
+                                "\"中文-普通话\"; what is chosen has no effect.")),
         {
             {SpeechToText::getIatEnable(), Mode::WaitProcessingEvents, "\"Speech to Text\" opens",
              "false", "\"Speech to Text\" is shown as off.", plainQuestion},
@@ -68,8 +71,9 @@ ObjectUse textToSpeech()
     return {
         TextToSpeech::object(),
         true,
-        QStringLiteral("On \"Text to Speech\" both switches are off and the voice is "
-                       "\"Children\"; what is chosen has no effect."),
+        QStringLiteral(QT_TRANSLATE_NOOP(
+            "doctor::Contract", "On \"Text to Speech\" both switches are off and the voice is "
+                                "\"Children\"; what is chosen has no effect.")),
         {
             {TextToSpeech::getTTSEnable(), Mode::WaitProcessingEvents, "\"Text to Speech\" opens",
              "false", "\"Text to Speech\" is shown as off.", plainQuestion},
@@ -92,8 +96,10 @@ ObjectUse translation()
     return {
         Translation::object(),
         true,
-        QStringLiteral("On \"Translation\" the switch is off and the direction is \"EN-CN\"; "
-                       "what is chosen has no effect."),
+        QStringLiteral(QT_TRANSLATE_NOOP(
+            "doctor::Contract",
+            "On \"Translation\" the switch is off and the direction is \"EN-CN\"; "
+            "what is chosen has no effect.")),
         {
             {Translation::getTransEnable(), Mode::WaitProcessingEvents, "\"Translation\" opens",
              "false", "\"Translation\" is shown as off.", plainQuestion},
@@ -108,8 +114,10 @@ ObjectUse dockIcon()
 {
     return {DockIcon::object(),
             true,
-            QStringLiteral("\"Show in the Dock\" is on whatever the dock shows; switching it has "
-                           "no effect."),
+            QStringLiteral(QT_TRANSLATE_NOOP(
+                "doctor::Contract",
+                "\"Show in the Dock\" is on whatever the dock shows; switching it has "
+                "no effect.")),
             {
                 {DockIcon::getDockHideStatus(), Mode::WaitProcessingNothing,
                  "\"Desktop AI Assistant\" opens", "false: shown",
@@ -123,8 +131,9 @@ ObjectUse dockIcon()
 
 ObjectUse sessionManager()
 {
-    const char *const seen =
-        "A voice test shows its wave until it is cancelled, without words and verdict.";
+    const char *const seen = QT_TRANSLATE_NOOP(
+        "doctor::Contract",
+        "A voice test shows its wave until it is cancelled, without words and verdict.");
     return {SessionManager::object(),
             true,
             QString::fromLatin1(seen),
@@ -178,8 +187,10 @@ ObjectUse keybinding()
     return {
         Keybinding::object(),
         true,
-        QStringLiteral("The hints of \"Speech to Text\", \"Text to Speech\" and "
-                       "\"Translation\" have empty parentheses in place of the shortcut."),
+        QStringLiteral(
+            QT_TRANSLATE_NOOP("doctor::Contract",
+                              "The hints of \"Speech to Text\", \"Text to Speech\" and "
+                              "\"Translation\" have empty parentheses in place of the shortcut.")),
         {
             {Keybinding::GetShortcut(), Mode::WaitProcessingEvents,
              "\"Speech to Text\", \"Text to Speech\" or \"Translation\" opens", "an empty shortcut",
@@ -190,8 +201,9 @@ ObjectUse keybinding()
 
 ObjectUse audioDaemon()
 {
-    const char *const seen = "A voice test goes on with the old microphone when another becomes "
-                             "the default one.";
+    const char *const seen =
+        QT_TRANSLATE_NOOP("doctor::Contract", "A voice test goes on with the old microphone when "
+                                              "another becomes the default one.");
     return {AudioDaemon::object(),
             false,
             QString::fromLatin1(seen),
@@ -205,11 +217,21 @@ ObjectUse networkManager()
     return {
         NetworkManager::object(),
         true,
-        QStringLiteral("A voice test ends at once: \"Network unavailable\"."),
+        QStringLiteral(QT_TRANSLATE_NOOP("doctor::Contract",
+                                         "A voice test ends at once: \"Network unavailable\".")),
         {
             {NetworkManager::state(), Mode::WaitProcessingNothing, "a voice test is asked for",
              "not connected", "A voice test ends at once: \"Network unavailable\".", plainQuestion},
         }};
+}
+
+bool waits(const QString &service, Mode mode)
+{
+    for (const ObjectUse &use : contractUses())
+        for (const MemberUse &member : use.members)
+            if (use.object.service == service && member.mode == mode)
+                return true;
+    return false;
 }
 
 } // namespace
@@ -235,15 +257,44 @@ QString hangText(Mode mode)
 {
     switch (mode) {
     case Mode::WaitProcessingEvents:
-        return QStringLiteral("What is asked for comes only after the bus's time-out of 25 s.");
+        return QStringLiteral(QT_TRANSLATE_NOOP(
+            "doctor::Contract", "What is asked for comes only after the bus's time-out of 25 s."));
     case Mode::WaitProcessingNothing:
-        return QStringLiteral("The window stands still for the bus's time-out of 25 s.");
+        return QStringLiteral(QT_TRANSLATE_NOOP(
+            "doctor::Contract", "The window stands still for the bus's time-out of 25 s."));
     case Mode::SendWithoutReply:
     case Mode::SendIgnoringReply:
     case Mode::Heard:
         break;
     }
     return QString();
+}
+
+QStringList waitTexts(const QString &service, bool timesOut)
+{
+    const bool standsStill = waits(service, Mode::WaitProcessingNothing);
+    if (!standsStill && !waits(service, Mode::WaitProcessingEvents))
+        return timesOut
+                   ? QStringList()
+                   : QStringList(QStringLiteral(QT_TRANSLATE_NOOP("doctor::Contract", "Nothing.")));
+    const Mode mode = standsStill ? Mode::WaitProcessingNothing : Mode::WaitProcessingEvents;
+    if (timesOut)
+        return {hangText(mode)};
+    return {standsStill
+                ? QStringLiteral(QT_TRANSLATE_NOOP(
+                      "doctor::Contract", "The window stands still until the answer comes."))
+                : QStringLiteral(QT_TRANSLATE_NOOP(
+                      "doctor::Contract", "What is asked for comes only with the answer."))};
+}
+
+QStringList failureTexts(const QString &service)
+{
+    QStringList noticed;
+    QStringList unnoticed;
+    for (const ObjectUse &use : contractUses())
+        if (use.object.service == service && !use.object.path.isEmpty())
+            (use.noticed ? noticed : unnoticed).append(use.seen);
+    return noticed.isEmpty() ? unnoticed : noticed;
 }
 
 MemberUse::MemberUse(const Method &method, Mode memberMode, const char *whenCalled,

@@ -2,6 +2,7 @@
 
 #include "contracts/contract.h"
 
+#include <QStringList>
 #include <QVariantList>
 #include <QVector>
 
@@ -50,6 +51,15 @@ struct ObjectUse
 
 /** Everything that the module uses on the buses, service by service. */
 const QVector<ObjectUse> &contractUses();
+
+/**
+ * What people see while the calls of the module to @p service get no answer until the bus's
+ * time-out, if @p timesOut, or a late one: by the mode that waits most.
+ */
+QStringList waitTexts(const QString &service, bool timesOut);
+
+/** What people see when @p service is not there, refuses, or answers with other types. */
+QStringList failureTexts(const QString &service);
 
 /** It as a document in Markdown, with what the contracts say. */
 QString contractDocument();

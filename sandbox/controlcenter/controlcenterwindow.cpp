@@ -19,6 +19,7 @@
 #include "sandbox/controlcenter/sidebar.h"
 #include "sandbox/controlcenter/themebutton.h"
 #include "sandbox/controlcenter/windowstyle.h"
+#include "sandbox/controlcenter/worlddrawer/drawerside.h"
 #include "sandbox/services/keybinding/systemshortcuts.h"
 
 #include <ztk/zfontsizemanager.h>
@@ -77,16 +78,18 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     auto *sideBar = new SideBar(m_searchField, m_navigation, this);
     QWidget *header = buildHeader();
     m_columns = new Columns(sideBar, m_navigation, buildContent(header), m_moduleView, this);
+    auto *services = new ServicesPage;
+    m_world = new DrawerSide(m_columns, services->watches());
+    connect(services, &ServicesPage::worldRequested, m_world, &DrawerSide::open);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_columns);
+    layout->addWidget(m_world);
 
     m_frame->prepare(m_module);
     m_shortcutsPage = new ShortcutsPage(assistantShortcuts());
     addOwnEntry(shortcutsEntry, tr("Shortcuts"), QStringLiteral("zcc_nav_shortcuts"),
                 m_shortcutsPage);
-    addOwnEntry(servicesEntry, tr("Services"), QStringLiteral("zcc_nav_services"),
-                new ServicesPage);
+    addOwnEntry(servicesEntry, tr("Services"), QStringLiteral("zcc_nav_services"), services);
     m_navigation->addEntry(m_module->name(), m_module->displayName(), m_module->icon(),
                            m_module->follow());
     m_ownSearchEntries.append({tr("Control Center"), tr("Light or dark theme"), QString(),

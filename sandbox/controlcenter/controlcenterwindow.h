@@ -15,6 +15,7 @@ namespace controlcenter {
 class BackButton;
 class Breadcrumb;
 class Columns;
+class DrawerSide;
 class Frame;
 class ModuleView;
 class NavigationColumn;
@@ -57,6 +58,9 @@ public:
     QStringList places() const;
     QString currentPlace() const;
     void openPlace(const QString &place);
+
+    /** The side with the drawer that switches what the module lives in. The window owns it. */
+    DrawerSide *world() const { return m_world; }
 
     /** The window's own page of shortcuts, shown or not; the window owns it. */
     ShortcutsPage *shortcutsPage() const;
@@ -125,6 +129,7 @@ private:
     Frame *m_frame;
     Columns *m_columns;
     SheetWindow *m_sheet = nullptr; ///< from its first use on
+    DrawerSide *m_world;
 };
 
 } // namespace controlcenter

@@ -65,7 +65,8 @@ namespace {
 /** The sections that read texts, or depend on where these leave room for controls. */
 const QStringList sectionsOfTexts = {
     QStringLiteral("--section=pages"), QStringLiteral("--section=search"),
-    QStringLiteral("--section=shortcuts"), QStringLiteral("--section=keyboard")};
+    QStringLiteral("--section=shortcuts"), QStringLiteral("--section=world"),
+    QStringLiteral("--section=keyboard")};
 
 /** All sections but the one that needs a microphone, which has a test of its own. */
 const QStringList sectionsWithoutSound =
@@ -279,7 +280,7 @@ void WindowTourTest::wrongUsageIsRefused_data()
         {QStringLiteral("--tour"), m_pictures.path(), QStringLiteral("--section"),
          QStringLiteral("cellar")},
         "There is no section \"cellar\", but pages, icons, search, switches, choices, shortcuts, "
-        "services, keyboard, looks, voice.");
+        "services, world, keyboard, looks, voice.");
 }
 
 /** By the script too, which refuses it before it builds the window. */

@@ -1,5 +1,6 @@
 #include "sandbox/controlcenter/contrastcheck.h"
 #include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/worlddrawer/drawerside.h"
 #include "tests/gui/shownwindow.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
@@ -132,6 +133,9 @@ void LooksTest::nothingIsCutOffOrLiesOverAnother()
     all += m_window.layoutProblems(QStringLiteral("shortcuts"));
     m_window->openServices();
     all += m_window.layoutProblems(QStringLiteral("services"));
+    m_window->world()->open();
+    all += m_window.layoutProblems(QStringLiteral("world"));
+    m_window->world()->close();
     QTest::keyClick(m_window.get(), Qt::Key_F, Qt::ControlModifier); // to the entries
     QVERIFY(m_window->searchField()->isVisible());
     all += m_window.layoutProblems(QStringLiteral("entries"));
@@ -175,7 +179,9 @@ void LooksTest::everythingStandsOut()
     m_window->shortcutsPage()->editButton()->click();
     all += paleness(QStringLiteral("shortcuts"));
     m_window->openServices();
-    all += paleness(QStringLiteral("services"));
+    m_window->world()->open();
+    all += paleness(QStringLiteral("services and world"));
+    m_window->world()->close();
     m_window->searchField()->setFocus();
     m_window->searchField()->setText(m_window->pageTitle(assistantPageName));
     all += paleness(QStringLiteral("search"));

@@ -3,6 +3,7 @@
 #include "sandbox/controlcenter/navigationcolumn.h"
 #include "sandbox/controlcenter/searchfield.h"
 #include "sandbox/controlcenter/searchpopup.h"
+#include "sandbox/controlcenter/worlddrawer/drawerside.h"
 #include "tests/gui/shownwindow.h"
 #include "tests/support/testprogram.h"
 
@@ -176,6 +177,9 @@ void WindowSizesTest::noPageIsScrolledSideways()
     found += sideways(QStringLiteral("shortcuts"));
     m_window->openServices();
     found += sideways(QStringLiteral("services"));
+    m_window->world()->open();
+    found += sideways(QStringLiteral("world"));
+    found += m_window.layoutProblems(QStringLiteral("world"));
     QVERIFY2(found.isEmpty(), qPrintable(found));
 }
 

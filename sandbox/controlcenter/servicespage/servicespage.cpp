@@ -10,6 +10,7 @@
 #include <QEvent>
 #include <QHash>
 #include <QPainter>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 using Ztk::Widget::ZFocusTracker;
@@ -29,6 +30,31 @@ ServicesPage::ServicesPage(QWidget *parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // cards keep their place when rows come
     setAccessibleName(tr("Services"));
 
+    auto *page = new QWidget;
+    auto *layout = new QVBoxLayout(page);
+    layout->setContentsMargins(pageMargin, 0, pageMargin, pageMargin);
+    layout->setSpacing(cardSpacing);
+    auto *world = new QPushButton(tr("World"));
+    world->setToolTip(tr("Steer the services and whatever else the settings depend on (F12)"));
+    connect(world, &QPushButton::clicked, this, &ServicesPage::worldRequested);
+    layout->addWidget(world, 0, Qt::AlignTrailing);
+    for (const sandbox::ServiceIdentity &service : sandbox::serviceList()) {
+        auto *watch = new ServiceWatch(service, this);
+        m_watches.append(watch);
+        watch->refresh(); // so that the rows are known before they are drawn
+        layout->addWidget(new ServiceCard(titleOf(service.name), watch));
+    }
+    layout->addStretch();
+    setPage(page);
+}
+
+QVector<ServiceWatch *> ServicesPage::watches() const
+{
+    return m_watches;
+}
+
+QString ServicesPage::titleOf(const QString &name)
+{
     const QHash<QString, QString> titles{
         {QStringLiteral("assistant"), tr("Assistant")},
         {QStringLiteral("dock"), tr("Dock icon")},
@@ -37,19 +63,7 @@ ServicesPage::ServicesPage(QWidget *parent)
         {QStringLiteral("audio"), tr("Sound")},
         {QStringLiteral("networkmanager"), tr("Network")},
     };
-
-    auto *page = new QWidget;
-    auto *layout = new QVBoxLayout(page);
-    layout->setContentsMargins(pageMargin, 0, pageMargin, pageMargin);
-    layout->setSpacing(cardSpacing);
-    for (const sandbox::ServiceIdentity &service : sandbox::serviceList()) {
-        auto *watch = new ServiceWatch(service, this);
-        m_watches.append(watch);
-        watch->refresh(); // so that the rows are known before they are drawn
-        layout->addWidget(new ServiceCard(titles.value(service.name, service.name), watch));
-    }
-    layout->addStretch();
-    setPage(page);
+    return titles.value(name, name);
 }
 
 bool ServicesPage::event(QEvent *event)

@@ -19,6 +19,16 @@ class ServicesPage : public PageArea
 public:
     explicit ServicesPage(QWidget *parent = nullptr);
 
+    /** The services in their order; the page owns them. */
+    QVector<ServiceWatch *> watches() const;
+
+    /** What people call the service with the short name @p name. */
+    static QString titleOf(const QString &name);
+
+Q_SIGNALS:
+    /** The drawer that steers the services is asked for. */
+    void worldRequested();
+
 protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -37,6 +37,7 @@ bool isSilence(const QDBusError &error)
 
 ServiceWatch::ServiceWatch(const sandbox::ServiceIdentity &service, QObject *parent)
     : QObject(parent)
+    , m_name(service.name)
     , m_busName(service.busName)
     , m_bus(service.bus == QDBusConnection::SystemBus ? QDBusConnection::systemBus()
                                                       : QDBusConnection::sessionBus())
@@ -54,11 +55,16 @@ ServiceWatch::ServiceWatch(const sandbox::ServiceIdentity &service, QObject *par
                                               QDBusServiceWatcher::WatchForUnregistration,
                                           this);
     connect(names, &QDBusServiceWatcher::serviceRegistered, this, [this] { onOwned(true); });
-    connect(names, &QDBusServiceWatcher::serviceUnregistered, this, [this] { onOwned(false); });
-    connect(m_control, &sandbox::ServiceControl::CallReceived, this, [this] {
+    connect(names, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
+        onOwned(false);
+        refresh(); // it may still be steered
+    });
+    const auto onNews = [this] {
         m_stale = true;
         askIfDue();
-    });
+    };
+    connect(m_control, &sandbox::ServiceControl::CallReceived, this, onNews);
+    connect(m_control, &sandbox::ServiceControl::Changed, this, onNews);
 }
 
 void ServiceWatch::refresh()
@@ -70,8 +76,13 @@ void ServiceWatch::refresh()
 
 void ServiceWatch::setFollowing(bool following)
 {
-    m_following = following;
+    m_followers += following ? 1 : -1;
     askIfDue();
+}
+
+QString ServiceWatch::name() const
+{
+    return m_name;
 }
 
 QString ServiceWatch::busName() const
@@ -89,6 +100,57 @@ ServiceWatch::Values ServiceWatch::values() const
     return m_state == Missing ? Values() : m_values;
 }
 
+bool ServiceWatch::isSteerable() const
+{
+    return m_steerable;
+}
+
+sandbox::Fault ServiceWatch::fault() const
+{
+    switch (m_state) {
+    case Silent:
+        return {sandbox::Fault::Hung};
+    case Missing:
+        return {sandbox::Fault::Stopped};
+    case Unknown:
+    case Running:
+        break;
+    }
+    return m_script;
+}
+
+void ServiceWatch::cause(const sandbox::Fault &fault)
+{
+    ++m_causing;
+    connect(m_control->cause(fault), &QDBusPendingCallWatcher::finished, this,
+            [this, fault](const QDBusPendingCallWatcher *done) {
+                --m_causing;
+                if (!done->isError())
+                    onCaused(fault);
+                refresh();
+            });
+}
+
+bool ServiceWatch::isCausing() const
+{
+    return m_causing > 0;
+}
+
+sandbox::ServiceControl *ServiceWatch::control() const
+{
+    return m_control;
+}
+
+// What was asked before does not count any more.
+void ServiceWatch::onCaused(const sandbox::Fault &fault)
+{
+    using sandbox::Fault;
+    endRound();
+    m_script = Fault::ofBehaviour(fault.behaviour(), fault.argument());
+    m_state = fault.kind == Fault::Hung ? Silent : fault.kind == Fault::Stopped ? Missing : Running;
+    Q_EMIT changed();
+}
+
 void ServiceWatch::onOwned(bool owned)
 {
     endRound();
@@ -101,7 +163,7 @@ void ServiceWatch::onOwned(bool owned)
 
 void ServiceWatch::askIfDue()
 {
-    if (!m_stale || !(m_following || m_wanted) || m_asking || m_pause.isActive())
+    if (!m_stale || !(m_followers > 0 || m_wanted) || m_asking || m_pause.isActive())
         return;
     m_asking = true;
     m_stale = false;
@@ -109,6 +171,7 @@ void ServiceWatch::askIfDue()
     m_pause.start();
     m_patience.start();
     const int round = ++m_round;
+    askForFault();
 
     QDBusMessage question = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
@@ -135,6 +198,27 @@ void ServiceWatch::askIfDue()
                 askForValues();
             });
     });
+}
+
+// Apart from the other questions: a service that has left its bus answers this one all the same.
+void ServiceWatch::askForFault()
+{
+    whenAnswered(m_control->Behaviour(QStringLiteral("*")), this,
+                 [this](const QDBusPendingCall &call) {
+                     const QDBusPendingReply<QString, QDBusVariant> reply = call;
+                     if (isSilence(reply.error()))
+                         return;
+                     const bool steerable = !reply.isError();
+                     const sandbox::Fault script =
+                         steerable ? sandbox::Fault::ofBehaviour(reply.argumentAt<0>(),
+                                                                 reply.argumentAt<1>().variant())
+                                   : sandbox::Fault();
+                     if (steerable == m_steerable && script == m_script)
+                         return;
+                     m_steerable = steerable;
+                     m_script = script;
+                     Q_EMIT changed();
+                 });
 }
 
 // What is shown changes when all answers are there, so that no row comes before another.

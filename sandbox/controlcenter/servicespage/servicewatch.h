@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sandbox/services/control/fault.h"
 #include "sandbox/services/control/servicelist.h"
 
 #include <QDBusConnection>
@@ -41,10 +42,26 @@ public:
     /** Asks for everything once; changed() follows where the answers differ from what is known. */
     void refresh();
 
-    /** Whether changes are followed from now on. Those of before are caught up with. */
+    /**
+     * One more follows the changes from now on, or one less. Those of before are caught up with.
+     */
     void setFollowing(bool following);
 
+    QString name() const; ///< the short one
     QString busName() const;
+
+    /** Whether it can be steered, on its bus or not. */
+    bool isSteerable() const;
+
+    /** How it fails, as far as it has said so. */
+    sandbox::Fault fault() const;
+
+    /** Makes the service fail in that way; isCausing() until that has come about. */
+    void cause(const sandbox::Fault &fault);
+    bool isCausing() const;
+
+    /** What else is done with it. The watch owns it. */
+    sandbox::ServiceControl *control() const;
 
     State state() const;
 
@@ -55,23 +72,29 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void onCaused(const sandbox::Fault &fault);
     void onOwned(bool owned);
     void askIfDue();
+    void askForFault();
     void askForValues();
     void onValues(const Values &values);
     void askAgain();
     void endRound();
     void setState(State state);
 
+    QString m_name;
     QString m_busName;
     QDBusConnection m_bus;
     sandbox::ServiceControl *m_control;
     State m_state = Unknown;
+    bool m_steerable = false;
+    int m_causing = 0;       // how many faults are on their way
+    sandbox::Fault m_script; // what its methods do
     QStringList m_keys;
     Values m_values;
     QTimer m_pause;    // between two rounds of questions
     QTimer m_patience; // until a service without an answer counts as silent
-    bool m_following = false;
+    int m_followers = 0;
     bool m_wanted = false; // once, although nobody follows
     bool m_stale = true;   // something may have changed since the last round began
     int m_round = 0;       // answers to an earlier one are ignored

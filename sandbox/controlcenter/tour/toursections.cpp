@@ -19,6 +19,7 @@ const QVector<Section> &sections()
         {QStringLiteral("choices"), choiceSteps},     //
         {QStringLiteral("shortcuts"), shortcutSteps}, //
         {QStringLiteral("services"), serviceSteps},   //
+        {QStringLiteral("world"), worldSteps},        //
         {QStringLiteral("keyboard"), keyboardSteps},  //
         {QStringLiteral("looks"), lookSteps},         //
         {QStringLiteral("voice"), voiceSteps},

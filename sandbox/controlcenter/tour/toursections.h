@@ -43,6 +43,9 @@ TourSteps shortcutSteps(const ControlCenterWindow *window);
 /** The page of services: it shows what a switch has changed, and follows other programs. */
 TourSteps serviceSteps(const ControlCenterWindow *window);
 
+/** The drawer of what the module lives in: services that fail and recover. */
+TourSteps worldSteps(const ControlCenterWindow *window);
+
 /**
  * Goes by Tab from the search field to every control of every page and back with Shift+Tab; each
  * stop must be seen.

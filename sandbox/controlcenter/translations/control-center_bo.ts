@@ -39,6 +39,33 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::FaultTexts</name>
+    <message>
+        <source>Slow by %1 s</source>
+        <translation>སྐར་ཆ་ %1 འགོར་བ</translation>
+    </message>
+    <message>
+        <source>Refusing</source>
+        <translation>ངོས་མི་ལེན་པ</translation>
+    </message>
+    <message>
+        <source>Wrong types</source>
+        <translation>རིགས་ནོར་བ</translation>
+    </message>
+    <message>
+        <source>Hung</source>
+        <translation>འགུལ་མི་ཐུབ་པ</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>མཚམས་བཞག་པ</translation>
+    </message>
+    <message>
+        <source>Running</source>
+        <translation>འཁོར་བཞིན་པ</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::NavigationColumn</name>
     <message>
         <source>Settings</source>
@@ -115,6 +142,14 @@
     <message>
         <source>Network</source>
         <translation>དྲ་རྒྱ</translation>
+    </message>
+    <message>
+        <source>World</source>
+        <translation>ཁོར་ཡུག</translation>
+    </message>
+    <message>
+        <source>Steer the services and whatever else the settings depend on (F12)</source>
+        <translation>ཞབས་ཞུ་དང་སྒྲིག་འགོད་ལ་མཁོ་བའི་གཞན་དག་ཚོད་འཛིན་བྱེད་པ་ (F12)</translation>
     </message>
 </context>
 <context>
@@ -204,6 +239,80 @@
     <message>
         <source>Theme: %1</source>
         <translation>བརྗོད་གཞི: %1</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::WorldDrawer</name>
+    <message>
+        <source>World</source>
+        <translation>ཁོར་ཡུག</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>ཁ་རྒྱག་པ</translation>
+    </message>
+    <message>
+        <source>Services</source>
+        <translation>ཞབས་ཞུ</translation>
+    </message>
+</context>
+<context>
+    <name>doctor::Contract</name>
+    <message>
+        <source>&quot;Voice Wakeup&quot; and &quot;OneShot&quot; can be switched, without effect.</source>
+        <translation>“སྐད་སྒྲས་དཀྲོག་སློང” དང་ “དཀྲོག་ཚིག་དང་བཀའ་ཐེངས་གཅིག་ལ་བཤད་པ” ཞེས་པའི་སྒོ་བརྗེ་ཐུབ་ཀྱང་ནུས་པ་མེད།</translation>
+    </message>
+    <message>
+        <source>On &quot;Speech to Text&quot; the switch is off and the language is &quot;中文-普通话&quot;; what is chosen has no effect.</source>
+        <translation>“སྐད་སྒྲ་ཡི་གེར་བསྒྱུར་བ” ཞེས་པའི་ཤོག་ངོས་སུ་གློག་སྒོ་བརྒྱབ་ཡོད་པ་དང་། སྐད་ཡིག་ནི་ “རྒྱ་སྐད-སྤྱི་སྐད” ཡིན། གང་བདམས་ཀྱང་ནུས་པ་མེད།</translation>
+    </message>
+    <message>
+        <source>On &quot;Text to Speech&quot; both switches are off and the voice is &quot;Children&quot;; what is chosen has no effect.</source>
+        <translation>“ཡི་གེ་སྐད་སྒྲར་བསྒྱུར་བ” ཞེས་པའི་ཤོག་ངོས་སུ་གློག་སྒོ་གཉིས་ཀ་བརྒྱབ་ཡོད་པ་དང་། སྐད་ནི་ “བྱིས་པའི་སྐད” ཡིན། གང་བདམས་ཀྱང་ནུས་པ་མེད།</translation>
+    </message>
+    <message>
+        <source>On &quot;Translation&quot; the switch is off and the direction is &quot;EN-CN&quot;; what is chosen has no effect.</source>
+        <translation>“ཡིག་སྒྱུར” ཞེས་པའི་ཤོག་ངོས་སུ་གློག་སྒོ་བརྒྱབ་ཡོད་པ་དང་། ཕྱོགས་ནི་ “དབྱིན་ཡིག་ནས་རྒྱ་ཡིག” ཡིན། གང་བདམས་ཀྱང་ནུས་པ་མེད།</translation>
+    </message>
+    <message>
+        <source>&quot;Show in the Dock&quot; is on whatever the dock shows; switching it has no effect.</source>
+        <translation>ལས་འགན་སྡེ་ཚན་དུ་གང་མངོན་ཡང་ “ལས་འགན་སྡེ་ཚན་དུ་མངོན་པ” ཞེས་པའི་གློག་སྒོ་ཕྱེ་ཡོད། བརྗེ་ཡང་ནུས་པ་མེད།</translation>
+    </message>
+    <message>
+        <source>A voice test shows its wave until it is cancelled, without words and verdict.</source>
+        <translation>སྐད་སྒྲ་ཚོད་ལྟ་དེས་མེད་པར་མ་བཟོས་བར་དུ་རླབས་རིས་མངོན་ཞིང་། ཡི་གེ་དང་མཇུག་འབྲས་མི་མངོན།</translation>
+    </message>
+    <message>
+        <source>The hints of &quot;Speech to Text&quot;, &quot;Text to Speech&quot; and &quot;Translation&quot; have empty parentheses in place of the shortcut.</source>
+        <translation>“སྐད་སྒྲ་ཡི་གེར་བསྒྱུར་བ” དང་ “ཡི་གེ་སྐད་སྒྲར་བསྒྱུར་བ” “ཡིག་སྒྱུར” བཅས་ཀྱི་གསལ་འདེབས་སུ་མྱུར་མཐེབ་ཀྱི་ཚབ་ཏུ་གུག་རྟགས་སྟོང་པ་ཡོད།</translation>
+    </message>
+    <message>
+        <source>A voice test goes on with the old microphone when another becomes the default one.</source>
+        <translation>མའེ་ཁེ་ཧྥེང་གཞན་ཞིག་སྔོན་སྒྲིག་ཏུ་གྱུར་ནའང་སྐད་སྒྲ་ཚོད་ལྟས་སྔོན་གྱི་མའེ་ཁེ་ཧྥེང་སྤྱོད་མུས་ཡིན།</translation>
+    </message>
+    <message>
+        <source>A voice test ends at once: &quot;Network unavailable&quot;.</source>
+        <translation>སྐད་སྒྲ་ཚོད་ལྟ་འཕྲལ་དུ་མཇུག་སྒྲིལ་ཏེ་ “དྲ་རྒྱ་སྤྱོད་མི་རུང་།” ཞེས་མངོན།</translation>
+    </message>
+    <message>
+        <source>What is asked for comes only after the bus&apos;s time-out of 25 s.</source>
+        <translation>རེ་བ་བཏོན་པའི་ནང་དོན་ནི་བརྒྱུད་ལམ་གྱི་སྐར་ཆ་ 25 རྫོགས་རྗེས་གཞི་ནས་མངོན།</translation>
+    </message>
+    <message>
+        <source>The window stands still for the bus&apos;s time-out of 25 s.</source>
+        <translation>སྒེའུ་ཁུང་དེ་བརྒྱུད་ལམ་གྱི་སྐར་ཆ་ 25 རྫོགས་བར་དུ་འགུལ་མི་ཐུབ།</translation>
+    </message>
+    <message>
+        <source>Nothing.</source>
+        <translation>འགྱུར་བ་ཅི་ཡང་མེད།</translation>
+    </message>
+    <message>
+        <source>The window stands still until the answer comes.</source>
+        <translation>ལན་མ་འབྱོར་བར་དུ་སྒེའུ་ཁུང་འགུལ་མི་ཐུབ།</translation>
+    </message>
+    <message>
+        <source>What is asked for comes only with the answer.</source>
+        <translation>ལན་འབྱོར་རྗེས་གཞི་ནས་རེ་བ་བཏོན་པའི་ནང་དོན་མངོན།</translation>
     </message>
 </context>
 </TS>

@@ -39,6 +39,33 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::FaultTexts</name>
+    <message>
+        <source>Slow by %1 s</source>
+        <translation>%1 سېكۇنت كېچىكىدۇ</translation>
+    </message>
+    <message>
+        <source>Refusing</source>
+        <translation>رەت قىلىدۇ</translation>
+    </message>
+    <message>
+        <source>Wrong types</source>
+        <translation>تىپى خاتا</translation>
+    </message>
+    <message>
+        <source>Hung</source>
+        <translation>قېتىپ قالغان</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>توختىتىلغان</translation>
+    </message>
+    <message>
+        <source>Running</source>
+        <translation>ئىجرا بولۇۋاتىدۇ</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::NavigationColumn</name>
     <message>
         <source>Settings</source>
@@ -115,6 +142,14 @@
     <message>
         <source>Network</source>
         <translation>تور</translation>
+    </message>
+    <message>
+        <source>World</source>
+        <translation>مۇھىت</translation>
+    </message>
+    <message>
+        <source>Steer the services and whatever else the settings depend on (F12)</source>
+        <translation>مۇلازىمەتلەرنى ۋە تەڭشەكلەر تايىنىدىغان باشقا نەرسىلەرنى تىزگىنلەش (F12)</translation>
     </message>
 </context>
 <context>
@@ -204,6 +239,80 @@
     <message>
         <source>Theme: %1</source>
         <translation>ئۇسلۇب: %1</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::WorldDrawer</name>
+    <message>
+        <source>World</source>
+        <translation>مۇھىت</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>تاقاش</translation>
+    </message>
+    <message>
+        <source>Services</source>
+        <translation>مۇلازىمەتلەر</translation>
+    </message>
+</context>
+<context>
+    <name>doctor::Contract</name>
+    <message>
+        <source>&quot;Voice Wakeup&quot; and &quot;OneShot&quot; can be switched, without effect.</source>
+        <translation>«ئاۋاز بىلەن ئويغىتىش» ۋە «ئويغىتىش سۆزى بىلەن بۇيرۇقنى بىراقلا ئېيتىش» نى ئالماشتۇرغىلى بولىدۇ، لېكىن ئۈنۈمى يوق.</translation>
+    </message>
+    <message>
+        <source>On &quot;Speech to Text&quot; the switch is off and the language is &quot;中文-普通话&quot;; what is chosen has no effect.</source>
+        <translation>«ئاۋازنى تېكىستكە ئايلاندۇرۇش» بېتىدە ئالماشتۇرغۇچ تاقاق، تىل «خەنزۇچە-ئورتاق تىل»؛ تاللىغاننىڭ ئۈنۈمى يوق.</translation>
+    </message>
+    <message>
+        <source>On &quot;Text to Speech&quot; both switches are off and the voice is &quot;Children&quot;; what is chosen has no effect.</source>
+        <translation>«تېكىستنى ئاۋازغا ئايلاندۇرۇش» بېتىدە ئىككىلا ئالماشتۇرغۇچ تاقاق، ئاۋاز «بالا ئاۋازى»؛ تاللىغاننىڭ ئۈنۈمى يوق.</translation>
+    </message>
+    <message>
+        <source>On &quot;Translation&quot; the switch is off and the direction is &quot;EN-CN&quot;; what is chosen has no effect.</source>
+        <translation>«تەرجىمە» بېتىدە ئالماشتۇرغۇچ تاقاق، يۆنىلىش «ئىنگلىزچىدىن خەنزۇچىغا»؛ تاللىغاننىڭ ئۈنۈمى يوق.</translation>
+    </message>
+    <message>
+        <source>&quot;Show in the Dock&quot; is on whatever the dock shows; switching it has no effect.</source>
+        <translation>ۋەزىپە بالدىقى نېمىنى كۆرسەتسىمۇ «ۋەزىپە بالدىقىدا كۆرسىتىش» ئوچۇق تۇرىدۇ؛ ئالماشتۇرۇشنىڭ ئۈنۈمى يوق.</translation>
+    </message>
+    <message>
+        <source>A voice test shows its wave until it is cancelled, without words and verdict.</source>
+        <translation>ئاۋاز سىنىقى ئەمەلدىن قالدۇرۇلغۇچە دولقۇننىلا كۆرسىتىدۇ، سۆز ۋە نەتىجە چىقمايدۇ.</translation>
+    </message>
+    <message>
+        <source>The hints of &quot;Speech to Text&quot;, &quot;Text to Speech&quot; and &quot;Translation&quot; have empty parentheses in place of the shortcut.</source>
+        <translation>«ئاۋازنى تېكىستكە ئايلاندۇرۇش»، «تېكىستنى ئاۋازغا ئايلاندۇرۇش» ۋە «تەرجىمە» نىڭ ئەسكەرتىشلىرىدە تېزلەتمە كۇنۇپكىنىڭ ئورنىدا قۇرۇق تىرناق بار.</translation>
+    </message>
+    <message>
+        <source>A voice test goes on with the old microphone when another becomes the default one.</source>
+        <translation>باشقا مىكروفون سۈكۈتتىكى مىكروفون بولۇپ قالسىمۇ ئاۋاز سىنىقى بۇرۇنقى مىكروفون بىلەن داۋاملىشىدۇ.</translation>
+    </message>
+    <message>
+        <source>A voice test ends at once: &quot;Network unavailable&quot;.</source>
+        <translation>ئاۋاز سىنىقى دەرھال ئاخىرلىشىدۇ: «تورنى ئىشلەتكىلى بولمايدۇ».</translation>
+    </message>
+    <message>
+        <source>What is asked for comes only after the bus&apos;s time-out of 25 s.</source>
+        <translation>سورالغان نەرسە پەقەت باش لىنىيەنىڭ 25 سېكۇنتلۇق ۋاقىت چېكىدىن كېيىن كېلىدۇ.</translation>
+    </message>
+    <message>
+        <source>The window stands still for the bus&apos;s time-out of 25 s.</source>
+        <translation>كۆزنەك باش لىنىيەنىڭ 25 سېكۇنتلۇق ۋاقىت چېكىگىچە مىدىرلىماي تۇرىدۇ.</translation>
+    </message>
+    <message>
+        <source>Nothing.</source>
+        <translation>ھېچقانداق ئۆزگىرىش يوق.</translation>
+    </message>
+    <message>
+        <source>The window stands still until the answer comes.</source>
+        <translation>جاۋاب كەلگۈچە كۆزنەك مىدىرلىماي تۇرىدۇ.</translation>
+    </message>
+    <message>
+        <source>What is asked for comes only with the answer.</source>
+        <translation>سورالغان نەرسە جاۋاب كەلگەندىلا كېلىدۇ.</translation>
     </message>
 </context>
 </TS>

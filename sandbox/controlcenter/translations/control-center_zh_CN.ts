@@ -39,6 +39,33 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::FaultTexts</name>
+    <message>
+        <source>Slow by %1 s</source>
+        <translation>延迟 %1 秒</translation>
+    </message>
+    <message>
+        <source>Refusing</source>
+        <translation>拒绝请求</translation>
+    </message>
+    <message>
+        <source>Wrong types</source>
+        <translation>类型错误</translation>
+    </message>
+    <message>
+        <source>Hung</source>
+        <translation>挂起</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>已停止</translation>
+    </message>
+    <message>
+        <source>Running</source>
+        <translation>运行中</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::NavigationColumn</name>
     <message>
         <source>Settings</source>
@@ -115,6 +142,14 @@
     <message>
         <source>Network</source>
         <translation>网络</translation>
+    </message>
+    <message>
+        <source>World</source>
+        <translation>运行环境</translation>
+    </message>
+    <message>
+        <source>Steer the services and whatever else the settings depend on (F12)</source>
+        <translation>控制各项服务以及设置所依赖的其他环境（F12）</translation>
     </message>
 </context>
 <context>
@@ -204,6 +239,80 @@
     <message>
         <source>Theme: %1</source>
         <translation>主题：%1</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::WorldDrawer</name>
+    <message>
+        <source>World</source>
+        <translation>运行环境</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Services</source>
+        <translation>服务</translation>
+    </message>
+</context>
+<context>
+    <name>doctor::Contract</name>
+    <message>
+        <source>&quot;Voice Wakeup&quot; and &quot;OneShot&quot; can be switched, without effect.</source>
+        <translation>“语音唤醒”和“一次说完唤醒词和指令”可以切换，但不起作用。</translation>
+    </message>
+    <message>
+        <source>On &quot;Speech to Text&quot; the switch is off and the language is &quot;中文-普通话&quot;; what is chosen has no effect.</source>
+        <translation>“语音转文字”页面的开关处于关闭状态，语言为“中文-普通话”；所做的选择不起作用。</translation>
+    </message>
+    <message>
+        <source>On &quot;Text to Speech&quot; both switches are off and the voice is &quot;Children&quot;; what is chosen has no effect.</source>
+        <translation>“文字转语音”页面的两个开关都处于关闭状态，声音为“童声”；所做的选择不起作用。</translation>
+    </message>
+    <message>
+        <source>On &quot;Translation&quot; the switch is off and the direction is &quot;EN-CN&quot;; what is chosen has no effect.</source>
+        <translation>“翻译”页面的开关处于关闭状态，方向为“英译中”；所做的选择不起作用。</translation>
+    </message>
+    <message>
+        <source>&quot;Show in the Dock&quot; is on whatever the dock shows; switching it has no effect.</source>
+        <translation>无论任务栏中是否显示，“在任务栏中显示”始终为开启；切换不起作用。</translation>
+    </message>
+    <message>
+        <source>A voice test shows its wave until it is cancelled, without words and verdict.</source>
+        <translation>语音测试会一直显示波形，直到被取消，既没有文字也没有结论。</translation>
+    </message>
+    <message>
+        <source>The hints of &quot;Speech to Text&quot;, &quot;Text to Speech&quot; and &quot;Translation&quot; have empty parentheses in place of the shortcut.</source>
+        <translation>“语音转文字”、“文字转语音”和“翻译”的提示中，快捷键的位置是空括号。</translation>
+    </message>
+    <message>
+        <source>A voice test goes on with the old microphone when another becomes the default one.</source>
+        <translation>其他麦克风成为默认麦克风后，语音测试仍使用原来的麦克风。</translation>
+    </message>
+    <message>
+        <source>A voice test ends at once: &quot;Network unavailable&quot;.</source>
+        <translation>语音测试立即结束：“网络不可用”。</translation>
+    </message>
+    <message>
+        <source>What is asked for comes only after the bus&apos;s time-out of 25 s.</source>
+        <translation>所请求的内容要等总线 25 秒超时之后才会出现。</translation>
+    </message>
+    <message>
+        <source>The window stands still for the bus&apos;s time-out of 25 s.</source>
+        <translation>窗口静止不动，直到总线 25 秒超时。</translation>
+    </message>
+    <message>
+        <source>Nothing.</source>
+        <translation>没有任何变化。</translation>
+    </message>
+    <message>
+        <source>The window stands still until the answer comes.</source>
+        <translation>收到应答之前，窗口静止不动。</translation>
+    </message>
+    <message>
+        <source>What is asked for comes only with the answer.</source>
+        <translation>收到应答之后，所请求的内容才会出现。</translation>
     </message>
 </context>
 </TS>

@@ -39,6 +39,33 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::FaultTexts</name>
+    <message>
+        <source>Slow by %1 s</source>
+        <translation>延遲 %1 秒</translation>
+    </message>
+    <message>
+        <source>Refusing</source>
+        <translation>拒絕請求</translation>
+    </message>
+    <message>
+        <source>Wrong types</source>
+        <translation>類型錯誤</translation>
+    </message>
+    <message>
+        <source>Hung</source>
+        <translation>停止回應</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>已停止</translation>
+    </message>
+    <message>
+        <source>Running</source>
+        <translation>執行中</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::NavigationColumn</name>
     <message>
         <source>Settings</source>
@@ -115,6 +142,14 @@
     <message>
         <source>Network</source>
         <translation>網絡</translation>
+    </message>
+    <message>
+        <source>World</source>
+        <translation>執行環境</translation>
+    </message>
+    <message>
+        <source>Steer the services and whatever else the settings depend on (F12)</source>
+        <translation>控制各項服務及設定所依賴的其他環境（F12）</translation>
     </message>
 </context>
 <context>
@@ -204,6 +239,80 @@
     <message>
         <source>Theme: %1</source>
         <translation>主題：%1</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::WorldDrawer</name>
+    <message>
+        <source>World</source>
+        <translation>執行環境</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>關閉</translation>
+    </message>
+    <message>
+        <source>Services</source>
+        <translation>服務</translation>
+    </message>
+</context>
+<context>
+    <name>doctor::Contract</name>
+    <message>
+        <source>&quot;Voice Wakeup&quot; and &quot;OneShot&quot; can be switched, without effect.</source>
+        <translation>可切換「語音喚醒」及「一次過說出喚醒詞及指令」，但沒有作用。</translation>
+    </message>
+    <message>
+        <source>On &quot;Speech to Text&quot; the switch is off and the language is &quot;中文-普通话&quot;; what is chosen has no effect.</source>
+        <translation>「語音轉文字」頁面的開關為關閉，語言為「中文-普通話」；所作的選擇沒有作用。</translation>
+    </message>
+    <message>
+        <source>On &quot;Text to Speech&quot; both switches are off and the voice is &quot;Children&quot;; what is chosen has no effect.</source>
+        <translation>「文字轉語音」頁面的兩個開關均為關閉，聲音為「童聲」；所作的選擇沒有作用。</translation>
+    </message>
+    <message>
+        <source>On &quot;Translation&quot; the switch is off and the direction is &quot;EN-CN&quot;; what is chosen has no effect.</source>
+        <translation>「翻譯」頁面的開關為關閉，方向為「英譯中」；所作的選擇沒有作用。</translation>
+    </message>
+    <message>
+        <source>&quot;Show in the Dock&quot; is on whatever the dock shows; switching it has no effect.</source>
+        <translation>不論工作列有否顯示，「於工作列顯示」都是開啟；切換沒有作用。</translation>
+    </message>
+    <message>
+        <source>A voice test shows its wave until it is cancelled, without words and verdict.</source>
+        <translation>語音測試會一直顯示波形，直至取消，沒有文字及結論。</translation>
+    </message>
+    <message>
+        <source>The hints of &quot;Speech to Text&quot;, &quot;Text to Speech&quot; and &quot;Translation&quot; have empty parentheses in place of the shortcut.</source>
+        <translation>「語音轉文字」、「文字轉語音」及「翻譯」的提示中，快捷鍵的位置是空括號。</translation>
+    </message>
+    <message>
+        <source>A voice test goes on with the old microphone when another becomes the default one.</source>
+        <translation>其他咪高峰成為預設咪高峰後，語音測試仍使用原來的咪高峰。</translation>
+    </message>
+    <message>
+        <source>A voice test ends at once: &quot;Network unavailable&quot;.</source>
+        <translation>語音測試會立即結束：「網絡無法使用」。</translation>
+    </message>
+    <message>
+        <source>What is asked for comes only after the bus&apos;s time-out of 25 s.</source>
+        <translation>所要求的內容要待匯流排 25 秒逾時後才會出現。</translation>
+    </message>
+    <message>
+        <source>The window stands still for the bus&apos;s time-out of 25 s.</source>
+        <translation>視窗會靜止不動，直至匯流排 25 秒逾時。</translation>
+    </message>
+    <message>
+        <source>Nothing.</source>
+        <translation>沒有任何變化。</translation>
+    </message>
+    <message>
+        <source>The window stands still until the answer comes.</source>
+        <translation>收到回應之前，視窗會靜止不動。</translation>
+    </message>
+    <message>
+        <source>What is asked for comes only with the answer.</source>
+        <translation>收到回應之後，所要求的內容才會出現。</translation>
     </message>
 </context>
 </TS>

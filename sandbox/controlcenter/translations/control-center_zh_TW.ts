@@ -39,6 +39,33 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::FaultTexts</name>
+    <message>
+        <source>Slow by %1 s</source>
+        <translation>延遲 %1 秒</translation>
+    </message>
+    <message>
+        <source>Refusing</source>
+        <translation>拒絕請求</translation>
+    </message>
+    <message>
+        <source>Wrong types</source>
+        <translation>類型錯誤</translation>
+    </message>
+    <message>
+        <source>Hung</source>
+        <translation>停止回應</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>已停止</translation>
+    </message>
+    <message>
+        <source>Running</source>
+        <translation>執行中</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::NavigationColumn</name>
     <message>
         <source>Settings</source>
@@ -115,6 +142,14 @@
     <message>
         <source>Network</source>
         <translation>網路</translation>
+    </message>
+    <message>
+        <source>World</source>
+        <translation>執行環境</translation>
+    </message>
+    <message>
+        <source>Steer the services and whatever else the settings depend on (F12)</source>
+        <translation>控制各項服務以及設定所依賴的其他環境（F12）</translation>
     </message>
 </context>
 <context>
@@ -204,6 +239,80 @@
     <message>
         <source>Theme: %1</source>
         <translation>佈景主題：%1</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::WorldDrawer</name>
+    <message>
+        <source>World</source>
+        <translation>執行環境</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>關閉</translation>
+    </message>
+    <message>
+        <source>Services</source>
+        <translation>服務</translation>
+    </message>
+</context>
+<context>
+    <name>doctor::Contract</name>
+    <message>
+        <source>&quot;Voice Wakeup&quot; and &quot;OneShot&quot; can be switched, without effect.</source>
+        <translation>可以切換「語音喚醒」和「一次說完喚醒詞和指令」，但沒有作用。</translation>
+    </message>
+    <message>
+        <source>On &quot;Speech to Text&quot; the switch is off and the language is &quot;中文-普通话&quot;; what is chosen has no effect.</source>
+        <translation>「語音轉文字」頁面的開關為關閉，語言為「中文-國語」；所做的選擇沒有作用。</translation>
+    </message>
+    <message>
+        <source>On &quot;Text to Speech&quot; both switches are off and the voice is &quot;Children&quot;; what is chosen has no effect.</source>
+        <translation>「文字轉語音」頁面的兩個開關都為關閉，聲音為「童聲」；所做的選擇沒有作用。</translation>
+    </message>
+    <message>
+        <source>On &quot;Translation&quot; the switch is off and the direction is &quot;EN-CN&quot;; what is chosen has no effect.</source>
+        <translation>「翻譯」頁面的開關為關閉，方向為「英翻中」；所做的選擇沒有作用。</translation>
+    </message>
+    <message>
+        <source>&quot;Show in the Dock&quot; is on whatever the dock shows; switching it has no effect.</source>
+        <translation>無論工作列中是否顯示，「在工作列中顯示」都是開啟；切換沒有作用。</translation>
+    </message>
+    <message>
+        <source>A voice test shows its wave until it is cancelled, without words and verdict.</source>
+        <translation>語音測試會一直顯示波形，直到取消，沒有文字和結論。</translation>
+    </message>
+    <message>
+        <source>The hints of &quot;Speech to Text&quot;, &quot;Text to Speech&quot; and &quot;Translation&quot; have empty parentheses in place of the shortcut.</source>
+        <translation>「語音轉文字」、「文字轉語音」和「翻譯」的提示中，快速鍵的位置是空括號。</translation>
+    </message>
+    <message>
+        <source>A voice test goes on with the old microphone when another becomes the default one.</source>
+        <translation>其他麥克風成為預設麥克風後，語音測試仍使用原來的麥克風。</translation>
+    </message>
+    <message>
+        <source>A voice test ends at once: &quot;Network unavailable&quot;.</source>
+        <translation>語音測試會立即結束：「網路無法使用」。</translation>
+    </message>
+    <message>
+        <source>What is asked for comes only after the bus&apos;s time-out of 25 s.</source>
+        <translation>所要求的內容要等匯流排 25 秒逾時後才會出現。</translation>
+    </message>
+    <message>
+        <source>The window stands still for the bus&apos;s time-out of 25 s.</source>
+        <translation>視窗會靜止不動，直到匯流排 25 秒逾時。</translation>
+    </message>
+    <message>
+        <source>Nothing.</source>
+        <translation>沒有任何變化。</translation>
+    </message>
+    <message>
+        <source>The window stands still until the answer comes.</source>
+        <translation>收到回應之前，視窗會靜止不動。</translation>
+    </message>
+    <message>
+        <source>What is asked for comes only with the answer.</source>
+        <translation>收到回應之後，所要求的內容才會出現。</translation>
     </message>
 </context>
 </TS>

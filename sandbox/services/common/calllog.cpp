@@ -84,42 +84,72 @@ QJsonValue jsonValue(const QVariant &argument)
     return QJsonValue::fromVariant(argument);
 }
 
-QString describe(const QDBusMessage &call)
+QJsonArray argumentsOf(const QDBusMessage &message)
 {
     QJsonArray arguments;
-    const QVariantList values = call.arguments();
+    const QVariantList values = message.arguments();
     for (const QVariant &value : values)
         arguments.append(jsonValue(value));
-    const QJsonObject record{
+    return arguments;
+}
+
+QJsonObject describe(const QDBusMessage &call, int number)
+{
+    return {
+        {QStringLiteral("number"), number},
         {QStringLiteral("path"), call.path()},
         {QStringLiteral("interface"), call.interface()},
         {QStringLiteral("member"), call.member()},
         {QStringLiteral("signature"), call.signature()},
-        {QStringLiteral("arguments"), arguments},
+        {QStringLiteral("arguments"), argumentsOf(call)},
         {QStringLiteral("replyExpected"), call.isReplyRequired()},
         {QStringLiteral("sender"), call.service()},
     };
+}
+
+QString lineOf(const QJsonObject &record)
+{
     return QString::fromUtf8(QJsonDocument(record).toJson(QJsonDocument::Compact));
 }
 
 } // namespace
 
-void CallLog::append(const QDBusMessage &call)
+int CallLog::append(const QDBusMessage &call)
 {
-    if (m_lines.size() == maximumLines)
-        m_lines.removeFirst();
-    m_lines.append(describe(call));
+    if (m_records.size() == maximumLines)
+        m_records.removeFirst();
+    m_records.append(describe(call, ++m_latest));
     Q_EMIT appended(call.member());
+    Q_EMIT logged(lineOf(m_records.constLast()));
+    return m_latest;
+}
+
+void CallLog::setAnswer(int number, const QDBusMessage &reply)
+{
+    const int index = m_records.size() - 1 - (m_latest - number);
+    if (index < 0)
+        return; // forgotten meanwhile
+    QJsonObject answer;
+    if (reply.type() == QDBusMessage::ErrorMessage)
+        answer.insert(QStringLiteral("error"), reply.errorMessage());
+    else if (reply.type() == QDBusMessage::ReplyMessage)
+        answer.insert(QStringLiteral("arguments"), argumentsOf(reply));
+    m_records[index].insert(QStringLiteral("answer"), answer);
+    Q_EMIT logged(lineOf(m_records.at(index)));
 }
 
 void CallLog::clear()
 {
-    m_lines.clear();
+    m_records.clear();
 }
 
 QStringList CallLog::lines() const
 {
-    return m_lines;
+    QStringList lines;
+    lines.reserve(m_records.size());
+    for (const QJsonObject &record : m_records)
+        lines.append(lineOf(record));
+    return lines;
 }
 
 } // namespace sandbox

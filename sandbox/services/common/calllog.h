@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QDBusMessage>
+#include <QJsonObject>
+#include <QList>
 #include <QObject>
 #include <QStringList>
 
@@ -17,7 +19,12 @@ class CallLog : public QObject
 public:
     using QObject::QObject;
 
-    void append(const QDBusMessage &call);
+    /** Returns the number of @p call, which tells it from all others. */
+    int append(const QDBusMessage &call);
+
+    /** The call with that number was answered; with no message, by somebody else. */
+    void setAnswer(int number, const QDBusMessage &reply);
+
     void clear();
     QStringList lines() const;
 
@@ -25,8 +32,12 @@ Q_SIGNALS:
     /** A call to @p member was appended. */
     void appended(const QString &member);
 
+    /** A call was appended or answered; @p line as in lines(). */
+    void logged(const QString &line);
+
 private:
-    QStringList m_lines;
+    QList<QJsonObject> m_records; // numbered without a gap
+    int m_latest = 0;
 };
 
 } // namespace sandbox

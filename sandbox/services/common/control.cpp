@@ -41,6 +41,9 @@ Control::Control(const QString &busName, const QDBusConnection &connection, Stat
 {
     new ControlAdaptor(this);
     connect(log, &CallLog::appended, this, &Control::CallReceived);
+    connect(log, &CallLog::logged, this, &Control::CallLogged);
+    connect(state, &StateStore::changed, this, &Control::Changed);
+    connect(replies, &ScriptedReplies::changed, this, &Control::Changed);
 }
 
 void Control::publish()
@@ -73,11 +76,19 @@ void Control::SetValue(const QString &key, const QDBusVariant &value)
 void Control::Script(const QString &member, const QString &behaviour, const QDBusVariant &argument)
 {
     QString error;
-    const Behaviour parsed = Behaviour::parse(behaviour, argument.variant(), &error);
+    const sandbox::Behaviour parsed =
+        sandbox::Behaviour::parse(behaviour, argument.variant(), &error);
     if (error.isEmpty())
         m_replies->script(member, parsed);
     else
         refuse(error);
+}
+
+QString Control::Behaviour(const QString &member, QDBusVariant &argument) const
+{
+    const sandbox::Behaviour behaviour = m_replies->behaviour(member);
+    argument = QDBusVariant(behaviour.argument.isValid() ? behaviour.argument : QString());
+    return behaviour.name();
 }
 
 int Control::Release(const QString &member)
@@ -100,12 +111,14 @@ void Control::LeaveBus()
 {
     if (!m_connection.unregisterService(m_busName))
         refuse(QStringLiteral("%1 is not owned").arg(m_busName));
+    Q_EMIT Changed();
 }
 
 void Control::JoinBus()
 {
     if (!m_connection.registerService(m_busName))
         refuse(QStringLiteral("%1 cannot be owned").arg(m_busName));
+    Q_EMIT Changed();
 }
 
 void Control::Hang()

@@ -34,6 +34,7 @@ public Q_SLOTS:
     QDBusVariant Value(const QString &key);
     void SetValue(const QString &key, const QDBusVariant &value);
     void Script(const QString &member, const QString &behaviour, const QDBusVariant &argument);
+    QString Behaviour(const QString &member, QDBusVariant &argument) const;
     int Release(const QString &member);
     void Reset();
     QStringList Calls() const;
@@ -44,6 +45,8 @@ public Q_SLOTS:
     uint ProcessId() const;
 
 Q_SIGNALS:
+    void Changed();
+    void CallLogged(const QString &call);
     void CallReceived(const QString &member);
     // NOLINTEND(readability-identifier-naming)
 

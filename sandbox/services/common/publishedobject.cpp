@@ -99,11 +99,13 @@ PublishedObject::~PublishedObject()
 
 bool PublishedObject::handleMessage(const QDBusMessage &message, const QDBusConnection &)
 {
-    m_log->append(message);
-    if (message.interface().startsWith(QLatin1String("org.freedesktop.DBus.")))
+    const int number = m_log->append(message);
+    if (message.interface().startsWith(QLatin1String("org.freedesktop.DBus."))) {
+        m_log->setAnswer(number, QDBusMessage());
         return false; // introspection and the like: Qt's own answer
+    }
     const bool denied = !m_owner.isEmpty() && message.service() != m_owner;
-    m_replies->answer(message, [&] {
+    m_replies->answer(message, number, [&] {
         return denied ? message.createErrorReply(
                             QDBusError::AccessDenied,
                             QStringLiteral("%1 belongs to another client").arg(m_path))

@@ -10,6 +10,14 @@ namespace sandbox {
 namespace {
 
 const char errorName[] = "com.corvane.sandbox.Error.Scripted";
+const QString everyMember = QStringLiteral("*");
+
+// By kind.
+const QStringList behaviourNames{
+    QStringLiteral("answer"),     QStringLiteral("error"), QStringLiteral("reply"),
+    QStringLiteral("reply-list"), QStringLiteral("delay"), QStringLiteral("hold"),
+    QStringLiteral("vanish"),
+};
 
 QString qualifiedName(const QDBusMessage &call)
 {
@@ -20,34 +28,43 @@ QString qualifiedName(const QDBusMessage &call)
 
 Behaviour Behaviour::parse(const QString &name, const QVariant &argument, QString *error)
 {
-    if (name == QLatin1String("answer"))
-        return {};
-    if (name == QLatin1String("hold"))
-        return {Hold, {}};
-    if (name == QLatin1String("vanish"))
-        return {Vanish, {}};
-    if (name == QLatin1String("error"))
-        return {Error, argument.toString()};
-    if (name == QLatin1String("reply"))
-        return {Reply, argument};
-    if (name == QLatin1String("reply-list")) {
-        if (argument.userType() == qMetaTypeId<QDBusArgument>())
-            return {ReplyList, qdbus_cast<QVariantList>(argument)};
-        if (argument.userType() == QMetaType::QVariantList)
-            return {ReplyList, argument};
-        *error = QStringLiteral("reply-list takes an array of variants");
+    const int index = behaviourNames.indexOf(name);
+    if (index < 0) {
+        *error = QStringLiteral("there is no behaviour \"%1\"").arg(name);
         return {};
     }
-    if (name == QLatin1String("delay")) {
+    const Kind kind = Kind(index);
+    switch (kind) {
+    case Answer:
+    case Hold:
+    case Vanish:
+        return {kind, {}};
+    case Error:
+        return {kind, argument.toString()};
+    case Reply:
+        return {kind, argument};
+    case ReplyList:
+        if (argument.userType() == qMetaTypeId<QDBusArgument>())
+            return {kind, qdbus_cast<QVariantList>(argument)};
+        if (argument.userType() == QMetaType::QVariantList)
+            return {kind, argument};
+        *error = QStringLiteral("reply-list takes an array of variants");
+        return {};
+    case Delay: {
         bool isNumber = false;
         const int milliseconds = argument.toInt(&isNumber);
         if (isNumber && milliseconds >= 0)
-            return {Delay, milliseconds};
+            return {kind, milliseconds};
         *error = QStringLiteral("delay takes a number of milliseconds");
-        return {};
+        break;
     }
-    *error = QStringLiteral("there is no behaviour \"%1\"").arg(name);
+    }
     return {};
+}
+
+QString Behaviour::name() const
+{
+    return behaviourNames.at(kind);
 }
 
 ScriptedReplies::ScriptedReplies(const QDBusConnection &connection, QObject *parent)
@@ -59,32 +76,40 @@ ScriptedReplies::ScriptedReplies(const QDBusConnection &connection, QObject *par
 void ScriptedReplies::script(const QString &member, const Behaviour &behaviour)
 {
     m_scripts.insert(member, behaviour);
+    Q_EMIT changed();
 }
 
-void ScriptedReplies::answer(const QDBusMessage &call, const std::function<QDBusMessage()> &work)
+Behaviour ScriptedReplies::behaviour(const QString &member) const
+{
+    return m_scripts.value(member);
+}
+
+void ScriptedReplies::answer(const QDBusMessage &call, int number,
+                             const std::function<QDBusMessage()> &work)
 {
     const Behaviour behaviour = behaviourOf(call);
     switch (behaviour.kind) {
     case Behaviour::Answer:
-        send(call, work());
+        send(call, number, work());
         return;
     case Behaviour::Error:
-        send(call, call.createErrorReply(QLatin1String(errorName), behaviour.argument.toString()));
+        send(call, number,
+             call.createErrorReply(QLatin1String(errorName), behaviour.argument.toString()));
         return;
     case Behaviour::Reply:
-        send(call, call.createReply(behaviour.argument));
+        send(call, number, call.createReply(behaviour.argument));
         return;
     case Behaviour::ReplyList:
-        send(call, call.createReply(behaviour.argument.toList()));
+        send(call, number, call.createReply(behaviour.argument.toList()));
         return;
     case Behaviour::Delay: {
         const QDBusMessage reply = work();
         QTimer::singleShot(behaviour.argument.toInt(), this,
-                           [this, call, reply] { send(call, reply); });
+                           [this, call, number, reply] { send(call, number, reply); });
         return;
     }
     case Behaviour::Hold:
-        m_held.append({call, work()});
+        m_held.append({call, number, work()});
         return;
     case Behaviour::Vanish:
         std::_Exit(EXIT_SUCCESS);
@@ -97,7 +122,7 @@ int ScriptedReplies::release(const QString &member)
     QList<Held> kept;
     for (const Held &held : qAsConst(m_held)) {
         if (held.call.member() == member || qualifiedName(held.call) == member) {
-            send(held.call, held.reply);
+            send(held.call, held.number, held.reply);
             ++released;
         } else {
             kept.append(held);
@@ -111,20 +136,25 @@ void ScriptedReplies::reset()
 {
     m_scripts.clear();
     for (const Held &held : qAsConst(m_held))
-        send(held.call, held.reply);
+        send(held.call, held.number, held.reply);
     m_held.clear();
+    Q_EMIT changed();
 }
 
 Behaviour ScriptedReplies::behaviourOf(const QDBusMessage &call) const
 {
     const auto qualified = m_scripts.constFind(qualifiedName(call));
-    return qualified != m_scripts.constEnd() ? *qualified : m_scripts.value(call.member());
+    if (qualified != m_scripts.constEnd())
+        return *qualified;
+    return m_scripts.value(call.member(), m_scripts.value(everyMember));
 }
 
-void ScriptedReplies::send(const QDBusMessage &call, const QDBusMessage &reply)
+void ScriptedReplies::send(const QDBusMessage &call, int number, const QDBusMessage &reply)
 {
-    if (call.isReplyRequired())
-        m_connection.send(reply);
+    if (!call.isReplyRequired())
+        return;
+    m_connection.send(reply);
+    Q_EMIT answered(number, reply);
 }
 
 } // namespace sandbox

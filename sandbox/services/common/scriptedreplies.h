@@ -28,6 +28,9 @@ struct Behaviour
     Kind kind = Answer;
     QVariant argument;
 
+    /** What parse() takes for it. */
+    QString name() const;
+
     /**
      * The behaviour called @p name with @p argument as it came from the bus. When there is none of
      * that name, or the argument does not suit it, @p error gets a text that says so.
@@ -40,7 +43,7 @@ struct Behaviour
  *
  * A delayed or held call does its work when it arrives; only the answer waits. Scripts are kept by
  * member name, either alone ("putAudio") or behind its interface
- * ("com.corvane.aiservice.iat.putAudio"), which goes first.
+ * ("com.corvane.aiservice.iat.putAudio"), which goes first; "*" is every member without a script.
  */
 class ScriptedReplies : public QObject
 {
@@ -51,8 +54,14 @@ public:
 
     void script(const QString &member, const Behaviour &behaviour);
 
-    /** Answers @p call as scripted; @p work does the call's work and returns its true answer. */
-    void answer(const QDBusMessage &call, const std::function<QDBusMessage()> &work);
+    /** As it was scripted. */
+    Behaviour behaviour(const QString &member) const;
+
+    /**
+     * Answers @p call as scripted; @p work does the call's work and returns its true answer. The
+     * call's @p number comes back with answered().
+     */
+    void answer(const QDBusMessage &call, int number, const std::function<QDBusMessage()> &work);
 
     /** Sends the answers on hold for @p member; returns how many. */
     int release(const QString &member);
@@ -60,15 +69,23 @@ public:
     /** Forgets all scripts and sends every answer on hold. */
     void reset();
 
+Q_SIGNALS:
+    /** Some method behaves in another way now. */
+    void changed();
+
+    /** @p reply was sent. */
+    void answered(int number, const QDBusMessage &reply);
+
 private:
     struct Held
     {
         QDBusMessage call;
+        int number;
         QDBusMessage reply;
     };
 
     Behaviour behaviourOf(const QDBusMessage &call) const;
-    void send(const QDBusMessage &call, const QDBusMessage &reply);
+    void send(const QDBusMessage &call, int number, const QDBusMessage &reply);
 
     QDBusConnection m_connection;
     QHash<QString, Behaviour> m_scripts;

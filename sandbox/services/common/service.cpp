@@ -44,6 +44,7 @@ Service::Service(const ServiceIdentity &identity, const QList<QCommandLineOption
     });
     m_log = new CallLog(this);
     m_replies = new ScriptedReplies(connection(), this);
+    connect(m_replies, &ScriptedReplies::answered, m_log, &CallLog::setAnswer);
     m_control = new Control(m_identity.busName, connection(), m_state, m_log, m_replies, this);
 }
 

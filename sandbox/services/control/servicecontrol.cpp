@@ -5,6 +5,8 @@
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
 
+#include <csignal>
+
 namespace sandbox {
 
 ServiceControl::ServiceControl(const QString &service, const QDBusConnection &bus, QObject *parent)
@@ -68,6 +70,36 @@ bool ServiceControl::crash()
     return done(Crash());
 }
 
+// A service works off its messages in their order, so only the last of them is waited for.
+QDBusPendingCallWatcher *ServiceControl::cause(const Fault &fault)
+{
+    const int number = ++m_causes;
+    resume();
+    if (fault.kind != Fault::Stopped)
+        JoinBus();
+    QDBusPendingCall last =
+        Script(QStringLiteral("*"), fault.behaviour(), QDBusVariant(fault.argument()));
+    if (fault.kind == Fault::Stopped)
+        last = LeaveBus();
+    auto *watcher = new QDBusPendingCallWatcher(last, this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, fault, number, watcher] {
+        watcher->deleteLater();
+        if (fault.kind == Fault::Hung && number == m_causes)
+            suspend();
+    });
+    return watcher;
+}
+
+bool ServiceControl::suspend()
+{
+    return signalProcess(SIGSTOP);
+}
+
+bool ServiceControl::resume()
+{
+    return signalProcess(SIGCONT);
+}
+
 QString ServiceControl::error() const
 {
     return m_error;
@@ -76,6 +108,12 @@ QString ServiceControl::error() const
 qint64 ServiceControl::processId() const
 {
     return connection().interface()->servicePid(service());
+}
+
+bool ServiceControl::signalProcess(int number) const
+{
+    const qint64 process = processId();
+    return process > 0 && ::kill(pid_t(process), number) == 0;
 }
 
 bool ServiceControl::done(QDBusPendingCall call)

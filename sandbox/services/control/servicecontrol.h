@@ -1,7 +1,9 @@
 #pragma once
 
 #include "comcorvanesandboxcontrolinterface.h"
+#include "sandbox/services/control/fault.h"
 
+#include <QDBusPendingCallWatcher>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -41,6 +43,17 @@ public:
     bool hang();
     bool crash();
 
+    /**
+     * Makes the service fail in that way, and in no other, from now on. Returns at once; the
+     * watcher, which belongs to this object, has finished when it has taken effect. Of several
+     * causes the latest counts.
+     */
+    QDBusPendingCallWatcher *cause(const Fault &fault);
+
+    /** Stops the process, and lets it run on. False when there is none. */
+    bool suspend();
+    bool resume();
+
     /** What went wrong in the latest of these calls; empty when nothing did. */
     QString error() const;
 
@@ -51,8 +64,10 @@ private:
     bool done(QDBusPendingCall call);
     template <typename T>
     T answer(const QDBusPendingReply<T> &reply);
+    bool signalProcess(int number) const;
 
     QString m_error;
+    int m_causes = 0;
 };
 
 } // namespace sandbox

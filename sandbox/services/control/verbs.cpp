@@ -3,7 +3,6 @@
 #include "sandbox/services/control/servicecontrol.h"
 #include "sandbox/services/control/textvalue.h"
 
-#include <csignal>
 #include <limits>
 
 namespace sandbox {
@@ -78,11 +77,23 @@ VerbResult script(ServiceControl &service, const QStringList &words)
     return outcome(service.Script(words.at(0), behaviour, QDBusVariant(argument)));
 }
 
-VerbResult signalled(ServiceControl &service, int number)
+VerbResult signalled(bool done)
 {
-    return ::kill(pid_t(service.processId()), number) == 0
-               ? VerbResult()
-               : problem(QStringLiteral("the process cannot be reached"));
+    return done ? VerbResult() : problem(QStringLiteral("the process cannot be reached"));
+}
+
+VerbResult fault(ServiceControl &service, const QStringList &words)
+{
+    const int kind = Fault::names().indexOf(words.at(0));
+    bool isNumber = false;
+    const int delayMs = words.value(1).toInt(&isNumber);
+    if (kind < 0 || isNumber != (kind == Fault::Slow) || isNumber != (words.size() == 2)) {
+        return problem(QStringLiteral("the fault is one of %1, and slow by how many milliseconds")
+                           .arg(Fault::names().join(QStringLiteral(", "))));
+    }
+    QDBusPendingCallWatcher *watcher = service.cause({Fault::Kind(kind), isNumber ? delayMs : 0});
+    watcher->waitForFinished();
+    return watcher->isError() ? problem(watcher->error().message()) : VerbResult();
 }
 
 } // namespace
@@ -96,6 +107,7 @@ const QList<Verb> &verbs()
         {"set", "KEY VALUE...", "Change one value, as another program would.", 1, anyNumber, set},
         {"script", "MEMBER BEHAVIOUR [VALUE...]", "Change how a method is answered; see below.", 2,
          anyNumber, script},
+        {"fault", "FAULT [MS]", "Make all methods fail; see below.", 1, 2, fault},
         {"release", "MEMBER", "Send the replies on hold; print how many.", 1, 1,
          [](ServiceControl &service, const Words &words) {
              return outcome(service.Release(words.at(0)));
@@ -118,11 +130,11 @@ const QList<Verb> &verbs()
          }},
         {"hang", "", "Stop the process; it keeps its name and answers nothing.", 0, 0,
          [](ServiceControl &service, const Words &) {
-             return signalled(service, SIGSTOP);
+             return signalled(service.suspend());
          }},
         {"resume", "", "Let a hung process run on.", 0, 0,
          [](ServiceControl &service, const Words &) {
-             return signalled(service, SIGCONT);
+             return signalled(service.resume());
          }},
         {"crash", "", "Kill the process.", 0, 0,
          [](ServiceControl &service, const Words &) {

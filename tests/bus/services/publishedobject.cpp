@@ -66,6 +66,8 @@ private Q_SLOTS:
     void signalsGoOut();
     void introspectionIsTheContracts();
     void scriptsTellInterfacesApart();
+    void oneScriptIsForEveryMethodWithoutItsOwn();
+    void answersAreLogged();
     void deletedObjectIsWithdrawn();
     void ownedObjectIsItsClientsAlone();
 
@@ -93,6 +95,8 @@ void PublishedObjectTest::init()
     QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "service");
     m_log = std::make_unique<sandbox::CallLog>();
     m_replies = std::make_unique<sandbox::ScriptedReplies>(bus);
+    connect(m_replies.get(), &sandbox::ScriptedReplies::answered, m_log.get(),
+            &sandbox::CallLog::setAnswer);
     m_stub = std::make_unique<RecognitionStub>();
     new SessionsAdaptor(m_stub.get());
     new RecognitionAdaptor(m_stub.get());
@@ -172,6 +176,59 @@ void PublishedObjectTest::scriptsTellInterfacesApart()
     m_replies->script("com.corvane.aiservice.aqc.stopIat", {sandbox::Behaviour::Error, "busy"});
     QCOMPARE(finished(m_recognition->startIat({})).errorMessage(), QStringLiteral("busy"));
     QCOMPARE(finished(m_recognition->stopIat()).type(), QDBusMessage::ReplyMessage);
+}
+
+void PublishedObjectTest::oneScriptIsForEveryMethodWithoutItsOwn()
+{
+    m_replies->script("*", {sandbox::Behaviour::Error, "busy"});
+    m_replies->script("stopIat", {sandbox::Behaviour::Reply, 7});
+    QCOMPARE(finished(m_recognition->startIat({})).errorMessage(), QStringLiteral("busy"));
+    QCOMPARE(finished(m_sessions->freeSession("app", "iat")).errorMessage(),
+             QStringLiteral("busy"));
+    QCOMPARE(finished(m_recognition->stopIat()).arguments(), QVariantList{7});
+    m_replies->script("*", {});
+    QCOMPARE(finished(m_recognition->startIat({})).arguments(), QVariantList{"started"});
+}
+
+void PublishedObjectTest::answersAreLogged()
+{
+    QSignalSpy logged(m_log.get(), &sandbox::CallLog::logged);
+    const auto record = [](const QString &line) {
+        return QJsonDocument::fromJson(line.toUtf8()).object();
+    };
+    const auto line = [&](int number) {
+        return record(m_log->lines().value(number - 1));
+    };
+    const QString answer = QStringLiteral("answer");
+    m_replies->script("startIat", {sandbox::Behaviour::Hold, {}});
+    const auto held = m_recognition->startIat({});
+    finished(m_sessions->freeSession("app", "iat"));
+    m_replies->script("stopIat", {sandbox::Behaviour::Error, "busy"});
+    finished(m_recognition->stopIat());
+    QCOMPARE(m_log->lines().size(), 3);
+    QVERIFY(!line(1).contains(answer));
+    const QJsonObject freed{{"arguments", QJsonArray{-3}}};
+    QCOMPARE(line(2).value(answer).toObject(), freed);
+    QCOMPARE(line(3).value(answer).toObject().value("error").toString(), QStringLiteral("busy"));
+    for (int number = 1; number <= 3; ++number)
+        QCOMPARE(line(number).value("number").toInt(), number);
+
+    m_replies->release("startIat");
+    finished(held);
+    QCOMPARE(line(1).value(answer).toObject().value("arguments").toArray(), QJsonArray{"started"});
+    // Each once when it came, and once when it was answered.
+    QStringList told;
+    for (const QList<QVariant> &signal : qAsConst(logged)) {
+        const QJsonObject call = record(signal.constFirst().toString());
+        told.append(QString::number(call.value("number").toInt()) +
+                    (call.contains(answer) ? "+" : "-"));
+    }
+    QCOMPARE(told, QStringList({"1-", "2-", "2+", "3-", "3+", "1+"}));
+
+    m_log->clear();
+    finished(m_recognition->stopIat());
+    QCOMPARE(line(1).value("number").toInt(), 4);
+    QVERIFY(line(1).contains(answer));
 }
 
 void PublishedObjectTest::deletedObjectIsWithdrawn()

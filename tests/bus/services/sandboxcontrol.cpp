@@ -46,6 +46,8 @@ private Q_SLOTS:
     void scriptsReplies();
     void hangsAndResumes();
     void leavesAndJoins();
+    void failsAndRecovers_data();
+    void failsAndRecovers();
     void saysWhatWasWrong_data();
     void saysWhatWasWrong();
     void helpNamesEveryVerb();
@@ -161,6 +163,45 @@ void SandboxControlTest::leavesAndJoins()
     QVERIFY(owned());
 }
 
+void SandboxControlTest::failsAndRecovers_data()
+{
+    QTest::addColumn<QStringList>("fault");
+    QTest::addColumn<QString>("answer"); // signature; "error", or "none" for no answer at all
+    QTest::newRow("slow") << QStringList{"slow", "20"} << "b";
+    QTest::newRow("refusing") << QStringList{"refusing"} << "error";
+    QTest::newRow("wrong types") << QStringList{"wrong-types"} << "d";
+    QTest::newRow("hung") << QStringList{"hung"} << "none";
+    QTest::newRow("stopped") << QStringList{"stopped"} << "error";
+}
+
+/** Each fault ends the one before it. */
+void SandboxControlTest::failsAndRecovers()
+{
+    QFETCH(QStringList, fault);
+    QFETCH(QString, answer);
+    ServiceProcess dock("dock");
+    QVERIFY(dock.start());
+    const auto answered = [] {
+        constexpr int patienceMs = 500;
+        const QDBusMessage reply = QDBusConnection::sessionBus().call(
+            QDBusMessage::createMethodCall("com.corvane.aiassistant.dock",
+                                           "/com/corvane/aiassistant/dockIconControl",
+                                           "com.corvane.aiassistant.dock", "getDockHideStatus"),
+            QDBus::Block, patienceMs);
+        if (reply.type() == QDBusMessage::ReplyMessage)
+            return reply.signature();
+        return reply.errorName().endsWith("NoReply") ? QString("none") : QString("error");
+    };
+    for (const QStringList &before : {QStringList{"none"}, QStringList{"refusing"},
+                                      QStringList{"hung"}, QStringList{"stopped"}}) {
+        QCOMPARE(control(QStringList{"dock", "fault"} + before).error, QString());
+        QCOMPARE(control(QStringList{"dock", "fault"} + fault).error, QString());
+        QCOMPARE(answered(), answer);
+    }
+    QCOMPARE(control({"dock", "fault", "none"}).exitCode, 0);
+    QCOMPARE(answered(), QString("b"));
+}
+
 void SandboxControlTest::saysWhatWasWrong_data()
 {
     QTest::addColumn<QStringList>("words");
@@ -174,6 +215,10 @@ void SandboxControlTest::saysWhatWasWrong_data()
     QTest::newRow("unknown key") << QStringList{"dock", "get", "shown"} << 1;
     QTest::newRow("unknown behaviour")
         << QStringList{"dock", "script", "getDockHideStatus", "explode"} << 1;
+    QTest::newRow("unknown fault") << QStringList{"dock", "fault", "moody"} << 1;
+    QTest::newRow("slow by nothing") << QStringList{"dock", "fault", "slow"} << 1;
+    QTest::newRow("slow by words") << QStringList{"dock", "fault", "slow", "much"} << 1;
+    QTest::newRow("a time that says nothing") << QStringList{"dock", "fault", "hung", "7"} << 1;
 }
 
 void SandboxControlTest::saysWhatWasWrong()
@@ -192,8 +237,8 @@ void SandboxControlTest::helpNamesEveryVerb()
 {
     const Outcome help = control({"--help"});
     QCOMPARE(help.exitCode, 0);
-    const QStringList verbs{"list",  "get",  "set",  "script", "release", "reset", "calls",
-                            "leave", "join", "hang", "resume", "crash",   "pid"};
+    const QStringList verbs{"list",  "get",   "set",  "script", "fault",  "release", "reset",
+                            "calls", "leave", "join", "hang",   "resume", "crash",   "pid"};
     for (const QString &verb : verbs)
         QVERIFY2(help.output.contains("  " + verb + " "), qPrintable(verb));
 }
@@ -206,6 +251,7 @@ void SandboxControlTest::runsAsDocumented_data()
              "sandbox-control assistant list",
              "sandbox-control assistant script getIatEnable delay 3000",
              "sandbox-control assistant calls",
+             "sandbox-control assistant fault slow 3000",
              "sandbox-control --help",
          })
         QTest::newRow(command) << QString(command);

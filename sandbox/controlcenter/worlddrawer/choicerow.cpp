@@ -1,0 +1,116 @@
+#include "sandbox/controlcenter/worlddrawer/choicerow.h"
+
+#include "sandbox/controlcenter/windowstyle.h"
+
+#include <ztk/zfontsizemanager.h>
+
+#include <QComboBox>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStyle>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+using Ztk::Widget::ZFontSizeManager;
+
+namespace controlcenter {
+namespace {
+
+// The wheel scrolls the drawer: on its way over a list it would change what is behind it.
+class ChoiceBox : public QComboBox
+{
+protected:
+    void wheelEvent(QWheelEvent *event) override { event->ignore(); }
+};
+
+} // namespace
+
+ChoiceRow::ChoiceRow(const QString &title, QWidget *parent)
+    : SettingsItem(parent)
+    , m_title(new QLabel(title))
+    , m_box(new ChoiceBox)
+    , m_sentences(new QLabel)
+    , m_below(new QWidget)
+{
+    addBackground();
+    m_title->setTextFormat(Qt::PlainText);
+    m_title->setWordWrap(true);
+    m_box->setAccessibleName(title);
+    m_box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    m_sentences->setTextFormat(Qt::PlainText);
+    m_sentences->setWordWrap(true);
+    m_sentences->setFont(ZFontSizeManager::instance()->get(ZFontSizeManager::T7, font()));
+
+    // Apart from the title, which is the row's only one.
+    auto *below = new QVBoxLayout(m_below);
+    below->setContentsMargins(0, 0, 0, 4);
+    below->addWidget(m_sentences);
+    m_below->hide();
+
+    auto *head = new QHBoxLayout;
+    head->addWidget(m_title, 1);
+    head->addWidget(m_box);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(zcc::widgets::rowPadding, 4, zcc::widgets::rowPadding, 4);
+    layout->addLayout(head);
+    layout->addWidget(m_below);
+    connect(m_box, QOverload<int>::of(&QComboBox::activated), this, &ChoiceRow::chosen);
+    updateColors();
+    alignTexts();
+}
+
+void ChoiceRow::addChoice(const QString &text)
+{
+    m_box->addItem(text);
+}
+
+void ChoiceRow::setChoice(int index)
+{
+    m_box->setCurrentIndex(index);
+}
+
+// A screen reader says them with the choice.
+void ChoiceRow::setSentences(const QStringList &sentences)
+{
+    m_sentences->setText(sentences.join(QLatin1Char('\n')));
+    m_below->setVisible(!sentences.isEmpty());
+    m_box->setAccessibleDescription(sentences.join(QLatin1Char(' ')));
+}
+
+void ChoiceRow::setUsable(bool usable)
+{
+    m_box->setEnabled(usable);
+}
+
+void ChoiceRow::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        updateColors();
+    else if (event->type() == QEvent::LayoutDirectionChange)
+        alignTexts();
+    SettingsItem::changeEvent(event);
+}
+
+void ChoiceRow::updateColors()
+{
+    QPalette secondary = palette();
+    secondary.setColor(QPalette::WindowText, secondaryTextColor(palette()));
+    m_sentences->setPalette(secondary);
+    // A list that cannot be used is still to be seen.
+    QPalette outlined = palette();
+    outlined.setColor(QPalette::Disabled, QPalette::Mid,
+                      outlined.color(QPalette::Active, QPalette::Mid));
+    m_box->setPalette(outlined);
+}
+
+// Left to itself, a label follows the direction of its text.
+void ChoiceRow::alignTexts()
+{
+    const Qt::Alignment side =
+        QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute;
+    m_title->setAlignment(side | Qt::AlignVCenter);
+    m_sentences->setAlignment(side | Qt::AlignTop);
+}
+
+} // namespace controlcenter
