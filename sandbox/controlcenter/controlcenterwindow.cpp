@@ -80,7 +80,7 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     m_columns = new Columns(sideBar, m_navigation, buildContent(header), m_moduleView, this);
     auto *services = new ServicesPage;
     m_world = new DrawerSide(m_columns, services->watches());
-    connect(services, &ServicesPage::worldRequested, m_world, &DrawerSide::open);
+    connect(services, &ServicesPage::worldRequested, m_world, &DrawerSide::openDrawer);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_world);
@@ -175,11 +175,6 @@ void ControlCenterWindow::openPlace(const QString &place)
         return;
     }
     openPage(place);
-}
-
-ShortcutsPage *ControlCenterWindow::shortcutsPage() const
-{
-    return m_shortcutsPage;
 }
 
 QStringList ControlCenterWindow::pageNames() const
@@ -382,9 +377,8 @@ void ControlCenterWindow::openSearchEntry(const SearchEntry &entry)
 // Its first control, which is the module's list where that is seen.
 void ControlCenterWindow::focusContent()
 {
-    const QVector<QWidget *> controls = controlsOf(m_stack->currentWidget());
-    if (!controls.isEmpty())
-        controls.constFirst()->setFocus();
+    if (QWidget *first = controlsOf(m_stack->currentWidget()).value(0))
+        first->setFocus();
 }
 
 void ControlCenterWindow::showColumns()

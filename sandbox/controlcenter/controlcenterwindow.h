@@ -63,7 +63,7 @@ public:
     DrawerSide *world() const { return m_world; }
 
     /** The window's own page of shortcuts, shown or not; the window owns it. */
-    ShortcutsPage *shortcutsPage() const;
+    ShortcutsPage *shortcutsPage() const { return m_shortcutsPage; }
 
     /** Untranslated names of the module's pages, in the order in which it registered them. */
     QStringList pageNames() const;

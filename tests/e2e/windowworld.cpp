@@ -84,7 +84,7 @@ void WindowWorldTest::init()
     m_window->show();
     QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
     m_window->openServices();
-    m_window->world()->open();
+    m_window->world()->openDrawer();
     QVERIFY(faults(dockIcon));
     QTRY_VERIFY(faults(dockIcon)->isEnabled());
     QTRY_COMPARE(faults(dockIcon)->currentText(), running);
@@ -124,7 +124,7 @@ QString WindowWorldTest::sentences(const QString &service) const
 
 void WindowWorldTest::f12OpensAndClosesIt()
 {
-    m_window->world()->close();
+    m_window->world()->closeDrawer();
     QWidget *before = m_window->focusWidget();
     QVERIFY(before);
     QTest::keyClick(m_window.data(), Qt::Key_F12);
@@ -212,8 +212,8 @@ void WindowWorldTest::aServiceThatHangsHoldsUpNothing()
     QTRY_COMPARE(m_window->world()->drawer()->isSettled(), true);
     const QDBusPendingCall answer = askDock();
     // It is closed and opened, and other services are steered.
-    m_window->world()->close();
-    m_window->world()->open();
+    m_window->world()->closeDrawer();
+    m_window->world()->openDrawer();
     QVERIFY(choose(QStringLiteral("Assistant"), QStringLiteral("Refusing")));
     QVERIFY(choose(QStringLiteral("Assistant"), running));
     QVERIFY(elapsed.elapsed() < 5000); // the bus itself would wait for 25 seconds

@@ -133,9 +133,9 @@ void LooksTest::nothingIsCutOffOrLiesOverAnother()
     all += m_window.layoutProblems(QStringLiteral("shortcuts"));
     m_window->openServices();
     all += m_window.layoutProblems(QStringLiteral("services"));
-    m_window->world()->open();
+    m_window->world()->openDrawer();
     all += m_window.layoutProblems(QStringLiteral("world"));
-    m_window->world()->close();
+    m_window->world()->closeDrawer();
     QTest::keyClick(m_window.get(), Qt::Key_F, Qt::ControlModifier); // to the entries
     QVERIFY(m_window->searchField()->isVisible());
     all += m_window.layoutProblems(QStringLiteral("entries"));
@@ -179,9 +179,9 @@ void LooksTest::everythingStandsOut()
     m_window->shortcutsPage()->editButton()->click();
     all += paleness(QStringLiteral("shortcuts"));
     m_window->openServices();
-    m_window->world()->open();
+    m_window->world()->openDrawer();
     all += paleness(QStringLiteral("services and world"));
-    m_window->world()->close();
+    m_window->world()->closeDrawer();
     m_window->searchField()->setFocus();
     m_window->searchField()->setText(m_window->pageTitle(assistantPageName));
     all += paleness(QStringLiteral("search"));

@@ -177,7 +177,7 @@ void WindowSizesTest::noPageIsScrolledSideways()
     found += sideways(QStringLiteral("shortcuts"));
     m_window->openServices();
     found += sideways(QStringLiteral("services"));
-    m_window->world()->open();
+    m_window->world()->openDrawer();
     found += sideways(QStringLiteral("world"));
     found += m_window.layoutProblems(QStringLiteral("world"));
     QVERIFY2(found.isEmpty(), qPrintable(found));

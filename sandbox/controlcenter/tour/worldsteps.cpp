@@ -52,7 +52,7 @@ TourStep openWorldStep(bool dark)
     return {QStringLiteral("open the world's drawer (%1)").arg(theme),
             [dark](TourDriver &driver) {
                 driver.setDark(dark);
-                driver.window()->world()->close();
+                driver.window()->world()->closeDrawer();
                 driver.window()->openServices();
                 driver.press(Qt::Key_F12);
                 if (!driver.window()->world()->isOpen())
@@ -90,7 +90,7 @@ TourStep worldRecoveryStep()
                 driver.press(Qt::Key_Escape);
                 if (problem.isEmpty() && driver.window()->world()->isOpen())
                     problem = QStringLiteral("it stays open");
-                driver.window()->world()->close();
+                driver.window()->world()->closeDrawer();
                 return problem;
             },
             QString()};

@@ -29,9 +29,9 @@ DrawerSide::DrawerSide(QWidget *content, const QVector<ServiceWatch *> &watches,
     layout->addWidget(m_content, 1);
     layout->addWidget(m_drawer);
     m_drawer->hide();
-    connect(m_drawer, &WorldDrawer::closeRequested, this, &DrawerSide::close);
+    connect(m_drawer, &WorldDrawer::closeRequested, this, &DrawerSide::closeDrawer);
     connect(new QShortcut(Qt::Key_F12, this), &QShortcut::activated, this,
-            [this] { isOpen() ? close() : open(); });
+            [this] { isOpen() ? closeDrawer() : openDrawer(); });
 }
 
 WorldDrawer *DrawerSide::drawer() const
@@ -44,7 +44,7 @@ bool DrawerSide::isOpen() const
     return !m_drawer->isHidden();
 }
 
-void DrawerSide::open()
+void DrawerSide::openDrawer()
 {
     if (isOpen())
         return;
@@ -54,7 +54,7 @@ void DrawerSide::open()
     controlsOf(m_drawer).constFirst()->setFocus(Qt::ShortcutFocusReason);
 }
 
-void DrawerSide::close()
+void DrawerSide::closeDrawer()
 {
     if (!isOpen())
         return;

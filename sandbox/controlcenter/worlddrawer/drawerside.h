@@ -26,10 +26,10 @@ public:
 
 public Q_SLOTS:
     /** Opens the drawer, with the focus in it. */
-    void open();
+    void openDrawer();
 
     /** Closes it, and puts the focus where it was. */
-    void close();
+    void closeDrawer();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
