@@ -55,6 +55,7 @@ runs = {
     "sandbox-control assistant list": ("tests/bus/services/sandboxcontrol.cpp",),
     "sandbox-control assistant script getIatEnable delay 3000": ("tests/bus/services/sandboxcontrol.cpp",),
     "sandbox-control assistant calls": ("tests/bus/services/sandboxcontrol.cpp",),
+    "sandbox-control assistant fault slow 3000": ("tests/bus/services/sandboxcontrol.cpp",),
     "sandbox-control --help": ("tests/bus/services/sandboxcontrol.cpp",),
     "assistant-control-doctor [--plugin FILE] [--listen] [--session] [--json]":
         ("tests/plugin/install.sh", '/usr/bin/assistant-control-doctor"'),

@@ -70,9 +70,12 @@ void ChoiceRow::setChoice(int index)
     m_box->setCurrentIndex(index);
 }
 
-// A screen reader says them with the choice.
+// A screen reader says them with the choice. A label is only changed while it is seen: nothing is
+// told of those that are not.
 void ChoiceRow::setSentences(const QStringList &sentences)
 {
+    if (!sentences.isEmpty())
+        m_below->show();
     m_sentences->setText(sentences.join(QLatin1Char('\n')));
     m_below->setVisible(!sentences.isEmpty());
     m_box->setAccessibleDescription(sentences.join(QLatin1Char(' ')));

@@ -21,7 +21,13 @@ FaultRow::FaultRow(const QString &title, ServiceWatch *watch, QWidget *parent)
         setSentences(faultSentences(m_watch->busName(), m_faults.at(index)));
     });
     connect(m_watch, &ServiceWatch::changed, this, &FaultRow::showFault);
-    showFault();
+}
+
+void FaultRow::showEvent(QShowEvent *event)
+{
+    ChoiceRow::showEvent(event);
+    if (m_watch)
+        showFault();
 }
 
 void FaultRow::addFault(const Fault &fault)
@@ -32,7 +38,7 @@ void FaultRow::addFault(const Fault &fault)
 
 void FaultRow::showFault()
 {
-    if (m_watch->isCausing())
+    if (!isVisible() || m_watch->isCausing())
         return; // the user's choice stands
     const Fault fault = m_watch->fault();
     if (!m_faults.contains(fault))

@@ -3,6 +3,7 @@
 #include "sandbox/controlcenter/worlddrawer/choicerow.h"
 #include "sandbox/services/control/fault.h"
 
+#include <QPointer>
 #include <QVector>
 
 namespace controlcenter {
@@ -18,11 +19,14 @@ public:
     /** Shows and steers @p watch, which outlives the row. */
     FaultRow(const QString &title, ServiceWatch *watch, QWidget *parent = nullptr);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void addFault(const sandbox::Fault &fault);
     void showFault();
 
-    ServiceWatch *m_watch;
+    QPointer<ServiceWatch> m_watch;
     QVector<sandbox::Fault> m_faults; ///< by choice
 };
 

@@ -75,8 +75,7 @@ QDBusPendingCallWatcher *ServiceControl::cause(const Fault &fault)
 {
     const int number = ++m_causes;
     resume();
-    if (fault.kind != Fault::Stopped)
-        JoinBus();
+    JoinBus();
     QDBusPendingCall last =
         Script(QStringLiteral("*"), fault.behaviour(), QDBusVariant(fault.argument()));
     if (fault.kind == Fault::Stopped)
