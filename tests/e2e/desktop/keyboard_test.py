@@ -71,10 +71,12 @@ class KeyboardTest(WindowTest):
         self.desktop.press("space")
         self.tree.wait_for(lambda: self.tree.focus is not None, "popup")
 
-    def close_popup(self, label, *keys):
-        """Presses KEYS, which close it: a value is stored before, and a key after it may be lost."""
-        self.desktop.press(*keys)
-        self.wait_for_focus(label)
+    def close_popup(self, label, move, close):
+        """Goes to another entry with one key and closes it with another; the focus follows each."""
+        self.tree.focus = None
+        self.desktop.press(move)
+        self.tree.wait_for(lambda: self.tree.focus is not None, "entry")
+        self.press(close, then=label)
 
     def looks(self, part):
         """The picture of a control and of what may be drawn around it."""
