@@ -116,7 +116,6 @@ ControlCenterWindow::~ControlCenterWindow()
     m_frame->leave();
 }
 
-// Larger texts want a larger window.
 QSize ControlCenterWindow::usualSize()
 {
     const ZFontSizeManager *sizes = ZFontSizeManager::instance();
@@ -387,11 +386,12 @@ void ControlCenterWindow::showColumns()
     const PageArea *own = m_ownPages.value(m_navigation->currentEntry());
     m_breadcrumb->setParts(m_columns->shows(Columns::List),
                            !own && m_columns->shows(Columns::Page));
-
     // Never wider than the screen, where some texts may have to be scrolled sideways.
     const int page = pageMargin + (own ? own->leastWidth() : m_moduleView->leastPageWidth());
-    setMinimumWidth(
-        qBound(leastSize.width(), page, QGuiApplication::primaryScreen()->availableSize().width()));
+    const int least =
+        qBound(leastSize.width(), page, QGuiApplication::primaryScreen()->availableSize().width());
+    if (width() < least || minimumWidth() > least)
+        setMinimumWidth(least);
 }
 
 } // namespace controlcenter

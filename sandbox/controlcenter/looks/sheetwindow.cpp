@@ -25,6 +25,7 @@ SheetWindow::SheetWindow(QWidget *window)
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setWidget(m_picture);
     auto *layout = new QVBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetNoConstraint); // texts come and go
     layout->addWidget(m_state);
     layout->addWidget(m_area, 1);
     connect(&m_sheet, &ContactSheet::progressed, this, &SheetWindow::showProgress);
