@@ -39,6 +39,9 @@ private Q_SLOTS:
     void pagesShowWhatItSays();
     void theToolsDoingShowsToo();
     void aServiceThatIsGoneCannotBeSteered();
+    void theDockAndTheNetworkAreSwitched();
+    void theMicrophoneIsSwitched();
+    void aRealMicrophoneIsLeftAlone();
 
 private:
     QComboBox *faults(const QString &service) const;
@@ -49,6 +52,7 @@ private:
     ServiceProcess m_assistant{QStringLiteral("assistant")};
     ServiceProcess m_dock{QStringLiteral("dock")};
     ServiceProcess m_keybinding{QStringLiteral("keybinding")};
+    ServiceProcess m_network{QStringLiteral("networkmanager")};
     zccV20::ModuleInterface *m_module = nullptr;
     QScopedPointer<ControlCenterWindow> m_window;
 };
@@ -74,6 +78,7 @@ void WindowWorldTest::initTestCase()
     m_module = loaded.module;
     QVERIFY(m_assistant.start());
     QVERIFY(m_keybinding.start());
+    QVERIFY(m_network.start());
 }
 
 void WindowWorldTest::init()
@@ -267,6 +272,73 @@ void WindowWorldTest::aServiceThatIsGoneCannotBeSteered()
     QVERIFY(m_dock.start());
     QTRY_VERIFY(faults(dockIcon)->isEnabled());
     QTRY_COMPARE(faults(dockIcon)->currentText(), running);
+}
+
+void WindowWorldTest::theDockAndTheNetworkAreSwitched()
+{
+    const QString icon = QStringLiteral("Icon in the dock");
+    const QString hidden = QStringLiteral("hidden");
+    QTRY_COMPARE(faults(icon)->currentText(), QStringLiteral("Shown"));
+    QVERIFY(choose(icon, QStringLiteral("Hidden")));
+    QTRY_COMPARE(m_dock.value(hidden), QVariant(true));
+    m_dock.setValue(hidden, false); // as another program would
+    QTRY_COMPARE(faults(icon)->currentText(), QStringLiteral("Shown"));
+
+    const QString connection = QStringLiteral("Connection");
+    const QString failure =
+        doctor::failureTexts(Contract::NetworkManager::object().service).join(QLatin1Char('\n'));
+    QTRY_COMPARE(faults(connection)->currentText(), QStringLiteral("Connected"));
+    QCOMPARE(sentences(connection), QString());
+    QVERIFY(choose(connection, QStringLiteral("Disconnected")));
+    QTRY_COMPARE(m_network.value(QStringLiteral("state")), QVariant(20u));
+    QCOMPARE(sentences(connection), failure);
+    QVERIFY(choose(connection, QStringLiteral("Connected")));
+    QTRY_COMPARE(m_network.value(QStringLiteral("state")), QVariant(70u));
+    QTRY_COMPARE(sentences(connection), QString());
+}
+
+// What a virtual microphone is steered by; it needs no sound for that.
+void WindowWorldTest::theMicrophoneIsSwitched()
+{
+    QTemporaryDir folder;
+    const auto write = [&](const char *name, const QByteArray &text) {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() &&
+               file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    };
+    const auto read = [&](const char *name) {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
+    };
+    for (const char *sound : {"speech.wav", "noise.wav", "loud.wav", "quiet.wav", "silence.wav"})
+        QVERIFY(write(sound, "sound"));
+    QVERIFY(write("kind", "quiet\n"));
+    QVERIFY(write("plug", "#!/bin/sh\necho $1 >\"${0%/*}/plugged\"\n"));
+    qputenv("SANDBOX_MICROPHONE", folder.path().toLocal8Bit());
+    ServiceProcess audio(QStringLiteral("audio"));
+    QVERIFY(audio.start());
+    qunsetenv("SANDBOX_MICROPHONE");
+
+    const QString microphone = QStringLiteral("Microphone");
+    QTRY_VERIFY(faults(microphone)->isEnabled());
+    QVERIFY(choose(microphone, QStringLiteral("Unplugged")));
+    QTRY_COMPARE(read("plugged"), QByteArray("out"));
+    QVERIFY(choose(microphone, QStringLiteral("Voice in noise")));
+    QTRY_COMPARE(read("plugged"), QByteArray("in"));
+    QTRY_COMPARE(read("kind"), QByteArray("noise"));
+    QTRY_COMPARE(faults(microphone)->currentText(), QStringLiteral("Voice in noise"));
+    audio.setValue(QStringLiteral("microphone.sound"), QStringLiteral("silence"));
+    QTRY_COMPARE(faults(microphone)->currentText(), QStringLiteral("Silence"));
+    audio.setValue(QStringLiteral("microphone.sound"), QStringLiteral("../noise"));
+    QCOMPARE(read("kind"), QByteArray("silence"));
+}
+
+void WindowWorldTest::aRealMicrophoneIsLeftAlone()
+{
+    ServiceProcess audio(QStringLiteral("audio"));
+    QVERIFY(audio.start());
+    QTRY_VERIFY(faults(QStringLiteral("Sound"))->isEnabled());
+    QTRY_VERIFY(!faults(QStringLiteral("Microphone"))->isVisible());
 }
 
 TEST_CLASS(QApplication, WindowWorldTest)

@@ -267,6 +267,7 @@ void ServiceWatch::onValues(const Values &values)
     } else {
         setState(Running);
     }
+    Q_EMIT answered();
     askIfDue();
 }
 

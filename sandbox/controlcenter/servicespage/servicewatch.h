@@ -71,6 +71,9 @@ public:
 Q_SIGNALS:
     void changed();
 
+    /** The values are what the service says now, changed or not. */
+    void answered();
+
 private:
     void onCaused(const sandbox::Fault &fault);
     void onOwned(bool owned);

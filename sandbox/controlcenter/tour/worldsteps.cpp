@@ -8,6 +8,7 @@
 #include "sandbox/controlcenter/worlddrawer/worlddrawer.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 
 using sandbox::Fault;
 
@@ -79,6 +80,23 @@ TourStep worldFaultsStep()
             QStringLiteral("world-faults")};
 }
 
+TourStep surroundingsStep()
+{
+    return {QStringLiteral("take the network away and give it back"),
+            [](TourDriver &driver) {
+                const auto translated = [](const char *text) {
+                    return QCoreApplication::translate("controlcenter::WorldDrawer", text);
+                };
+                const QString connection = translated("Connection");
+                const QString problem =
+                    chooseInWorld(driver, connection, translated("Disconnected"));
+                return problem.isEmpty()
+                           ? chooseInWorld(driver, connection, translated("Connected"))
+                           : problem;
+            },
+            QStringLiteral("world-surroundings")};
+}
+
 TourStep worldRecoveryStep()
 {
     return {QStringLiteral("let them run again, and close the drawer"),
@@ -100,7 +118,8 @@ TourStep worldRecoveryStep()
 
 TourSteps worldSteps(const ControlCenterWindow *)
 {
-    return {openWorldStep(true), openWorldStep(false), worldFaultsStep(), worldRecoveryStep()};
+    return {openWorldStep(true), openWorldStep(false), surroundingsStep(), worldFaultsStep(),
+            worldRecoveryStep()};
 }
 
 } // namespace controlcenter

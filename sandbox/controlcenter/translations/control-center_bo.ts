@@ -255,6 +255,70 @@
         <source>Services</source>
         <translation>ཞབས་ཞུ</translation>
     </message>
+    <message>
+        <source>Surroundings</source>
+        <translation>ཉེ་འཁོར</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>སྐད་སྒྲ</translation>
+    </message>
+    <message>
+        <source>Voice in noise</source>
+        <translation>འུར་སྒྲའི་ནང་གི་སྐད་སྒྲ</translation>
+    </message>
+    <message>
+        <source>Too loud</source>
+        <translation>སྒྲ་ཆེ་དྲགས་པ</translation>
+    </message>
+    <message>
+        <source>Too quiet</source>
+        <translation>སྒྲ་ཆུང་དྲགས་པ</translation>
+    </message>
+    <message>
+        <source>Silence</source>
+        <translation>སྒྲ་མེད</translation>
+    </message>
+    <message>
+        <source>Unplugged</source>
+        <translation>བཏོན་ཟིན་པ</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>མའེ་ཁེ་ཧྥེང</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>འབྲེལ་མཐུད</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>འབྲེལ་མཐུད་ཟིན་པ</translation>
+    </message>
+    <message>
+        <source>Local network only</source>
+        <translation>ས་གནས་དྲ་རྒྱ་ཁོ་ན</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>འབྲེལ་མཐུད་བཞིན་པ</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>འབྲེལ་མཐུད་ཆད་པ</translation>
+    </message>
+    <message>
+        <source>Icon in the dock</source>
+        <translation>ལས་འགན་སྡེ་ཚན་ནང་གི་རིས་རྟགས</translation>
+    </message>
+    <message>
+        <source>Shown</source>
+        <translation>མངོན་པ</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>སྦས་པ</translation>
+    </message>
 </context>
 <context>
     <name>doctor::Contract</name>

@@ -255,6 +255,70 @@
         <source>Services</source>
         <translation>مۇلازىمەتلەر</translation>
     </message>
+    <message>
+        <source>Surroundings</source>
+        <translation>ئەتراپ</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>ئاۋاز</translation>
+    </message>
+    <message>
+        <source>Voice in noise</source>
+        <translation>شاۋقۇن ئىچىدىكى ئاۋاز</translation>
+    </message>
+    <message>
+        <source>Too loud</source>
+        <translation>ئاۋازى بەك يۇقىرى</translation>
+    </message>
+    <message>
+        <source>Too quiet</source>
+        <translation>ئاۋازى بەك تۆۋەن</translation>
+    </message>
+    <message>
+        <source>Silence</source>
+        <translation>جىمجىت</translation>
+    </message>
+    <message>
+        <source>Unplugged</source>
+        <translation>چىقىرىۋېتىلگەن</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>مىكروفون</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>باغلىنىش</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>باغلاندى</translation>
+    </message>
+    <message>
+        <source>Local network only</source>
+        <translation>پەقەت يەرلىك تور</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>باغلىنىۋاتىدۇ</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>ئۈزۈلدى</translation>
+    </message>
+    <message>
+        <source>Icon in the dock</source>
+        <translation>ۋەزىپە بالدىقىدىكى سىنبەلگە</translation>
+    </message>
+    <message>
+        <source>Shown</source>
+        <translation>كۆرۈنىدۇ</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>يوشۇرۇن</translation>
+    </message>
 </context>
 <context>
     <name>doctor::Contract</name>

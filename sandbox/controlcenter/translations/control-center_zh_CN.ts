@@ -255,6 +255,70 @@
         <source>Services</source>
         <translation>服务</translation>
     </message>
+    <message>
+        <source>Surroundings</source>
+        <translation>周边环境</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>语音</translation>
+    </message>
+    <message>
+        <source>Voice in noise</source>
+        <translation>嘈杂语音</translation>
+    </message>
+    <message>
+        <source>Too loud</source>
+        <translation>声音过大</translation>
+    </message>
+    <message>
+        <source>Too quiet</source>
+        <translation>声音过小</translation>
+    </message>
+    <message>
+        <source>Silence</source>
+        <translation>静音</translation>
+    </message>
+    <message>
+        <source>Unplugged</source>
+        <translation>已拔出</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>麦克风</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>网络连接</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>已连接</translation>
+    </message>
+    <message>
+        <source>Local network only</source>
+        <translation>仅本地网络</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>正在连接</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>已断开</translation>
+    </message>
+    <message>
+        <source>Icon in the dock</source>
+        <translation>任务栏中的图标</translation>
+    </message>
+    <message>
+        <source>Shown</source>
+        <translation>显示</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>隐藏</translation>
+    </message>
 </context>
 <context>
     <name>doctor::Contract</name>

@@ -255,6 +255,70 @@
         <source>Services</source>
         <translation>服務</translation>
     </message>
+    <message>
+        <source>Surroundings</source>
+        <translation>周邊環境</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>語音</translation>
+    </message>
+    <message>
+        <source>Voice in noise</source>
+        <translation>嘈雜語音</translation>
+    </message>
+    <message>
+        <source>Too loud</source>
+        <translation>聲音太大</translation>
+    </message>
+    <message>
+        <source>Too quiet</source>
+        <translation>聲音太小</translation>
+    </message>
+    <message>
+        <source>Silence</source>
+        <translation>靜音</translation>
+    </message>
+    <message>
+        <source>Unplugged</source>
+        <translation>已拔除</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>麥克風</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>網路連線</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>已連線</translation>
+    </message>
+    <message>
+        <source>Local network only</source>
+        <translation>僅本機網路</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>正在連線</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>已中斷連線</translation>
+    </message>
+    <message>
+        <source>Icon in the dock</source>
+        <translation>工作列中的圖示</translation>
+    </message>
+    <message>
+        <source>Shown</source>
+        <translation>顯示</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>隱藏</translation>
+    </message>
 </context>
 <context>
     <name>doctor::Contract</name>

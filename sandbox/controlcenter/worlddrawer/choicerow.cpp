@@ -20,6 +20,11 @@ namespace {
 // The wheel scrolls the drawer: on its way over a list it would change what is behind it.
 class ChoiceBox : public QComboBox
 {
+public:
+    // Qt measures the ink of the texts, and a line of them can be wider.
+    QSize sizeHint() const override { return QComboBox::sizeHint() + QSize(4, 0); }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
 protected:
     void wheelEvent(QWheelEvent *event) override { event->ignore(); }
 };

@@ -4,6 +4,8 @@
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
 #include "sandbox/controlcenter/windowstyle.h"
 #include "sandbox/controlcenter/worlddrawer/faultrow.h"
+#include "sandbox/controlcenter/worlddrawer/faulttexts.h"
+#include "sandbox/controlcenter/worlddrawer/valuerow.h"
 
 #include <zcc/widgets/settingsgroup.h>
 #include <ztk/zfontsizemanager.h>
@@ -143,6 +145,7 @@ QWidget *WorldDrawer::buildBody()
     layout->setContentsMargins(margin, 0, margin, margin);
     layout->setSpacing(groupSpacing);
     addServices(layout);
+    addSurroundings(layout);
     layout->addStretch();
 
     auto *area = new QScrollArea;
@@ -160,6 +163,45 @@ void WorldDrawer::addServices(QVBoxLayout *body)
     SettingsGroup *group = addGroup(body, tr("Services"));
     for (ServiceWatch *watch : qAsConst(m_watches))
         group->appendItem(new FaultRow(ServicesPage::titleOf(watch->name()), watch));
+}
+
+void WorldDrawer::addSurroundings(QVBoxLayout *body)
+{
+    SettingsGroup *group = addGroup(body, tr("Surroundings"));
+
+    const QString plugged = QStringLiteral("microphone.plugged");
+    QVector<ValueRow::Choice> sounds;
+    for (const auto &[text, sound] : {qMakePair(tr("Voice"), QStringLiteral("speech")),
+                                      qMakePair(tr("Voice in noise"), QStringLiteral("noise")),
+                                      qMakePair(tr("Too loud"), QStringLiteral("loud")),
+                                      qMakePair(tr("Too quiet"), QStringLiteral("quiet")),
+                                      qMakePair(tr("Silence"), QStringLiteral("silence"))})
+        sounds.append({text, {{plugged, true}, {QStringLiteral("microphone.sound"), sound}}, {}});
+    sounds.append({tr("Unplugged"), {{plugged, false}}, {}});
+    group->appendItem(new ValueRow(tr("Microphone"), watch(QStringLiteral("audio")), sounds));
+
+    ServiceWatch *network = watch(QStringLiteral("networkmanager"));
+    // To the module every other state is none at all, as when nobody answers.
+    const QStringList unconnected = faultSentences(network->busName(), {sandbox::Fault::Stopped});
+    const QString state = QStringLiteral("state");
+    group->appendItem(new ValueRow(tr("Connection"), network,
+                                   {{tr("Connected"), {{state, 70u}}, {}},
+                                    {tr("Local network only"), {{state, 50u}}, unconnected},
+                                    {tr("Connecting"), {{state, 40u}}, unconnected},
+                                    {tr("Disconnected"), {{state, 20u}}, unconnected}}));
+
+    const QString hidden = QStringLiteral("hidden");
+    group->appendItem(
+        new ValueRow(tr("Icon in the dock"), watch(QStringLiteral("dock")),
+                     {{tr("Shown"), {{hidden, false}}, {}}, {tr("Hidden"), {{hidden, true}}, {}}}));
+}
+
+ServiceWatch *WorldDrawer::watch(const QString &service) const
+{
+    const auto found =
+        std::find_if(m_watches.cbegin(), m_watches.cend(),
+                     [&](const ServiceWatch *watch) { return watch->name() == service; });
+    return *found;
 }
 
 void WorldDrawer::setFollowing(bool following)

@@ -10,8 +10,8 @@ namespace controlcenter {
 class ServiceWatch;
 
 /**
- * Switches what the module lives in while it runs: how its services fail. It waits for none of
- * them.
+ * Switches what the module lives in while it runs: how its services fail, what its microphone
+ * hears, whether there is a network and an icon in the dock. It waits for none of them.
  */
 class WorldDrawer : public QWidget
 {
@@ -41,6 +41,8 @@ private:
     QWidget *buildHead();
     QWidget *buildBody();
     void addServices(QVBoxLayout *body);
+    void addSurroundings(QVBoxLayout *body);
+    ServiceWatch *watch(const QString &service) const;
     void setFollowing(bool following);
 
     QVector<QPointer<ServiceWatch>> m_watches;

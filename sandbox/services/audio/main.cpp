@@ -1,5 +1,6 @@
 #include "contracts/contract.h"
 #include "sandbox/services/audio/audiodaemon.h"
+#include "sandbox/services/audio/microphone.h"
 #include "sandbox/services/audio/soundserver.h"
 #include "sandbox/services/common/service.h"
 
@@ -11,6 +12,7 @@ int main(int argc, char *argv[])
     sandbox::Service service(sandbox::serviceNamed(QStringLiteral("audio")));
     sandbox::SoundServer server;
     sandbox::AudioDaemon daemon(service.state(), &server);
+    const sandbox::Microphone microphone(service.state(), &server);
     service.publish(Contract::AudioDaemon::object().path, &daemon);
     return service.run();
 }
