@@ -6,7 +6,9 @@
 #include <ztk/zlistview.h>
 #include <ztk/zstandarditem.h>
 
+#include <QAccessible>
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QMargins>
 #include <QScopedPointer>
 #include <QScrollBar>
@@ -42,6 +44,8 @@ private Q_SLOTS:
     void focusFromTheProgramIsPutDownToWhatWasUsedLast();
     void firstKeyShowsTheFocusOnAnyViewport();
     void clickAndKeysWork();
+    void oneRowAtMostIsReportedAsFocused();
+    void assistiveTechnologiesSeeTheRows();
     void disabledRowIsPale();
     void themeSwitchReachesTheIcons();
     void rowsGrowWithTheFont();
@@ -262,6 +266,61 @@ void PlatformListTest::firstKeyShowsTheFocusOnAnyViewport()
     m_view->viewport()->installEventFilter(&paints);
     QTest::keyClick(m_view.data(), Qt::Key_Shift);
     QTRY_VERIFY(paints.count > 0);
+}
+
+/** Of two lists in one window, both with a current row. */
+void PlatformListTest::oneRowAtMostIsReportedAsFocused()
+{
+    QWidget window;
+    QHBoxLayout layout(&window);
+    ZListView first;
+    ZListView second;
+    for (ZListView *list : {&first, &second}) {
+        layout.addWidget(list);
+        list->setModel(m_model);
+        list->setCurrentIndex(m_model->index(1, 0));
+    }
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const auto isFocused = [](QWidget *list) {
+        return bool(QAccessible::queryAccessibleInterface(list)->child(1)->state().focused);
+    };
+    first.setFocus();
+    QVERIFY(isFocused(&first));
+    QVERIFY(!isFocused(&second));
+    second.setFocus();
+    QVERIFY(!isFocused(&first));
+    QVERIFY(isFocused(&second));
+    QCOMPARE(QAccessible::queryAccessibleInterface(&second)->focusChild(),
+             QAccessible::queryAccessibleInterface(&second)->child(1));
+}
+
+void PlatformListTest::assistiveTechnologiesSeeTheRows()
+{
+    QAccessibleInterface *list = QAccessible::queryAccessibleInterface(m_view.data());
+    QCOMPARE(list->role(), QAccessible::List);
+    QCOMPARE(list->childCount(), 4);
+    QCOMPARE(list->child(4), nullptr);
+    QAccessibleInterface *row = list->child(2);
+    QCOMPARE(row->role(), QAccessible::ListItem);
+    QCOMPARE(row->text(QAccessible::Name), QStringLiteral("Third"));
+    m_model->item(2)->setData(QStringLiteral("The third"), Qt::AccessibleTextRole);
+    QCOMPARE(row->text(QAccessible::Name), QStringLiteral("The third"));
+    QCOMPARE(row->parent(), list);
+    QCOMPARE(list->indexOfChild(row), 2);
+    const QRect place = m_view->visualRect(m_model->index(2, 0));
+    const QPoint middle = m_view->viewport()->mapToGlobal(place.center());
+    QVERIFY(row->rect().contains(middle));
+    QCOMPARE(list->childAt(middle.x(), middle.y()), row);
+    QVERIFY(!row->state().selected);
+    QSignalSpy clicked(m_view.data(), &QListView::clicked);
+    row->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    QTRY_COMPARE(clicked.count(), 1);
+    QCOMPARE(m_view->currentIndex(), m_model->index(2, 0));
+    QVERIFY(row->state().selected);
+    m_model->removeRows(2, 2);
+    QCOMPARE(list->childCount(), 2);
+    QVERIFY(!row->isValid());
 }
 
 void PlatformListTest::clickAndKeysWork()

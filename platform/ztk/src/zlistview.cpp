@@ -1,6 +1,7 @@
 #include "ztk/zlistview.h"
 
 #include "zitemdelegate.h"
+#include "zlistaccessible.h"
 
 namespace Ztk {
 namespace Widget {
@@ -8,6 +9,7 @@ namespace Widget {
 ZListView::ZListView(QWidget *parent)
     : QListView(parent)
 {
+    ZListAccessible::install();
     setItemDelegate(new ZItemDelegate(this));
     setFrameShape(QFrame::NoFrame);
     setWordWrap(true); // also lays the rows out anew when the width changes
