@@ -1,5 +1,7 @@
 #include "sandbox/controlcenter/themebutton.h"
 
+#include "sandbox/controlcenter/accessibleroles.h"
+
 #include <ztk/zfocustracker.h>
 #include <ztk/zfontsizemanager.h>
 #include <ztk/zpainting.h>
@@ -27,6 +29,7 @@ ThemeButton::ThemeButton(QWidget *parent)
     , m_choice(new ThemeChoice(this))
     , m_actions(new QActionGroup(this))
 {
+    installAccessibleRoles(); // before it has a name: Qt tells of it, and keeps whom it has asked
     setMenu(new QMenu(this));
     addChoice(ThemeChoice::Light, tr("Light"));
     addChoice(ThemeChoice::Dark, tr("Dark"));
