@@ -105,6 +105,9 @@ void Columns::resizeEvent(QResizeEvent *event)
 
 bool Columns::eventFilter(QObject *watched, QEvent *event)
 {
+    // Whoever goes sends events, too, when it is no view any more.
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::MouseButtonRelease)
+        return false;
     for (QAbstractItemView *view : {m_entries, m_watchedList.data()})
         if (view && (watched == view || watched == view->viewport()) && isChoice(event, view))
             // When the view has done with the event.
