@@ -201,8 +201,8 @@ void ZPainting::drawText(QPainter *painter, const QRect &rect, int flags, const 
         top += (room.height() - height) / 2;
     else if (flags & Qt::AlignBottom)
         top += room.height() - height;
-    const int lineFlags =
-        (flags & ~(Qt::TextWordWrap | Qt::AlignVertical_Mask)) | Qt::AlignTop | Qt::TextSingleLine;
+    const int lineFlags = (flags & ~int(Qt::TextWordWrap) & ~int(Qt::AlignVertical_Mask)) |
+                          Qt::AlignTop | Qt::TextSingleLine;
     for (const Line &line : lines) {
         painter->drawText(QRectF(room.left(), top, room.width(), line.height), lineFlags,
                           line.text);
