@@ -115,10 +115,10 @@ void ChoiceRow::updateColors()
 // Left to itself, a label follows the direction of its text.
 void ChoiceRow::alignTexts()
 {
-    const Qt::Alignment side =
+    const Qt::Alignment leading =
         QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute;
-    m_title->setAlignment(side | Qt::AlignVCenter);
-    m_sentences->setAlignment(side | Qt::AlignTop);
+    m_title->setAlignment(leading | Qt::AlignVCenter);
+    m_sentences->setAlignment(leading | Qt::AlignTop);
 }
 
 } // namespace controlcenter
