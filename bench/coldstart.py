@@ -12,7 +12,7 @@ import subprocess
 import sys
 import time
 
-from Xlib import X, display
+from Xlib import X, display, error
 
 LIMIT = 30  # seconds
 COLOURS = 8
@@ -31,16 +31,21 @@ def start_server():
 
 
 def shows_something(root):
-    """Whether a window that is mapped does."""
-    for window in root.query_tree().children:
-        attributes, place = window.get_attributes(), window.get_geometry()
-        if attributes.map_state != X.IsViewable or attributes.override_redirect or place.width < 200:
-            continue
-        image = window.get_image(place.width // 4, place.height // 4, place.width // 2, place.height // 2,
-                                 X.ZPixmap, 0xffffffff).data
-        if len(set(image[i:i + 3] for i in range(0, len(image), 4 * 7))) >= COLOURS:
-            return True
-    return False
+    """Whether a window that is mapped does. One that goes meanwhile does not."""
+    try:
+        return any(map(has_contents, root.query_tree().children))
+    except error.XError:
+        return False
+
+
+def has_contents(window):
+    """Whether the middle of a window is more than a background."""
+    attributes, place = window.get_attributes(), window.get_geometry()
+    if attributes.map_state != X.IsViewable or attributes.override_redirect or place.width < 200:
+        return False
+    image = window.get_image(place.width // 4, place.height // 4, place.width // 2, place.height // 2,
+                             X.ZPixmap, 0xffffffff).data
+    return len(set(image[i:i + 3] for i in range(0, len(image), 4 * 7))) >= COLOURS
 
 
 def main():
