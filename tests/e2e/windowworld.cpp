@@ -40,6 +40,7 @@ private Q_SLOTS:
     void theToolsDoingShowsToo();
     void aServiceThatIsGoneCannotBeSteered();
     void theDockAndTheNetworkAreSwitched();
+    void itFollowsAgainAfterItWasMinimisedAndClosed();
     void theMicrophoneIsSwitched();
     void aRealMicrophoneIsLeftAlone();
 
@@ -295,6 +296,22 @@ void WindowWorldTest::theDockAndTheNetworkAreSwitched()
     QVERIFY(choose(connection, QStringLiteral("Connected")));
     QTRY_COMPARE(m_network.value(QStringLiteral("state")), QVariant(70u));
     QTRY_COMPARE(sentences(connection), QString());
+}
+
+// It is told of both; so is the page of services, which is not seen here.
+void WindowWorldTest::itFollowsAgainAfterItWasMinimisedAndClosed()
+{
+    const QString icon = QStringLiteral("Icon in the dock");
+    m_window->openPage(modulepages::translation);
+    QHideEvent minimised;
+    QApplication::sendEvent(m_window->world()->drawer(), &minimised);
+    m_window->world()->closeDrawer();
+    m_window->world()->openDrawer();
+    for (const bool hidden : {true, false}) {
+        m_dock.setValue(QStringLiteral("hidden"), hidden);
+        QTRY_COMPARE(faults(icon)->currentText(),
+                     hidden ? QStringLiteral("Hidden") : QStringLiteral("Shown"));
+    }
 }
 
 // What a virtual microphone is steered by; it needs no sound for that.

@@ -95,8 +95,12 @@ void ServicesPage::hideEvent(QHideEvent *event)
     PageArea::hideEvent(event);
 }
 
+// Of a minimised window, and of its parts that are hidden then, each is told twice.
 void ServicesPage::setFollowing(bool following)
 {
+    if (following == m_following)
+        return;
+    m_following = following;
     for (ServiceWatch *watch : qAsConst(m_watches))
         watch->setFollowing(following);
 }

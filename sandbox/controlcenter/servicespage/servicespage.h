@@ -39,6 +39,7 @@ private:
     void setFollowing(bool following);
 
     QVector<ServiceWatch *> m_watches;
+    bool m_following = false;
 };
 
 } // namespace controlcenter

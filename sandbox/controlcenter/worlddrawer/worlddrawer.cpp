@@ -204,8 +204,12 @@ ServiceWatch *WorldDrawer::watch(const QString &service) const
     return *found;
 }
 
+// Of a minimised window, and of its parts that are hidden then, each is told twice.
 void WorldDrawer::setFollowing(bool following)
 {
+    if (following == m_following)
+        return;
+    m_following = following;
     for (ServiceWatch *watch : qAsConst(m_watches)) {
         if (!watch)
             continue;

@@ -47,6 +47,7 @@ private:
 
     QVector<QPointer<ServiceWatch>> m_watches;
     QWidget *m_body = nullptr;
+    bool m_following = false;
 };
 
 } // namespace controlcenter
