@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QDBusMessage>
+#include <QDBusVirtualObject>
 #include <QPointer>
 #include <QtTest>
 
@@ -39,6 +40,7 @@ private Q_SLOTS:
     void aServiceThatHangsDoesNotHoldUpTheWindow();
     void aServiceThatHangsIsSilentUntilItGoesOn();
     void aServiceThatWasNeverThere();
+    void theLatestFaultCountsInWhateverOrderAnswersCome();
 
 private:
     QString shown() const;
@@ -59,6 +61,29 @@ void setHidden(bool hidden)
     call.setArguments({hidden});
     QVERIFY(QDBusConnection::sessionBus().send(call));
 }
+
+// A service's control that answers the first script after the second.
+class LateControl : public QDBusVirtualObject
+{
+public:
+    QString introspect(const QString &) const override { return QString(); }
+
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
+    {
+        if (message.member() != QLatin1String("Script")) {
+            connection.send(message.createErrorReply(QDBusError::NotSupported, QString()));
+        } else if (m_first.type() == QDBusMessage::InvalidMessage) {
+            m_first = message;
+        } else {
+            connection.send(message.createReply());
+            connection.send(m_first.createReply());
+        }
+        return true;
+    }
+
+private:
+    QDBusMessage m_first;
+};
 
 // How often the watch has asked for a value.
 int questions(const BusRecorder &recorder)
@@ -207,6 +232,28 @@ void WindowServicesTest::aServiceThatWasNeverThere()
     watch.refresh();
     QTRY_COMPARE(watch.state(), ServiceWatch::Missing);
     QVERIFY(watch.values().isEmpty());
+}
+
+// Qt itself delivers an answer late that came before it was waited for.
+void WindowServicesTest::theLatestFaultCountsInWhateverOrderAnswersCome()
+{
+    const QString name = QStringLiteral("cellar");
+    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+    LateControl control;
+    QVERIFY(bus.registerVirtualObject(sandbox::controlPath(), &control));
+    QVERIFY(bus.registerService(sandbox::controlBusName(name)));
+    ServiceWatch watch(
+        {name, QStringLiteral("com.corvane.cellar"), QDBusConnection::SessionBus, QString()});
+    QList<sandbox::Fault> shown; // as its row does
+    connect(&watch, &ServiceWatch::changed, this, [&] {
+        if (!watch.isCausing())
+            shown.append(watch.fault());
+    });
+    watch.cause({sandbox::Fault::Slow, 1000});
+    watch.cause({sandbox::Fault::Slow, 5000});
+    QTRY_VERIFY(!shown.isEmpty());
+    QVERIFY(shown.constFirst() == (sandbox::Fault{sandbox::Fault::Slow, 5000}));
+    QDBusConnection::disconnectFromBus(name);
 }
 
 TEST_CLASS(QCoreApplication, WindowServicesTest)

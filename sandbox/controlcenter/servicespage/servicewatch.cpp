@@ -119,14 +119,19 @@ sandbox::Fault ServiceWatch::fault() const
     return m_script;
 }
 
+// Of several the latest counts. Qt may deliver their answers in another order: one that came before
+// it was waited for takes one turn of the event loop more.
 void ServiceWatch::cause(const sandbox::Fault &fault)
 {
     ++m_causing;
+    ++m_causes;
+    m_caused = fault;
     connect(m_control->cause(fault), &QDBusPendingCallWatcher::finished, this,
-            [this, fault](const QDBusPendingCallWatcher *done) {
-                --m_causing;
+            [this](const QDBusPendingCallWatcher *done) {
+                if (--m_causing > 0)
+                    return;
                 if (!done->isError())
-                    onCaused(fault);
+                    onCaused();
                 refresh();
             });
 }
@@ -142,12 +147,14 @@ sandbox::ServiceControl *ServiceWatch::control() const
 }
 
 // What was asked before does not count any more.
-void ServiceWatch::onCaused(const sandbox::Fault &fault)
+void ServiceWatch::onCaused()
 {
     using sandbox::Fault;
     endRound();
-    m_script = Fault::ofBehaviour(fault.behaviour(), fault.argument());
-    m_state = fault.kind == Fault::Hung ? Silent : fault.kind == Fault::Stopped ? Missing : Running;
+    m_script = Fault::ofBehaviour(m_caused.behaviour(), m_caused.argument());
+    m_state = m_caused.kind == Fault::Hung      ? Silent
+              : m_caused.kind == Fault::Stopped ? Missing
+                                                : Running;
     Q_EMIT changed();
 }
 
@@ -204,9 +211,9 @@ void ServiceWatch::askIfDue()
 void ServiceWatch::askForFault()
 {
     whenAnswered(m_control->Behaviour(QStringLiteral("*")), this,
-                 [this](const QDBusPendingCall &call) {
+                 [this, causes = m_causes](const QDBusPendingCall &call) {
                      const QDBusPendingReply<QString, QDBusVariant> reply = call;
-                     if (isSilence(reply.error()))
+                     if (isSilence(reply.error()) || causes != m_causes)
                          return;
                      const bool steerable = !reply.isError();
                      const sandbox::Fault script =

@@ -75,7 +75,7 @@ Q_SIGNALS:
     void answered();
 
 private:
-    void onCaused(const sandbox::Fault &fault);
+    void onCaused();
     void onOwned(bool owned);
     void askIfDue();
     void askForFault();
@@ -92,6 +92,8 @@ private:
     State m_state = Unknown;
     bool m_steerable = false;
     int m_causing = 0;       // how many faults are on their way
+    int m_causes = 0;        // how many ever were: answers of before one are ignored
+    sandbox::Fault m_caused; // the latest of them
     sandbox::Fault m_script; // what its methods do
     QStringList m_keys;
     Values m_values;
