@@ -9,7 +9,7 @@ namespace controlcenter {
 namespace {
 
 constexpr int leastWidth = 228; // px
-constexpr int margin = 12;      // px
+constexpr int sideMargin = 12;      // px
 
 } // namespace
 
@@ -17,8 +17,8 @@ SideBar::SideBar(QWidget *search, QWidget *entries, QWidget *parent)
     : QWidget(parent)
 {
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(margin);
+    layout->setContentsMargins(sideMargin, sideMargin, sideMargin, sideMargin);
+    layout->setSpacing(sideMargin);
     layout->addWidget(search);
     layout->addWidget(entries, 1);
 }
