@@ -15,8 +15,8 @@ namespace {
 
 constexpr QSize cell(440, 288); // px
 constexpr int captionHeight = 26;
-constexpr int gap = 8;
-constexpr QSize step(cell.width() + gap, cell.height() + captionHeight + gap);
+constexpr int tileGap = 8;
+constexpr QSize step(cell.width() + tileGap, cell.height() + captionHeight + tileGap);
 
 } // namespace
 
@@ -52,7 +52,7 @@ int ContactSheet::all() const
 QImage ContactSheet::sheet(const QString &place) const
 {
     const QVector<Look> looks = allLooks();
-    QImage sheet(looks.size() * step.width() + gap, all() * step.height() + gap,
+    QImage sheet(looks.size() * step.width() + tileGap, all() * step.height() + tileGap,
                  QImage::Format_RGB32);
     sheet.fill(Qt::darkGray);
     QPainter painter(&sheet);
@@ -60,7 +60,7 @@ QImage ContactSheet::sheet(const QString &place) const
     for (int row = 0; row < all(); ++row) {
         for (int column = 0; column < looks.size(); ++column) {
             const QString &locale = locales().at(row);
-            const QPoint corner(gap + column * step.width(), gap + row * step.height());
+            const QPoint corner(tileGap + column * step.width(), tileGap + row * step.height());
             const QImage image = picture(place, locale, column);
             painter.setPen(image.isNull() || !problemsOf(image).isEmpty() ? Qt::red : Qt::white);
             painter.drawText(QRect(corner, QSize(cell.width(), captionHeight)), Qt::AlignVCenter,

@@ -23,7 +23,7 @@ using zcc::widgets::SettingsGroup;
 namespace controlcenter {
 namespace {
 
-constexpr int rowSpacing = 1;      // px: the rows stand as one block
+constexpr int listSpacing = 1;      // px: the rows stand as one block
 constexpr int messageSpacing = 12; // px
 constexpr int pencilGap = 8;       // px
 constexpr int retryMs = 1000;
@@ -59,7 +59,7 @@ ShortcutsPage::ShortcutsPage(const QVector<Shortcut> &shortcuts, QWidget *parent
     buttons->addWidget(m_edit);
     layout->addLayout(buttons);
     auto *group = new SettingsGroup;
-    group->setSpacing(rowSpacing);
+    group->setSpacing(listSpacing);
     layout->addWidget(group);
     auto *news = new QHBoxLayout;
     news->setSpacing(messageSpacing);
