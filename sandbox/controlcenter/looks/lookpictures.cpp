@@ -19,7 +19,7 @@ namespace {
 
 constexpr QSize lookWindow(1100, 720); // the usual one, and no larger for large texts
 constexpr int longestSettling = 1000;  // ms
-constexpr int markWidth = 3;          // px
+constexpr int problemWidth = 3;        // px
 const QString problemsKey = QStringLiteral("Problems");
 
 // What is wrong with a place of the window once its layout has settled.
@@ -73,9 +73,10 @@ QImage marked(const QImage &picture, const QVector<LookProblem> &problems)
 {
     QImage result = picture;
     QPainter painter(&result);
-    painter.setPen(QPen(Qt::red, markWidth));
+    painter.setPen(QPen(Qt::red, problemWidth));
     for (const LookProblem &problem : problems)
-        painter.drawRect(problem.place.adjusted(-markWidth, -markWidth, markWidth, markWidth));
+        painter.drawRect(
+            problem.place.adjusted(-problemWidth, -problemWidth, problemWidth, problemWidth));
     painter.end();
     if (!problems.isEmpty())
         result.setText(problemsKey, textsOf(problems).join(QLatin1Char('\n')));
