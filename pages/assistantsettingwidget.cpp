@@ -21,7 +21,6 @@
 #include <QDebug>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QSettings>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -93,11 +92,9 @@ void AssistantSettingWidget::addWakeupGroup()
     wakeupLayout->setContentsMargins(0, 0, 0, 0);
     wakeupLayout->setSpacing(0);
 
-    // The wake-up service's own store; it alone writes there.
-    const QSettings store(QStringLiteral("corvane"), QStringLiteral("TavrenVoiceWakeuper"));
-    const bool wakeupOn = store.value(QStringLiteral("base/enable"), false).toBool();
-    const bool oneShotOn =
-        wakeupOn && store.value(QStringLiteral("base/enableOneshot"), false).toBool();
+    const AssistantStateProxy::StoredWakeup stored = AssistantStateProxy::storedWakeup();
+    const bool wakeupOn = stored.enabled;
+    const bool oneShotOn = wakeupOn && stored.oneShot;
 
     m_voiceWakeupSwitch = pagelayout::newSwitch(tr("Voice Wakeup"));
     m_voiceWakeupSwitch->setChecked(wakeupOn);

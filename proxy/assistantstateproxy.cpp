@@ -4,6 +4,7 @@
 
 #include <QDebug>
 #include <QElapsedTimer>
+#include <QSettings>
 
 using namespace Contract;
 
@@ -32,6 +33,14 @@ qint32 write(const Contract::Method &method, const QVariant &value)
 }
 
 } // namespace
+
+AssistantStateProxy::StoredWakeup AssistantStateProxy::storedWakeup()
+{
+    // The service's own store; it alone writes there.
+    const QSettings store(QStringLiteral("corvane"), QStringLiteral("TavrenVoiceWakeuper"));
+    return {store.value(QStringLiteral("base/enable"), false).toBool(),
+            store.value(QStringLiteral("base/enableOneshot"), false).toBool()};
+}
 
 void AssistantStateProxy::setVoiceWakeupState(bool on)
 {

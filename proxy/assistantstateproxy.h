@@ -15,6 +15,15 @@ class AssistantStateProxy
 public:
     AssistantStateProxy() = delete;
 
+    /** What the wake-up service keeps in its settings store; false where that says nothing. */
+    struct StoredWakeup
+    {
+        bool enabled;
+        bool oneShot;
+    };
+    /** Reads the store. No bus traffic. */
+    static StoredWakeup storedWakeup();
+
     /** Voice wake-up on or off. Waits for the service while GUI events are processed. */
     static void setVoiceWakeupState(bool on);
 

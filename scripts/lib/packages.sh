@@ -18,6 +18,10 @@ packages_test="
     at-spi2-core python3-pyatspi openbox xauth xdotool xvfb
     clang-format-16 clang-tidy cmake-format flake8 shellcheck"
 
+# A compiler with a fuzzer.
+packages_fuzz="
+    clang-14 libclang-rt-14-dev"
+
 # Windows like the sandbox's, to compare it with, and what sees them appear.
 packages_bench="
     lxqt-config pavucontrol-qt python3-xlib xvfb"

@@ -28,6 +28,8 @@ runs = {
     "scripts/test -R voicetestpanel": ("tests/unit/scripts.sh",),
     "scripts/test -L realtime": ("tests/unit/scripts.sh", 'runs "scripts/test -L realtime" dev'),
     "scripts/test -L realtime --repeat until-fail:20": ("tests/unit/scripts.sh",),
+    "scripts/test --fuzz 20s": ("tests/unit/scripts.sh",),
+    "scripts/test --fuzz 10000000 recogniser level": ("tests/unit/scripts.sh",),
     "cmake -S . -B build/module -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_BUILD_TYPE=Release -DBUILD_SANDBOX=OFF "
     "-DBUILD_TESTING=OFF": ("tests/plugin/systemplatform",),
     "cmake --build build/module": ("tests/plugin/systemplatform",),

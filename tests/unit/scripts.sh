@@ -190,6 +190,34 @@ check_test() {
     runs "scripts/test -R voicetestpanel" dev "" "-R voicetestpanel"
     runs "scripts/test --preset asan" asan "" ""
 
+    fuzzes() { # fuzzes STATUS TEXT COMMAND: the status, and the last thing said
+        local status=0
+        PATH=$work/programs:$PATH $3 >said 2>&1 || status=$?
+        expect "$3 ends with $1" equals "$status" "$1"
+        expect "$3 says $2" contains "$(tail -n 1 said)" "$2"
+    }
+    # A fuzzer that finds something in one target.
+    mkdir -p build/fuzz/tests/fuzz tests
+    cp -r "$project_dir/tests/fuzz" tests
+    cat >build/fuzz/tests/fuzz/fuzz <<'END'
+#!/bin/sh
+echo "$1 $2" >>told
+echo "stat::number_of_executed_units: 17" >&2
+[ "$1" != level ] || { echo "Test unit written to level-crash" >&2; exit 77; }
+END
+    chmod +x build/fuzz/tests/fuzz/fuzz
+    rm -f told
+    fuzzes 0 "verdict               17 inputs" "scripts/test --fuzz 20s verdict"
+    expect "a time is one" contains "$(cat told)" "verdict -max_total_time=20"
+    expect "it is built for that" contains "$(cat told)" "--build --preset fuzz --target fuzz"
+    fuzzes 1 "found: level-crash; see" "scripts/test --fuzz 10000000 recogniser level"
+    expect "a number is one" contains "$(cat told)" "recogniser -runs=10000000"
+    fuzzes 1 "nothing found" "scripts/test --fuzz 20s"
+    expect "all targets are fuzzed" contains "$(cat told)" "settings -max_total_time=20"
+    fuzzes 2 "no time" "scripts/test --fuzz 20m"
+    fuzzes 2 "no target" "scripts/test --fuzz 20s nothing"
+    rm -r build tests
+
     printf '#!/bin/sh\nexit 8\n' >"$work/programs/ctest"
     PATH=$work/programs:$PATH bash scripts/test --rerun-failed >said 2>&1
     expect "a failed test fails the script" equals $? 8
