@@ -28,12 +28,12 @@ Finding finding(Status status, const QString &subject, const QString &text,
 QAudioDeviceInfo recordedDevice()
 {
     QAudioDeviceInfo device = QAudioDeviceInfo::defaultInputDevice();
-    if (device.isFormatSupported(captureFormat()))
+    if (canRecord(device))
         return device;
     device = QAudioDeviceInfo();
     const QList<QAudioDeviceInfo> all = QAudioDeviceInfo::availableDevices(QAudio::AudioInput);
     for (const QAudioDeviceInfo &other : all)
-        if (other.isFormatSupported(captureFormat()))
+        if (canRecord(other))
             device = other;
     return device;
 }
@@ -95,7 +95,7 @@ Finding checkMicrophone()
 {
     const QString seen = QStringLiteral("A voice test hears nothing: \"No sound recorded\".");
     const QAudioDeviceInfo device = QAudioDeviceInfo::defaultInputDevice();
-    if (device.isNull()) {
+    if (!isMicrophone(device)) {
         return finding(Status::Failure, QStringLiteral("none"),
                        QStringLiteral("is there, or Qt has no plugin for the sound server"), seen,
                        QStringLiteral("Plug one in; install the audio plugins of Qt Multimedia."));
@@ -118,7 +118,7 @@ Finding checkMicrophone()
                                       "opened, see --listen"));
     }
     const QString text = QStringLiteral("is the default one, not muted");
-    if (device.isFormatSupported(captureFormat()))
+    if (canRecord(device))
         return finding(Status::Ok, name, text + QStringLiteral(", and has the format"));
     return finding(Status::Warning, name, text + QStringLiteral(", and has no 16 kHz mono"),
                    QStringLiteral("A voice test hears another microphone, or none."),

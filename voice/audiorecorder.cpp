@@ -180,13 +180,13 @@ bool AudioRecorder::deviceListHasChanged()
 
 bool AudioRecorder::checkDevice()
 {
-    bool valid = m_device.isFormatSupported(m_format);
+    bool valid = canRecord(m_device);
     m_askedDevicesKnown = !valid; // the list is looked at by a later tick: a recording is to begin
     if (!valid) {
         m_device = QAudioDeviceInfo();
         m_askedDevices = QAudioDeviceInfo::availableDevices(QAudio::AudioInput);
         for (const QAudioDeviceInfo &device : qAsConst(m_askedDevices)) {
-            if (device.isFormatSupported(m_format)) {
+            if (canRecord(device)) {
                 m_device = device;
                 valid = true;
             }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAudioDeviceInfo>
 #include <QAudioFormat>
 
 /** How every recording is made: mono 16-bit signed little-endian PCM at 16 kHz. */
@@ -14,4 +15,19 @@ inline QAudioFormat captureFormat()
     format.setByteOrder(QAudioFormat::LittleEndian);
     format.setSampleType(QAudioFormat::SignedInt);
     return format;
+}
+
+/**
+ * Whether it is more than a name. Without any microphone PipeWire names the PulseAudio protocol's
+ * placeholder as the default one; Qt lists it, and would wait for ever for a stream from it.
+ */
+inline bool isMicrophone(const QAudioDeviceInfo &device)
+{
+    return !device.isNull() && device.deviceName() != QLatin1String("@DEFAULT_SOURCE@");
+}
+
+/** Whether it records in that format. Asking it may open it for a moment. */
+inline bool canRecord(const QAudioDeviceInfo &device)
+{
+    return isMicrophone(device) && device.isFormatSupported(captureFormat());
 }

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void defaultDeviceFits();
     void lastFittingDeviceWins();
     void noDeviceFits();
+    void noDeviceAtAll_data();
     void noDeviceAtAll();
     void deviceAppearsWhileIdle();
     void deviceVanishesWhileRecording();
@@ -104,15 +105,26 @@ void AudioDevicesTest::noDeviceFits()
     QVERIFY(!recorder->isRecording());
 }
 
+void AudioDevicesTest::noDeviceAtAll_data()
+{
+    QTest::addColumn<QByteArray>("onlyName");
+    QTest::newRow("none") << QByteArray();
+    QTest::newRow("PipeWire's") << QByteArray("@DEFAULT_SOURCE@");
+}
+
 void AudioDevicesTest::noDeviceAtAll()
 {
+    QFETCH(QByteArray, onlyName);
     audio().setDevices({});
+    if (!onlyName.isEmpty())
+        audio().setDevices({{onlyName, true}});
     AudioRecorder *recorder = AudioRecorder::getInstance();
     LogCapture log;
     QVERIFY(!recorder->checkDevice());
     QVERIFY(recorder->start());
     QVERIFY(recorder->isRecording());
     QVERIFY(log.take().contains(QStringLiteral("warning|audio recorder device may not be valid")));
+    QCOMPARE(audio().built(), 0);
     recorder->stop();
     QVERIFY(!recorder->isRecording());
     // And the next recording works.
