@@ -13,6 +13,10 @@ packages_run="
     pulseaudio pulseaudio-utils
     fonts-noto-core fonts-noto-cjk"
 
+# The other sound server that the sandbox can have.
+packages_pipewire="
+    pipewire pipewire-pulse wireplumber"
+
 packages_test="
     binutils iproute2 network-manager procps
     at-spi2-core python3-pyatspi openbox xauth xdotool xvfb

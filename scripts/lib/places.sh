@@ -28,7 +28,10 @@ service_names() {
 prepare() {
     . "$project_dir/scripts/lib/packages.sh"
     . "$project_dir/scripts/lib/build.sh"
-    install_packages build run
+    local lists="build run"
+    [[ ${SANDBOX_SOUND-} != pipewire ]] || lists+=" pipewire"
+    # shellcheck disable=SC2086 # words
+    install_packages $lists
     build_preset dev sandbox
     export TRANSLATIONS_DIR=$sandbox_build/translations
     "$project_dir/sandbox/with-translations" true # says on the terminal when it cannot do its work

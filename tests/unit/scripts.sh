@@ -266,6 +266,7 @@ check_usage() {
     refuses 'There is no microphone "banjo", but real, speech, noise, loud, quiet, silence, none.' \
         --microphone banjo
     refuses 'There is no microphone "banjo"' --microphone=banjo
+    refuses 'There is no sound server "jack", but pulseaudio, pipewire.' --sound jack
     refuses 'There is no locale "xx_YY", but zh_CN, zh_HK, zh_TW, bo_CN, ug_CN, en_US, en_GB.' --locale xx_YY
     refuses 'There is no theme "blue", but light, dark, system.' --theme blue
     refuses 'There is no page "Foo", but Desktop AI Assistant, Text to Speech, Speech to Text, Translation.' \
@@ -290,7 +291,7 @@ check_usage() {
     run=$project_dir/scripts/run
 
     help=$("$run" --help)
-    for text in --locale --theme --page --offline --microphone --tour --section --scale --font-size --verbose \
+    for text in --locale --theme --page --offline --microphone --sound --tour --section --scale --font-size --verbose \
         "zh_CN, zh_HK, zh_TW, bo_CN, ug_CN, en_US or en_GB" "0.5 to 4" "6 to 40" "Exit code: 0" "128 + n"; do
         expect "--help tells of $text" contains "$help" "$text"
     done
