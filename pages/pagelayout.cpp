@@ -66,8 +66,8 @@ TipsLabel *newTip(QWidget *page, const QString &text)
 
 void addHint(QVBoxLayout *layout, const QString &text, const QString &shortcut)
 {
-    TipsLabel *hint = newTip(layout->parentWidget(),
-                             text.arg(showntext::cut(shortcut, showntext::longestShortcut)));
+    const QString shown = showntext::cut(shortcut, showntext::longestShortcut);
+    TipsLabel *hint = newTip(layout->parentWidget(), text.arg(showntext::partOfLine(shown)));
     QMargins margins = hint->contentsMargins();
     margins.setLeft(tipLeftMargin);
     hint->setContentsMargins(margins);

@@ -20,4 +20,10 @@ constexpr int longestTitle = 512;
  */
 QString cut(const QString &text, int limit);
 
+/**
+ * @p text as a part of a line: line breaks become blanks, and directions of writing that it leaves
+ * open (U+202A to U+202E, U+2066 to U+2068) are closed at its end.
+ */
+QString partOfLine(const QString &text);
+
 } // namespace showntext

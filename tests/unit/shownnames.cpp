@@ -278,6 +278,8 @@ private Q_SLOTS:
     void whatIsLongerEndsWithTheSign();
     void charactersStayWhole_data();
     void charactersStayWhole();
+    void aPartOfALineStaysOne_data();
+    void aPartOfALineStaysOne();
     void aMegabyteCostsNothing_data();
     void aMegabyteCostsNothing();
 };
@@ -328,6 +330,41 @@ void ShownTextTest::charactersStayWhole()
     QFETCH(QString, character);
     const QString rest(20, QLatin1Char('x'));
     QCOMPARE(showntext::cut(before + character + rest, 10), before + sign);
+}
+
+void ShownTextTest::aPartOfALineStaysOne_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("shown");
+    const auto row = [](const char *name, const QString &text, const QString &shown) {
+        QTest::newRow(name) << text << shown;
+    };
+    row("usual", QStringLiteral("Ctrl+Alt+T"), QStringLiteral("Ctrl+Alt+T"));
+    row("empty", QString(), QString());
+    row("line breaks", QStringLiteral("a\nb\r\nc\u2028d\u2029e\u0085f\vg\fh"),
+        QStringLiteral("a b  c d e f g h"));
+    row("override", QStringLiteral("a\u202eb"), QStringLiteral("a\u202eb\u202c"));
+    row("isolate", QStringLiteral("a\u2067b"), QStringLiteral("a\u2067b\u2069"));
+    row("each of them", QStringLiteral("\u202a\u202b\u202d\u202e\u2066\u2067\u2068"),
+        QStringLiteral("\u202a\u202b\u202d\u202e\u2066\u2067\u2068"
+                       "\u2069\u2069\u2069\u202c\u202c\u202c\u202c"));
+    row("closed by itself", QStringLiteral("\u202ea\u202c\u2066b\u2069"),
+        QStringLiteral("\u202ea\u202c\u2066b\u2069"));
+    row("closed too often", QStringLiteral("a\u202c\u2069\u202e"),
+        QStringLiteral("a\u202c\u2069\u202e\u202c"));
+    row("an isolate closes what began in it", QStringLiteral("\u2066\u202ea\u2069"),
+        QStringLiteral("\u2066\u202ea\u2069"));
+    row("but is not closed by its end", QStringLiteral("\u2066\u202c"),
+        QStringLiteral("\u2066\u202c\u2069"));
+    row("nothing closes in a lone embedding", QStringLiteral("\u202e\u2069"),
+        QStringLiteral("\u202e\u2069\u202c"));
+}
+
+void ShownTextTest::aPartOfALineStaysOne()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, shown);
+    QCOMPARE(showntext::partOfLine(text), shown);
 }
 
 void ShownTextTest::aMegabyteCostsNothing_data()
