@@ -5,6 +5,7 @@
 #include "pages/voiceiatsettingwidget.h"
 #include "proxy/assistantstateproxy.h"
 #include "tests/bus/voiceclients.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testprogram.h"
 #include "voice/audiorecorder.h"
 
@@ -280,6 +281,7 @@ void HostileSessionTest::hostileWords()
     QVERIFY(bed.open());
     QVERIFY(bed.page->clickLink());
     const int width = bed.page->panel()->width();
+    const LogCapture log;
     bed.service.recognise(iatPath, text);
     QTRY_COMPARE(bed.page->texts().at(1), text);
     auto *label = qobject_cast<QLabel *>(bed.page->layout()->itemAt(1)->widget());
@@ -301,6 +303,12 @@ void HostileSessionTest::hostileWords()
     bed.service.notify(aqcPath, onTheBus + "1004");
     QTRY_COMPARE(bed.shown(),
                  finishedPanel(text, QStringLiteral("Turn down the input volume and try again")));
+
+    // A log stays one of lines.
+    QVERIFY(!log.texts().isEmpty());
+    for (const QString &line : log.texts())
+        for (const QChar c : line)
+            QVERIFY2(c.isPrint(), qPrintable(line));
 }
 
 void HostileSessionTest::hostileShortcut()

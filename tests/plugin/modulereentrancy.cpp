@@ -8,6 +8,8 @@
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
+#include <QRandomGenerator>
+#include <QSet>
 #include <QTimer>
 #include <QtTest>
 
@@ -45,6 +47,9 @@ private Q_SLOTS:
     void theListMayGoWhileThePageItAskedForWaits_data();
     void theListMayGoWhileThePageItAskedForWaits();
     void theKeybindingDaemonMayDieWhileAPageWaits();
+
+    void aFrameMayCallInAnyOrder();
+    void twoModulesKeepApart();
 
 private:
     /**
@@ -273,6 +278,94 @@ void ModuleReentrancyTest::theKeybindingDaemonMayDieWhileAPageWaits()
     whileAPageWaits([this] { m_module->load(QStringLiteral("Speech to Text")); },
                     [this] { m_keybinding.kill(); });
     QCOMPARE(m_frame->pushes().constLast().className, QStringLiteral("VoiceIatSettingWidget"));
+}
+
+// Also again and again, and without a frame. Each call does what it does in the usual order.
+void ModuleReentrancyTest::aFrameMayCallInAnyOrder()
+{
+    bool frame = true;    // is set
+    bool list = false;    // was pushed, and lives
+    int pushes = 0;       // as many as there should be
+    int preparations = 0; // each registers the same
+    const auto pushed = [&](int count) {
+        pushes += frame ? count : 0;
+    };
+    const std::function<void()> calls[] = {
+        [&] {
+            m_module->preInitialize(true, zccV20::FrameProxyInterface::Overlay);
+            preparations += frame ? 1 : 0;
+        },
+        [&] { m_module->initialize(); },
+        [&] { m_module->reset(); },
+        [&] {
+            m_module->active();
+            pushed(2);
+            list = frame;
+        },
+        [&] { m_module->deactive(); },
+        [&] {
+            QCOMPARE(m_module->load(QStringLiteral("Translation")), 0);
+            pushed(list ? 1 : 0);
+        },
+        [&] {
+            m_module->showVoiceTtsWidget();
+            pushed(1);
+        },
+        [&] { m_module->contentPopped(m_frame->page()); },
+        [&] { m_module->contentPopped(nullptr); },
+        [&] {
+            m_frame->disposeAll();
+            list = false;
+        },
+        [&] {
+            frame = !frame;
+            m_module->setFrameProxy(frame ? m_frame.get() : nullptr);
+        },
+    };
+    constexpr int count = int(sizeof calls / sizeof *calls);
+    calls[0]();
+    const int each = m_frame->registrations().size();
+    QVERIFY(each > 0);
+    QRandomGenerator random(1);
+    QByteArray order(1, 'a');
+    QSet<QByteArray> pairs;
+    while (pairs.size() < count * count) { // each call after each
+        const int call = random.bounded(count);
+        order.append(static_cast<char>('a' + call));
+        pairs.insert(order.right(2));
+        calls[call]();
+        if (QTest::currentTestFailed())
+            return;
+        QVERIFY2(m_frame->pushes().size() == pushes, order.constData());
+        QVERIFY2(m_frame->registrations().size() == preparations * each, order.constData());
+    }
+}
+
+void ModuleReentrancyTest::twoModulesKeepApart()
+{
+    FakeFrame otherFrame(FakeFrame::OnDemand);
+    TavrenAIAssitantControlPlugin other;
+    other.setFrameProxy(&otherFrame);
+    other.preInitialize(true, zccV20::FrameProxyInterface::Overlay);
+    QVERIFY(m_frame->registrations().isEmpty());
+    m_module->active();
+    other.active();
+    QCOMPARE(m_frame->pushes().size(), 2);
+    QCOMPARE(otherFrame.pushes().size(), 2);
+
+    // The one goes while its page waits and the other builds one, too.
+    whileAPageWaits([this] { m_module->load(QStringLiteral("Speech to Text")); },
+                    [&] {
+                        other.load(QStringLiteral("Translation"));
+                        delete m_module;
+                    });
+    QCOMPARE(m_frame->pushes().size(), 2);
+    QCOMPARE(otherFrame.pushes().constLast().className,
+             QStringLiteral("TextTranslateSettingWidget"));
+    other.load(QStringLiteral("Text to Speech"));
+    QCOMPARE(otherFrame.pushes().size(), 4);
+    for (const FakeFrame::Push &push : otherFrame.pushes())
+        QCOMPARE(push.module, static_cast<zccV20::ModuleInterface *>(&other));
 }
 
 TEST_CLASS(QApplication, ModuleReentrancyTest)
