@@ -1,23 +1,12 @@
 #include "doctor/contractuse.h"
 #include "doctor/interfacedescription.h"
+#include "doctor/markdown.h"
 
 #include <algorithm>
 
 namespace doctor {
 
 namespace {
-
-QString code(const QString &text)
-{
-    // A bar ends a cell also within code.
-    return QStringLiteral("`%1`").arg(
-        QString(text).replace(QLatin1Char('|'), QLatin1String("\\|")));
-}
-
-QString row(const QStringList &cells)
-{
-    return QStringLiteral("| %1 |\n").arg(cells.join(QStringLiteral(" | ")));
-}
 
 const MemberUse *useOf(const ObjectUse &object, const Member &member)
 {
@@ -37,22 +26,22 @@ QString section(const ObjectUse &object)
     text += where.path.isEmpty()
                 ? QStringLiteral("Service %1 on the %2; an object for each session, whose path "
                                  "`createSession` returns.\n")
-                      .arg(code(where.service), bus)
+                      .arg(markdown::code(where.service), bus)
                 : QStringLiteral("Object %1 of the service %2 on the %3.\n")
-                      .arg(code(where.path), code(where.service), bus);
+                      .arg(markdown::code(where.path), markdown::code(where.service), bus);
     text += QStringLiteral("Without it: %1\n\n").arg(object.seen);
 
     QString descriptions;
-    text += row({QStringLiteral("member"), QStringLiteral("mode"), QStringLiteral("when"),
-                 QStringLiteral("fallback"), QStringLiteral("what people see when it fails")});
-    text += QStringLiteral("|---|---|---|---|---|\n");
+    text += markdown::head({QStringLiteral("member"), QStringLiteral("mode"),
+                            QStringLiteral("when"), QStringLiteral("fallback"),
+                            QStringLiteral("what people see when it fails")});
     const QVector<Member> members = contractOf(where.interface).members;
     for (const Member &member : members) {
         if (const MemberUse *use = useOf(object, member)) {
             const QString fallback =
                 QString(use->fallback).replace(QLatin1Char('|'), QLatin1String("\\|"));
-            text += row(
-                {code(member.declaration), modeText(use->mode), use->when, fallback, use->seen});
+            text += markdown::row({markdown::code(member.declaration), modeText(use->mode),
+                                   use->when, fallback, use->seen});
         }
         if (!member.description.isEmpty())
             descriptions += QStringLiteral("- `%1`: %2\n").arg(member.name, member.description);

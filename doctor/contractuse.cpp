@@ -20,21 +20,24 @@ QVector<QVariantList> shortcutQuestions()
 ObjectUse voiceWakeuper()
 {
     const char *const off = "the switch stays as the user set it";
-    return {
-        VoiceWakeuper::object(),
-        true,
-        QStringLiteral(
-            QT_TRANSLATE_NOOP("doctor::Contract",
-                              "\"Voice Wakeup\" and \"OneShot\" can be switched, without effect.")),
-        {
-            {VoiceWakeuper::enableIvw(), Mode::WaitProcessingEvents,
-             "\"Voice Wakeup\" is switched on", off, "\"Voice Wakeup\" cannot be switched on."},
-            {VoiceWakeuper::disableIvw(), Mode::WaitProcessingEvents,
-             "\"Voice Wakeup\" is switched off", off, "\"Voice Wakeup\" cannot be switched off."},
-            {VoiceWakeuper::enableOneshot(), Mode::SendWithoutReply, "\"OneShot\" is ticked"},
-            {VoiceWakeuper::disableOneshot(), Mode::SendWithoutReply,
-             "\"OneShot\" is cleared, also by \"Voice Wakeup\""},
-        }};
+    return {VoiceWakeuper::object(),
+            true,
+            QStringLiteral(QT_TRANSLATE_NOOP(
+                "doctor::Contract",
+                "\"Voice Wakeup\" and \"OneShot\" can be switched, without effect.")),
+            {
+                MemberUse{VoiceWakeuper::enableIvw(), Mode::WaitProcessingEvents,
+                          "\"Voice Wakeup\" is switched on", off,
+                          "\"Voice Wakeup\" cannot be switched on."}
+                    .reading(Values::Ignored),
+                MemberUse{VoiceWakeuper::disableIvw(), Mode::WaitProcessingEvents,
+                          "\"Voice Wakeup\" is switched off", off,
+                          "\"Voice Wakeup\" cannot be switched off."}
+                    .reading(Values::Ignored),
+                {VoiceWakeuper::enableOneshot(), Mode::SendWithoutReply, "\"OneShot\" is ticked"},
+                {VoiceWakeuper::disableOneshot(), Mode::SendWithoutReply,
+                 "\"OneShot\" is cleared, also by \"Voice Wakeup\""},
+            }};
 }
 
 ObjectUse mainWindow()
@@ -60,8 +63,10 @@ ObjectUse speechToText()
              "false", "\"Speech to Text\" is shown as off.", plainQuestion},
             {SpeechToText::setIatEnable(), Mode::SendWithoutReply,
              "\"Speech to Text\" is switched"},
-            {SpeechToText::getIatLanguage(), Mode::WaitProcessingEvents, "\"Speech to Text\" opens",
-             "zh_cn", "On \"Speech to Text\" the language is \"中文-普通话\".", plainQuestion},
+            MemberUse{SpeechToText::getIatLanguage(), Mode::WaitProcessingEvents,
+                      "\"Speech to Text\" opens", "zh_cn",
+                      "On \"Speech to Text\" the language is \"中文-普通话\".", plainQuestion}
+                .reading(Values::Text, "On \"Speech to Text\" the language is \"English\"."),
             {SpeechToText::setIatLanguage(), Mode::SendWithoutReply, "a language is chosen"},
         }};
 }
@@ -84,9 +89,11 @@ ObjectUse textToSpeech()
              plainQuestion},
             {TextToSpeech::setEnableWindow(), Mode::SendWithoutReply,
              "\"Show Speech Widget\" is switched"},
-            {TextToSpeech::getSpeaker(), Mode::WaitProcessingEvents, "\"Text to Speech\" opens",
-             "an empty name, which is the third voice",
-             "On \"Text to Speech\" the voice is \"Children\".", plainQuestion},
+            MemberUse{TextToSpeech::getSpeaker(), Mode::WaitProcessingEvents,
+                      "\"Text to Speech\" opens", "an empty name, which is the third voice",
+                      "On \"Text to Speech\" the voice is \"Children\".", plainQuestion}
+                .reading(Values::Text)
+                .logging("debug|getVoiceTTSSpeaker"),
             {TextToSpeech::setSpeaker(), Mode::SendWithoutReply, "a voice is chosen"},
         }};
 }
@@ -104,8 +111,10 @@ ObjectUse translation()
             {Translation::getTransEnable(), Mode::WaitProcessingEvents, "\"Translation\" opens",
              "false", "\"Translation\" is shown as off.", plainQuestion},
             {Translation::setTransEnable(), Mode::SendWithoutReply, "\"Translation\" is switched"},
-            {Translation::getTransLanguage(), Mode::WaitProcessingEvents, "\"Translation\" opens",
-             "en|cn", "On \"Translation\" the direction is \"EN-CN\".", plainQuestion},
+            MemberUse{Translation::getTransLanguage(), Mode::WaitProcessingEvents,
+                      "\"Translation\" opens", "en|cn",
+                      "On \"Translation\" the direction is \"EN-CN\".", plainQuestion}
+                .reading(Values::Text),
             {Translation::setTransLanguage(), Mode::SendWithoutReply, "a direction is chosen"},
         }};
 }
@@ -138,9 +147,10 @@ ObjectUse sessionManager()
             true,
             QString::fromLatin1(seen),
             {
-                {SessionManager::createSession(), Mode::WaitProcessingNothing,
-                 "a voice test begins: aqc before the microphone opens, iat after it",
-                 "opened, without an object", seen},
+                MemberUse{SessionManager::createSession(), Mode::WaitProcessingNothing,
+                          "a voice test begins: aqc before the microphone opens, iat after it",
+                          "opened, without an object", seen}
+                    .reading(Values::PathAndNumber),
                 {SessionManager::freeSession(), Mode::SendIgnoringReply,
                  "a voice test ends: iat only", "", "Nothing."},
             }};
@@ -158,7 +168,9 @@ ObjectUse qualityCheck()
             {QualityCheck::putAudio(), Mode::SendIgnoringReply, "for each block of the microphone",
              "", seen},
             {QualityCheck::stopAqc(), Mode::SendIgnoringReply, "a voice test ends", "", seen},
-            {QualityCheck::onNotify(), "the verdict is shown", seen},
+            MemberUse{QualityCheck::onNotify(), "the verdict is shown", seen}.reading(
+                Values::Text, "A voice test ends without a verdict; when it has no words, with "
+                              "\"Turn up the input volume and try again\"."),
         }};
 }
 
@@ -171,32 +183,39 @@ ObjectUse recognition()
         QStringLiteral("A voice test shows no words, and calls a clear recording too quiet: "
                        "\"Turn up the input volume and try again\"."),
         {
-            {Recognition::startIat(), Mode::WaitProcessingNothing,
-             "a voice test begins, the microphone is open", "started", seen},
+            MemberUse{Recognition::startIat(), Mode::WaitProcessingNothing,
+                      "a voice test begins, the microphone is open", "started", seen}
+                .reading(Values::Text)
+                .logging("critical|Iat handleResult error! ", true),
             {Recognition::putAudio(), Mode::SendIgnoringReply, "for each block of the microphone",
              "", seen},
             {Recognition::stopIat(), Mode::SendIgnoringReply, "a voice test ends", "", "Nothing."},
-            {Recognition::onResult(), "the words are shown", seen},
-            {Recognition::onError(), "nothing is shown", "Nothing."},
-            {Recognition::onEnd(), "nothing is shown", "Nothing."},
+            MemberUse{Recognition::onResult(), "the words are shown", seen}
+                .reading(Values::Text)
+                .logging("critical|Iat handleResult error! "),
+            MemberUse{Recognition::onError(), "nothing is shown", "Nothing."}.reading(Values::Text),
+            MemberUse{Recognition::onEnd(), "nothing is shown", "Nothing."}.reading(
+                Values::Ignored),
         }};
 }
 
 ObjectUse keybinding()
 {
-    return {
-        Keybinding::object(),
-        true,
-        QStringLiteral(
-            QT_TRANSLATE_NOOP("doctor::Contract",
-                              "The hints of \"Speech to Text\", \"Text to Speech\" and "
-                              "\"Translation\" have empty parentheses in place of the shortcut.")),
-        {
-            {Keybinding::GetShortcut(), Mode::WaitProcessingEvents,
-             "\"Speech to Text\", \"Text to Speech\" or \"Translation\" opens", "an empty shortcut",
-             "The page's hint has empty parentheses in place of the shortcut.",
-             shortcutQuestions()},
-        }};
+    return {Keybinding::object(),
+            true,
+            QStringLiteral(QT_TRANSLATE_NOOP(
+                "doctor::Contract",
+                "The hints of \"Speech to Text\", \"Text to Speech\" and "
+                "\"Translation\" have empty parentheses in place of the shortcut.")),
+            {
+                MemberUse{Keybinding::GetShortcut(), Mode::WaitProcessingEvents,
+                          "\"Speech to Text\", \"Text to Speech\" or \"Translation\" opens",
+                          "an empty shortcut",
+                          "The page's hint has empty parentheses in place of the shortcut.",
+                          shortcutQuestions()}
+                    .reading(Values::Text)
+                    .logging("critical|Key Accels not found in JSON."),
+            }};
 }
 
 ObjectUse audioDaemon()
@@ -214,15 +233,16 @@ ObjectUse audioDaemon()
 
 ObjectUse networkManager()
 {
-    return {
-        NetworkManager::object(),
-        true,
-        QStringLiteral(QT_TRANSLATE_NOOP("doctor::Contract",
-                                         "A voice test ends at once: \"Network unavailable\".")),
-        {
-            {NetworkManager::state(), Mode::WaitProcessingNothing, "a voice test is asked for",
-             "not connected", "A voice test ends at once: \"Network unavailable\".", plainQuestion},
-        }};
+    return {NetworkManager::object(),
+            true,
+            QStringLiteral(QT_TRANSLATE_NOOP(
+                "doctor::Contract", "A voice test ends at once: \"Network unavailable\".")),
+            {
+                MemberUse{NetworkManager::state(), Mode::WaitProcessingNothing,
+                          "a voice test is asked for", "not connected",
+                          "A voice test ends at once: \"Network unavailable\".", plainQuestion}
+                    .logging("critical|dbus call network manager state failed"),
+            }};
 }
 
 bool waits(const QString &service, Mode mode)
@@ -270,21 +290,34 @@ QString hangText(Mode mode)
     return QString();
 }
 
+QString lateText(Mode mode)
+{
+    switch (mode) {
+    case Mode::WaitProcessingEvents:
+        return QStringLiteral(
+            QT_TRANSLATE_NOOP("doctor::Contract", "What is asked for comes only with the answer."));
+    case Mode::WaitProcessingNothing:
+        return QStringLiteral(QT_TRANSLATE_NOOP("doctor::Contract",
+                                                "The window stands still until the answer comes."));
+    case Mode::SendWithoutReply:
+    case Mode::SendIgnoringReply:
+    case Mode::Heard:
+        break;
+    }
+    return QString();
+}
+
+QString nothingText()
+{
+    return QStringLiteral(QT_TRANSLATE_NOOP("doctor::Contract", "Nothing."));
+}
+
 QStringList waitTexts(const QString &service, bool timesOut)
 {
-    const bool standsStill = waits(service, Mode::WaitProcessingNothing);
-    if (!standsStill && !waits(service, Mode::WaitProcessingEvents))
-        return timesOut
-                   ? QStringList()
-                   : QStringList(QStringLiteral(QT_TRANSLATE_NOOP("doctor::Contract", "Nothing.")));
-    const Mode mode = standsStill ? Mode::WaitProcessingNothing : Mode::WaitProcessingEvents;
-    if (timesOut)
-        return {hangText(mode)};
-    return {standsStill
-                ? QStringLiteral(QT_TRANSLATE_NOOP(
-                      "doctor::Contract", "The window stands still until the answer comes."))
-                : QStringLiteral(QT_TRANSLATE_NOOP(
-                      "doctor::Contract", "What is asked for comes only with the answer."))};
+    for (const Mode mode : {Mode::WaitProcessingNothing, Mode::WaitProcessingEvents})
+        if (waits(service, mode))
+            return {timesOut ? hangText(mode) : lateText(mode)};
+    return timesOut ? QStringList() : QStringList(nothingText());
 }
 
 QStringList failureTexts(const QString &service)
@@ -305,6 +338,10 @@ MemberUse::MemberUse(const Method &method, Mode memberMode, const char *whenCall
     , when(QString::fromUtf8(whenCalled))
     , fallback(QString::fromUtf8(replyFallback))
     , seen(QString::fromUtf8(seenWithout))
+    , values(mode == Mode::WaitProcessingEvents || mode == Mode::WaitProcessingNothing
+                 ? Values::Plain
+                 : Values::Ignored)
+    , seenSenseless(seen)
     , questions(asked)
 {
 }
@@ -320,7 +357,26 @@ MemberUse::MemberUse(const Signal &signal, const char *whenHeard, const char *se
     , mode(Mode::Heard)
     , when(QString::fromUtf8(whenHeard))
     , seen(QString::fromUtf8(seenWithout))
+    , values(Values::Plain)
+    , seenSenseless(seen)
 {
+}
+
+MemberUse MemberUse::reading(Values kind, const char *senseless) const
+{
+    MemberUse use = *this;
+    use.values = kind;
+    if (*senseless)
+        use.seenSenseless = QString::fromUtf8(senseless);
+    return use;
+}
+
+MemberUse MemberUse::logging(const char *line, bool later) const
+{
+    MemberUse use = *this;
+    use.log = QString::fromUtf8(line);
+    use.logsLater = later;
+    return use;
 }
 
 const QVector<ObjectUse> &contractUses()

@@ -1,4 +1,5 @@
 #include "doctor/contractuse.h"
+#include "doctor/failures.h"
 #include "doctor/groups.h"
 
 #include <QCommandLineParser>
@@ -97,6 +98,9 @@ int main(int argc, char *argv[])
     const QCommandLineOption contract(
         QStringLiteral("contract"),
         QStringLiteral("Write what the module uses on the buses, in Markdown, and check nothing."));
+    const QCommandLineOption failures(
+        QStringLiteral("failures"),
+        QStringLiteral("Write what becomes of each call when it fails, and check nothing."));
     const QCommandLineOption help(QStringLiteral("help"), QStringLiteral("Show this text."));
     const QCommandLineOption versionOption(QStringLiteral("version"),
                                            QStringLiteral("Show the version."));
@@ -108,7 +112,8 @@ int main(int argc, char *argv[])
         "Says what the settings module of the voice assistant needs on this machine, what is\n"
         "missing, what people see because of it, and what to do. Changes nothing.\n\n"
         "Exit code: 0 nothing that people notice, 1 something they notice, 2 wrong usage."));
-    parser.addOptions({plugin, listen, session, asJson, contract, help, versionOption, group});
+    parser.addOptions(
+        {plugin, listen, session, asJson, contract, failures, help, versionOption, group});
     if (!parser.parse(QCoreApplication::arguments()))
         return usageError(parser.errorText());
     if (!parser.positionalArguments().isEmpty())
@@ -125,6 +130,10 @@ int main(int argc, char *argv[])
     }
     if (parser.isSet(contract)) {
         out << contractDocument();
+        return Well;
+    }
+    if (parser.isSet(failures)) {
+        out << failureDocument();
         return Well;
     }
 

@@ -9,19 +9,14 @@
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
-#include <zcc/widgets/switchwidget.h>
-
 #include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
 #include <QtTest>
 
 #include <functional>
 #include <memory>
 
-// The calls that a page makes when it opens, and that it opens whatever its services do: absent,
-// failing, answering with other types, or dying in the middle.
+// The calls that a page makes when it opens.
 
 using testsupport::BusMessage;
 using testsupport::BusRecorder;
@@ -46,18 +41,6 @@ QString assistantCall(const char *object, const char *method)
         .arg(QLatin1String(object), QLatin1String(method));
 }
 
-/** What a page shows of the services' state: "Title: on" for switches, the chosen entries. */
-QStringList shownState(const QWidget *page)
-{
-    QStringList state;
-    for (const auto *row : page->findChildren<zcc::widgets::SwitchWidget *>())
-        state.append(row->title() +
-                     (row->checked() ? QLatin1String(": on") : QLatin1String(": off")));
-    for (const auto *box : page->findChildren<QComboBox *>())
-        state.append(box->currentText());
-    return state;
-}
-
 QStringList words(const char *line)
 {
     return QString::fromLatin1(line).split(QLatin1Char(' '));
@@ -80,13 +63,6 @@ private Q_SLOTS:
     void askedForTheRightShortcut_data();
     void askedForTheRightShortcut();
 
-    void opensWithItsFallbacksWhenServicesFail_data();
-    void opensWithItsFallbacksWhenServicesFail();
-    void opensWhenTheServiceDiesBetweenTwoReads_data();
-    void opensWhenTheServiceDiesBetweenTwoReads();
-    void dockSwitchIsOnUnlessTheServiceSaysHidden_data();
-    void dockSwitchIsOnUnlessTheServiceSaysHidden();
-
 private:
     ServiceProcess m_assistant{QStringLiteral("assistant")};
     ServiceProcess m_dock{QStringLiteral("dock")};
@@ -94,26 +70,20 @@ private:
     ServiceProcess m_network{QStringLiteral("networkmanager")};
     BusRecorder m_session{QDBusConnection::SessionBus};
     BusRecorder m_system{QDBusConnection::SystemBus};
-    bool m_someMayHaveEnded = false; // because a test made them
 };
 
 void PageCallsTest::initTestCase()
 {
+    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network})
+        QVERIFY(service->start());
     QVERIFY(m_session.start());
     QVERIFY(m_system.start());
 }
 
 void PageCallsTest::init()
 {
-    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network}) {
-        if (m_someMayHaveEnded)
-            service->kill();
-        if (!service->isRunning())
-            QVERIFY(service->start());
+    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network})
         service->reset();
-        service->joinBus();
-    }
-    m_someMayHaveEnded = false;
     QVERIFY(m_session.clear());
     QVERIFY(m_system.clear());
 }
@@ -221,150 +191,6 @@ void PageCallsTest::askedForTheRightShortcut()
     QVERIFY(m_session.sync());
     QCOMPARE(m_session.calls().constFirst().arguments, (QJsonArray{id, 0}));
     QVERIFY(testsupport::labelContaining(page.get(), QStringLiteral("(Ctrl+Super+F5)")));
-}
-
-void PageCallsTest::opensWithItsFallbacksWhenServicesFail_data()
-{
-    struct Page
-    {
-        const char *name;
-        PageMaker make;
-        QStringList fallback;
-    };
-    const QList<Page> pages = {
-        {"speech to text",
-         [] { return new VoiceIatSettingWidget; },
-         {QStringLiteral("Speech to Text: off"), QStringLiteral("中文-普通话")}},
-        {"text to speech",
-         [] { return new VoiceTTSSettingWidget; },
-         {QStringLiteral("Text to Speech: off"), QStringLiteral("Show Speech Widget: off"),
-          QStringLiteral("Children")}},
-        {"translation",
-         [] { return new TextTranslateSettingWidget; },
-         {QStringLiteral("Translation: off"), QStringLiteral("EN-CN")}},
-        // The wake-up switch follows the settings store, not the service.
-        {"assistant",
-         [] { return new AssistantSettingWidget; },
-         {QStringLiteral("Voice Wakeup: off"), QStringLiteral("Show in the Dock: on"),
-          QStringLiteral("中文-普通话")}},
-    };
-    QTest::addColumn<PageMaker>("makePage");
-    QTest::addColumn<QString>("behaviour"); // null: the services are absent
-    QTest::addColumn<QVariant>("argument");
-    QTest::addColumn<QStringList>("fallback");
-    for (const Page &page : pages) {
-        QTest::addRow("%s, services absent", page.name)
-            << page.make << QString() << QVariant() << page.fallback;
-        QTest::addRow("%s, error replies", page.name)
-            << page.make << "error" << QVariant("true") << page.fallback;
-        QTest::addRow("%s, numbers for answers", page.name)
-            << page.make << "reply" << QVariant(1) << page.fallback;
-        QTest::addRow("%s, empty replies", page.name)
-            << page.make << "reply-list" << QVariant(QVariantList()) << page.fallback;
-        QTest::addRow("%s, gone while waiting", page.name)
-            << page.make << "vanish" << QVariant(0) << page.fallback;
-    }
-    QTest::addRow("speech to text, a text for a bool")
-        << pages.at(0).make << "reply" << QVariant("true")
-        << QStringList{QStringLiteral("Speech to Text: off"), QStringLiteral("English")};
-}
-
-void PageCallsTest::opensWithItsFallbacksWhenServicesFail()
-{
-    QFETCH(PageMaker, makePage);
-    QFETCH(QString, behaviour);
-    QFETCH(QVariant, argument);
-    QFETCH(QStringList, fallback);
-
-    m_someMayHaveEnded = behaviour == QLatin1String("vanish");
-    for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding})
-        if (behaviour.isNull())
-            service->leaveBus();
-    if (!behaviour.isNull()) {
-        for (const char *member :
-             {"getIatEnable", "getIatLanguage", "getTTSEnable", "getEnableWindow", "getSpeaker",
-              "getTransEnable", "getTransLanguage"})
-            m_assistant.script(QLatin1String(member), behaviour, argument);
-        m_dock.script(QStringLiteral("getDockHideStatus"), behaviour, argument);
-        m_keybinding.script(QStringLiteral("GetShortcut"), behaviour, argument);
-    }
-
-    {
-        const std::unique_ptr<QWidget> page(makePage());
-        QCOMPARE(shownState(page.get()), fallback);
-        // No shortcut: empty parentheses stand where it belongs.
-        if (testsupport::labelContaining(page.get(), QStringLiteral("shortcuts")))
-            QVERIFY(testsupport::labelContaining(page.get(), QStringLiteral("shortcuts ()")));
-    }
-
-    // The next page opens normally.
-    init();
-    m_assistant.setValue(QStringLiteral("iat.enabled"), true);
-    m_assistant.setValue(QStringLiteral("iat.language"), QStringLiteral("en_us"));
-    const VoiceIatSettingWidget next(nullptr);
-    QCOMPARE(shownState(&next),
-             (QStringList{QStringLiteral("Speech to Text: on"), QStringLiteral("English")}));
-}
-
-void PageCallsTest::opensWhenTheServiceDiesBetweenTwoReads_data()
-{
-    QTest::addColumn<PageMaker>("makePage");
-    QTest::addColumn<QString>("member");
-    QTest::addColumn<QStringList>("state");
-    QTest::newRow("speech to text")
-        << PageMaker([] { return new VoiceIatSettingWidget; }) << "getIatLanguage"
-        << QStringList{QStringLiteral("Speech to Text: on"), QStringLiteral("中文-普通话")};
-    QTest::newRow("text to speech, at the second read")
-        << PageMaker([] { return new VoiceTTSSettingWidget; }) << "getEnableWindow"
-        << QStringList{QStringLiteral("Text to Speech: on"),
-                       QStringLiteral("Show Speech Widget: off"), QStringLiteral("Children")};
-    QTest::newRow("text to speech, at the third read")
-        << PageMaker([] { return new VoiceTTSSettingWidget; }) << "getSpeaker"
-        << QStringList{QStringLiteral("Text to Speech: on"),
-                       QStringLiteral("Show Speech Widget: on"), QStringLiteral("Children")};
-    QTest::newRow("translation") << PageMaker([] { return new TextTranslateSettingWidget; })
-                                 << "getTransLanguage"
-                                 << QStringList{QStringLiteral("Translation: on"),
-                                                QStringLiteral("EN-CN")};
-}
-
-void PageCallsTest::opensWhenTheServiceDiesBetweenTwoReads()
-{
-    QFETCH(PageMaker, makePage);
-    QFETCH(QString, member);
-    QFETCH(QStringList, state);
-    for (const char *key : {"iat.enabled", "tts.enabled", "tts.window", "trans.enabled"})
-        m_assistant.setValue(QLatin1String(key), true);
-    m_assistant.script(member, QStringLiteral("vanish"));
-    m_someMayHaveEnded = true;
-    {
-        const std::unique_ptr<QWidget> page(makePage());
-        QCOMPARE(shownState(page.get()), state);
-    }
-    QVERIFY(m_assistant.waitForEnd());
-    const std::unique_ptr<QWidget> withoutService(makePage());
-    QCOMPARE(shownState(withoutService.get()).filter(QStringLiteral(": on")), QStringList());
-}
-
-void PageCallsTest::dockSwitchIsOnUnlessTheServiceSaysHidden_data()
-{
-    QTest::addColumn<QVariant>("reply");
-    QTest::addColumn<bool>("on");
-    QTest::newRow("shown") << QVariant(false) << true;
-    QTest::newRow("hidden") << QVariant(true) << false;
-    QTest::newRow("the text \"true\"") << QVariant("true") << true;
-    QTest::newRow("the number 1") << QVariant(1) << true;
-}
-
-void PageCallsTest::dockSwitchIsOnUnlessTheServiceSaysHidden()
-{
-    QFETCH(QVariant, reply);
-    QFETCH(bool, on);
-    m_dock.script(QStringLiteral("getDockHideStatus"), QStringLiteral("reply"), reply);
-    const AssistantSettingWidget page(nullptr);
-    auto *row = testsupport::switchTitled(&page, QStringLiteral("Show in the Dock"));
-    QVERIFY(row);
-    QCOMPARE(row->checked(), on);
 }
 
 TEST_CLASS(QApplication, PageCallsTest)

@@ -67,8 +67,6 @@ private Q_SLOTS:
 
     void readsFallBack_data();
     void readsFallBack();
-    void theWakeupSwitchAlwaysReturns_data();
-    void theWakeupSwitchAlwaysReturns();
     void onlyGlobalConnectivityCountsAsOnline_data();
     void onlyGlobalConnectivityCountsAsOnline();
     void theNetworkCheckProcessesNoEvents();
@@ -233,25 +231,6 @@ void StateReadsTest::readsFallBack()
     process.joinBus();
     process.script(QString::fromLatin1(readCase.member), QStringLiteral("reply"), readCase.reply);
     QCOMPARE(readCase.read(), readCase.result);
-}
-
-void StateReadsTest::theWakeupSwitchAlwaysReturns_data()
-{
-    QTest::addColumn<Condition>("condition");
-    for (const ConditionName &condition : conditions)
-        QTest::newRow(condition.name) << condition.condition;
-}
-
-void StateReadsTest::theWakeupSwitchAlwaysReturns()
-{
-    QFETCH(Condition, condition);
-    ServiceProcess &assistant = service(QStringLiteral("assistant"));
-    prepare(assistant, QStringLiteral("enableIvw"), condition, -3, QStringLiteral("0"));
-    const LogCapture log;
-    AssistantStateProxy::setVoiceWakeupState(true);
-    QCOMPARE(log.texts(), QStringList());
-    if (condition == Condition::Gone)
-        QVERIFY(assistant.waitForEnd());
 }
 
 void StateReadsTest::onlyGlobalConnectivityCountsAsOnline_data()

@@ -36,7 +36,7 @@ installs module < <(
     echo usr/bin/assistant-control-doctor
     echo usr/share/bash-completion/completions/assistant-control-doctor
     echo usr/share/man/man1/assistant-control-doctor.1
-    cd "$project_dir" && printf 'usr/share/doc/assistant-control-plugin/%s\n' contract.md contracts/*.xml
+    cd "$project_dir" && printf 'usr/share/doc/assistant-control-plugin/%s\n' contract.md contracts/*.xml failures.md
 )
 installs translations < <(
     printf 'usr/share/TavrenAIAssistant/translations/%s.qm\n' aassistant-control-plugin_en \

@@ -253,6 +253,13 @@ void ServiceProcess::joinBus()
     checkControl("JoinBus");
 }
 
+void ServiceProcess::sendSignal(const QString &path, const QString &interface,
+                                const QString &member, const QVariantList &values)
+{
+    m_control->sendSignal(path, interface, member, values);
+    checkControl("SendSignal");
+}
+
 void ServiceProcess::hang()
 {
     m_control->hang();

@@ -151,7 +151,7 @@ public:
     /**
      * Makes the method @p member behave like @p behaviour from now on: "error" (text), "reply" (any
      * one value), "reply-list" (QVariantList of values), "delay" (milliseconds), "hold", "vanish",
-     * "answer".
+     * "hand-over", "answer".
      */
     void script(const QString &member, const QString &behaviour, const QVariant &argument = 0);
 
@@ -164,6 +164,10 @@ public:
     /** Gives up its real bus name, or takes it back; it stays steerable. */
     void leaveBus();
     void joinBus();
+
+    /** Makes it send a signal, with values that need not be those of the contract. */
+    void sendSignal(const QString &path, const QString &interface, const QString &member,
+                    const QVariantList &values);
 
     /** Makes it stop itself (SIGSTOP) in order, as suspend() does from outside. */
     void hang();

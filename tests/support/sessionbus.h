@@ -29,20 +29,37 @@ bool everythingArrivedFrom(const QString &service);
 int matchRules();
 
 /**
- * A session bus of its own that answers for services which keep a caller waiting for more than a
- * second, where the usual limit is 25. Becomes the process's session bus; start it before anything
- * connects to one.
+ * A bus of its own. Becomes the process's session or system bus; start it before anything connects
+ * to one.
  */
-class ImpatientBus
+class PrivateBus
 {
 public:
-    ~ImpatientBus();
+    explicit PrivateBus(QDBusConnection::BusType type = QDBusConnection::SessionBus);
+    ~PrivateBus();
 
-    bool start();
+    /** It answers for services which keep a caller waiting for longer; 0: as long as they like. */
+    bool start(int replyLimitMs = 0);
+
+    /** From now on it starts @p service when that is called, and the program ends at once. */
+    bool startFails(const QString &service);
+    /** It starts nothing any more. */
+    bool startNothing();
 
 private:
+    bool reload();
+
+    const QDBusConnection::BusType m_type;
     QTemporaryDir m_folder;
     ChildProcess m_daemon;
+    QString m_address;
+};
+
+/** A session bus that answers for services after a second, where the usual limit is 25. */
+class ImpatientBus : public PrivateBus
+{
+public:
+    bool start() { return PrivateBus::start(1000); }
 };
 
 } // namespace testsupport

@@ -27,6 +27,7 @@ runs = {
     "scripts/test --preset asan": ("tests/unit/scripts.sh",),
     "scripts/test -R voicetestpanel": ("tests/unit/scripts.sh",),
     "scripts/test -L realtime": ("tests/unit/scripts.sh", 'runs "scripts/test -L realtime" dev'),
+    "scripts/test -L weekly": ("tests/unit/scripts.sh", 'runs "scripts/test -L weekly" dev'),
     "scripts/test -L realtime --repeat until-fail:20": ("tests/unit/scripts.sh",),
     "scripts/test --fuzz 20s": ("tests/unit/scripts.sh",),
     "scripts/test --fuzz 10000000 recogniser level": ("tests/unit/scripts.sh",),
@@ -62,7 +63,8 @@ runs = {
     "assistant-control-doctor [--plugin FILE] [--listen] [--session] [--json]":
         ("tests/plugin/install.sh", '/usr/bin/assistant-control-doctor"'),
     "assistant-control-doctor --contract": ("tests/bus/doctorprogram.cpp", 'runDoctor({"--contract"})'),
-    "assistant-control-doctor --contract|--help|--version":
+    "assistant-control-doctor --failures": ("tests/bus/doctorprogram.cpp", 'runDoctor({"--failures"})'),
+    "assistant-control-doctor --contract|--failures|--help|--version":
         ("tests/bus/doctorprogram.cpp", 'runDoctor({"--version"})'),
     "assistant-sandbox [option]...": ("tests/e2e/packages", "as_person assistant-sandbox --tour"),
     "tests/e2e/packages build/packages": ("scripts/package", '/tests/e2e/packages" "$output"'),

@@ -185,6 +185,7 @@ check_test() {
     runs "scripts/test" dev "" ""
     runs "scripts/test -L gui" dev gui-tests "-L gui"
     runs "scripts/test -L realtime" dev realtime-tests "-L realtime"
+    runs "scripts/test -L weekly" dev weekly-tests "-L weekly -C weekly"
     runs "scripts/test -L realtime --repeat until-fail:20" dev realtime-tests \
         "-L realtime --repeat until-fail:20"
     runs "scripts/test -R voicetestpanel" dev "" "-R voicetestpanel"

@@ -44,6 +44,8 @@ Control::Control(const QString &busName, const QDBusConnection &connection, Stat
     connect(log, &CallLog::logged, this, &Control::CallLogged);
     connect(state, &StateStore::changed, this, &Control::Changed);
     connect(replies, &ScriptedReplies::changed, this, &Control::Changed);
+    connect(replies, &ScriptedReplies::handsOver, this,
+            [this] { m_connection.unregisterService(m_busName); });
 }
 
 void Control::publish()
@@ -119,6 +121,14 @@ void Control::JoinBus()
     if (!m_connection.registerService(m_busName))
         refuse(QStringLiteral("%1 cannot be owned").arg(m_busName));
     Q_EMIT Changed();
+}
+
+void Control::SendSignal(const QDBusObjectPath &path, const QString &interface,
+                         const QString &member, const QVariantList &values)
+{
+    QDBusMessage signal = QDBusMessage::createSignal(path.path(), interface, member);
+    signal.setArguments(values);
+    m_connection.send(signal);
 }
 
 void Control::Hang()

@@ -2,9 +2,11 @@
 
 #include <QDBusConnection>
 #include <QDBusContext>
+#include <QDBusObjectPath>
 #include <QDBusVariant>
 #include <QObject>
 #include <QStringList>
+#include <QVariantList>
 
 namespace sandbox {
 
@@ -40,6 +42,8 @@ public Q_SLOTS:
     QStringList Calls() const;
     void LeaveBus();
     void JoinBus();
+    void SendSignal(const QDBusObjectPath &path, const QString &interface, const QString &member,
+                    const QVariantList &values);
     void Hang();
     void Crash();
     uint ProcessId() const;

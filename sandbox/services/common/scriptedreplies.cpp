@@ -14,9 +14,9 @@ const QString everyMember = QStringLiteral("*");
 
 // By kind.
 const QStringList behaviourNames{
-    QStringLiteral("answer"),     QStringLiteral("error"), QStringLiteral("reply"),
-    QStringLiteral("reply-list"), QStringLiteral("delay"), QStringLiteral("hold"),
-    QStringLiteral("vanish"),
+    QStringLiteral("answer"),     QStringLiteral("error"),     QStringLiteral("reply"),
+    QStringLiteral("reply-list"), QStringLiteral("delay"),     QStringLiteral("hold"),
+    QStringLiteral("vanish"),     QStringLiteral("hand-over"),
 };
 
 QString qualifiedName(const QDBusMessage &call)
@@ -38,6 +38,7 @@ Behaviour Behaviour::parse(const QString &name, const QVariant &argument, QStrin
     case Answer:
     case Hold:
     case Vanish:
+    case HandOver:
         return {kind, {}};
     case Error:
         return {kind, argument.toString()};
@@ -110,6 +111,10 @@ void ScriptedReplies::answer(const QDBusMessage &call, int number,
     }
     case Behaviour::Hold:
         m_held.append({call, number, work()});
+        return;
+    case Behaviour::HandOver:
+        Q_EMIT handsOver();
+        send(call, number, work());
         return;
     case Behaviour::Vanish:
         std::_Exit(EXIT_SUCCESS);

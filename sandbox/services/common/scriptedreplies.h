@@ -23,6 +23,7 @@ struct Behaviour
         Delay,     ///< The true answer, `argument` milliseconds late.
         Hold,      ///< The true answer, when it is released.
         Vanish,    ///< No answer: the process ends.
+        HandOver,  ///< The true answer, after the service has given up its name.
     };
 
     Kind kind = Answer;
@@ -72,6 +73,9 @@ public:
 Q_SIGNALS:
     /** Some method behaves in another way now. */
     void changed();
+
+    /** The service's name is to be given up now. */
+    void handsOver();
 
     /** @p reply was sent. */
     void answered(int number, const QDBusMessage &reply);

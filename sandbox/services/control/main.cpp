@@ -41,6 +41,7 @@ QString usage()
                "  delay MS            the true answer, MS milliseconds late\n"
                "  hold                the true answer, on release\n"
                "  vanish              no answer: the process ends\n"
+               "  hand-over           the true answer, after giving up the bus name\n"
                "  answer              the true answer again\n"
                "MEMBER \"*\" is every method that has no script of its own.\n\n"
                "FAULT is one of none, slow (by MS milliseconds), refusing, wrong-types, hung and\n"

@@ -60,6 +60,12 @@ bool ServiceControl::joinBus()
     return done(JoinBus());
 }
 
+bool ServiceControl::sendSignal(const QString &path, const QString &interface,
+                                const QString &member, const QVariantList &values)
+{
+    return done(SendSignal(QDBusObjectPath(path), interface, member, values));
+}
+
 bool ServiceControl::hang()
 {
     return done(Hang());

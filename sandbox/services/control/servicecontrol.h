@@ -40,6 +40,8 @@ public:
     QStringList calls();
     bool leaveBus();
     bool joinBus();
+    bool sendSignal(const QString &path, const QString &interface, const QString &member,
+                    const QVariantList &values);
     bool hang();
     bool crash();
 

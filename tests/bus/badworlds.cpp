@@ -1,0 +1,501 @@
+#include "tests/bus/badworlds.h"
+
+#include "tests/support/logcapture.h"
+
+#include <QAccessible>
+#include <QDBusConnectionInterface>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QHash>
+#include <QTimerEvent>
+#include <QtTest>
+
+#include <algorithm>
+
+using doctor::Effect;
+using doctor::Failure;
+using doctor::World;
+using testsupport::ServiceProcess;
+
+namespace badworlds {
+
+namespace {
+
+constexpr int lateMs = 1000;
+constexpr int busLimitMs = 25000; // of QtDBus, where the bus has none
+constexpr int busyMs = 500;       // no turn of the event loop takes longer
+constexpr int answerMs = 5000;    // but where it waits for services, which others may hold up
+
+struct WorldName
+{
+    World world;
+    const char *name;
+};
+
+const WorldName worldNames[] = {
+    {World::Absent, "absent"},
+    {World::StartFails, "start fails"},
+    {World::Error, "error"},
+    {World::WrongType, "wrong type"},
+    {World::TooFewValues, "too few values"},
+    {World::TooManyValues, "too many values"},
+    {World::EmptyValue, "empty value"},
+    {World::TenMegabytes, "10 MB"},
+    {World::Late, "1 s late"},
+    {World::TooLate, "too late"},
+    {World::Hung, "hung"},
+    {World::Ends, "ends"},
+    {World::Replaced, "replaced"},
+    {World::BusEnds, "bus ends"},
+};
+
+const char *nameOf(World world)
+{
+    return std::find_if(std::begin(worldNames), std::end(worldNames),
+                        [world](const WorldName &entry) { return entry.world == world; })
+        ->name;
+}
+
+/** For how long this thread could have run, and others had the processor, in ns. */
+qint64 heldUpNs()
+{
+    QFile file(QStringLiteral("/proc/thread-self/schedstat"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().split(' ').value(1).toLongLong() : 0;
+}
+
+/** How long the event loop was without a turn, at most. */
+class TurnWatch : public QObject
+{
+public:
+    TurnWatch()
+    {
+        turn();
+        m_timer.start(5, Qt::PreciseTimer, this);
+    }
+
+    Standstill longest() const
+    {
+        const qint64 ms = m_sinceLast.elapsed();
+        return {std::max(m_longest.ms, ms),
+                std::max(m_longest.ownMs, ms - (heldUpNs() - m_heldUpNs) / 1000000)};
+    }
+
+protected:
+    void timerEvent(QTimerEvent *) override
+    {
+        m_longest = longest();
+        turn();
+    }
+
+private:
+    void turn()
+    {
+        m_sinceLast.start();
+        m_heldUpNs = heldUpNs();
+    }
+
+    QBasicTimer m_timer;
+    QElapsedTimer m_sinceLast;
+    qint64 m_heldUpNs = 0; // before the last turn
+    Standstill m_longest;
+};
+
+Subject subjectOf(const Contract::Method &method)
+{
+    for (const doctor::ObjectUse &object : doctor::contractUses())
+        for (const doctor::MemberUse &use : object.members)
+            if (object.object.interface == method.object.interface && use.name == method.name)
+                return {object, use, {}, {}, {}, {}, {}};
+    qFatal("%s is not in the contract", qPrintable(method.name));
+}
+
+/** A connection that waits for the names of services. */
+QString heirOn(QDBusConnection::BusType bus)
+{
+    return bus == QDBusConnection::SystemBus ? QStringLiteral("heir on the system bus")
+                                             : QStringLiteral("heir");
+}
+
+bool isServiceWide(World world)
+{
+    return world == World::Absent || world == World::StartFails || world == World::Hung;
+}
+
+QString lineOf(const Subject &subject, Effect effect)
+{
+    switch (effect) {
+    case Effect::None:
+        return subject.failed;
+    case Effect::Senseless:
+        return subject.senseless;
+    default:
+        return subject.usual;
+    }
+}
+
+QVariantList emptyValues(const QVariantList &values)
+{
+    QVariantList empty;
+    for (const QVariant &value : values)
+        empty.append(value.userType() == qMetaTypeId<QDBusObjectPath>()
+                         ? QVariant::fromValue(QDBusObjectPath(QStringLiteral("/")))
+                         : QVariant(value.userType(), nullptr));
+    return empty;
+}
+
+/** What would be a fine value, but for its type. */
+QVariant inAnotherType(const QVariant &value)
+{
+    switch (int(value.type())) {
+    case QVariant::UInt:
+        return value.toInt();
+    case QVariant::String:
+        return QStringList{value.toString()};
+    case QVariant::UserType:
+        return value.value<QDBusObjectPath>().path();
+    default:
+        return value.toString();
+    }
+}
+
+/** What comes in @p world in place of @p values. */
+QVariantList valuesIn(World world, const doctor::MemberUse &use, const QVariantList &values)
+{
+    switch (world) {
+    case World::WrongType:
+        if (values.isEmpty())
+            return {true};
+        return QVariantList{inAnotherType(values.first())} + values.mid(1);
+    case World::TooFewValues:
+        return values.mid(0, values.size() - 1);
+    case World::TooManyValues:
+        return values + QVariantList{QStringLiteral("more")};
+    case World::EmptyValue:
+        return emptyValues(values);
+    case World::TenMegabytes: {
+        const QVariant text = QString(10 * 1024 * 1024, QLatin1Char('x'));
+        return use.values == doctor::Values::Text ? QVariantList{text}
+                                                  : values + QVariantList{text};
+    }
+    default:
+        return values;
+    }
+}
+
+QStringList linesOf(const testsupport::LogCapture &log, const QHash<int, QString> &levels)
+{
+    QStringList lines;
+    const QList<testsupport::LogRecord> records = log.records();
+    for (const testsupport::LogRecord &record : records)
+        if (levels.contains(record.type) && record.category == QLatin1String("default"))
+            lines.append(levels.value(record.type) + QLatin1Char('|') + record.text);
+    return lines;
+}
+
+bool holdsBeginning(const QStringList &lines, const QString &beginning)
+{
+    return std::any_of(lines.cbegin(), lines.cend(),
+                       [&](const QString &line) { return line.startsWith(beginning); });
+}
+
+QString difference(const char *what, const QStringList &actual, const QStringList &expected)
+{
+    return QStringLiteral("%1:\n  %2\nnot\n  %3\n")
+        .arg(QLatin1String(what), actual.join(QLatin1String("\n  ")),
+             expected.join(QLatin1String("\n  ")));
+}
+
+// "getIatEnable()", "setIatEnable(b) no-reply": objects and services are looked at elsewhere.
+QStringList shortCalls(const testsupport::BusRecorder &recorder)
+{
+    QStringList calls = recorder.callSummaries();
+    for (QString &call : calls)
+        call = call.mid(call.lastIndexOf(QLatin1Char('.')) + 1);
+    return calls;
+}
+
+void read(QAccessibleInterface *part, QStringList *lines)
+{
+    if (!part || part->state().invisible)
+        return;
+    const auto labels = part->relations(QAccessible::Label);
+    const QString name =
+        (labels.isEmpty() ? part : labels.constFirst().first)->text(QAccessible::Name);
+    const QAccessible::State state = part->state();
+    const QString disabled = state.disabled ? QStringLiteral(", disabled") : QString();
+    switch (part->role()) {
+    case QAccessible::CheckBox:
+        lines->append(name + (state.checked ? QLatin1String(": on") : QLatin1String(": off")) +
+                      disabled);
+        return;
+    case QAccessible::ComboBox:
+        lines->append(name + QLatin1String(": ") + part->text(QAccessible::Value) + disabled);
+        return; // its list is closed
+    case QAccessible::StaticText:
+    case QAccessible::Link:
+    case QAccessible::Button:
+        lines->append(name);
+        break;
+    default:
+        break;
+    }
+    for (int i = 0; i < part->childCount(); ++i)
+        read(part->child(i), lines);
+}
+
+} // namespace
+
+Subject shown(const Contract::Method &method, const char *service, const QVariant &answer,
+              const QString &usual, const QString &failed, const QString &senseless)
+{
+    Subject subject = subjectOf(method);
+    subject.service = QLatin1String(service);
+    subject.answer = {answer};
+    subject.usual = usual;
+    subject.failed = failed;
+    subject.senseless = senseless;
+    return subject;
+}
+
+Subject sent(const Contract::Method &method, const char *service, const QString &line,
+             const QVariantList &answer)
+{
+    Subject subject = subjectOf(method);
+    subject.service = QLatin1String(service);
+    subject.answer = answer;
+    subject.usual = subject.failed = subject.senseless = line;
+    return subject;
+}
+
+QStringList readOut(QWidget *page)
+{
+    QStringList lines;
+    read(QAccessible::queryAccessibleInterface(page), &lines);
+    return lines;
+}
+
+Stage::Stage(const QStringList &services, int replyLimitMs, std::function<void(Stage &)> prepare)
+    : m_names(services)
+    , m_replyLimitMs(replyLimitMs)
+    , m_prepare(std::move(prepare))
+{
+}
+
+bool Stage::start()
+{
+    // Some lines have ten megabytes.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+    if (!m_session.start(m_replyLimitMs) || !m_system.start(m_replyLimitMs) ||
+        !m_sessionCalls.start() || !m_systemCalls.start())
+        return false;
+    for (const auto bus : {QDBusConnection::SessionBus, QDBusConnection::SystemBus})
+        QDBusConnection::connectToBus(bus, heirOn(bus));
+    for (const QString &name : m_names) {
+        m_services[name] = std::make_unique<ServiceProcess>(name);
+        if (!service(name).start())
+            return false;
+    }
+    m_prepare(*this);
+    return true;
+}
+
+QString Stage::play(const Action &action, const Subject &subject, World world)
+{
+    const QStringList usual = usualLines(action);
+    Outcome expected{usual, {}, {}, action.calls, {0, busyMs}};
+    bool behind = false;
+    for (const Subject &other : action.subjects) {
+        const bool itself = other.use.name == subject.use.name;
+        const bool gone = behind && (world == World::Ends || world == World::Replaced);
+        behind = behind || itself;
+        if (other.service != subject.service || !(itself || gone || isServiceWide(world)))
+            continue;
+        const Failure failure = doctor::failureOf(other.use, gone ? World::Absent : world);
+        expected.lines.replace(usual.indexOf(other.usual), lineOf(other, failure.effect));
+        if (failure.standsStill)
+            expected.standstill.ms = failure.wait == doctor::Wait::ForAnswer ? lateMs
+                                     : m_replyLimitMs > 0                    ? m_replyLimitMs
+                                                                             : busLimitMs;
+        if (other.use.mode == doctor::Mode::WaitProcessingNothing)
+            expected.standstill.ownMs = expected.standstill.ms + answerMs;
+        if (!failure.log.isEmpty())
+            (failure.log.startsWith(QLatin1String("debug|")) ? expected.remarks
+                                                             : expected.complaints)
+                .append(failure.log);
+    }
+
+    const Outcome outcome = run(action, [&] { enter(subject, world); });
+    if (!leave(subject, world))
+        return QStringLiteral("the services do not come back");
+    QString problem;
+    if (outcome.lines != expected.lines)
+        problem += difference("the page", outcome.lines, expected.lines);
+    if (outcome.calls != expected.calls)
+        problem += difference("the calls", outcome.calls, expected.calls);
+    const bool allLogged =
+        outcome.complaints.size() == expected.complaints.size() &&
+        std::all_of(expected.complaints.cbegin(), expected.complaints.cend(),
+                    [&](const QString &line) { return holdsBeginning(outcome.complaints, line); });
+    if (!allLogged)
+        problem += difference("the log", outcome.complaints, expected.complaints);
+    for (const QString &line : qAsConst(expected.remarks))
+        if (!holdsBeginning(outcome.remarks, line))
+            problem += difference("the log", outcome.remarks, {line});
+    // Timers of the services and the bus may be a little early.
+    if (outcome.standstill.ms < expected.standstill.ms * 9 / 10 ||
+        outcome.standstill.ownMs > expected.standstill.ownMs)
+        problem += QStringLiteral("the event loop stood still for %1 ms, of them %2 by itself, not "
+                                  "%3 and at most %4\n")
+                       .arg(outcome.standstill.ms)
+                       .arg(outcome.standstill.ownMs)
+                       .arg(expected.standstill.ms)
+                       .arg(expected.standstill.ownMs);
+
+    if (outcome.lines != usual) {
+        const QStringList afterwards = run(action, nullptr).lines;
+        if (afterwards != usual)
+            problem += difference("afterwards", afterwards, usual);
+    }
+    return problem;
+}
+
+// As it is when all is well; each subject's line is one of them.
+QStringList Stage::usualLines(const Action &action)
+{
+    QStringList &lines = m_usual[QLatin1String(action.name)];
+    if (lines.isEmpty()) {
+        lines = run(action, nullptr).lines;
+        for (const Subject &subject : action.subjects)
+            if (!lines.contains(subject.usual))
+                QTest::qFail(qPrintable(difference(action.name, lines, {subject.usual})), __FILE__,
+                             __LINE__);
+    }
+    return lines;
+}
+
+Stage::Outcome Stage::run(const Action &action, const std::function<void()> &before)
+{
+    std::unique_ptr<QWidget> page;
+    if (action.act) {
+        m_prepare(*this); // it changes something
+        page = action.open();
+    }
+    if (before) {
+        if (!m_sessionCalls.clear() || !m_systemCalls.clear())
+            QTest::qFail("the buses cannot be watched", __FILE__, __LINE__);
+        before();
+    }
+
+    Outcome outcome;
+    const testsupport::LogCapture log;
+    const TurnWatch turns;
+    if (action.act)
+        action.act(page.get());
+    else
+        page = action.open();
+    outcome.standstill = turns.longest();
+    outcome.complaints = linesOf(log, {{QtWarningMsg, QStringLiteral("warning")},
+                                       {QtCriticalMsg, QStringLiteral("critical")}});
+    outcome.remarks = linesOf(log, {{QtDebugMsg, QStringLiteral("debug")}});
+    page->show();
+    outcome.lines = readOut(page.get());
+    if (before) {
+        if (!m_sessionCalls.sync() || !m_systemCalls.sync())
+            QTest::qFail("the buses cannot be watched", __FILE__, __LINE__);
+        outcome.calls = shortCalls(m_systemCalls) + shortCalls(m_sessionCalls);
+    }
+    return outcome;
+}
+
+void Stage::enter(const Subject &subject, World world)
+{
+    ServiceProcess &process = service(subject.service);
+    const Contract::Object &object = subject.object.object;
+    const QString member = object.interface + QLatin1Char('.') + subject.use.name;
+    switch (world) {
+    case World::StartFails:
+        QVERIFY((object.bus == QDBusConnection::SystemBus ? m_system : m_session)
+                    .startFails(object.service));
+        process.leaveBus();
+        break;
+    case World::Absent:
+        process.leaveBus();
+        break;
+    case World::Error:
+        process.script(member, QStringLiteral("error"), QStringLiteral("true"));
+        break;
+    case World::Late:
+        process.script(member, QStringLiteral("delay"), lateMs);
+        break;
+    case World::TooLate:
+        process.script(member, QStringLiteral("hold"));
+        break;
+    case World::Hung:
+        process.suspend();
+        break;
+    case World::Ends:
+        process.script(member, QStringLiteral("vanish"));
+        break;
+    case World::Replaced:
+        QDBusConnection(heirOn(object.bus))
+            .interface()
+            ->registerService(object.service, QDBusConnectionInterface::QueueService);
+        process.script(member, QStringLiteral("hand-over"));
+        break;
+    default:
+        process.script(member, QStringLiteral("reply-list"),
+                       valuesIn(world, subject.use, subject.answer));
+        break;
+    }
+}
+
+bool Stage::leave(const Subject &subject, World world)
+{
+    ServiceProcess &process = service(subject.service);
+    const Contract::Object &object = subject.object.object;
+    if (world == World::Ends)
+        return process.waitForEnd() && process.start();
+    if (world == World::Hung) {
+        process.resume();
+        if (!process.waitForCalls(subject.use.name))
+            return false;
+    }
+    if (world == World::Replaced)
+        QDBusConnection(heirOn(object.bus)).unregisterService(object.service);
+    if (!m_session.startNothing() || !m_system.startNothing())
+        return false;
+    process.reset();
+    process.joinBus();
+    return true;
+}
+
+QVector<World> shortWorlds()
+{
+    QVector<World> some = doctor::worlds();
+    // The ends of a bus have a test of their own: each takes the program's connection with it.
+    for (const World world : endlessWorlds() + QVector<World>{World::BusEnds})
+        some.removeAll(world);
+    return some;
+}
+
+QVector<World> endlessWorlds()
+{
+    return {World::TooLate, World::Hung};
+}
+
+void addRows(const std::vector<Action> &actions, const QVector<World> &worlds)
+{
+    QTest::addColumn<Action>("action");
+    QTest::addColumn<int>("subject");
+    QTest::addColumn<World>("world");
+    for (const Action &action : actions)
+        for (int subject = 0; subject < int(action.subjects.size()); ++subject)
+            for (const World world : worlds) {
+                const doctor::MemberUse &use = action.subjects.at(std::size_t(subject)).use;
+                if (doctor::failureOf(use, world).effect != Effect::NotPossible)
+                    QTest::addRow("%s, %s, %s", action.name, qPrintable(use.name), nameOf(world))
+                        << action << subject << world;
+            }
+}
+
+} // namespace badworlds
