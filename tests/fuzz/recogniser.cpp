@@ -2,9 +2,7 @@
 #include "voice/iatwapper.h"
 
 #include <QDBusObjectPath>
-#include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 
 #include <climits>
 #include <cmath>
@@ -113,36 +111,28 @@ private:
     Report m_report;
 };
 
-QByteArray resultMessage(const QString &session, const QByteArray &hypothesis, bool finish)
+QByteArray resultMessage(const QString &session, QByteArray hypothesis, bool finish)
 {
-    return QJsonDocument(QJsonObject{{QStringLiteral("session_id"), session},
-                                     {QStringLiteral("text"), QString::fromUtf8(hypothesis)},
-                                     {QStringLiteral("finish"), finish}})
-        .toJson();
+    hypothesis.replace('\\', "\\\\").replace('"', "\\\"");
+    return R"({"session_id":")" + session.toUtf8() + R"(","text":")" + hypothesis +
+           R"(","finish":)" + (finish ? "true}" : "false}");
 }
 
 // "r", "a" or another mark, and the words after it.
 QByteArray plainHypothesis(const QByteArray &line)
 {
-    QJsonArray slotList;
-    const QByteArray words = line.mid(1);
-    for (const QByteArray &word : words.split('|'))
-        slotList.append(
-            QJsonObject{{QStringLiteral("cw"),
-                         QJsonArray{QJsonObject{{QStringLiteral("w"), QString::fromUtf8(word)}},
-                                    QJsonObject{{QStringLiteral("w"), "second"}}}}});
-    QJsonObject hypothesis{{QStringLiteral("ws"), slotList}};
-    if (line.startsWith('r'))
-        hypothesis.insert(QStringLiteral("pgs"), "rpl");
-    else if (line.startsWith('a'))
-        hypothesis.insert(QStringLiteral("pgs"), "apd");
-    return QJsonDocument(hypothesis).toJson();
+    QByteArray json = "{";
+    if (line.startsWith('r') || line.startsWith('a'))
+        json += line.startsWith('r') ? R"("pgs":"rpl",)" : R"("pgs":"apd",)";
+    json += R"("ws":[{"cw":[{"w":")";
+    json += line.mid(1).replace('|', R"("},{"w":"second"}]},{"cw":[{"w":")");
+    return json + R"("}]}]})";
 }
 
 // Each of the first lines is a message: its first character says which.
 void sendLines(IatWapper *client, PlainMerge *plain, const QList<QByteArray> &lines)
 {
-    constexpr int most = 6; // more of them do nothing new, and take their time
+    constexpr int most = 4; // more of them do nothing new, and take their time
     Heard heard(client);
     fuzz::takeCriticals();
     for (const QByteArray &bytes : lines.mid(0, most)) {

@@ -8,19 +8,9 @@
 
 namespace {
 
-// In one pass from the left.
 QString replaced(const QString &text, const QString &old, const QString &fresh)
 {
-    QString result;
-    for (int i = 0; i < text.size();) {
-        if (text.at(i) == old.at(0) && text.midRef(i, old.size()) == old) {
-            result += fresh;
-            i += old.size();
-        } else {
-            result += text.at(i++);
-        }
-    }
-    return result;
+    return text.split(old).join(fresh);
 }
 
 void checkCut(const QString &text, int limit)
