@@ -6,6 +6,7 @@
 
 #include <climits>
 #include <cmath>
+#include <utility>
 
 namespace {
 

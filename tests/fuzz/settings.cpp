@@ -3,11 +3,15 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRect>
 #include <QSettings>
 #include <QTemporaryDir>
 
 #include <fcntl.h>
 #include <sys/stat.h>
+
+#include <algorithm>
+#include <cctype>
 
 namespace {
 

@@ -2,6 +2,8 @@
 
 #include <QDBusPendingCall>
 
+#include <utility>
+
 namespace fuzz {
 
 namespace {
