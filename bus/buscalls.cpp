@@ -1,6 +1,7 @@
 #include "bus/buscalls.h"
 
 #include <QDBusPendingCallWatcher>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QThread>
 
@@ -49,13 +50,21 @@ QDBusMessage callBlocking(const Contract::Method &method)
 QDBusMessage waitFor(const QDBusConnection &bus, const QDBusPendingCall &call)
 {
     // Not with waitForFinished(): until the event loop has run for the first time after a bus was
-    // connected, QtDBus holds the news of its end back, and that wait would never end. The pauses
-    // grow with the time that has passed.
-    constexpr unsigned long longestPauseUs = 10000;
-    unsigned long pauseUs = 50;
-    while (!call.isFinished() && bus.isConnected()) {
-        QThread::usleep(pauseUs);
-        pauseUs = std::min(pauseUs + pauseUs / 8, longestPauseUs);
+    // connected, QtDBus holds the news of its end back, and that wait would never end. Most replies
+    // come sooner than the shortest sleep would end; after that the sleeps grow with the time that
+    // has passed.
+    constexpr qint64 withoutSleepUs = 1000;
+    constexpr qint64 longestSleepUs = 10000;
+    QElapsedTimer sinceStart;
+    sinceStart.start();
+    while (!call.isFinished()) {
+        const qint64 us = sinceStart.nsecsElapsed() / 1000;
+        if (us < withoutSleepUs)
+            QThread::yieldCurrentThread();
+        else if (bus.isConnected())
+            QThread::usleep(static_cast<unsigned long>(std::min(us / 8, longestSleepUs)));
+        else
+            break;
     }
     return call.isFinished() ? call.reply() : QDBusMessage();
 }
