@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
+#include <QtMath>
 
 namespace {
 
@@ -54,8 +55,13 @@ void VoiceAnimationWidget::updateMaxLevel(double level)
 
 void VoiceAnimationWidget::advanceLevel()
 {
+    // What is above the waves, in the frame before and in this one, does not change.
+    const double before = m_level.current();
     m_level.advance();
-    update();
+    m_shape.resize(size());
+    const double reach = m_shape.reach(qMax(before, m_level.current()) / 100.0);
+    const int rows = qMin(height(), qCeil(reach) + 1); // one for pixels that are no whole ones
+    update(0, height() - rows, width(), rows);
 }
 
 double VoiceAnimationWidget::getAudioLineY(double x, int line)

@@ -1,5 +1,6 @@
 #include "voice/waveshape.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -28,11 +29,14 @@ void WaveShape::resize(const QSizeF &size)
     const double left = -size.width() / 2;
     const double right = size.width() / 2;
     m_columns.clear();
+    m_reach = 0.0;
     for (int column = 0; left + column <= right; ++column) {
         const double x = left + column;
         m_columns.append({std::sin(angle(x)),
                           std::cos(angle(x)),
                           {envelope(0, x), envelope(1, x), envelope(2, x)}});
+        for (int line = 0; line < lineCount; ++line)
+            m_reach = std::max(m_reach, (1 + lines[line].raise) * envelope(line, x));
     }
     m_outline.resize(m_columns.size() + 2);
     m_outline.first() = QPointF(left, 0);

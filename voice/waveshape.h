@@ -24,6 +24,9 @@ public:
     /** The height of wave @p line (0 to 2) at @p x, at @p level from 0.0 to 1.0. */
     double height(int line, double x, double phase, double level) const;
 
+    /** A height that no wave exceeds at @p level. */
+    double reach(double level) const { return m_reach * level; }
+
     /** The outline of wave @p line, from one lower corner to the other; valid until the next call.
      */
     const QVector<QPointF> &outline(int line, double phase, double level);
@@ -40,6 +43,7 @@ private:
     };
 
     QSizeF m_size;
+    double m_reach = 0.0; // at full level
     QVector<Column> m_columns;
     QVector<QPointF> m_outline;
 };
