@@ -2,10 +2,13 @@
 
 #include "tests/support/median.h"
 
+#include <QDirIterator>
 #include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QTimer>
 
 #include <malloc.h>
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <ctime>
@@ -15,11 +18,6 @@ using testsupport::median;
 namespace {
 
 int roundsOfAll = 0; // 0: each comparison has its own number
-
-double milliseconds(const timeval &time)
-{
-    return time.tv_sec * 1000.0 + time.tv_usec / 1000.0;
-}
 
 double threadMs()
 {
@@ -45,11 +43,24 @@ double workMs(const std::function<void()> &work)
     return threadMs() - before;
 }
 
-double processorMs()
+void runEvents(int ms)
 {
-    rusage usage = {};
-    getrusage(RUSAGE_SELF, &usage);
-    return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
+    QEventLoop loop;
+    QTimer::singleShot(ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+double processorMs(qint64 process)
+{
+    double ns = 0.0;
+    QDirIterator threads(QStringLiteral("/proc/%1/task").arg(process),
+                         QDir::Dirs | QDir::NoDotAndDotDot);
+    while (threads.hasNext()) {
+        QFile file(threads.next() + QStringLiteral("/schedstat"));
+        if (file.open(QIODevice::ReadOnly))
+            ns += file.readAll().split(' ').first().toDouble();
+    }
+    return ns / 1e6;
 }
 
 double heapBytes()
@@ -63,22 +74,17 @@ void setRounds(int rounds)
     roundsOfAll = rounds;
 }
 
-Ratio compare(const Comparison &what)
+int roundsOf(const Comparison &what)
 {
-    const int rounds = roundsOfAll > 0 ? roundsOfAll : what.rounds;
-    if (rounds > 1) {
-        what.measureSubject();
-        what.measureBaseline();
-    }
+    return roundsOfAll > 0 ? roundsOfAll : what.rounds;
+}
 
-    QVector<double> subjects;
-    QVector<double> baselines;
+Ratio ratioOf(const Comparison &what, const QVector<double> &subjects,
+              const QVector<double> &baselines)
+{
     QVector<double> ratios;
-    for (int round = 0; round < rounds; ++round) {
-        subjects.append(what.measureSubject());
-        baselines.append(what.measureBaseline());
-        ratios.append(subjects.last() / baselines.last());
-    }
+    for (int i = 0; i < subjects.size(); ++i)
+        ratios.append(subjects[i] == baselines[i] ? 1.0 : subjects[i] / baselines[i]);
 
     Ratio result;
     result.what = what;
@@ -88,4 +94,21 @@ Ratio compare(const Comparison &what)
     result.subject = median(subjects);
     result.baseline = median(baselines);
     return result;
+}
+
+Ratio compare(const Comparison &what)
+{
+    const int rounds = roundsOf(what);
+    if (rounds > 1) {
+        what.measureSubject();
+        what.measureBaseline();
+    }
+
+    QVector<double> subjects;
+    QVector<double> baselines;
+    for (int round = 0; round < rounds; ++round) {
+        subjects.append(what.measureSubject());
+        baselines.append(what.measureBaseline());
+    }
+    return ratioOf(what, subjects, baselines);
 }

@@ -39,14 +39,28 @@ double timedMs(const std::function<void()> &work);
  * do. */
 double workMs(const std::function<void()> &work);
 
-/** Processor time of this process so far, in milliseconds, user and system together. */
-double processorMs();
+/** Runs the event loop for a while. */
+void runEvents(int ms);
+
+/** Processor time of a process and all its threads so far, in milliseconds, user and system
+ * together. What a thread took that has ended is not in it. */
+double processorMs(qint64 process);
 
 /** Memory that the heap has handed out and not got back, in bytes. */
 double heapBytes();
 
 /** Makes all comparisons take @p rounds rounds, whatever they ask for. */
 void setRounds(int rounds);
+
+/** How many rounds a comparison takes. */
+int roundsOf(const Comparison &what);
+
+/**
+ * What was measured in turn outside of compare(), both sides once in each round. Two zeros are the
+ * same.
+ */
+Ratio ratioOf(const Comparison &what, const QVector<double> &subjects,
+              const QVector<double> &baselines);
 
 /**
  * Measures both sides in turn after one unmeasured round, so that whatever else the machine does

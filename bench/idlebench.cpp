@@ -1,54 +1,16 @@
 #include "bench/suite.h"
-#include "pages/assistantsettingwidget.h"
+#include "bench/testedpage.h"
 #include "pages/texttranslatesettingwidget.h"
-#include "pages/voiceiatsettingwidget.h"
-#include "pages/voicettssettingwidget.h"
+#include "voice/processwide.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
 #include <QTimer>
 
 #include <sys/resource.h>
 
-#include <memory>
-
 namespace {
 
-constexpr int visits = 1000;
-constexpr int idleMs = 3000;
-
-template <typename Page>
-void visit()
-{
-    Page page(nullptr);
-    page.ensurePolished();
-}
-
-template <typename Page>
-Ratio memory(const QString &name)
-{
-    Comparison what;
-    what.name = QStringLiteral("memory, %1").arg(name);
-    what.subject = QStringLiteral("heap growth by %1 visits of the page").arg(visits);
-    what.baseline = QStringLiteral("the heap that one open page holds");
-    what.unit = QStringLiteral("bytes");
-    what.measureSubject = [] {
-        visit<Page>();
-        QCoreApplication::processEvents();
-        const double before = heapBytes();
-        for (int i = 0; i < visits; ++i)
-            visit<Page>();
-        QCoreApplication::processEvents();
-        return heapBytes() - before;
-    };
-    what.measureBaseline = [] {
-        const double before = heapBytes();
-        Page page(nullptr);
-        page.ensurePolished();
-        return heapBytes() - before;
-    };
-    return compare(what);
-}
+constexpr int settleMs = 300;
+constexpr int idleMs = 2500;
 
 // How often this process began to run anew while its event loop had nothing to do, and once for the
 // end.
@@ -59,55 +21,82 @@ double wakeUps()
         getrusage(RUSAGE_SELF, &usage);
         return double(usage.ru_nvcsw);
     };
-    QEventLoop loop;
-    QTimer::singleShot(500, &loop, &QEventLoop::quit);
-    loop.exec(); // what was just shown settles
+    runEvents(settleMs);
     const double before = count();
-    QTimer::singleShot(idleMs, &loop, &QEventLoop::quit);
-    loop.exec();
+    runEvents(idleMs);
     return count() - before;
 }
 
-double wakeUpsWith(QWidget *widget)
+double wakeUpsWith(QWidget &&widget, bool shown = true)
 {
-    const std::unique_ptr<QWidget> owner(widget);
-    owner->show();
+    widget.show();
+    runEvents(settleMs);
+    widget.setVisible(shown);
     return wakeUps();
+}
+
+double wakeUpsAfterTest()
+{
+    TestedPage page;
+    page.runTest();
+    return wakeUps();
+}
+
+double wakeUpsOfTimer()
+{
+    QTimer timer;
+    timer.start(500);
+    return wakeUpsWith(QWidget());
 }
 
 } // namespace
 
-void benchMemory(const Report &report)
-{
-    report(memory<AssistantSettingWidget>(QStringLiteral("assistant page")));
-    report(memory<VoiceIatSettingWidget>(QStringLiteral("speech to text page")));
-    report(memory<VoiceTTSSettingWidget>(QStringLiteral("text to speech page")));
-    report(memory<TextTranslateSettingWidget>(QStringLiteral("translation page")));
-}
-
 void benchIdle(const Report &report)
 {
+    const auto assistantPage = [](bool shown) {
+        return [shown] {
+            return wakeUpsWith(AssistantSettingWidget(nullptr), shown);
+        };
+    };
+    const QString window = QStringLiteral("an empty window");
+    const QString checked = QStringLiteral("an empty window, and a timer twice a second");
+
     Comparison what;
-    what.name = QStringLiteral("idle page");
-    what.subject = QStringLiteral("wake-ups in %1 s of the translation page").arg(idleMs / 1000);
-    what.baseline = QStringLiteral("of an empty window");
     what.unit = QStringLiteral("wake-ups");
     what.aim = 1.0;
-    what.rounds = 3;
-    what.measureSubject = [] {
-        return wakeUpsWith(new TextTranslateSettingWidget(nullptr));
+    struct Case
+    {
+        QString name;
+        QString baseline;
+        std::function<double()> measure;
     };
-    what.measureBaseline = [] {
-        return wakeUpsWith(new QWidget);
+    // Once there is a recorder, it looks at the devices twice a second.
+    const QVector<Case> cases = {
+        {QStringLiteral("idle page"), window,
+         [] {
+             return wakeUpsWith(TextTranslateSettingWidget(nullptr));
+         }},
+        {QStringLiteral("hidden page"), window,
+         [] {
+             return wakeUpsWith(TextTranslateSettingWidget(nullptr), false);
+         }},
+        {QStringLiteral("idle assistant page"), checked, assistantPage(true)},
+        {QStringLiteral("hidden assistant page"), checked, assistantPage(false)},
+        {QStringLiteral("after a voice test"), checked, wakeUpsAfterTest},
     };
-    report(compare(what));
-
-    // Its recorder looks at the devices twice a second for as long as the program runs.
-    what.name = QStringLiteral("idle assistant page");
-    what.subject = QStringLiteral("wake-ups in %1 s of the assistant page").arg(idleMs / 1000);
-    what.aim = 0.0;
-    what.measureSubject = [] {
-        return wakeUpsWith(new AssistantSettingWidget(nullptr));
-    };
-    report(compare(what));
+    QMap<QString, QVector<double>> baselines;
+    QMap<QString, QVector<double>> subjects;
+    for (int round = 0; round < roundsOf(what); ++round) {
+        ProcessWide<AudioRecorder>::dispose(); // left by others
+        baselines[window] << wakeUpsWith(QWidget());
+        baselines[checked] << wakeUpsOfTimer();
+        for (const Case &one : cases)
+            subjects[one.name] << one.measure();
+    }
+    for (const Case &one : cases) {
+        what.name = one.name;
+        what.subject = QStringLiteral("wake-ups in %1 s").arg(idleMs / 1000.0);
+        what.baseline = one.baseline;
+        report(ratioOf(what, subjects[one.name], baselines[one.baseline]));
+    }
 }

@@ -37,6 +37,12 @@ QJsonObject toJson(const Ratio &ratio)
             {QStringLiteral("baselineMedian"), ratio.baseline}};
 }
 
+// Three digits, or all of a large number.
+QString figure(double value)
+{
+    return value < 1000 ? QString::number(value, 'g', 3) : QString::number(qRound64(value));
+}
+
 QString line(const Ratio &ratio)
 {
     const QString aim = ratio.what.aim > 0.0
@@ -50,9 +56,7 @@ QString line(const Ratio &ratio)
              -19)
         .arg(aim, -10)
         .arg(ratio.what.name, ratio.what.subject, ratio.what.baseline)
-        .arg(ratio.subject, 0, 'g', 3)
-        .arg(ratio.baseline, 0, 'g', 3)
-        .arg(ratio.what.unit);
+        .arg(figure(ratio.subject), figure(ratio.baseline), ratio.what.unit);
 }
 
 // Sound libraries write there whatever they like. Returns a copy of standard error for our own
@@ -87,8 +91,10 @@ int main(int argc, char *argv[])
         {QStringLiteral("wave"), benchWave},
         {QStringLiteral("level"), benchLevel},
         {QStringLiteral("merge"), benchMerge},
+        {QStringLiteral("pluginfile"), benchPluginFile},
         {QStringLiteral("memory"), benchMemory},
         {QStringLiteral("idle"), benchIdle},
+        {QStringLiteral("firstblock"), benchFirstBlock},
         {QStringLiteral("voicetest"), benchVoiceTest},
     };
     QStringList names;
