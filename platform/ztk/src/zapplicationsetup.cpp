@@ -1,5 +1,6 @@
 #include "ztk/zapplicationsetup.h"
 
+#include "announcer.h"
 #include "zicontheme.h"
 #include "ztk/zfocustracker.h"
 #include "ztk/zguiapplicationhelper.h"
@@ -25,6 +26,7 @@ void ZApplicationSetup::install()
 {
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     prepareApplication();
+    announcer::install();
     QApplication::setStyle(new ZStyle);
     Gui::ZGuiApplicationHelper *helper = Gui::ZGuiApplicationHelper::instance();
     helper->setThemeType(helper->themeType());

@@ -143,11 +143,25 @@ class Desktop:
         if problems:
             raise RuntimeError("; ".join(problems))
 
-    def open_window(self, *arguments):
+    def open_window(self, *arguments, warnings_are_fatal=True):
         """Starts the control center with the built module."""
         command = [os.environ["CONTROL_CENTER"], "--plugin", os.environ["MODULE_FILE"], *arguments]
-        fatal = {"QT_FATAL_WARNINGS": "1"}  # whatever Qt or the module warns of is a defect
-        return self._processes.start("control-center", command, environment=fatal)
+        # Whatever Qt or the module warns of is a defect.
+        environment = {"QT_FATAL_WARNINGS": "1"} if warnings_are_fatal else {}
+        return self._processes.start("control-center", command, environment=environment)
+
+    def speech_socket(self):
+        """Where the screen reader looks for its speech service."""
+        return f"{self._folder.name}/speech"
+
+    def start_screen_reader(self):
+        """Starts Orca; it needs the speech service."""
+        environment = {
+            "SPEECHD_ADDRESS": f"unix_socket:{self.speech_socket()}",
+            "GSETTINGS_BACKEND": "memory",
+            "XDG_DATA_HOME": f"{self._folder.name}/orca",
+        }
+        self._processes.start("orca", ["orca"], environment=environment)
 
     def wait_for_end(self, program):
         """Waits for the end of what open_window() returned; its exit code."""
