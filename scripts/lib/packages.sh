@@ -26,6 +26,10 @@ packages_test="
 packages_fuzz="
     clang-14 libclang-rt-14-dev"
 
+# A screen reader.
+packages_weekly="
+    orca python3-speechd"
+
 # Windows like the sandbox's, to compare it with, and what sees them appear.
 packages_bench="
     lxqt-config pavucontrol-qt python3-xlib xvfb"
