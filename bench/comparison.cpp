@@ -56,7 +56,7 @@ double processorMs(qint64 process)
     QDirIterator threads(QStringLiteral("/proc/%1/task").arg(process),
                          QDir::Dirs | QDir::NoDotAndDotDot);
     while (threads.hasNext()) {
-        QFile file(threads.next() + QStringLiteral("/schedstat"));
+        QFile file(QDir(threads.next()).filePath(QStringLiteral("schedstat")));
         if (file.open(QIODevice::ReadOnly))
             ns += file.readAll().split(' ').first().toDouble();
     }

@@ -9,7 +9,7 @@ namespace controlcenter {
 namespace {
 
 constexpr int leastWidth = 228; // px
-constexpr int sideMargin = 12;      // px
+constexpr int sideMargin = 12;  // px
 
 } // namespace
 

@@ -64,7 +64,7 @@ QStringList callsAround(const QString &code, int position)
 bool isNameOnTheBus(const Literal &literal, const QString &code)
 {
     static const QRegularExpression interface(QStringLiteral(R"(^[a-z]\w*(\.\w+){2,}$)"));
-    static const QRegularExpression path(QStringLiteral(R"(^(/\w+)+$)"));
+    static const QRegularExpression path(QStringLiteral(R"(^(?!/proc/)(/\w+)+$)"));
     static const QRegularExpression member(QStringLiteral(R"(^[A-Za-z]\w*$)"));
     static const QStringList senders{QStringLiteral("asyncCall"),
                                      QStringLiteral("asyncCallWithArgumentList"),

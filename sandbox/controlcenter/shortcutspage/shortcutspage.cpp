@@ -23,7 +23,7 @@ using zcc::widgets::SettingsGroup;
 namespace controlcenter {
 namespace {
 
-constexpr int listSpacing = 1;      // px: the rows stand as one block
+constexpr int listSpacing = 1;     // px: the rows stand as one block
 constexpr int messageSpacing = 12; // px
 constexpr int pencilGap = 8;       // px
 constexpr int retryMs = 1000;
