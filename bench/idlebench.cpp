@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int settleMs = 300;
-constexpr int idleMs = 2500;
+constexpr int idleMs = 1500;
 
 // How often this process began to run anew while its event loop had nothing to do, and once for the
 // end.

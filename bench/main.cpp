@@ -92,9 +92,9 @@ int main(int argc, char *argv[])
         {QStringLiteral("level"), benchLevel},
         {QStringLiteral("merge"), benchMerge},
         {QStringLiteral("pluginfile"), benchPluginFile},
-        {QStringLiteral("memory"), benchMemory},
         {QStringLiteral("idle"), benchIdle},
         {QStringLiteral("firstblock"), benchFirstBlock},
+        {QStringLiteral("memory"), benchMemory},
         {QStringLiteral("voicetest"), benchVoiceTest},
     };
     QStringList names;

@@ -11,8 +11,8 @@ namespace {
 
 constexpr int startLimitMs = 30000;
 constexpr int testLimitMs = 40000;
-constexpr int captureMs = 5000; // long enough for what does the same all the time
-constexpr int mixerStartMs = 2000;
+constexpr int captureMs = 3000; // long enough for what does the same all the time
+constexpr int mixerStartMs = 1000;
 constexpr double allowedShare = 0.8;
 constexpr double verdictLimitMs = 100.0;
 
