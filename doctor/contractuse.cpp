@@ -138,11 +138,23 @@ ObjectUse dockIcon()
             }};
 }
 
+// What people see of a voice test without its session.
+const char *const waveAlone = QT_TRANSLATE_NOOP(
+    "doctor::Contract", "A voice test shows its wave until it is cancelled, without words and "
+                        "verdict.");
+
+// Another service of that name knows nothing of its sessions.
+ObjectUse inSession(ObjectUse object)
+{
+    for (MemberUse &member : object.members)
+        member.seenWithoutSession =
+            member.seen == nothingText() ? member.seen : QString::fromLatin1(waveAlone);
+    return object;
+}
+
 ObjectUse sessionManager()
 {
-    const char *const seen = QT_TRANSLATE_NOOP(
-        "doctor::Contract",
-        "A voice test shows its wave until it is cancelled, without words and verdict.");
+    const char *const seen = waveAlone;
     return {SessionManager::object(),
             true,
             QString::fromLatin1(seen),
@@ -245,90 +257,7 @@ ObjectUse networkManager()
             }};
 }
 
-bool waits(const QString &service, Mode mode)
-{
-    for (const ObjectUse &use : contractUses())
-        for (const MemberUse &member : use.members)
-            if (use.object.service == service && member.mode == mode)
-                return true;
-    return false;
-}
-
 } // namespace
-
-QString modeText(Mode mode)
-{
-    switch (mode) {
-    case Mode::WaitProcessingEvents:
-        return QStringLiteral("wait, GUI events processed");
-    case Mode::WaitProcessingNothing:
-        return QStringLiteral("wait, nothing processed");
-    case Mode::SendWithoutReply:
-        return QStringLiteral("send, no reply expected");
-    case Mode::SendIgnoringReply:
-        return QStringLiteral("send, reply ignored");
-    case Mode::Heard:
-        break;
-    }
-    return QStringLiteral("signal");
-}
-
-QString hangText(Mode mode)
-{
-    switch (mode) {
-    case Mode::WaitProcessingEvents:
-        return QStringLiteral(QT_TRANSLATE_NOOP(
-            "doctor::Contract", "What is asked for comes only after the bus's time-out of 25 s."));
-    case Mode::WaitProcessingNothing:
-        return QStringLiteral(QT_TRANSLATE_NOOP(
-            "doctor::Contract", "The window stands still for the bus's time-out of 25 s."));
-    case Mode::SendWithoutReply:
-    case Mode::SendIgnoringReply:
-    case Mode::Heard:
-        break;
-    }
-    return QString();
-}
-
-QString lateText(Mode mode)
-{
-    switch (mode) {
-    case Mode::WaitProcessingEvents:
-        return QStringLiteral(
-            QT_TRANSLATE_NOOP("doctor::Contract", "What is asked for comes only with the answer."));
-    case Mode::WaitProcessingNothing:
-        return QStringLiteral(QT_TRANSLATE_NOOP("doctor::Contract",
-                                                "The window stands still until the answer comes."));
-    case Mode::SendWithoutReply:
-    case Mode::SendIgnoringReply:
-    case Mode::Heard:
-        break;
-    }
-    return QString();
-}
-
-QString nothingText()
-{
-    return QStringLiteral(QT_TRANSLATE_NOOP("doctor::Contract", "Nothing."));
-}
-
-QStringList waitTexts(const QString &service, bool timesOut)
-{
-    for (const Mode mode : {Mode::WaitProcessingNothing, Mode::WaitProcessingEvents})
-        if (waits(service, mode))
-            return {timesOut ? hangText(mode) : lateText(mode)};
-    return timesOut ? QStringList() : QStringList(nothingText());
-}
-
-QStringList failureTexts(const QString &service)
-{
-    QStringList noticed;
-    QStringList unnoticed;
-    for (const ObjectUse &use : contractUses())
-        if (use.object.service == service && !use.object.path.isEmpty())
-            (use.noticed ? noticed : unnoticed).append(use.seen);
-    return noticed.isEmpty() ? unnoticed : noticed;
-}
 
 MemberUse::MemberUse(const Method &method, Mode memberMode, const char *whenCalled,
                      const char *replyFallback, const char *seenWithout,
@@ -382,9 +311,18 @@ MemberUse MemberUse::logging(const char *line, bool later) const
 const QVector<ObjectUse> &contractUses()
 {
     static const QVector<ObjectUse> uses{
-        voiceWakeuper(), mainWindow(), speechToText(),   textToSpeech(),
-        translation(),   dockIcon(),   sessionManager(), qualityCheck(),
-        recognition(),   keybinding(), audioDaemon(),    networkManager(),
+        voiceWakeuper(),
+        mainWindow(),
+        speechToText(),
+        textToSpeech(),
+        translation(),
+        dockIcon(),
+        inSession(sessionManager()),
+        inSession(qualityCheck()),
+        inSession(recognition()),
+        keybinding(),
+        audioDaemon(),
+        networkManager(),
     };
     return uses;
 }

@@ -58,9 +58,10 @@ struct MemberUse
     QString fallback; ///< What counts in place of a reply; empty where none is read.
     QString seen;     ///< What people see when it fails.
     Values values;
-    QString seenSenseless;  ///< What they see of a value without sense.
-    QString log;            ///< How a line in the log begins then; mostly there is none.
-    bool logsLater = false; ///< With the service's signals, not at once.
+    QString seenSenseless;      ///< What they see of a value without sense.
+    QString log;                ///< How a line in the log begins then; mostly there is none.
+    bool logsLater = false;     ///< With the service's signals, not at once.
+    QString seenWithoutSession; ///< When its session went with the service; empty without one.
 
     /** Arguments with which it can be called so that nothing changes; none when there are none. */
     QVector<QVariantList> questions;

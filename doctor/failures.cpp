@@ -11,8 +11,6 @@ Effect effectOfSignal(Values values, World world)
     case World::Late:
     case World::TooLate:
         return Effect::NotPossible;
-    case World::Replaced:
-        return Effect::AsUsual;
     case World::EmptyValue:
         return values == Values::Text ? Effect::Senseless : Effect::AsUsual;
     case World::TenMegabytes:
@@ -44,9 +42,16 @@ Effect effectOfAnswer(Values values, World world)
 
 Effect effectOf(const MemberUse &member, World world)
 {
-    if (member.mode == Mode::Heard)
-        return effectOfSignal(member.values, world);
+    const bool isSignal = member.mode == Mode::Heard;
     const bool waits = !hangText(member.mode).isEmpty();
+    if (world == World::Replaced) {
+        if (!isSignal && !waits)
+            return Effect::NotPossible;
+        // A new one does not know the sessions of the old one.
+        return member.seenWithoutSession.isEmpty() ? Effect::AsUsual : Effect::None;
+    }
+    if (isSignal)
+        return effectOfSignal(member.values, world);
     switch (world) {
     case World::Absent:
     case World::StartFails:
@@ -73,7 +78,7 @@ Wait waitOf(Mode mode, World world)
     return Wait::None;
 }
 
-// Whether it may still send signals.
+// Whether it still owns its name, and sends signals.
 bool serviceStays(World world)
 {
     switch (world) {
@@ -81,6 +86,7 @@ bool serviceStays(World world)
     case World::StartFails:
     case World::Hung:
     case World::Ends:
+    case World::Replaced:
     case World::BusEnds:
         return false;
     default:
@@ -96,11 +102,12 @@ QString logOf(const MemberUse &member, World world, Effect effect)
     return failed && (serviceStays(world) || !member.logsLater) ? member.log : QString();
 }
 
-QString effectText(const MemberUse &member, Effect effect)
+QString effectText(const MemberUse &member, World world, Effect effect)
 {
+    const bool sessionGoes = !serviceStays(world) && !member.seenWithoutSession.isEmpty();
     switch (effect) {
     case Effect::None:
-        return member.seen;
+        return sessionGoes ? member.seenWithoutSession : member.seen;
     case Effect::Senseless:
         return member.seenSenseless;
     case Effect::Postponed:
@@ -142,7 +149,7 @@ Failure failureOf(const MemberUse &member, World world)
 {
     const Effect effect = effectOf(member, world);
     const Wait wait = waitOf(member.mode, world);
-    QStringList seen{waitText(member.mode, wait), effectText(member, effect)};
+    QStringList seen{waitText(member.mode, wait), effectText(member, world, effect)};
     seen.removeAll(QString());
     return {effect, wait, wait != Wait::None && member.mode == Mode::WaitProcessingNothing,
             logOf(member, world, effect),

@@ -27,7 +27,7 @@ const QVector<World> &worlds();
 
 /** What becomes of a call or signal. */
 enum class Effect {
-    NotPossible, ///< There is no such signal.
+    NotPossible, ///< There is no such signal, or nobody waits for an answer.
     AsUsual,     ///< As if nothing were wrong.
     Senseless,   ///< It counts, and its value means nothing.
     None,        ///< As if it had not been: the fallback counts.

@@ -64,6 +64,14 @@ void press(QWidget *page, const char *title)
     }
 }
 
+// Whatever becomes of them.
+std::function<Result(const Subject &, World)> always(const QStringList &calls)
+{
+    return [calls](const Subject &, World) {
+        return Result{QString(), calls};
+    };
+}
+
 using Opener = std::function<std::unique_ptr<QWidget>()>;
 
 /** The control @p title is used; @p line is what it says then. */
@@ -73,7 +81,7 @@ Action use(const Opener &open, const char *title, const Contract::Method &method
     return {call,
             open,
             [title](QWidget *page) { press(page, title); },
-            {QLatin1String(call)},
+            always({QLatin1String(call)}),
             {sent(method, service, QString::fromUtf8(line), answer)}};
 }
 
@@ -123,7 +131,7 @@ std::vector<Action> writes()
          [](QWidget *page) {
              QMetaObject::invokeMethod(page, "slotVoiceSourceTypeChange", Q_ARG(int, 1));
          },
-         {"setVOXASpeaker(s) no-reply"},
+         always({"setVOXASpeaker(s) no-reply"}),
          {sent(MainWindow::setVOXASpeaker(), "assistant", QStringLiteral("Voice Wakeup: on"))}},
     };
 }
@@ -135,7 +143,7 @@ std::vector<Action> reads()
         {"Speech to Text",
          make<VoiceIatSettingWidget>,
          nullptr,
-         {"GetShortcut(si)", "getIatEnable()", "getIatLanguage()"},
+         always({"GetShortcut(si)", "getIatEnable()", "getIatLanguage()"}),
          {shortcut("Speech to Text", "convert your speech to text", "I"),
           flag(SpeechToText::getIatEnable(), "Speech to Text"),
           shown(SpeechToText::getIatLanguage(), "assistant", "en_us", language,
@@ -143,7 +151,7 @@ std::vector<Action> reads()
         {"Text to Speech",
          make<VoiceTTSSettingWidget>,
          nullptr,
-         {"GetShortcut(si)", "getTTSEnable()", "getEnableWindow()", "getSpeaker()"},
+         always({"GetShortcut(si)", "getTTSEnable()", "getEnableWindow()", "getSpeaker()"}),
          {shortcut("Text to Speech", "read the selected text out", "P"),
           flag(TextToSpeech::getTTSEnable(), "Text to Speech"),
           flag(TextToSpeech::getEnableWindow(), "Show Speech Widget"),
@@ -153,7 +161,7 @@ std::vector<Action> reads()
         {"Translation",
          make<TextTranslateSettingWidget>,
          nullptr,
-         {"GetShortcut(si)", "getTransEnable()", "getTransLanguage()"},
+         always({"GetShortcut(si)", "getTransEnable()", "getTransLanguage()"}),
          {shortcut("Translation", "translate the selected text", "T"),
           flag(Translation::getTransEnable(), "Translation"),
           shown(Translation::getTransLanguage(), "assistant", "cn|en",
@@ -162,7 +170,7 @@ std::vector<Action> reads()
         {"Desktop AI Assistant",
          make<AssistantSettingWidget>,
          nullptr,
-         {"getDockHideStatus()"},
+         always({"getDockHideStatus()"}),
          {shown(DockIcon::getDockHideStatus(), "dock", true,
                 QStringLiteral("Show in the Dock: off"), QStringLiteral("Show in the Dock: on"),
                 QStringLiteral("Show in the Dock: on"))}},

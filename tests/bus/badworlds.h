@@ -1,54 +1,15 @@
 #pragma once
 
-#include "doctor/failures.h"
+#include "tests/bus/badworldrows.h"
 #include "tests/support/busrecorder.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/sessionbus.h"
 
-#include <QMetaType>
-#include <QWidget>
-
 #include <functional>
 #include <map>
 #include <memory>
-#include <vector>
-
-// What a person does with the module while a service, its answers or its signals are bad. What is
-// to come of it stands in doctor/failures.cpp, of which docs/failures.md is written.
 
 namespace badworlds {
-
-/** A call or signal, and the line of the page that tells what became of it. */
-struct Subject
-{
-    doctor::ObjectUse object;
-    doctor::MemberUse use;
-    QString service;     ///< Of the sandbox: "assistant", "dock"...
-    QVariantList answer; ///< The true one, or what the signal carries.
-    QString usual;       ///< The line when all is well.
-    QString failed;      ///< When there is no answer.
-    QString senseless;   ///< When its value means nothing.
-};
-
-/** One whose answer the page shows. */
-Subject shown(const Contract::Method &method, const char *service, const QVariant &answer,
-              const QString &usual, const QString &failed, const QString &senseless);
-/** One of which the page shows what the person did, whatever becomes of it. */
-Subject sent(const Contract::Method &method, const char *service, const QString &line,
-             const QVariantList &answer = {});
-
-/** What a person does, and everything that it is about. */
-struct Action
-{
-    const char *name;
-    std::function<std::unique_ptr<QWidget>()> open; ///< The page.
-    std::function<void(QWidget *)> act; ///< On the open page; none: to open it is what is tried.
-    QStringList calls;                  ///< On the wire: "getIatEnable()".
-    std::vector<Subject> subjects;      ///< In the order in which they are called.
-};
-
-/** Everything that assistive technologies read on @p page, a line each: "Language: English". */
-QStringList readOut(QWidget *page);
 
 /** How long the event loop made no turn. */
 struct Standstill
@@ -75,6 +36,12 @@ public:
      */
     QString play(const Action &action, const Subject &subject, doctor::World world);
 
+    // For actions, which do what the services do while they are acted.
+    /** The service on which the action goes on runs, and owns its name or has just lost it. */
+    bool serviceSpeaks() const;
+    /** Sends the signal that the action is about, as the world has it. */
+    void sendSignal(const Subject &subject, const QString &path);
+
 private:
     struct Outcome
     {
@@ -88,7 +55,7 @@ private:
     QStringList usualLines(const Action &action);
     Outcome run(const Action &action, const std::function<void()> &before);
     void enter(const Subject &subject, doctor::World world);
-    bool leave(const Subject &subject, doctor::World world);
+    bool leave(const Subject &subject, doctor::World world, const QStringList &calls);
 
     const QStringList m_names;
     const int m_replyLimitMs;
@@ -98,17 +65,9 @@ private:
     std::map<QString, std::unique_ptr<testsupport::ServiceProcess>> m_services;
     testsupport::BusRecorder m_sessionCalls{QDBusConnection::SessionBus};
     testsupport::BusRecorder m_systemCalls{QDBusConnection::SystemBus};
-    std::map<QString, QStringList> m_usual; // by action
+    std::map<QString, QStringList> m_usual;      // by action
+    doctor::World m_world = doctor::World::Late; // in which the action is acted
+    bool m_isBad = false;                        // and not as usual
 };
 
-/** Rows for a test: every subject of every action in each of @p worlds that it can meet. */
-void addRows(const std::vector<Action> &actions, const QVector<doctor::World> &worlds);
-
-/** The patient worlds, and those that last as long as the bus waits. */
-QVector<doctor::World> shortWorlds();
-QVector<doctor::World> endlessWorlds();
-
 } // namespace badworlds
-
-Q_DECLARE_METATYPE(badworlds::Action)
-Q_DECLARE_METATYPE(doctor::World)

@@ -5,58 +5,15 @@
 
 #include <QtTest>
 
-#include <functional>
+#include <map>
 #include <memory>
 
-// What every read returns when its service does not answer as it should. Each has its fallback;
-// only three reads log.
+// How the module reads and writes its services' state: what it waits for, returns and logs.
 
 using testsupport::LogCapture;
 using testsupport::ServiceProcess;
 
 using Proxy = AssistantStateProxy;
-using Read = std::function<QVariant()>;
-Q_DECLARE_METATYPE(QtMsgType)
-
-namespace {
-
-enum class Condition { Answered, Absent, Error, WrongType, NoValue, Gone };
-
-struct ConditionName
-{
-    Condition condition;
-    const char *name;
-};
-
-const ConditionName conditions[] = {
-    {Condition::Answered, "answered"},
-    {Condition::Absent, "service absent"},
-    {Condition::Error, "error reply"},
-    {Condition::WrongType, "reply of another type"},
-    {Condition::NoValue, "reply without a value"},
-    {Condition::Gone, "gone while waiting"},
-};
-
-/** One read: who answers it, what it yields when it works and when it does not. */
-struct ReadCase
-{
-    const char *name;
-    Read read;
-    const char *service;
-    const char *member;
-    QVariant reply;
-    QVariant result;
-    QVariant wrongReply;
-    QVariant fallback;
-    QtMsgType logType;
-    QString logAnswered; // null: nothing is logged
-    QString logFallback;
-};
-
-} // namespace
-
-Q_DECLARE_METATYPE(Condition)
-Q_DECLARE_METATYPE(ReadCase)
 
 class StateReadsTest : public QObject
 {
@@ -65,8 +22,7 @@ class StateReadsTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void readsFallBack_data();
-    void readsFallBack();
+    void aVoiceThatIsNotKnownIsLogged();
     void onlyGlobalConnectivityCountsAsOnline_data();
     void onlyGlobalConnectivityCountsAsOnline();
     void theNetworkCheckProcessesNoEvents();
@@ -78,8 +34,6 @@ private Q_SLOTS:
 
 private:
     ServiceProcess &service(const QString &name);
-    void prepare(ServiceProcess &process, const QString &member, Condition condition,
-                 const QVariant &reply, const QVariant &wrongReply);
 
     std::map<QString, std::unique_ptr<ServiceProcess>> m_services;
 };
@@ -106,131 +60,13 @@ ServiceProcess &StateReadsTest::service(const QString &name)
     return *process;
 }
 
-void StateReadsTest::prepare(ServiceProcess &process, const QString &member, Condition condition,
-                             const QVariant &reply, const QVariant &wrongReply)
+void StateReadsTest::aVoiceThatIsNotKnownIsLogged()
 {
-    switch (condition) {
-    case Condition::Answered:
-        process.script(member, QStringLiteral("reply"), reply);
-        break;
-    case Condition::Absent:
-        process.leaveBus();
-        break;
-    case Condition::Error:
-        // An error whose text would be a fine answer.
-        process.script(member, QStringLiteral("error"), QStringLiteral("true"));
-        break;
-    case Condition::WrongType:
-        process.script(member, QStringLiteral("reply"), wrongReply);
-        break;
-    case Condition::NoValue:
-        process.script(member, QStringLiteral("reply-list"), QVariantList());
-        break;
-    case Condition::Gone:
-        process.script(member, QStringLiteral("vanish"));
-        break;
-    }
-}
-
-void StateReadsTest::readsFallBack_data()
-{
-    QTest::addColumn<ReadCase>("readCase");
-    QTest::addColumn<Condition>("condition");
-
-    const auto onOff = [](const char *name, bool (*read)(), const char *member) {
-        return ReadCase{name, [read] { return read(); }, "assistant", member,     true,
-                        true, QStringLiteral("true"),    false,       QtDebugMsg, {},
-                        {}};
-    };
-    const QList<ReadCase> cases = {
-        onOff("dictation", &Proxy::queryVoiceIatState, "getIatEnable"),
-        onOff("reading", &Proxy::queryVoiceTTSState, "getTTSEnable"),
-        onOff("speech widget", &Proxy::queryVoiceTTSWindowState, "getEnableWindow"),
-        onOff("translation", &Proxy::queryAssistantTransState, "getTransEnable"),
-        {"dictation language",
-         [] { return Proxy::getVoiceIatLanguage(); },
-         "assistant",
-         "getIatLanguage",
-         QStringLiteral("en_us"),
-         QStringLiteral("en_us"),
-         true,
-         QStringLiteral("zh_cn"),
-         QtDebugMsg,
-         {},
-         {}},
-        {"direction",
-         [] { return Proxy::getAssistantTransLang(); },
-         "assistant",
-         "getTransLanguage",
-         QStringLiteral("cn|en"),
-         QStringLiteral("cn|en"),
-         1,
-         QStringLiteral("en|cn"),
-         QtDebugMsg,
-         {},
-         {}},
-        {"reader", [] { return Proxy::getVoiceTTSSpeaker(); }, "assistant", "getSpeaker",
-         QStringLiteral("x_morven"), 1, 1, 2, QtDebugMsg,
-         QStringLiteral("getVoiceTTSSpeaker \"x_morven\""),
-         QStringLiteral("getVoiceTTSSpeaker \"\"")},
-        {"shortcut",
-         [] { return Proxy::getShortCut(QStringLiteral("translation"), 0); },
-         "keybinding",
-         "GetShortcut",
-         QStringLiteral("{\"Accels\":[\"<Control><Alt>T\"]}"),
-         QStringLiteral("Ctrl+Alt+T"),
-         QStringList{QStringLiteral("<Control><Alt>T")},
-         QString(QLatin1String("")),
-         QtCriticalMsg,
-         {},
-         QStringLiteral("Key Accels not found in JSON.")},
-        {"network",
-         [] { return Proxy::checkNetworkState(); },
-         "networkmanager",
-         "state",
-         70U,
-         true,
-         70,
-         false,
-         QtCriticalMsg,
-         {},
-         QStringLiteral("dbus call network manager state failed")},
-    };
-    for (const ReadCase &readCase : cases)
-        for (const ConditionName &condition : conditions)
-            QTest::addRow("%s, %s", readCase.name, condition.name)
-                << readCase << condition.condition;
-}
-
-void StateReadsTest::readsFallBack()
-{
-    QFETCH(ReadCase, readCase);
-    QFETCH(Condition, condition);
-    ServiceProcess &process = service(QString::fromLatin1(readCase.service));
-    prepare(process, QString::fromLatin1(readCase.member), condition, readCase.reply,
-            readCase.wrongReply);
-
-    const bool answered = condition == Condition::Answered;
-    {
-        const LogCapture log;
-        QCOMPARE(readCase.read(), answered ? readCase.result : readCase.fallback);
-        const QString expected = answered ? readCase.logAnswered : readCase.logFallback;
-        QCOMPARE(log.texts(), expected.isNull() ? QStringList() : QStringList{expected});
-        if (!expected.isNull()) {
-            QCOMPARE(log.records().constFirst().type, readCase.logType);
-            QCOMPARE(log.records().constFirst().category, QStringLiteral("default"));
-        }
-    }
-
-    // The next read, with the service back, works.
-    if (condition == Condition::Gone) {
-        QVERIFY(process.waitForEnd());
-        QVERIFY(process.start());
-    }
-    process.reset();
-    process.joinBus();
-    process.script(QString::fromLatin1(readCase.member), QStringLiteral("reply"), readCase.reply);
-    QCOMPARE(readCase.read(), readCase.result);
+    service(QStringLiteral("assistant")).leaveBus();
+    const LogCapture log;
+    QCOMPARE(Proxy::getVoiceTTSSpeaker(), 2);
+    QCOMPARE(log.texts(), QStringList(QStringLiteral("getVoiceTTSSpeaker \"\"")));
+    QCOMPARE(log.records().constFirst().category, QStringLiteral("default"));
 }
 
 void StateReadsTest::onlyGlobalConnectivityCountsAsOnline_data()

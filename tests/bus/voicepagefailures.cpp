@@ -29,11 +29,8 @@ private Q_SLOTS:
     void serviceRefuses();
     void serviceHangsInCreateSession();
     void serviceHangsInStartIat();
-    void serviceDiesInCreateSession();
-    void serviceDiesInStartIat();
     void serviceDiesInTheMiddle();
     void wrongTypesOfSessions();
-    void wrongTypesOfStarts();
     void emptyPaths();
     void noMicrophone();
     void microphoneGoes();
@@ -115,30 +112,6 @@ void VoicePageFailuresTest::serviceHangsInStartIat()
     QCOMPARE(bed.nextRun(), QString());
 }
 
-void VoicePageFailuresTest::serviceDiesInCreateSession()
-{
-    VoiceTestBed bed;
-    QVERIFY(bed.open());
-    bed.service.script(createSession, QStringLiteral("vanish"));
-    QVERIFY(bed.page->clickLink());
-    QCOMPARE(bed.shown(), panel(QString()));
-    QVERIFY(bed.service.waitForEnd());
-    QVERIFY(bed.service.start());
-    QCOMPARE(bed.nextRun(), QString());
-}
-
-void VoicePageFailuresTest::serviceDiesInStartIat()
-{
-    VoiceTestBed bed;
-    QVERIFY(bed.open());
-    bed.service.script(startIat, QStringLiteral("vanish"));
-    QVERIFY(bed.page->clickLink());
-    QCOMPARE(bed.shown(), panel(QString()));
-    QVERIFY(bed.service.waitForEnd());
-    QVERIFY(bed.service.start());
-    QCOMPARE(bed.nextRun(), QString());
-}
-
 void VoicePageFailuresTest::serviceDiesInTheMiddle()
 {
     VoiceTestBed bed;
@@ -178,21 +151,6 @@ void VoicePageFailuresTest::wrongTypesOfSessions()
         QVERIFY(bed.page->clickLink());
         QCOMPARE(bed.shown().contains(QStringLiteral("Service exception")), row.refused);
         QCOMPARE(bed.shown().contains(wave), !row.refused);
-        QCOMPARE(bed.nextRun(), QString());
-    }
-}
-
-void VoicePageFailuresTest::wrongTypesOfStarts()
-{
-    VoiceTestBed bed;
-    QVERIFY(bed.open());
-    for (const QVariant &answer :
-         {QVariant(3), QVariant(true), path("/a"), QVariant(QStringList({QStringLiteral("a")}))}) {
-        bed.service.script(startAqc, QStringLiteral("reply"), answer);
-        bed.service.script(startIat, QStringLiteral("reply"), answer);
-        QVERIFY(bed.page->clickLink());
-        QCOMPARE(bed.shown(), panel(QString()));
-        QCOMPARE(audio().hear(block()), 1);
         QCOMPARE(bed.nextRun(), QString());
     }
 }

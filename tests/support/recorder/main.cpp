@@ -188,6 +188,7 @@ int main(int argc, char *argv[])
         return 1;
     }
     dbus_connection_set_exit_on_disconnect(connection, FALSE);
+    dbus_connection_set_route_peer_messages(connection, TRUE); // not even a ping is answered
     dbus_connection_add_filter(connection, record, nullptr, nullptr);
     printLine("ready");
     while (dbus_connection_read_write_dispatch(connection, -1)) {
