@@ -17,6 +17,12 @@ QVector<QVariantList> shortcutQuestions()
     return questions;
 }
 
+// A write that is logged when the bus itself refuses it.
+MemberUse loggedWrite(const Method &method, const char *when)
+{
+    return MemberUse(method, Mode::SendWithoutReply, when).logging("critical|Error Message: ");
+}
+
 ObjectUse voiceWakeuper()
 {
     const char *const off = "the switch stays as the user set it";
@@ -46,7 +52,7 @@ ObjectUse mainWindow()
             false,
             QStringLiteral("Nothing: no control of the pages uses it."),
             {
-                {MainWindow::setVOXASpeaker(), Mode::SendWithoutReply, "never, by the pages"},
+                loggedWrite(MainWindow::setVOXASpeaker(), "never, by the pages"),
             }};
 }
 
@@ -61,8 +67,7 @@ ObjectUse speechToText()
         {
             {SpeechToText::getIatEnable(), Mode::WaitProcessingEvents, "\"Speech to Text\" opens",
              "false", "\"Speech to Text\" is shown as off.", plainQuestion},
-            {SpeechToText::setIatEnable(), Mode::SendWithoutReply,
-             "\"Speech to Text\" is switched"},
+            loggedWrite(SpeechToText::setIatEnable(), "\"Speech to Text\" is switched"),
             MemberUse{SpeechToText::getIatLanguage(), Mode::WaitProcessingEvents,
                       "\"Speech to Text\" opens", "zh_cn",
                       "On \"Speech to Text\" the language is \"中文-普通话\".", plainQuestion}
@@ -82,41 +87,38 @@ ObjectUse textToSpeech()
         {
             {TextToSpeech::getTTSEnable(), Mode::WaitProcessingEvents, "\"Text to Speech\" opens",
              "false", "\"Text to Speech\" is shown as off.", plainQuestion},
-            {TextToSpeech::setTTSEnable(), Mode::SendWithoutReply,
-             "\"Text to Speech\" is switched"},
+            loggedWrite(TextToSpeech::setTTSEnable(), "\"Text to Speech\" is switched"),
             {TextToSpeech::getEnableWindow(), Mode::WaitProcessingEvents,
              "\"Text to Speech\" opens", "false", "\"Show Speech Widget\" is shown as off.",
              plainQuestion},
-            {TextToSpeech::setEnableWindow(), Mode::SendWithoutReply,
-             "\"Show Speech Widget\" is switched"},
+            loggedWrite(TextToSpeech::setEnableWindow(), "\"Show Speech Widget\" is switched"),
             MemberUse{TextToSpeech::getSpeaker(), Mode::WaitProcessingEvents,
                       "\"Text to Speech\" opens", "an empty name, which is the third voice",
                       "On \"Text to Speech\" the voice is \"Children\".", plainQuestion}
                 .reading(Values::Text)
                 .logging("debug|getVoiceTTSSpeaker"),
-            {TextToSpeech::setSpeaker(), Mode::SendWithoutReply, "a voice is chosen"},
+            loggedWrite(TextToSpeech::setSpeaker(), "a voice is chosen"),
         }};
 }
 
 ObjectUse translation()
 {
-    return {
-        Translation::object(),
-        true,
-        QStringLiteral(QT_TRANSLATE_NOOP(
-            "doctor::Contract",
-            "On \"Translation\" the switch is off and the direction is \"EN-CN\"; "
-            "what is chosen has no effect.")),
-        {
-            {Translation::getTransEnable(), Mode::WaitProcessingEvents, "\"Translation\" opens",
-             "false", "\"Translation\" is shown as off.", plainQuestion},
-            {Translation::setTransEnable(), Mode::SendWithoutReply, "\"Translation\" is switched"},
-            MemberUse{Translation::getTransLanguage(), Mode::WaitProcessingEvents,
-                      "\"Translation\" opens", "en|cn",
-                      "On \"Translation\" the direction is \"EN-CN\".", plainQuestion}
-                .reading(Values::Text),
-            {Translation::setTransLanguage(), Mode::SendWithoutReply, "a direction is chosen"},
-        }};
+    return {Translation::object(),
+            true,
+            QStringLiteral(QT_TRANSLATE_NOOP(
+                "doctor::Contract",
+                "On \"Translation\" the switch is off and the direction is \"EN-CN\"; "
+                "what is chosen has no effect.")),
+            {
+                {Translation::getTransEnable(), Mode::WaitProcessingEvents, "\"Translation\" opens",
+                 "false", "\"Translation\" is shown as off.", plainQuestion},
+                loggedWrite(Translation::setTransEnable(), "\"Translation\" is switched"),
+                MemberUse{Translation::getTransLanguage(), Mode::WaitProcessingEvents,
+                          "\"Translation\" opens", "en|cn",
+                          "On \"Translation\" the direction is \"EN-CN\".", plainQuestion}
+                    .reading(Values::Text),
+                loggedWrite(Translation::setTransLanguage(), "a direction is chosen"),
+            }};
 }
 
 ObjectUse dockIcon()

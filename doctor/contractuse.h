@@ -48,7 +48,8 @@ struct MemberUse
     MemberUse reading(Values kind, const char *senseless = "") const;
     /**
      * The same, of which the log has a line that begins with @p line, "LEVEL|TEXT", when there is
-     * no answer or a text without sense; @p later, with each signal that the service then sends.
+     * no answer, or it cannot be sent, or a text has no sense; @p later, with each signal that the
+     * service then sends.
      */
     MemberUse logging(const char *line, bool later = false) const;
 

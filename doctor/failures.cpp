@@ -98,6 +98,8 @@ QString logOf(const MemberUse &member, World world, Effect effect)
 {
     if (effect == Effect::Senseless)
         return member.values == Values::Text ? member.log : QString();
+    if (member.mode == Mode::SendWithoutReply && world != World::BusEnds)
+        return QString(); // only the sending can fail
     const bool failed = effect == Effect::None && member.mode != Mode::Heard;
     return failed && (serviceStays(world) || !member.logsLater) ? member.log : QString();
 }

@@ -108,10 +108,15 @@ void read(QAccessibleInterface *part, QStringList *lines)
 
 } // namespace
 
+Subject subjectOf(const Contract::Method &method)
+{
+    return subjectOf(method.object, method.name);
+}
+
 Subject shown(const Contract::Method &method, const char *service, const QVariant &answer,
               const QString &usual, const QString &failed, const QString &senseless)
 {
-    Subject subject = subjectOf(method.object, method.name);
+    Subject subject = subjectOf(method);
     subject.service = QLatin1String(service);
     subject.answer = {answer};
     subject.usual = usual;
@@ -123,7 +128,7 @@ Subject shown(const Contract::Method &method, const char *service, const QVarian
 Subject sent(const Contract::Method &method, const char *service, const QString &line,
              const QVariantList &answer)
 {
-    Subject subject = subjectOf(method.object, method.name);
+    Subject subject = subjectOf(method);
     subject.service = QLatin1String(service);
     subject.answer = answer;
     subject.usual = subject.failed = subject.senseless = line;

@@ -26,6 +26,8 @@ struct Subject
     QString senseless;   ///< When its value means nothing.
 };
 
+/** With what the table says of it. */
+Subject subjectOf(const Contract::Method &method);
 /** One whose answer the page shows. */
 Subject shown(const Contract::Method &method, const char *service, const QVariant &answer,
               const QString &usual, const QString &failed, const QString &senseless);
