@@ -107,7 +107,12 @@ class HostileSessionTest : public QObject
 {
     Q_OBJECT
 
+Q_SIGNALS:
+    void heardFromTheService(const QString &text);
+    void heardFromAnybody(const QString &text);
+
 private Q_SLOTS:
+    void whatQtDrops();
     void signalsOfStrangers_data();
     void signalsOfStrangers();
     void signalsOfFormerOwners_data() { signalsOfStrangers_data(); }
@@ -118,6 +123,30 @@ private Q_SLOTS:
     void hostileShortcut_data() { hostileWords_data(); }
     void hostileShortcut();
 };
+
+void HostileSessionTest::whatQtDrops()
+{
+    const QString service = QStringLiteral("org.example.Service");
+    const QString path = QStringLiteral("/");
+    Program owner;
+    Program stranger;
+    QVERIFY(owner.own(service));
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    QVERIFY(bus.connect(service, path, service, QStringLiteral("said"), this,
+                        SIGNAL(heardFromTheService(QString))));
+    QVERIFY(bus.connect(QString(), path, service, QStringLiteral("said"), this,
+                        SIGNAL(heardFromAnybody(QString))));
+    QSignalSpy named(this, &HostileSessionTest::heardFromTheService);
+    QSignalSpy nameless(this, &HostileSessionTest::heardFromAnybody);
+    const QDBusMessage said = QDBusMessage::createSignal(path, service, QStringLiteral("said"));
+    for (const bool addressed : {false, true})
+        QVERIFY(stranger.send(said, {QStringLiteral("x")}, addressed));
+    QCOMPARE(named.count(), 0);
+    QCOMPARE(nameless.count(), 2);
+    QVERIFY(owner.send(said, {QStringLiteral("x")}, false));
+    QCOMPARE(named.count(), 1);
+    QCOMPARE(nameless.count(), 3);
+}
 
 void HostileSessionTest::signalsOfStrangers_data()
 {
