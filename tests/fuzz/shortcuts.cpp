@@ -51,7 +51,7 @@ FUZZ_TARGET(shortcutreply)
         fuzz::setAnswers({fuzz::reply({7, text})});
         break;
     case 'v':
-        fuzz::setAnswers({fuzz::reply({QVariantList{text}})});
+        fuzz::setAnswers({fuzz::reply({QVariant(QVariantList{text})})});
         break;
     default:
         fuzz::setAnswers({fuzz::reply({text, 7})}); // more than there should be does no harm
