@@ -8,6 +8,7 @@
 #include "sandbox/controlcenter/pagecontrols.h"
 #include "sandbox/controlcenter/worlddrawer/drawerside.h"
 #include "sandbox/controlcenter/worlddrawer/worlddrawer.h"
+#include "sandbox/services/control/servicecontrol.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/testprogram.h"
 
@@ -346,7 +347,10 @@ void WindowWorldTest::theMicrophoneIsSwitched()
     QTRY_COMPARE(faults(microphone)->currentText(), QStringLiteral("Voice in noise"));
     audio.setValue(QStringLiteral("microphone.sound"), QStringLiteral("silence"));
     QTRY_COMPARE(faults(microphone)->currentText(), QStringLiteral("Silence"));
-    audio.setValue(QStringLiteral("microphone.sound"), QStringLiteral("../noise"));
+    sandbox::ServiceControl control(QStringLiteral("audio"));
+    QVERIFY(!control.setValue(QStringLiteral("microphone.sound"), QStringLiteral("../noise")));
+    QCOMPARE(control.error(), QStringLiteral("there is no sound \"../noise\", but loud, noise, "
+                                             "quiet, silence, speech"));
     QCOMPARE(read("kind"), QByteArray("silence"));
 }
 

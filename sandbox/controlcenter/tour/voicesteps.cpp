@@ -6,10 +6,7 @@
 
 #include <QCoreApplication>
 #include <QDBusObjectPath>
-#include <QDir>
-#include <QFile>
 #include <QLabel>
-#include <QProcess>
 #include <QTest>
 #include <QWindow>
 
@@ -33,39 +30,23 @@ constexpr int clearlyRisen = 4;
 constexpr uint networkConnected = 70; // states of the network manager's interface
 constexpr uint networkDisconnected = 20;
 
-// A file of the sandbox's virtual microphone, whose folder SANDBOX_MICROPHONE names in the
-// environment; empty without one.
-QString microphoneFile(const QString &name)
-{
-    const QString folder = qEnvironmentVariable("SANDBOX_MICROPHONE");
-    return folder.isEmpty() ? QString() : QDir(folder).filePath(name);
-}
-
-// The file that says what the next program that records hears.
-QString soundFile()
-{
-    return microphoneFile(QStringLiteral("kind"));
-}
+// The service that has the virtual microphone.
+const QString audioService = QStringLiteral("audio");
+const QString soundKey = QStringLiteral("microphone.sound");
+const QString pluggedKey = QStringLiteral("microphone.plugged");
 
 // Whether a virtual microphone is running; the tour must never record real people.
 bool isMicrophoneVirtual()
 {
-    return QFile::exists(soundFile());
+    return sandbox::ServiceControl(audioService).keys().contains(soundKey);
 }
 
-// One of "speech", "noise", "loud", "quiet" and "silence". False when that fails.
-bool chooseSound(const QString &kind)
+// What the service says against a value; empty when the microphone has it.
+QString setMicrophone(const QString &key, const QVariant &value)
 {
-    QFile file(soundFile());
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
-           file.write(kind.toLatin1() + '\n') > 0;
-}
-
-// Plugs the microphone in or out. False when that fails.
-bool plugMicrophone(bool in)
-{
-    return QProcess::execute(microphoneFile(QStringLiteral("plug")),
-                             {in ? QStringLiteral("in") : QStringLiteral("out")}) == 0;
+    sandbox::ServiceControl audio(audioService);
+    audio.setValue(key, value);
+    return audio.error();
 }
 
 // The page's text in the window's language.
@@ -117,9 +98,9 @@ QString startTest(TourDriver &driver, const QString &microphone)
 {
     if (!isMicrophoneVirtual())
         return QStringLiteral("no virtual microphone is running");
-    if (!chooseSound(microphone))
-        return QStringLiteral("the microphone's sound cannot be chosen");
-    QString problem = pressLink(driver);
+    QString problem = setMicrophone(soundKey, microphone);
+    if (problem.isEmpty())
+        problem = pressLink(driver);
     if (!problem.isEmpty())
         return problem;
     if (!driver.waitFor([&] { return wave(driver) != nullptr; }, longestReaction))
@@ -263,14 +244,13 @@ TourStep unpluggedStep()
 {
     return {QStringLiteral("voice test, no microphone"),
             [](TourDriver &driver) {
-                if (!isMicrophoneVirtual() || !plugMicrophone(false))
-                    return QStringLiteral("the microphone cannot be unplugged");
-                QString problem = startTest(driver, QStringLiteral("silence"));
+                QString problem = setMicrophone(pluggedKey, false);
+                if (problem.isEmpty())
+                    problem = startTest(driver, QStringLiteral("silence"));
                 if (problem.isEmpty())
                     problem = awaitVerdict(driver, translated("No sound recorded"), longestTest);
-                if (!plugMicrophone(true))
-                    return QStringLiteral("the microphone cannot be plugged in again");
-                return problem;
+                const QString left = setMicrophone(pluggedKey, true);
+                return problem.isEmpty() ? left : problem;
             },
             QStringLiteral("voice-unplugged")};
 }

@@ -24,6 +24,12 @@ Microphone::Microphone(StateStore *state, SoundServer *server, QObject *parent)
     state->declareElsewhere(
         QStringLiteral("microphone.sound"), [this] { return QVariant(sound()); },
         [this](const QVariant &value) { setSound(value.toString()); });
+    state->restrict(QStringLiteral("microphone.sound"), [this](const QVariant &value) {
+        return sounds().contains(value.toString())
+                   ? QString()
+                   : QStringLiteral("there is no sound \"%1\", but %2")
+                         .arg(value.toString(), sounds().join(QStringLiteral(", ")));
+    });
     state->declareElsewhere(
         QStringLiteral("microphone.plugged"), [this] { return QVariant(m_plugged); },
         [this](const QVariant &value) { setPlugged(value.toBool()); });
@@ -46,13 +52,20 @@ QString Microphone::sound() const
 }
 
 // There is a recording of every sound.
+QStringList Microphone::sounds() const
+{
+    QStringList names;
+    for (const QFileInfo &recording : QDir(m_folder).entryInfoList({QStringLiteral("*.wav")}))
+        names.append(recording.completeBaseName());
+    return names;
+}
+
 void Microphone::setSound(const QString &sound)
 {
     QFile kind(file(QStringLiteral("kind")));
-    if (sound.contains(QLatin1Char('/')) || !QFile::exists(file(sound + QStringLiteral(".wav"))) ||
-        !kind.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+    if (!kind.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
         kind.write(sound.toLatin1() + '\n') < 0)
-        qWarning("the microphone has no sound \"%s\"", qPrintable(sound));
+        qWarning("%s cannot be written", qPrintable(kind.fileName()));
 }
 
 void Microphone::setPlugged(bool plugged)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QObject>
-#include <QString>
+#include <QStringList>
 
 namespace sandbox {
 
@@ -14,7 +14,7 @@ class StateStore;
  *
  * State, not kept, and only where there is such a microphone: "microphone.sound" (string), what the
  * next program that records hears: "speech", "noise", "loud", "quiet" or "silence"; other words
- * change nothing. "microphone.plugged" (bool), whether programs find it.
+ * are refused. "microphone.plugged" (bool), whether programs find it.
  */
 class Microphone : public QObject
 {
@@ -25,6 +25,7 @@ public:
 private:
     QString file(const QString &name) const;
     QString sound() const;
+    QStringList sounds() const;
     void setSound(const QString &sound);
     void setPlugged(bool plugged);
 

@@ -69,10 +69,9 @@ QDBusVariant Control::Value(const QString &key)
 
 void Control::SetValue(const QString &key, const QDBusVariant &value)
 {
-    if (!m_state->contains(key))
-        refuse(QStringLiteral("there is no key \"%1\"").arg(key));
-    else if (!m_state->set(key, plainValue(value)))
-        refuse(QStringLiteral("\"%1\" holds a value of another type").arg(key));
+    const QVariant plain = plainValue(value);
+    if (!m_state->set(key, plain))
+        refuse(m_state->problem(key, plain));
 }
 
 void Control::Script(const QString &member, const QString &behaviour, const QDBusVariant &argument)

@@ -56,6 +56,21 @@ void StateStore::declareElsewhere(const QString &key, std::function<QVariant()> 
     m_entries.insert(key, {std::move(read), std::move(write), type});
 }
 
+void StateStore::restrict(const QString &key, std::function<QString(const QVariant &)> check)
+{
+    m_entries[key].check = std::move(check);
+}
+
+QString StateStore::problem(const QString &key, const QVariant &value) const
+{
+    const auto entry = m_entries.constFind(key);
+    if (entry == m_entries.constEnd())
+        return QStringLiteral("there is no key \"%1\"").arg(key);
+    if (value.userType() != entry->type)
+        return QStringLiteral("\"%1\" holds a value of another type").arg(key);
+    return entry->check ? entry->check(value) : QString();
+}
+
 bool StateStore::contains(const QString &key) const
 {
     return m_entries.contains(key);
@@ -76,9 +91,9 @@ QVariant StateStore::value(const QString &key) const
 
 bool StateStore::set(const QString &key, const QVariant &value)
 {
-    const auto entry = m_entries.constFind(key);
-    if (entry == m_entries.constEnd() || value.userType() != entry->type)
+    if (!problem(key, value).isEmpty())
         return false;
+    const auto entry = m_entries.constFind(key);
     if (entry->read() != value) {
         entry->write(value);
         Q_EMIT changed(key, value);

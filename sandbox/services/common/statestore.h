@@ -39,6 +39,12 @@ public:
     void declareElsewhere(const QString &key, std::function<QVariant()> read,
                           std::function<void(const QVariant &)> write);
 
+    /** Lets @p key have only values of which @p check finds nothing to say. */
+    void restrict(const QString &key, std::function<QString(const QVariant &)> check);
+
+    /** What is wrong with @p value for @p key, in words; empty when it can be set. */
+    QString problem(const QString &key, const QVariant &value) const;
+
     bool contains(const QString &key) const;
     QStringList keys() const;
 
@@ -54,7 +60,7 @@ public:
 
     /**
      * Stores @p value and, if it is another one, emits changed(). Returns false, and changes
-     * nothing, when the key was not declared or the value is of another type.
+     * nothing, when there is a problem.
      */
     bool set(const QString &key, const QVariant &value);
 
@@ -68,6 +74,7 @@ private:
         std::function<QVariant()> read;
         std::function<void(const QVariant &)> write;
         int type; // QMetaType id
+        std::function<QString(const QVariant &)> check = {};
     };
 
     void save(const QString &key, const QVariant &value);

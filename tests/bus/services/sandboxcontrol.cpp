@@ -3,7 +3,9 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QFile>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QtTest>
 
 using testsupport::ServiceProcess;
@@ -42,6 +44,7 @@ private Q_SLOTS:
     void setsValuesInTheTypeOfTheKey_data();
     void setsValuesInTheTypeOfTheKey();
     void refusesValuesOfAnotherType();
+    void namesTheSoundsThatTheMicrophoneHas();
     void scriptsReplies_data();
     void scriptsReplies();
     void hangsAndResumes();
@@ -102,6 +105,25 @@ void SandboxControlTest::refusesValuesOfAnotherType()
     QCOMPARE(control({"dock", "set", "hidden", "true", "true"}).exitCode, 1);
     QCOMPARE(control({"dock", "script", "getDockHideStatus", "reply", "int:many"}).exitCode, 1);
     QCOMPARE(dock.value("hidden"), QVariant(false));
+}
+
+void SandboxControlTest::namesTheSoundsThatTheMicrophoneHas()
+{
+    const QTemporaryDir folder;
+    for (const char *name : {"kind", "quiet.wav", "speech.wav"})
+        QVERIFY(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
+    qputenv("SANDBOX_MICROPHONE", folder.path().toLocal8Bit());
+    ServiceProcess audio("audio");
+    const bool started = audio.start();
+    qunsetenv("SANDBOX_MICROPHONE");
+    QVERIFY(started);
+
+    QCOMPARE(control({"audio", "set", "microphone.sound", "quiet"}).exitCode, 0);
+    const Outcome outcome = control({"audio", "set", "microphone.sound", "whistle"});
+    QCOMPARE(outcome.exitCode, 1);
+    QCOMPARE(outcome.error,
+             QStringLiteral("sandbox-control: there is no sound \"whistle\", but quiet, speech\n"));
+    QCOMPARE(audio.value("microphone.sound"), QVariant("quiet"));
 }
 
 void SandboxControlTest::scriptsReplies_data()
