@@ -1,5 +1,7 @@
 #include "sandbox/controlcenter/contrastcheck.h"
 
+#include "sandbox/controlcenter/pagecontrols.h"
+
 #include <ztk/zpainting.h>
 
 #include <QAbstractButton>
@@ -113,8 +115,9 @@ void ContrastCheck::checkControl(const QWidget *widget)
             checkOutline(button, button->rect().adjusted(switchMargin, 0, -switchMargin, 0),
                          button->accessibleName());
     } else if (widget->inherits("KeyLabel")) {
-        checkText(widget, inside, widget->accessibleName());
-        checkOutline(widget, widget->rect(), widget->accessibleName());
+        const QString cap = accessibleNameOf(const_cast<QWidget *>(widget));
+        checkText(widget, inside, cap);
+        checkOutline(widget, widget->rect(), cap);
     }
 }
 
