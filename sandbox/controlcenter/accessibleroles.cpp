@@ -5,6 +5,7 @@
 #include "sandbox/controlcenter/servicespage/servicecard.h"
 #include "sandbox/controlcenter/servicespage/servicespage.h"
 #include "sandbox/controlcenter/themebutton.h"
+#include "sandbox/controlcenter/worlddrawer/worlddrawer.h"
 
 #include <QAccessibleWidget>
 #include <QMenu>
@@ -69,7 +70,8 @@ QAccessibleInterface *create(const QString &, QObject *object)
         return new QAccessibleWidget(window, QAccessible::Window);
     if (auto *breadcrumb = qobject_cast<Breadcrumb *>(object))
         return new BreadcrumbAccessible(breadcrumb);
-    if (qobject_cast<ServicesPage *>(object) || qobject_cast<ServiceCard *>(object))
+    if (qobject_cast<ServicesPage *>(object) || qobject_cast<ServiceCard *>(object) ||
+        qobject_cast<WorldDrawer *>(object))
         return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Grouping);
     if (auto *button = qobject_cast<ThemeButton *>(object))
         return new ThemeButtonAccessible(button);

@@ -1,6 +1,7 @@
 #include "sandbox/controlcenter/appearance.h"
 
 #include "sandbox/controlcenter/options.h"
+#include "sandbox/controlcenter/themechoice.h"
 
 #include <ztk/zapplicationsetup.h>
 #include <ztk/zguiapplicationhelper.h>
@@ -45,10 +46,10 @@ Qt::LayoutDirection translatedDirection()
 }
 
 // In place of the direction that catalogues have; see above.
-class Direction : public QTranslator
+class ForcedDirection : public QTranslator
 {
 public:
-    explicit Direction(Qt::LayoutDirection direction)
+    explicit ForcedDirection(Direction direction)
         : QTranslator(qApp)
         , m_direction(direction)
     {
@@ -59,12 +60,15 @@ public:
     {
         if (qstrcmp(source, "QT_LAYOUT_DIRECTION") != 0)
             return QString();
-        return m_direction == Qt::RightToLeft ? QStringLiteral("RTL") : QStringLiteral("LTR");
+        return m_direction == Direction::RightToLeft ? QStringLiteral("RTL")
+                                                     : QStringLiteral("LTR");
     }
 
 private:
-    Qt::LayoutDirection m_direction;
+    Direction m_direction;
 };
+
+Appearance appearance;
 
 QFont windowFont(const Options &options)
 {
@@ -105,24 +109,42 @@ QString fontFamily(QLocale::Language language)
                                         : QStringLiteral("Noto Sans");
 }
 
-void forceDirection(Qt::LayoutDirection direction)
-{
-    static QPointer<Direction> forced;
-    delete forced;
-    forced = new Direction(direction);
-    QCoreApplication::installTranslator(forced);
-    QApplication::setLayoutDirection(direction);
-}
-
 void applyAppearance(const Options &options)
 {
     QApplication::setFont(windowFont(options));
     Ztk::Widget::ZApplicationSetup::install();
     installTranslator();
+    setDirection(options.direction);
+    setTextPercent(options.textPercent);
+    const bool dark = ThemeChoice::named(options.theme) == ThemeChoice::Dark;
+    ZGuiApplicationHelper::instance()->setThemeType(dark ? ZGuiApplicationHelper::DarkType
+                                                         : ZGuiApplicationHelper::LightType);
+}
+
+Appearance currentAppearance()
+{
+    appearance.locale = QLocale::system().name();
+    return appearance;
+}
+
+void setTextPercent(int percent)
+{
+    QFont font = QApplication::font();
+    font.setPointSizeF(font.pointSizeF() * percent / appearance.textPercent);
+    QApplication::setFont(font);
+    appearance.textPercent = percent;
+}
+
+void setDirection(Direction direction)
+{
+    static QPointer<ForcedDirection> forced;
+    delete forced;
+    if (direction != Direction::OfLanguage) {
+        forced = new ForcedDirection(direction);
+        QCoreApplication::installTranslator(forced);
+    }
     QApplication::setLayoutDirection(translatedDirection());
-    ZGuiApplicationHelper::instance()->setThemeType(options.theme == QLatin1String("dark")
-                                                        ? ZGuiApplicationHelper::DarkType
-                                                        : ZGuiApplicationHelper::LightType);
+    appearance.direction = direction;
 }
 
 } // namespace controlcenter

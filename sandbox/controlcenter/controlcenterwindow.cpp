@@ -6,21 +6,19 @@
 #include "sandbox/controlcenter/columns.h"
 #include "sandbox/controlcenter/frame.h"
 #include "sandbox/controlcenter/looks/sheetwindow.h"
-#include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/moduleview.h"
 #include "sandbox/controlcenter/navigationcolumn.h"
+#include "sandbox/controlcenter/ownpages.h"
 #include "sandbox/controlcenter/pagearea.h"
 #include "sandbox/controlcenter/pagecontrols.h"
 #include "sandbox/controlcenter/search.h"
 #include "sandbox/controlcenter/searchfield.h"
 #include "sandbox/controlcenter/searchpopup.h"
-#include "sandbox/controlcenter/servicespage/servicespage.h"
-#include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 #include "sandbox/controlcenter/sidebar.h"
 #include "sandbox/controlcenter/themebutton.h"
 #include "sandbox/controlcenter/windowstyle.h"
 #include "sandbox/controlcenter/worlddrawer/drawerside.h"
-#include "sandbox/services/keybinding/systemshortcuts.h"
+#include "sandbox/controlcenter/worlddrawer/worlddrawer.h"
 
 #include <ztk/zfontsizemanager.h>
 
@@ -40,18 +38,7 @@ namespace {
 constexpr QSize leastSize(500, 400);
 constexpr int headerHeight = 60; // px
 
-// Internal names of the window's own entries.
-const QLatin1String shortcutsEntry("keyboard"); // the desktop's name, which modules follow
-const QLatin1String servicesEntry("services");
-const QLatin1String themeEntry("theme"); // for the search only
-
-// The pages of the window's own, as they are called beside those of the module.
-const struct
-{
-    QLatin1String place;
-    QLatin1String entry;
-} ownPlaces[] = {{QLatin1String("Shortcuts"), shortcutsEntry},
-                 {QLatin1String("Services"), servicesEntry}};
+const QLatin1String themeEntry("theme"); // internal name, for the search only
 
 } // namespace
 
@@ -64,6 +51,7 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     , m_themeButton(new ThemeButton(this))
     , m_stack(new QStackedWidget(this))
     , m_moduleView(new ModuleView)
+    , m_ownPages(new OwnPages(&m_registry, m_stack, this))
     , m_frame(new Frame(&m_registry, m_moduleView, this))
 {
     installAccessibleRoles();
@@ -78,18 +66,22 @@ ControlCenterWindow::ControlCenterWindow(zccV20::ModuleInterface *module)
     auto *sideBar = new SideBar(m_searchField, m_navigation, this);
     QWidget *header = buildHeader();
     m_columns = new Columns(sideBar, m_navigation, buildContent(header), m_moduleView, this);
-    auto *services = new ServicesPage;
-    m_world = new DrawerSide(m_columns, services->watches());
-    connect(services, &ServicesPage::worldRequested, m_world, &DrawerSide::openDrawer);
+    m_world = new DrawerSide(m_columns, [this] { return buildWorld(); });
+    connect(m_ownPages, &OwnPages::worldRequested, m_world, &DrawerSide::openDrawer);
+    // Later: when the page has its rows.
+    connect(m_ownPages, &OwnPages::completed, this, &ControlCenterWindow::showColumns,
+            Qt::QueuedConnection);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_world);
 
     m_frame->prepare(m_module);
-    m_shortcutsPage = new ShortcutsPage(assistantShortcuts());
-    addOwnEntry(shortcutsEntry, tr("Shortcuts"), QStringLiteral("zcc_nav_shortcuts"),
-                m_shortcutsPage);
-    addOwnEntry(servicesEntry, tr("Services"), QStringLiteral("zcc_nav_services"), services);
+    for (const OwnPages::Entry &entry : m_ownPages->entries()) {
+        m_navigation->addEntry(entry.name, entry.text, entry.icon);
+        m_ownSearchEntries.append(
+            {tr("Control Center"), entry.text, QString(), entry.name, entry.icon});
+    }
+    m_ownPages->shortcuts(); // it asks a service, and is drawn at once when it is opened
     m_navigation->addEntry(m_module->name(), m_module->displayName(), m_module->icon(),
                            m_module->follow());
     m_ownSearchEntries.append({tr("Control Center"), tr("Light or dark theme"), QString(),
@@ -137,26 +129,26 @@ void ControlCenterWindow::openPage(const QString &name)
 
 void ControlCenterWindow::openShortcuts()
 {
-    openPlace(ownPlaces[0].place);
+    openPlace(QStringLiteral("Shortcuts"));
 }
 
 void ControlCenterWindow::openServices()
 {
-    openPlace(ownPlaces[1].place);
+    openPlace(QStringLiteral("Services"));
 }
 
 QStringList ControlCenterWindow::places() const
 {
     QStringList places = pageNames();
-    for (const auto &own : ownPlaces)
+    for (const OwnPages::Entry &own : m_ownPages->entries())
         places.append(own.place);
     return places;
 }
 
 QString ControlCenterWindow::currentPlace() const
 {
-    for (const auto &own : ownPlaces)
-        if (m_navigation->currentEntry() == own.entry)
+    for (const OwnPages::Entry &own : m_ownPages->entries())
+        if (m_navigation->currentEntry() == own.name)
             return own.place;
     for (const QString &name : pageNames())
         if (pageTitle(name) == currentTitle())
@@ -166,14 +158,24 @@ QString ControlCenterWindow::currentPlace() const
 
 void ControlCenterWindow::openPlace(const QString &place)
 {
-    for (const auto &own : ownPlaces) {
+    for (const OwnPages::Entry &own : m_ownPages->entries()) {
         if (place != own.place)
             continue;
-        m_navigation->setCurrentEntry(own.entry);
+        m_navigation->setCurrentEntry(own.name);
         m_columns->open(Columns::Page);
         return;
     }
     openPage(place);
+}
+
+ShortcutsPage *ControlCenterWindow::shortcutsPage() const
+{
+    return m_ownPages->shortcuts();
+}
+
+bool ControlCenterWindow::isComplete() const
+{
+    return m_ownPages->isComplete();
 }
 
 QStringList ControlCenterWindow::pageNames() const
@@ -274,31 +276,11 @@ QWidget *ControlCenterWindow::buildContent(QWidget *header)
     return content;
 }
 
-// Titled as the module's pages of the same features are.
-QVector<ShortcutsPage::Shortcut> ControlCenterWindow::assistantShortcuts() const
+WorldDrawer *ControlCenterWindow::buildWorld()
 {
-    QVector<ShortcutsPage::Shortcut> shortcuts;
-    for (const PageShortcut &shortcut : pageShortcuts)
-        for (const sandbox::SystemShortcut &system : sandbox::systemShortcuts)
-            if (shortcut.id == QLatin1String(system.id))
-                shortcuts.append(
-                    {shortcut.id, pageTitle(shortcut.page), QLatin1String(system.accelerator)});
-    return shortcuts;
-}
-
-void ControlCenterWindow::addOwnEntry(const QString &name, const QString &text, const QString &icon,
-                                      QWidget *page)
-{
-    const QIcon image = QIcon::fromTheme(icon);
-    m_navigation->addEntry(name, text, image);
-    m_ownSearchEntries.append({tr("Control Center"), text, QString(), name, image});
-    auto *area = qobject_cast<PageArea *>(page);
-    if (!area) {
-        area = new PageArea;
-        area->setPage(page);
-    }
-    m_stack->addWidget(area);
-    m_ownPages.insert(name, area);
+    auto *drawer = new WorldDrawer(m_ownPages->watches(), theme());
+    connect(drawer, &WorldDrawer::appearanceWanted, this, &ControlCenterWindow::appearanceWanted);
+    return drawer;
 }
 
 void ControlCenterWindow::addShortcuts()
@@ -333,7 +315,7 @@ void ControlCenterWindow::openEntry(const QString &name)
         return;
     }
     m_frame->leave();
-    m_stack->setCurrentWidget(m_ownPages.value(name));
+    m_stack->setCurrentWidget(m_ownPages->page(name));
     showPlace(m_navigation->entryText(name));
     showColumns();
 }
@@ -383,7 +365,7 @@ void ControlCenterWindow::focusContent()
 void ControlCenterWindow::showColumns()
 {
     m_back->setVisible(m_columns->hasWayBack());
-    const PageArea *own = m_ownPages.value(m_navigation->currentEntry());
+    const PageArea *own = m_ownPages->page(m_navigation->currentEntry());
     m_breadcrumb->setParts(m_columns->shows(Columns::List),
                            !own && m_columns->shows(Columns::Page));
     // Never wider than the screen, where some texts may have to be scrolled sideways.

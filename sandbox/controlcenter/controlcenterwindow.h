@@ -1,11 +1,9 @@
 #pragma once
 
 #include "sandbox/controlcenter/moduleregistry.h"
-#include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 
 #include <zcc/moduleinterface.h>
 
-#include <QHash>
 #include <QWidget>
 
 class QStackedWidget;
@@ -19,11 +17,14 @@ class DrawerSide;
 class Frame;
 class ModuleView;
 class NavigationColumn;
-class PageArea;
+class OwnPages;
 class SearchField;
 class SheetWindow;
+class ShortcutsPage;
 class ThemeButton;
 class ThemeChoice;
+class WorldDrawer;
+struct Appearance;
 
 /**
  * The control center: main navigation and search on the leading side, the open entry beside them.
@@ -63,7 +64,10 @@ public:
     DrawerSide *world() const { return m_world; }
 
     /** The window's own page of shortcuts, shown or not; the window owns it. */
-    ShortcutsPage *shortcutsPage() const { return m_shortcutsPage; }
+    ShortcutsPage *shortcutsPage() const;
+
+    /** Whether nothing of what is open is still to be filled in by services. */
+    bool isComplete() const;
 
     /** Untranslated names of the module's pages, in the order in which it registered them. */
     QStringList pageNames() const;
@@ -94,6 +98,10 @@ public:
     /** The window's theme; the window owns it. */
     ThemeChoice *theme() const;
 
+Q_SIGNALS:
+    /** The user wants other texts, or others in size or direction, which takes a new window. */
+    void appearanceWanted(const controlcenter::Appearance &wanted);
+
 protected:
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -101,9 +109,7 @@ protected:
 private:
     QWidget *buildHeader();
     QWidget *buildContent(QWidget *header);
-    QVector<ShortcutsPage::Shortcut> assistantShortcuts() const;
-    /** Adds an entry of the window's own with its page; @p icon is an icon's name. */
-    void addOwnEntry(const QString &name, const QString &text, const QString &icon, QWidget *page);
+    WorldDrawer *buildWorld();
     void addShortcuts();
     void openEntry(const QString &name);
     /** Names the open entry, and its page if it has several, in heading and title. */
@@ -123,9 +129,8 @@ private:
     ThemeButton *m_themeButton;
     QStackedWidget *m_stack;
     ModuleView *m_moduleView;
-    QHash<QString, PageArea *> m_ownPages; ///< by entry
+    OwnPages *m_ownPages;
     QVector<SearchEntry> m_ownSearchEntries;
-    ShortcutsPage *m_shortcutsPage;
     Frame *m_frame;
     Columns *m_columns;
     SheetWindow *m_sheet = nullptr; ///< from its first use on

@@ -187,8 +187,8 @@ void Check::checkList(const QListView *list)
         const QRect place = list->visualRect(index);
         if (place.width() > list->viewport()->width())
             fail(list, QStringLiteral("the row is wider than the list"), text);
-        const int besideText =
-            ZFontSizeManager::instance()->scaled(list->iconSize().width()) + 3 * rowEdge;
+        const int icon = ZFontSizeManager::instance()->scaled(list->iconSize().width());
+        const int besideText = icon > 0 ? icon + 3 * rowEdge : 2 * rowEdge;
         const QSize needed =
             textSize(list->font(), text, place.width() - besideText, Qt::TextWordWrap);
         if (needed.width() > place.width() - besideText || needed.height() > place.height())
@@ -295,6 +295,8 @@ void Check::checkRow(const SettingsItem *row)
         return;
     expectEdge(title, textRoom(title), true);
     expectEdge(control, shape, false);
+    if (control->geometry().top() > title->geometry().bottom())
+        return; // below each other
     const int apart = std::abs(title->geometry().center().y() - control->geometry().center().y());
     if (apart > 1)
         fail(title, QStringLiteral("stands %1 px off its control's middle").arg(apart),

@@ -3,9 +3,9 @@
 #include "sandbox/controlcenter/looks/lookpictures.h"
 #include "sandbox/controlcenter/moduleloader.h"
 #include "sandbox/controlcenter/options.h"
-#include "sandbox/controlcenter/themechoice.h"
 #include "sandbox/controlcenter/tour/tour.h"
 #include "sandbox/controlcenter/tour/toursections.h"
+#include "sandbox/controlcenter/windowkeeper.h"
 
 #include <QApplication>
 #include <QFile>
@@ -15,6 +15,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <vector>
 
 using namespace controlcenter;
 
@@ -75,14 +76,9 @@ int runTour(ControlCenterWindow *window, const Options &options)
     return tour.run(steps) ? 0 : TourFailed;
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+// Returns the exit code. Leaves the arguments with which the program is to be run again, if it is.
+int run(char **argv, const Options &options, QStringList *successor)
 {
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
-    const Options options = parseOptions(arguments);
     if (!options.error.isEmpty())
         return reportError(options.error, WrongUsage);
     for (const QString &section : options.sections)
@@ -118,27 +114,50 @@ int main(int argc, char **argv)
     if (!options.looks.isEmpty())
         return drawLooks(loaded.module, options.places, options.looks) ? 0 : Unavailable;
 
-    ControlCenterWindow window(loaded.module);
-    if (!options.page.isEmpty() && !window.pageNames().contains(options.page))
-        return reportError(noSuch(QStringLiteral("page"), options.page, window.pageNames()),
-                           WrongUsage);
-    if (options.theme == QLatin1String("system"))
-        window.theme()->choose(ThemeChoice::System);
-    // Pictures are not for the screen of whoever takes them.
-    if (!options.tour.isEmpty())
-        window.resize(window.usualSize());
-    window.show();
-    if (options.tour.isEmpty())
+    WindowKeeper keeper(loaded.module, options);
+    const QStringList pages = keeper.window()->pageNames();
+    if (!options.page.isEmpty() && !pages.contains(options.page))
+        return reportError(noSuch(QStringLiteral("page"), options.page, pages), WrongUsage);
+    if (options.tour.isEmpty()) {
+        keeper.show();
         QTextStream(stdout) << "open\n";
-    // From inside the event loop: before it, a request to quit would be lost while a page waits
-    // for its service.
-    QTimer::singleShot(0, &window, [&window, &options] {
-        if (options.page.isEmpty())
-            window.openModule();
-        else
-            window.openPage(options.page);
-        if (!options.tour.isEmpty())
-            QCoreApplication::exit(runTour(&window, options));
-    });
-    return QApplication::exec();
+    } else {
+        // Pictures are not for the screen of whoever takes them.
+        keeper.window()->resize(ControlCenterWindow::usualSize());
+        keeper.show();
+        QTimer::singleShot(0, &keeper, [&keeper, &options] {
+            QCoreApplication::exit(runTour(keeper.window(), options));
+        });
+    }
+    const int code = keeper.exec();
+    *successor = keeper.argumentsOfSuccessor();
+    return code;
+}
+
+// In place of this process, for whoever waits for its end.
+int runAgain(char *program, const QStringList &arguments)
+{
+    std::vector<QByteArray> texts{program};
+    for (const QString &argument : arguments)
+        texts.push_back(argument.toLocal8Bit());
+    std::vector<char *> words;
+    for (QByteArray &text : texts)
+        words.push_back(text.data());
+    words.push_back(nullptr);
+    execv("/proc/self/exe", words.data());
+    return reportError(QStringLiteral("The window cannot be opened in another language: %1")
+                           .arg(qt_error_string()),
+                       Unavailable);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    QStringList successor;
+    const int code = run(argv, parseOptions(arguments), &successor);
+    return successor.isEmpty() ? code : runAgain(argv[0], successor);
 }

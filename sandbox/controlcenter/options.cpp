@@ -5,6 +5,15 @@
 namespace controlcenter {
 namespace {
 
+const struct
+{
+    const char *locale;
+    const char *name; // in that language
+} languages[] = {
+    {"zh_CN", "简体中文"}, {"zh_HK", "中文（香港）"}, {"zh_TW", "中文（台灣）"}, {"bo_CN", "བོད་ཡིག"},
+    {"ug_CN", "ئۇيغۇرچە"}, {"en_US", "English (US)"}, {"en_GB", "English (UK)"},
+};
+
 // What is wrong with a number; empty when it is in its range.
 QString outOfRange(const QString &what, double value, double least, double most)
 {
@@ -30,8 +39,9 @@ struct CommandLine
         QStringLiteral("name")};
     QCommandLineOption theme{
         QStringLiteral("theme"),
-        QStringLiteral("\"light\", \"dark\", or \"system\" for the desktop's."),
-        QStringLiteral("name"), QStringLiteral("light")};
+        QStringLiteral("\"light\", \"dark\", or \"system\" for the desktop's; without it the one "
+                       "that was chosen last in the window."),
+        QStringLiteral("name")};
     QCommandLineOption tour{QStringLiteral("tour"),
                             QStringLiteral("Go through every page, check it, and write pictures."),
                             QStringLiteral("folder")};
@@ -51,9 +61,13 @@ struct CommandLine
     QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
                             QStringLiteral("Show this text.")};
 
-    // How the window has its contact sheets drawn.
+    // How the window has its contact sheets drawn, and itself run again in another language.
     QCommandLineOption looks = hidden(QStringLiteral("looks"));
     QCommandLineOption place = hidden(QStringLiteral("place"));
+    QCommandLineOption textPercent = hidden(QStringLiteral("text-percent"));
+    QCommandLineOption direction = hidden(QStringLiteral("direction"));
+    QCommandLineOption world = hidden(QStringLiteral("world"));
+    QCommandLineOption geometry = hidden(QStringLiteral("geometry"));
 
     static QCommandLineOption hidden(const QString &name)
     {
@@ -66,8 +80,8 @@ struct CommandLine
     {
         parser.setApplicationDescription(
             QStringLiteral("A control center that runs the assistant's settings module."));
-        parser.addOptions(
-            {plugin, page, locale, theme, tour, section, scale, fontSize, log, help, looks, place});
+        parser.addOptions({plugin, page, locale, theme, tour, section, scale, fontSize, log, help});
+        parser.addOptions({looks, place, textPercent, direction, world, geometry});
     }
 };
 
@@ -75,11 +89,21 @@ struct CommandLine
 
 const QStringList &locales()
 {
-    static const QStringList all = {QStringLiteral("zh_CN"), QStringLiteral("zh_HK"),
-                                    QStringLiteral("zh_TW"), QStringLiteral("bo_CN"),
-                                    QStringLiteral("ug_CN"), QStringLiteral("en_US"),
-                                    QStringLiteral("en_GB")};
+    static const QStringList all = [] {
+        QStringList names;
+        for (const auto &language : languages)
+            names.append(QLatin1String(language.locale));
+        return names;
+    }();
     return all;
+}
+
+QString languageName(const QString &locale)
+{
+    for (const auto &language : languages)
+        if (locale == QLatin1String(language.locale))
+            return QString::fromUtf8(language.name);
+    return locale;
 }
 
 Options parseOptions(const QStringList &arguments)
@@ -102,17 +126,27 @@ Options parseOptions(const QStringList &arguments)
     options.looks = parser.value(line.looks);
     options.places = parser.values(line.place);
     options.log = parser.value(line.log);
+    options.world = parser.value(line.world);
+    options.direction = Direction(parser.value(line.direction).toInt());
+    if (parser.isSet(line.textPercent))
+        options.textPercent = parser.value(line.textPercent).toInt();
+    const QStringList sides = parser.value(line.geometry).split(QLatin1Char(','));
+    if (sides.size() == 4)
+        options.geometry = {sides.at(0).toInt(), sides.at(1).toInt(), sides.at(2).toInt(),
+                            sides.at(3).toInt()};
 
     const QStringList themes = {QStringLiteral("light"), QStringLiteral("dark"),
                                 QStringLiteral("system")};
     options.theme = parser.value(line.theme);
+    if (options.theme.isEmpty() && !options.tour.isEmpty())
+        options.theme = themes.constFirst(); // whatever whoever takes the pictures has chosen
     options.scale = parser.value(line.scale).toDouble();
     options.fontSize = parser.value(line.fontSize).toDouble();
 
     if (!parser.positionalArguments().isEmpty())
         options.error = QStringLiteral("Unexpected argument \"%1\".")
                             .arg(parser.positionalArguments().constFirst());
-    else if (!themes.contains(options.theme))
+    else if (parser.isSet(line.theme) && !themes.contains(options.theme))
         options.error = noSuch(QStringLiteral("theme"), options.theme, themes);
     else if (parser.isSet(line.locale) && !locales().contains(options.locale))
         options.error = noSuch(QStringLiteral("locale"), options.locale, locales());
@@ -125,6 +159,36 @@ Options parseOptions(const QStringList &arguments)
     if (options.error.isEmpty() && parser.isSet(line.fontSize))
         options.error = outOfRange(QStringLiteral("font size"), options.fontSize, 6, 40);
     return options;
+}
+
+QStringList argumentsFor(const Options &options)
+{
+    const CommandLine line;
+    QStringList arguments;
+    const auto add = [&](const QCommandLineOption &option, const QString &value) {
+        if (!value.isEmpty())
+            arguments.append(QStringLiteral("--%1=%2").arg(option.names().constLast(), value));
+    };
+    add(line.plugin, options.plugin);
+    add(line.page, options.page);
+    add(line.locale, options.locale);
+    add(line.theme, options.theme);
+    add(line.log, options.log);
+    add(line.scale, QString::number(options.scale));
+    if (options.fontSize > 0)
+        add(line.fontSize, QString::number(options.fontSize));
+    add(line.place, options.places.value(0));
+    add(line.textPercent, QString::number(options.textPercent));
+    add(line.direction, QString::number(int(options.direction)));
+    add(line.world, options.world);
+    const QRect &window = options.geometry;
+    if (window.isValid())
+        add(line.geometry, QStringLiteral("%1,%2,%3,%4")
+                               .arg(window.x())
+                               .arg(window.y())
+                               .arg(window.width())
+                               .arg(window.height()));
+    return arguments;
 }
 
 QString noSuch(const QString &what, const QString &name, const QStringList &existing)

@@ -31,9 +31,8 @@ ThemeButton::ThemeButton(QWidget *parent)
 {
     installAccessibleRoles(); // before it has a name: Qt tells of it, and keeps whom it has asked
     setMenu(new QMenu(this));
-    addChoice(ThemeChoice::Light, tr("Light"));
-    addChoice(ThemeChoice::Dark, tr("Dark"));
-    addChoice(ThemeChoice::System, tr("Follow the system"));
+    for (const auto choice : {ThemeChoice::Light, ThemeChoice::Dark, ThemeChoice::System})
+        addChoice(choice);
     setIcon(QIcon::fromTheme(QStringLiteral("zcc_theme")));
     setAccessibleName(tr("Theme"));
     setAttribute(Qt::WA_Hover);
@@ -78,9 +77,9 @@ void ThemeButton::keyPressEvent(QKeyEvent *event)
         QPushButton::keyPressEvent(event);
 }
 
-void ThemeButton::addChoice(ThemeChoice::Choice choice, const QString &text)
+void ThemeButton::addChoice(ThemeChoice::Choice choice)
 {
-    QAction *action = menu()->addAction(text);
+    QAction *action = menu()->addAction(ThemeChoice::textOf(choice));
     action->setCheckable(true);
     action->setData(choice);
     m_actions->addAction(action);

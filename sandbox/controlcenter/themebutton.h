@@ -25,7 +25,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void addChoice(ThemeChoice::Choice choice, const QString &text);
+    void addChoice(ThemeChoice::Choice choice);
     void showChoice();
 
     ThemeChoice *m_choice;

@@ -3,6 +3,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QSettings>
 
 using Ztk::Gui::ZGuiApplicationHelper;
 
@@ -15,6 +16,7 @@ const QLatin1String portalSettings("org.freedesktop.portal.Settings");
 const QLatin1String appearanceGroup("org.freedesktop.appearance");
 const QLatin1String colorScheme("color-scheme");
 constexpr uint prefersDark = 1;
+const QString themeKey = QStringLiteral("theme");
 
 // The sandbox has a session bus of its own, and leaves the address of the desktop's here.
 QDBusConnection desktopBus()
@@ -22,6 +24,12 @@ QDBusConnection desktopBus()
     const QString address = qEnvironmentVariable("DESKTOP_SESSION_BUS_ADDRESS");
     return address.isEmpty() ? QDBusConnection::sessionBus()
                              : QDBusConnection::connectToBus(address, QStringLiteral("desktop"));
+}
+
+QSettings settings()
+{
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("corvane-sandbox"),
+                     QStringLiteral("control-center"));
 }
 
 } // namespace
@@ -47,7 +55,42 @@ ThemeChoice::Choice ThemeChoice::choice() const
     return m_choice;
 }
 
+QString ThemeChoice::textOf(Choice choice)
+{
+    switch (choice) {
+    case Light:
+        break;
+    case Dark:
+        return tr("Dark");
+    case System:
+        return tr("Follow the system");
+    }
+    return tr("Light");
+}
+
+QString ThemeChoice::nameOf(Choice choice)
+{
+    static const QStringList names{QStringLiteral("light"), QStringLiteral("dark"),
+                                   QStringLiteral("system")};
+    return names.at(choice);
+}
+
+ThemeChoice::Choice ThemeChoice::named(const QString &name)
+{
+    const QString wanted = name.isEmpty() ? settings().value(themeKey).toString() : name;
+    for (const Choice choice : {Dark, System})
+        if (nameOf(choice) == wanted)
+            return choice;
+    return Light;
+}
+
 void ThemeChoice::choose(Choice choice)
+{
+    settings().setValue(themeKey, nameOf(choice));
+    use(choice);
+}
+
+void ThemeChoice::use(Choice choice)
 {
     m_choice = choice;
     if (choice == System)

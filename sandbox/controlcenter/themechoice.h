@@ -24,9 +24,21 @@ public:
     /** The choice is the theme that the application has. */
     explicit ThemeChoice(QObject *parent = nullptr);
 
+    /** What people call it. */
+    static QString textOf(Choice choice);
+
+    /** Its name on a command line: "light", "dark" or "system". */
+    static QString nameOf(Choice choice);
+
+    /** The one with that name; without a name the one that was chosen last, at first Light. */
+    static Choice named(const QString &name);
+
     Choice choice() const;
 
     /** Gives the application the theme; the desktop's as soon as it has answered. */
+    void use(Choice choice);
+
+    /** The same, and keeps it for later runs: the user has chosen it. */
     void choose(Choice choice);
 
 Q_SIGNALS:

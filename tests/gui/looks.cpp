@@ -1,5 +1,6 @@
 #include "sandbox/controlcenter/contrastcheck.h"
 #include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 #include "sandbox/controlcenter/worlddrawer/drawerside.h"
 #include "tests/gui/shownwindow.h"
 #include "tests/support/testprogram.h"

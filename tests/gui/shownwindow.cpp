@@ -120,12 +120,14 @@ void ShownWindow::settle()
 
 QString ShownWindow::layoutProblems(const QString &where) const
 {
-    constexpr int settled = 1000; // ms, in which layouts must have settled
+    constexpr int settled = 5000; // ms, in which layouts must have settled
     QStringList found;
     const bool well = QTest::qWaitFor(
         [&] {
             flushDeferredDeletes();
             found = textsOf(controlcenter::layoutProblems(m_window.get()));
+            if (!m_window->isComplete())
+                found.append(QStringLiteral("the services are not known yet"));
             return found.isEmpty();
         },
         settled);

@@ -1,6 +1,7 @@
 #include "sandbox/controlcenter/themechoice.h"
 
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/options.h"
 #include "tests/gui/scriptedmodule.h"
 #include "tests/support/pictures.h"
 #include "tests/support/testprogram.h"
@@ -77,6 +78,7 @@ private Q_SLOTS:
     void itFollowsWhoeverChangesTheTheme();
     void theButtonListsAllThemes();
     void assistiveTechnologiesChooseInTheList();
+    void whatWasChosenIsKept();
 
 private:
     static bool isDark();
@@ -211,6 +213,29 @@ void ThemeChoiceTest::assistiveTechnologiesChooseInTheList()
     });
     QTRY_VERIFY(isDark());
     QTRY_COMPARE(list->childCount(), 0);
+}
+
+/** And nothing else: not what the command line or a tour has asked for. */
+void ThemeChoiceTest::whatWasChosenIsKept()
+{
+    ThemeChoice theme;
+    for (const auto choice : {ThemeChoice::Light, ThemeChoice::System, ThemeChoice::Dark}) {
+        theme.choose(choice);
+        QCOMPARE(ThemeChoice::named(QString()), choice);
+    }
+    theme.use(ThemeChoice::Light);
+    ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::DarkType);
+    ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::LightType);
+    QCOMPARE(ThemeChoice::named(QString()), ThemeChoice::Dark);
+    QCOMPARE(ThemeChoice::named(QStringLiteral("light")), ThemeChoice::Light);
+    QCOMPARE(ThemeChoice::named(QStringLiteral("system")), ThemeChoice::System);
+
+    const QStringList program{QStringLiteral("control-center"),
+                              QStringLiteral("--plugin=module.so")};
+    QCOMPARE(parseOptions(program).theme, QString());
+    QCOMPARE(parseOptions(program + QStringList(QStringLiteral("--tour=pictures"))).theme,
+             QStringLiteral("light"));
+    theme.choose(ThemeChoice::Light);
 }
 
 TEST_CLASS(QApplication, ThemeChoiceTest)

@@ -1,4 +1,5 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 #include "tests/gui/scriptedmodule.h"
 #include "tests/support/pictures.h"
 #include "tests/support/serviceprocess.h"

@@ -1,3 +1,4 @@
+#include "pages/keylabel.h"
 #include "sandbox/controlcenter/appearance.h"
 #include "sandbox/controlcenter/contrastcheck.h"
 #include "sandbox/controlcenter/looks/lookpictures.h"
@@ -75,6 +76,7 @@ private Q_SLOTS:
     void paleTextsAreFound();
     void largeTextsMayBePaler();
     void paleFramesAreFound();
+    void paleKeyCapsAreNamed();
     void whatIsCoveredIsNotLookedAt();
 
 private:
@@ -84,7 +86,7 @@ private:
 void WindowLooksTest::init()
 {
     QVERIFY(m_window.useLocale(QStringLiteral("en")));
-    forceDirection(Qt::LeftToRight);
+    setDirection(Direction::LeftToRight);
     ZGuiApplicationHelper::instance()->setThemeType(ZGuiApplicationHelper::LightType);
 }
 
@@ -172,6 +174,28 @@ void WindowLooksTest::paleFramesAreFound()
     const QStringList found = shown.problems();
     QCOMPARE(found.size(), 1);
     QVERIFY2(found.constFirst().startsWith(QLatin1String("the outline of \"entry\"")),
+             qPrintable(found.constFirst()));
+}
+
+/** Their letters have the application's accent colour. */
+void WindowLooksTest::paleKeyCapsAreNamed()
+{
+    Colours shown;
+    auto *cap = new KeyLabel(QStringLiteral("Control"));
+    shown.window.layout()->addWidget(cap);
+    QPalette card = shown.window.palette(); // where caps stand
+    card.setColor(QPalette::Window, card.color(QPalette::Base));
+    shown.window.setPalette(card);
+    ShownWindow::settle();
+    QVERIFY2(shown.problems().isEmpty(), qPrintable(shown.problems().join('\n')));
+    const QPalette usual = QApplication::palette();
+    QPalette pale = usual;
+    pale.setColor(QPalette::Highlight, QColor("#c0c0c0"));
+    QApplication::setPalette(pale);
+    const QStringList found = shown.problems();
+    QApplication::setPalette(usual);
+    QCOMPARE(found.size(), 1);
+    QVERIFY2(found.constFirst().startsWith('"' + cap->text() + "\" has a contrast of "),
              qPrintable(found.constFirst()));
 }
 

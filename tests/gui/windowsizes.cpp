@@ -3,6 +3,7 @@
 #include "sandbox/controlcenter/navigationcolumn.h"
 #include "sandbox/controlcenter/searchfield.h"
 #include "sandbox/controlcenter/searchpopup.h"
+#include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 #include "sandbox/controlcenter/worlddrawer/drawerside.h"
 #include "tests/gui/shownwindow.h"
 #include "tests/support/testprogram.h"
@@ -176,10 +177,11 @@ void WindowSizesTest::noPageIsScrolledSideways()
     m_window->shortcutsPage()->editButton()->click();
     found += sideways(QStringLiteral("shortcuts"));
     m_window->openServices();
+    found += m_window.layoutProblems(QStringLiteral("services"));
     found += sideways(QStringLiteral("services"));
     m_window->world()->openDrawer();
-    found += sideways(QStringLiteral("world"));
     found += m_window.layoutProblems(QStringLiteral("world"));
+    found += sideways(QStringLiteral("world"));
     QVERIFY2(found.isEmpty(), qPrintable(found));
 }
 

@@ -18,7 +18,7 @@ namespace controlcenter {
 namespace {
 
 constexpr QSize lookWindow(1100, 720); // the usual one, and no larger for large texts
-constexpr int longestSettling = 1000;  // ms
+constexpr int longestSettling = 5000;  // ms, on a busy machine
 constexpr int problemWidth = 3;        // px
 const QString problemsKey = QStringLiteral("Problems");
 
@@ -32,7 +32,7 @@ QVector<LookProblem> problemsOf(const ControlCenterWindow &window, QImage *pictu
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QApplication::processEvents();
         problems = layoutProblems(&window);
-    } while (!problems.isEmpty() && waited.elapsed() < longestSettling);
+    } while ((!window.isComplete() || !problems.isEmpty()) && waited.elapsed() < longestSettling);
     *picture = const_cast<ControlCenterWindow &>(window).grab().toImage();
     return problems + contrastProblems(&window, *picture);
 }
@@ -85,12 +85,9 @@ QImage marked(const QImage &picture, const QVector<LookProblem> &problems)
 
 bool drawLooks(zccV20::ModuleInterface *module, const QStringList &places, const QString &folder)
 {
-    const QFont usual = QApplication::font();
     for (const Look &look : allLooks()) {
-        QFont font = usual;
-        font.setPointSizeF(usual.pointSizeF() * look.textPercent / 100);
-        QApplication::setFont(font);
-        forceDirection(look.mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+        setTextPercent(look.textPercent);
+        setDirection(look.mirrored ? Direction::RightToLeft : Direction::LeftToRight);
         ZGuiApplicationHelper::instance()->setThemeType(
             look.dark ? ZGuiApplicationHelper::DarkType : ZGuiApplicationHelper::LightType);
 
@@ -108,6 +105,8 @@ bool drawLooks(zccV20::ModuleInterface *module, const QStringList &places, const
             }
         }
     }
+    setTextPercent(100);
+    setDirection(Direction::OfLanguage);
     return true;
 }
 

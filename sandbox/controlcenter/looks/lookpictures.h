@@ -36,8 +36,8 @@ QImage marked(const QImage &picture, const QVector<LookProblem> &problems);
 
 /**
  * Writes the pictures of @p places, pages of @p module or of the window's own, into @p folder, in
- * every look and marked. The application's theme, direction and font are others after that. False,
- * with a log line, when a picture cannot be written.
+ * every look and marked. The application's theme is another one after that. False, with a log
+ * line, when a picture cannot be written.
  */
 bool drawLooks(zccV20::ModuleInterface *module, const QStringList &places, const QString &folder);
 

@@ -2,6 +2,7 @@
 
 #include "sandbox/controlcenter/servicespage/servicecard.h"
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
+#include "sandbox/controlcenter/servicespage/servicewatches.h"
 #include "sandbox/controlcenter/windowstyle.h"
 
 #include <ztk/zfocustracker.h>
@@ -23,8 +24,9 @@ constexpr int cardSpacing = 18; // px
 
 } // namespace
 
-ServicesPage::ServicesPage(QWidget *parent)
+ServicesPage::ServicesPage(ServiceWatches *watches, QWidget *parent)
     : PageArea(parent)
+    , m_watches(watches)
 {
     setFocusPolicy(Qt::StrongFocus);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // cards keep their place when rows come
@@ -38,19 +40,13 @@ ServicesPage::ServicesPage(QWidget *parent)
     world->setToolTip(tr("Steer the services and whatever else the settings depend on (F12)"));
     connect(world, &QPushButton::clicked, this, &ServicesPage::worldRequested);
     layout->addWidget(world, 0, Qt::AlignTrailing);
-    for (const sandbox::ServiceIdentity &service : sandbox::serviceList()) {
-        auto *watch = new ServiceWatch(service, this);
-        m_watches.append(watch);
-        watch->refresh(); // so that the rows are known before they are drawn
-        layout->addWidget(new ServiceCard(titleOf(service.name), watch));
-    }
+    for (ServiceWatch *watch : m_watches->all())
+        layout->addWidget(new ServiceCard(titleOf(watch->name()), watch));
     layout->addStretch();
     setPage(page);
-}
-
-QVector<ServiceWatch *> ServicesPage::watches() const
-{
-    return m_watches;
+    // No card moves when its rows come.
+    page->setVisible(m_watches->isKnown());
+    connect(m_watches, &ServiceWatches::known, page, &QWidget::show);
 }
 
 QString ServicesPage::titleOf(const QString &name)
@@ -101,7 +97,7 @@ void ServicesPage::setFollowing(bool following)
     if (following == m_following)
         return;
     m_following = following;
-    for (ServiceWatch *watch : qAsConst(m_watches))
+    for (ServiceWatch *watch : m_watches->all())
         watch->setFollowing(following);
 }
 

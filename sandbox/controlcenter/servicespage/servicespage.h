@@ -2,11 +2,9 @@
 
 #include "sandbox/controlcenter/pagearea.h"
 
-#include <QVector>
-
 namespace controlcenter {
 
-class ServiceWatch;
+class ServiceWatches;
 
 /**
  * The services that the module talks to, and their values while the user changes them. It takes the
@@ -17,10 +15,8 @@ class ServicesPage : public PageArea
     Q_OBJECT
 
 public:
-    explicit ServicesPage(QWidget *parent = nullptr);
-
-    /** The services in their order; the page owns them. */
-    QVector<ServiceWatch *> watches() const;
+    /** Shows the services of @p watches, which outlive the page, once they are known. */
+    explicit ServicesPage(ServiceWatches *watches, QWidget *parent = nullptr);
 
     /** What people call the service with the short name @p name. */
     static QString titleOf(const QString &name);
@@ -38,7 +34,7 @@ protected:
 private:
     void setFollowing(bool following);
 
-    QVector<ServiceWatch *> m_watches;
+    ServiceWatches *m_watches;
     bool m_following = false;
 };
 

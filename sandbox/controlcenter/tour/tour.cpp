@@ -139,7 +139,7 @@ QString Tour::runStep(const TourStep &step, const QString &file)
 
 QString Tour::takePicture(const QString &file)
 {
-    constexpr int settlingTime = 1000; // ms
+    constexpr int settlingTime = 5000; // ms, on a busy machine
     const QImage shown = m_driver.takeShownPicture();
     if (!shown.isNull())
         return savePicture(shown, file);
@@ -151,7 +151,7 @@ QString Tour::takePicture(const QString &file)
             picture = m_driver.grab();
             problems = textsOf(layoutProblems(m_driver.window()) +
                                contrastProblems(m_driver.window(), picture));
-            return problems.isEmpty();
+            return problems.isEmpty() && m_driver.window()->isComplete();
         },
         settlingTime);
     const QString unwritten = savePicture(picture, file);

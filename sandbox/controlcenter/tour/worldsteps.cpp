@@ -1,6 +1,9 @@
+#include "contracts/contract.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/pagecontrols.h"
 #include "sandbox/controlcenter/servicespage/servicespage.h"
+#include "sandbox/controlcenter/themechoice.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
 #include "sandbox/controlcenter/tour/toursections.h"
 #include "sandbox/controlcenter/worlddrawer/drawerside.h"
@@ -9,6 +12,7 @@
 
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QListView>
 
 using sandbox::Fault;
 
@@ -66,6 +70,43 @@ TourStep openWorldStep(bool dark)
             QStringLiteral("world-") + theme};
 }
 
+// What a page asks its service, beside the page.
+TourStep worldCallsStep()
+{
+    return {QStringLiteral("see what a page asks its service"),
+            [](TourDriver &driver) {
+                const QString question = Contract::SpeechToText::getIatEnable().name;
+                driver.openPage(modulepages::speechToText);
+                const auto isAsked = [&] {
+                    const auto *calls =
+                        driver.window()->world()->drawer()->findChild<QListView *>();
+                    const QAbstractItemModel *rows = calls->model();
+                    return !rows->match(rows->index(0, 0), Qt::AccessibleTextRole,
+                                        question + QStringLiteral("()"))
+                                .isEmpty();
+                };
+                return driver.waitFor(isAsked)
+                           ? QString()
+                           : QStringLiteral("%1 is not in the list").arg(question);
+            },
+            QStringLiteral("world-calls")};
+}
+
+TourStep worldAppearanceStep()
+{
+    return {QStringLiteral("choose the theme in the drawer"),
+            [](TourDriver &driver) {
+                const QString theme =
+                    QCoreApplication::translate("controlcenter::WorldDrawer", "Theme");
+                const QString problem =
+                    chooseInWorld(driver, theme, ThemeChoice::textOf(ThemeChoice::Dark));
+                return problem.isEmpty()
+                           ? chooseInWorld(driver, theme, ThemeChoice::textOf(ThemeChoice::Light))
+                           : problem;
+            },
+            QStringLiteral("world-appearance")};
+}
+
 TourStep worldFaultsStep()
 {
     return {QStringLiteral("let services fail, and read what that leads to"),
@@ -118,8 +159,8 @@ TourStep worldRecoveryStep()
 
 TourSteps worldSteps(const ControlCenterWindow *)
 {
-    return {openWorldStep(true), openWorldStep(false), surroundingsStep(), worldFaultsStep(),
-            worldRecoveryStep()};
+    return {openWorldStep(true),   openWorldStep(false), worldCallsStep(),   surroundingsStep(),
+            worldAppearanceStep(), worldFaultsStep(),    worldRecoveryStep()};
 }
 
 } // namespace controlcenter

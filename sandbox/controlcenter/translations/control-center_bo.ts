@@ -20,18 +20,64 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::CallList</name>
+    <message>
+        <source>Calls to</source>
+        <translation>འབོད་ཡུལ</translation>
+    </message>
+    <message>
+        <source>All services</source>
+        <translation>ཞབས་ཞུ་ཡོངས</translation>
+    </message>
+    <message>
+        <source>Calls</source>
+        <translation>འབོད་པ</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>འདྲ་བཟོ</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>གཙང་སེལ</translation>
+    </message>
+    <message>
+        <source>No calls yet</source>
+        <translation>ད་དུང་འབོད་པ་མེད</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::CallModel</name>
+    <message>
+        <source>no reply expected</source>
+        <translation>ལན་མི་དགོས</translation>
+    </message>
+    <message>
+        <source>reply expected</source>
+        <translation>ལན་དགོས</translation>
+    </message>
+    <message>
+        <source>no answer yet</source>
+        <translation>ད་དུང་ལན་མེད</translation>
+    </message>
+    <message>
+        <source>error: %1</source>
+        <translation>ནོར་འཁྲུལ། %1</translation>
+    </message>
+    <message>
+        <source>answered</source>
+        <translation>ལན་བཏབ་ཟིན</translation>
+    </message>
+    <message>
+        <source>answer: %1</source>
+        <translation>ལན། %1</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::ControlCenterWindow</name>
     <message>
         <source>Control Center</source>
         <translation>ཚོད་འཛིན་ལྟེ་གནས</translation>
-    </message>
-    <message>
-        <source>Shortcuts</source>
-        <translation>མྱུར་མཐེབ</translation>
-    </message>
-    <message>
-        <source>Services</source>
-        <translation>ཞབས་ཞུ</translation>
     </message>
     <message>
         <source>Light or dark theme</source>
@@ -70,6 +116,17 @@
     <message>
         <source>Settings</source>
         <translation>སྒྲིག་འགོད</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::OwnPages</name>
+    <message>
+        <source>Shortcuts</source>
+        <translation>མྱུར་མཐེབ</translation>
+    </message>
+    <message>
+        <source>Services</source>
+        <translation>ཞབས་ཞུ</translation>
     </message>
 </context>
 <context>
@@ -221,9 +278,16 @@
 <context>
     <name>controlcenter::ThemeButton</name>
     <message>
-        <source>Light</source>
-        <translation>མདོག་དཀར་པོ</translation>
+        <source>Theme</source>
+        <translation>བརྗོད་གཞི</translation>
     </message>
+    <message>
+        <source>Theme: %1</source>
+        <translation>བརྗོད་གཞི: %1</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ThemeChoice</name>
     <message>
         <source>Dark</source>
         <translation>མདོག་ནག་པོ</translation>
@@ -233,12 +297,8 @@
         <translation>མ་ལག་དང་བསྟུན་པ</translation>
     </message>
     <message>
-        <source>Theme</source>
-        <translation>བརྗོད་གཞི</translation>
-    </message>
-    <message>
-        <source>Theme: %1</source>
-        <translation>བརྗོད་གཞི: %1</translation>
+        <source>Light</source>
+        <translation>མདོག་དཀར་པོ</translation>
     </message>
 </context>
 <context>
@@ -318,6 +378,42 @@
     <message>
         <source>Hidden</source>
         <translation>སྦས་པ</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>མངོན་ཚུལ</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>བརྗོད་གཞི</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>སྐད་ཡིག</translation>
+    </message>
+    <message>
+        <source>Text size</source>
+        <translation>ཡི་གེའི་ཆེ་ཆུང</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>ཕྱོགས</translation>
+    </message>
+    <message>
+        <source>Left to right</source>
+        <translation>གཡོན་ནས་གཡས</translation>
+    </message>
+    <message>
+        <source>Right to left</source>
+        <translation>གཡས་ནས་གཡོན</translation>
+    </message>
+    <message>
+        <source>The window restarts in the language that is chosen.</source>
+        <translation>བདམས་པའི་སྐད་ཡིག་ཐོག་སྒེའུ་ཁུང་བསྐྱར་དུ་འགོ་འཛུགས།</translation>
+    </message>
+    <message>
+        <source>By language</source>
+        <translation>སྐད་ཡིག་ལྟར</translation>
     </message>
 </context>
 <context>

@@ -20,18 +20,64 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::CallList</name>
+    <message>
+        <source>Calls to</source>
+        <translation>چاقىرىلغان مۇلازىمەت</translation>
+    </message>
+    <message>
+        <source>All services</source>
+        <translation>بارلىق مۇلازىمەتلەر</translation>
+    </message>
+    <message>
+        <source>Calls</source>
+        <translation>چاقىرىشلار</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>كۆچۈرۈش</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>تازىلاش</translation>
+    </message>
+    <message>
+        <source>No calls yet</source>
+        <translation>تېخى چاقىرىش يوق</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::CallModel</name>
+    <message>
+        <source>no reply expected</source>
+        <translation>جاۋاب كۈتۈلمەيدۇ</translation>
+    </message>
+    <message>
+        <source>reply expected</source>
+        <translation>جاۋاب كۈتۈلىدۇ</translation>
+    </message>
+    <message>
+        <source>no answer yet</source>
+        <translation>تېخى جاۋاب يوق</translation>
+    </message>
+    <message>
+        <source>error: %1</source>
+        <translation>خاتالىق: %1</translation>
+    </message>
+    <message>
+        <source>answered</source>
+        <translation>جاۋاب بېرىلدى</translation>
+    </message>
+    <message>
+        <source>answer: %1</source>
+        <translation>جاۋاب: %1</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::ControlCenterWindow</name>
     <message>
         <source>Control Center</source>
         <translation>كونترول مەركىزى</translation>
-    </message>
-    <message>
-        <source>Shortcuts</source>
-        <translation>تېزلەتمە كۇنۇپكىلار</translation>
-    </message>
-    <message>
-        <source>Services</source>
-        <translation>مۇلازىمەتلەر</translation>
     </message>
     <message>
         <source>Light or dark theme</source>
@@ -70,6 +116,17 @@
     <message>
         <source>Settings</source>
         <translation>تەڭشەكلەر</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::OwnPages</name>
+    <message>
+        <source>Shortcuts</source>
+        <translation>تېزلەتمە كۇنۇپكىلار</translation>
+    </message>
+    <message>
+        <source>Services</source>
+        <translation>مۇلازىمەتلەر</translation>
     </message>
 </context>
 <context>
@@ -221,9 +278,16 @@
 <context>
     <name>controlcenter::ThemeButton</name>
     <message>
-        <source>Light</source>
-        <translation>يورۇق</translation>
+        <source>Theme</source>
+        <translation>ئۇسلۇب</translation>
     </message>
+    <message>
+        <source>Theme: %1</source>
+        <translation>ئۇسلۇب: %1</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ThemeChoice</name>
     <message>
         <source>Dark</source>
         <translation>قاراڭغۇ</translation>
@@ -233,12 +297,8 @@
         <translation>سىستېمىغا ئەگىشىش</translation>
     </message>
     <message>
-        <source>Theme</source>
-        <translation>ئۇسلۇب</translation>
-    </message>
-    <message>
-        <source>Theme: %1</source>
-        <translation>ئۇسلۇب: %1</translation>
+        <source>Light</source>
+        <translation>يورۇق</translation>
     </message>
 </context>
 <context>
@@ -318,6 +378,42 @@
     <message>
         <source>Hidden</source>
         <translation>يوشۇرۇن</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>كۆرۈنۈش</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>ئۇسلۇب</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>تىل</translation>
+    </message>
+    <message>
+        <source>Text size</source>
+        <translation>خەت چوڭلۇقى</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>يۆنىلىش</translation>
+    </message>
+    <message>
+        <source>Left to right</source>
+        <translation>سولدىن ئوڭغا</translation>
+    </message>
+    <message>
+        <source>Right to left</source>
+        <translation>ئوڭدىن سولغا</translation>
+    </message>
+    <message>
+        <source>The window restarts in the language that is chosen.</source>
+        <translation>كۆزنەك تاللانغان تىلدا قايتا قوزغىلىدۇ.</translation>
+    </message>
+    <message>
+        <source>By language</source>
+        <translation>تىلغا قاراپ</translation>
     </message>
 </context>
 <context>

@@ -20,18 +20,64 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::CallList</name>
+    <message>
+        <source>Calls to</source>
+        <translation>调用对象</translation>
+    </message>
+    <message>
+        <source>All services</source>
+        <translation>所有服务</translation>
+    </message>
+    <message>
+        <source>Calls</source>
+        <translation>调用</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清空</translation>
+    </message>
+    <message>
+        <source>No calls yet</source>
+        <translation>尚无调用</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::CallModel</name>
+    <message>
+        <source>no reply expected</source>
+        <translation>无需应答</translation>
+    </message>
+    <message>
+        <source>reply expected</source>
+        <translation>需要应答</translation>
+    </message>
+    <message>
+        <source>no answer yet</source>
+        <translation>尚无应答</translation>
+    </message>
+    <message>
+        <source>error: %1</source>
+        <translation>错误：%1</translation>
+    </message>
+    <message>
+        <source>answered</source>
+        <translation>已应答</translation>
+    </message>
+    <message>
+        <source>answer: %1</source>
+        <translation>应答：%1</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::ControlCenterWindow</name>
     <message>
         <source>Control Center</source>
         <translation>控制中心</translation>
-    </message>
-    <message>
-        <source>Shortcuts</source>
-        <translation>快捷键</translation>
-    </message>
-    <message>
-        <source>Services</source>
-        <translation>服务</translation>
     </message>
     <message>
         <source>Light or dark theme</source>
@@ -70,6 +116,17 @@
     <message>
         <source>Settings</source>
         <translation>设置</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::OwnPages</name>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快捷键</translation>
+    </message>
+    <message>
+        <source>Services</source>
+        <translation>服务</translation>
     </message>
 </context>
 <context>
@@ -221,9 +278,16 @@
 <context>
     <name>controlcenter::ThemeButton</name>
     <message>
-        <source>Light</source>
-        <translation>浅色</translation>
+        <source>Theme</source>
+        <translation>主题</translation>
     </message>
+    <message>
+        <source>Theme: %1</source>
+        <translation>主题：%1</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ThemeChoice</name>
     <message>
         <source>Dark</source>
         <translation>深色</translation>
@@ -233,12 +297,8 @@
         <translation>跟随系统</translation>
     </message>
     <message>
-        <source>Theme</source>
-        <translation>主题</translation>
-    </message>
-    <message>
-        <source>Theme: %1</source>
-        <translation>主题：%1</translation>
+        <source>Light</source>
+        <translation>浅色</translation>
     </message>
 </context>
 <context>
@@ -318,6 +378,42 @@
     <message>
         <source>Hidden</source>
         <translation>隐藏</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>外观</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>主题</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Text size</source>
+        <translation>文字大小</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>布局方向</translation>
+    </message>
+    <message>
+        <source>Left to right</source>
+        <translation>从左到右</translation>
+    </message>
+    <message>
+        <source>Right to left</source>
+        <translation>从右到左</translation>
+    </message>
+    <message>
+        <source>The window restarts in the language that is chosen.</source>
+        <translation>窗口会以所选语言重新启动。</translation>
+    </message>
+    <message>
+        <source>By language</source>
+        <translation>按语言</translation>
     </message>
 </context>
 <context>

@@ -20,18 +20,64 @@
     </message>
 </context>
 <context>
+    <name>controlcenter::CallList</name>
+    <message>
+        <source>Calls to</source>
+        <translation>呼叫對象</translation>
+    </message>
+    <message>
+        <source>All services</source>
+        <translation>所有服務</translation>
+    </message>
+    <message>
+        <source>Calls</source>
+        <translation>呼叫</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>複製</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+    <message>
+        <source>No calls yet</source>
+        <translation>尚無呼叫</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::CallModel</name>
+    <message>
+        <source>no reply expected</source>
+        <translation>無需回應</translation>
+    </message>
+    <message>
+        <source>reply expected</source>
+        <translation>需要回應</translation>
+    </message>
+    <message>
+        <source>no answer yet</source>
+        <translation>尚無回應</translation>
+    </message>
+    <message>
+        <source>error: %1</source>
+        <translation>錯誤：%1</translation>
+    </message>
+    <message>
+        <source>answered</source>
+        <translation>已回應</translation>
+    </message>
+    <message>
+        <source>answer: %1</source>
+        <translation>回應：%1</translation>
+    </message>
+</context>
+<context>
     <name>controlcenter::ControlCenterWindow</name>
     <message>
         <source>Control Center</source>
         <translation>控制中心</translation>
-    </message>
-    <message>
-        <source>Shortcuts</source>
-        <translation>快捷鍵</translation>
-    </message>
-    <message>
-        <source>Services</source>
-        <translation>服務</translation>
     </message>
     <message>
         <source>Light or dark theme</source>
@@ -70,6 +116,17 @@
     <message>
         <source>Settings</source>
         <translation>設定</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::OwnPages</name>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快捷鍵</translation>
+    </message>
+    <message>
+        <source>Services</source>
+        <translation>服務</translation>
     </message>
 </context>
 <context>
@@ -221,9 +278,16 @@
 <context>
     <name>controlcenter::ThemeButton</name>
     <message>
-        <source>Light</source>
-        <translation>淺色</translation>
+        <source>Theme</source>
+        <translation>主題</translation>
     </message>
+    <message>
+        <source>Theme: %1</source>
+        <translation>主題：%1</translation>
+    </message>
+</context>
+<context>
+    <name>controlcenter::ThemeChoice</name>
     <message>
         <source>Dark</source>
         <translation>深色</translation>
@@ -233,12 +297,8 @@
         <translation>跟隨系統</translation>
     </message>
     <message>
-        <source>Theme</source>
-        <translation>主題</translation>
-    </message>
-    <message>
-        <source>Theme: %1</source>
-        <translation>主題：%1</translation>
+        <source>Light</source>
+        <translation>淺色</translation>
     </message>
 </context>
 <context>
@@ -318,6 +378,42 @@
     <message>
         <source>Hidden</source>
         <translation>隱藏</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>外觀</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>主題</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>語言</translation>
+    </message>
+    <message>
+        <source>Text size</source>
+        <translation>文字大小</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>版面方向</translation>
+    </message>
+    <message>
+        <source>Left to right</source>
+        <translation>由左至右</translation>
+    </message>
+    <message>
+        <source>Right to left</source>
+        <translation>由右至左</translation>
+    </message>
+    <message>
+        <source>The window restarts in the language that is chosen.</source>
+        <translation>視窗會以所選語言重新啟動。</translation>
+    </message>
+    <message>
+        <source>By language</source>
+        <translation>依語言</translation>
     </message>
 </context>
 <context>

@@ -4,37 +4,58 @@
 
 #include <ztk/zfontsizemanager.h>
 
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QEvent>
-#include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
-#include <QStyle>
-#include <QVBoxLayout>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
 using Ztk::Widget::ZFontSizeManager;
 
 namespace controlcenter {
-namespace {
 
 // The wheel scrolls the drawer: on its way over a list it would change what is behind it.
-class ChoiceBox : public QComboBox
+class ChoiceRow::Box : public QComboBox
 {
 public:
+    bool opensFirst = false; // before a key chooses
+
     // Qt measures the ink of the texts, and a line of them can be wider.
-    QSize sizeHint() const override { return QComboBox::sizeHint() + QSize(4, 0); }
+    QSize sizeHint() const override
+    {
+        int width = 0;
+        for (int i = 0; i < count(); ++i)
+            width = qMax(width, fontMetrics().horizontalAdvance(itemText(i)));
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        const QSize text(width, fontMetrics().height());
+        return style()
+                   ->sizeFromContents(QStyle::CT_ComboBox, &option, text, this)
+                   .expandedTo(QComboBox::sizeHint()) +
+               QSize(4, 0);
+    }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void wheelEvent(QWheelEvent *event) override { event->ignore(); }
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        const int key = event->key();
+        if (!opensFirst || key == Qt::Key_Space || key == Qt::Key_F4)
+            QComboBox::keyPressEvent(event);
+        else if (key == Qt::Key_Up || key == Qt::Key_Down)
+            showPopup();
+        else
+            QWidget::keyPressEvent(event);
+    }
 };
-
-} // namespace
 
 ChoiceRow::ChoiceRow(const QString &title, QWidget *parent)
     : SettingsItem(parent)
     , m_title(new QLabel(title))
-    , m_box(new ChoiceBox)
+    , m_box(new Box)
     , m_sentences(new QLabel)
     , m_below(new QWidget)
 {
@@ -53,12 +74,12 @@ ChoiceRow::ChoiceRow(const QString &title, QWidget *parent)
     below->addWidget(m_sentences);
     m_below->hide();
 
-    auto *head = new QHBoxLayout;
-    head->addWidget(m_title, 1);
-    head->addWidget(m_box);
+    m_head = new QBoxLayout(QBoxLayout::LeftToRight);
+    m_head->addWidget(m_title, 1);
+    m_head->addWidget(m_box, 0, Qt::AlignTrailing);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(zcc::widgets::rowPadding, 4, zcc::widgets::rowPadding, 4);
-    layout->addLayout(head);
+    layout->addLayout(m_head);
     layout->addWidget(m_below);
     connect(m_box, QOverload<int>::of(&QComboBox::activated), this, &ChoiceRow::chosen);
     updateColors();
@@ -68,6 +89,11 @@ ChoiceRow::ChoiceRow(const QString &title, QWidget *parent)
 void ChoiceRow::addChoice(const QString &text)
 {
     m_box->addItem(text);
+}
+
+void ChoiceRow::setChosenFromList()
+{
+    m_box->opensFirst = true;
 }
 
 void ChoiceRow::setChoice(int index)
@@ -86,9 +112,33 @@ void ChoiceRow::setSentences(const QStringList &sentences)
     m_box->setAccessibleDescription(sentences.join(QLatin1Char(' ')));
 }
 
+void ChoiceRow::focusChoice()
+{
+    m_box->setFocus(Qt::ShortcutFocusReason);
+}
+
 void ChoiceRow::setUsable(bool usable)
 {
     m_box->setEnabled(usable);
+}
+
+int ChoiceRow::besideWidth() const
+{
+    return m_title->minimumSizeHint().width() + m_head->spacing() + m_box->sizeHint().width() +
+           2 * zcc::widgets::rowPadding;
+}
+
+QSize ChoiceRow::minimumSizeHint() const
+{
+    const int width = qMax(m_title->minimumSizeHint().width(), m_box->sizeHint().width());
+    return {width + 2 * zcc::widgets::rowPadding, SettingsItem::minimumSizeHint().height()};
+}
+
+void ChoiceRow::resizeEvent(QResizeEvent *event)
+{
+    m_head->setDirection(width() < besideWidth() ? QBoxLayout::TopToBottom
+                                                 : QBoxLayout::LeftToRight);
+    SettingsItem::resizeEvent(event);
 }
 
 void ChoiceRow::changeEvent(QEvent *event)

@@ -2,7 +2,7 @@
 
 #include <zcc/widgets/settingsitem.h>
 
-class QComboBox;
+class QBoxLayout;
 class QLabel;
 
 namespace controlcenter {
@@ -17,14 +17,25 @@ public:
 
     void addChoice(const QString &text);
 
+    /** Keys open the list: what is chosen costs so much that no other is tried on the way. */
+    void setChosenFromList();
+
     /** Shows that choice as the one in force; -1 shows none. */
     void setChoice(int index);
 
     /** Says what it leads to; nothing when empty. */
     void setSentences(const QStringList &sentences);
 
+    /** Gives the list the focus. */
+    void focusChoice();
+
     /** Whether anything can be chosen now. */
     void setUsable(bool usable);
+
+    /** In less width the list stands below the title. */
+    int besideWidth() const;
+
+    QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     /** The user has chosen it, also once more. */
@@ -32,13 +43,17 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    class Box;
+
     void updateColors();
     void alignTexts();
 
+    QBoxLayout *m_head;
     QLabel *m_title;
-    QComboBox *m_box;
+    Box *m_box;
     QLabel *m_sentences;
     QWidget *m_below;
 };

@@ -8,6 +8,8 @@
 #include <QHBoxLayout>
 #include <QShortcut>
 
+#include <utility>
+
 using Ztk::Widget::ZFontSizeManager;
 
 namespace controlcenter {
@@ -16,20 +18,20 @@ namespace {
 // Beside a narrower content the drawer would leave nothing to look at. With usual texts.
 constexpr int leastContent = 400; // px
 
+// Beside a content that has room the drawer takes more of it. With usual texts.
+constexpr int roomyContent = 900; // px
+
 } // namespace
 
-DrawerSide::DrawerSide(QWidget *content, const QVector<ServiceWatch *> &watches, QWidget *parent)
+DrawerSide::DrawerSide(QWidget *content, std::function<WorldDrawer *()> build, QWidget *parent)
     : QWidget(parent)
     , m_content(content)
-    , m_drawer(new WorldDrawer(watches))
+    , m_build(std::move(build))
 {
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_content, 1);
-    layout->addWidget(m_drawer);
-    m_drawer->hide();
-    connect(m_drawer, &WorldDrawer::closeRequested, this, &DrawerSide::closeDrawer);
     connect(new QShortcut(Qt::Key_F12, this), &QShortcut::activated, this,
             [this] { isOpen() ? closeDrawer() : openDrawer(); });
 }
@@ -41,13 +43,18 @@ WorldDrawer *DrawerSide::drawer() const
 
 bool DrawerSide::isOpen() const
 {
-    return !m_drawer->isHidden();
+    return m_drawer && !m_drawer->isHidden();
 }
 
 void DrawerSide::openDrawer()
 {
     if (isOpen())
         return;
+    if (!m_drawer) {
+        m_drawer = m_build();
+        layout()->addWidget(m_drawer);
+        connect(m_drawer, &WorldDrawer::closeRequested, this, &DrawerSide::closeDrawer);
+    }
     m_focusBefore = window()->focusWidget();
     m_drawer->show();
     arrange();
@@ -72,10 +79,15 @@ void DrawerSide::resizeEvent(QResizeEvent *event)
 
 void DrawerSide::arrange()
 {
+    if (!m_drawer)
+        return;
     const int wanted = m_drawer->sizeHint().width();
     const bool both = width() >= wanted + ZFontSizeManager::instance()->scaled(leastContent);
-    m_drawer->setMinimumWidth(qMin(wanted, width()));
-    m_drawer->setMaximumWidth(both ? wanted : QWIDGETSIZE_MAX);
+    const int left = both ? ZFontSizeManager::instance()->scaled(roomyContent) : 0;
+    const bool wide = width() >= 2 * wanted + left;
+    m_drawer->setWide(wide);
+    m_drawer->setMinimumWidth(qMin(wide ? 2 * wanted : wanted, width()));
+    m_drawer->setMaximumWidth(both ? (wide ? 2 * wanted : wanted) : QWIDGETSIZE_MAX);
     m_content->setVisible(both || !isOpen());
     layout()->activate();
 }

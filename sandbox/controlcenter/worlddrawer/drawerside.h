@@ -1,12 +1,12 @@
 #pragma once
 
 #include <QPointer>
-#include <QVector>
 #include <QWidget>
+
+#include <functional>
 
 namespace controlcenter {
 
-class ServiceWatch;
 class WorldDrawer;
 
 /**
@@ -18,9 +18,13 @@ class DrawerSide : public QWidget
     Q_OBJECT
 
 public:
-    /** Owns @p content. The drawer steers @p watches; it is closed. F12 opens and closes it. */
-    DrawerSide(QWidget *content, const QVector<ServiceWatch *> &watches, QWidget *parent = nullptr);
+    /**
+     * Owns @p content, and the drawer, which @p build makes when it is first opened. F12 opens and
+     * closes it.
+     */
+    DrawerSide(QWidget *content, std::function<WorldDrawer *()> build, QWidget *parent = nullptr);
 
+    /** Null before it was first opened. */
     WorldDrawer *drawer() const;
     bool isOpen() const;
 
@@ -38,7 +42,8 @@ private:
     void arrange();
 
     QWidget *m_content;
-    WorldDrawer *m_drawer;
+    std::function<WorldDrawer *()> m_build;
+    WorldDrawer *m_drawer = nullptr;
     QPointer<QWidget> m_focusBefore;
 };
 

@@ -1,8 +1,13 @@
 #include "sandbox/controlcenter/worlddrawer/worlddrawer.h"
 
+#include "sandbox/controlcenter/appearance.h"
+#include "sandbox/controlcenter/options.h"
 #include "sandbox/controlcenter/servicespage/servicespage.h"
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
+#include "sandbox/controlcenter/servicespage/servicewatches.h"
+#include "sandbox/controlcenter/themechoice.h"
 #include "sandbox/controlcenter/windowstyle.h"
+#include "sandbox/controlcenter/worlddrawer/calllist.h"
 #include "sandbox/controlcenter/worlddrawer/faultrow.h"
 #include "sandbox/controlcenter/worlddrawer/faulttexts.h"
 #include "sandbox/controlcenter/worlddrawer/valuerow.h"
@@ -30,6 +35,7 @@ namespace {
 
 constexpr int usualWidth = 360; // px, with usual texts
 constexpr int headHeight = 60;  // px, as the window's
+constexpr int leastRows = 150;  // px of height, with usual texts
 constexpr int margin = 10;      // px
 constexpr int groupSpacing = 8;
 constexpr int rowSpacing = 1; // px: the rows stand as one block
@@ -58,32 +64,76 @@ SettingsGroup *addGroup(QVBoxLayout *body, const QString &title)
     return group;
 }
 
+// Scrolls @p content, without a frame and a ground of its own.
+QScrollArea *scrolled(QWidget *content)
+{
+    auto *area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus); // Tab goes from control to control
+    area->viewport()->setAutoFillBackground(false);
+    area->setWidget(content);
+    content->setAutoFillBackground(false);
+    return area;
+}
+
 } // namespace
 
-WorldDrawer::WorldDrawer(const QVector<ServiceWatch *> &watches, QWidget *parent)
+WorldDrawer::WorldDrawer(ServiceWatches *watches, ThemeChoice *theme, QWidget *parent)
     : QWidget(parent)
+    , m_watches(watches)
+    , m_theme(theme)
+    , m_calls(new CallList(watches))
 {
     setAccessibleName(tr("World"));
-    for (ServiceWatch *watch : watches)
-        m_watches.append(watch);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(1, 0, 0, 0); // the edge towards the content
     layout->setSpacing(0);
     layout->addWidget(buildHead());
-    layout->addWidget(buildBody(), 1);
+    auto *both = new QWidget;
+    m_parts = new QBoxLayout(QBoxLayout::TopToBottom, both);
+    m_parts->setContentsMargins(0, 0, 0, margin);
+    m_parts->setSpacing(groupSpacing);
+    m_parts->addWidget(buildRows(), 1);
+    auto *calls = new QHBoxLayout; // between the edges of the rows
+    calls->setSpacing(0);
+    calls->addSpacing(margin);
+    calls->addWidget(m_calls);
+    calls->addSpacing(margin + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    m_parts->addLayout(calls, 1);
+    layout->addWidget(scrolled(both), 1); // where there is no room for both
 }
 
 QSize WorldDrawer::sizeHint() const
 {
-    const int needed =
-        m_body->minimumSizeHint().width() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    int needed = m_calls->minimumSizeHint().width();
+    for (const ChoiceRow *row : m_body->findChildren<ChoiceRow *>())
+        needed = qMax(needed, row->besideWidth());
+    needed += 2 * margin + 2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     return {qMax(ZFontSizeManager::instance()->scaled(usualWidth), needed + 1), 0};
+}
+
+void WorldDrawer::setWide(bool wide)
+{
+    m_parts->setDirection(wide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+}
+
+QString WorldDrawer::focusedRow() const
+{
+    const QWidget *focus = focusWidget();
+    return focus && focus->parentWidget() ? focus->parentWidget()->objectName() : QString();
+}
+
+void WorldDrawer::focusRow(const QString &name)
+{
+    if (auto *row = findChild<ChoiceRow *>(name))
+        row->focusChoice();
 }
 
 bool WorldDrawer::isSettled() const
 {
-    return std::none_of(m_watches.cbegin(), m_watches.cend(),
-                        [](const ServiceWatch *watch) { return watch && watch->isCausing(); });
+    return !m_watches || std::none_of(m_watches->all().cbegin(), m_watches->all().cend(),
+                                      [](const ServiceWatch *watch) { return watch->isCausing(); });
 }
 
 void WorldDrawer::changeEvent(QEvent *event)
@@ -138,7 +188,7 @@ QWidget *WorldDrawer::buildHead()
     return head;
 }
 
-QWidget *WorldDrawer::buildBody()
+QWidget *WorldDrawer::buildRows()
 {
     m_body = new QWidget;
     auto *layout = new QVBoxLayout(m_body);
@@ -146,22 +196,17 @@ QWidget *WorldDrawer::buildBody()
     layout->setSpacing(groupSpacing);
     addServices(layout);
     addSurroundings(layout);
+    addAppearance(layout);
     layout->addStretch();
-
-    auto *area = new QScrollArea;
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus); // Tab goes from control to control
-    area->viewport()->setAutoFillBackground(false);
-    area->setWidget(m_body);
-    m_body->setAutoFillBackground(false);
-    return area;
+    QScrollArea *rows = scrolled(m_body);
+    rows->setMinimumHeight(ZFontSizeManager::instance()->scaled(leastRows));
+    return rows;
 }
 
 void WorldDrawer::addServices(QVBoxLayout *body)
 {
     SettingsGroup *group = addGroup(body, tr("Services"));
-    for (ServiceWatch *watch : qAsConst(m_watches))
+    for (ServiceWatch *watch : m_watches->all())
         group->appendItem(new FaultRow(ServicesPage::titleOf(watch->name()), watch));
 }
 
@@ -178,9 +223,10 @@ void WorldDrawer::addSurroundings(QVBoxLayout *body)
                                       qMakePair(tr("Silence"), QStringLiteral("silence"))})
         sounds.append({text, {{plugged, true}, {QStringLiteral("microphone.sound"), sound}}, {}});
     sounds.append({tr("Unplugged"), {{plugged, false}}, {}});
-    group->appendItem(new ValueRow(tr("Microphone"), watch(QStringLiteral("audio")), sounds));
+    group->appendItem(
+        new ValueRow(tr("Microphone"), m_watches->named(QStringLiteral("audio")), sounds));
 
-    ServiceWatch *network = watch(QStringLiteral("networkmanager"));
+    ServiceWatch *network = m_watches->named(QStringLiteral("networkmanager"));
     // To the module every other state is none at all, as when nobody answers.
     const QStringList unconnected = faultSentences(network->busName(), {sandbox::Fault::Stopped});
     const QString state = QStringLiteral("state");
@@ -192,16 +238,67 @@ void WorldDrawer::addSurroundings(QVBoxLayout *body)
 
     const QString hidden = QStringLiteral("hidden");
     group->appendItem(
-        new ValueRow(tr("Icon in the dock"), watch(QStringLiteral("dock")),
+        new ValueRow(tr("Icon in the dock"), m_watches->named(QStringLiteral("dock")),
                      {{tr("Shown"), {{hidden, false}}, {}}, {tr("Hidden"), {{hidden, true}}, {}}}));
 }
 
-ServiceWatch *WorldDrawer::watch(const QString &service) const
+void WorldDrawer::addAppearance(QVBoxLayout *body)
 {
-    const auto found =
-        std::find_if(m_watches.cbegin(), m_watches.cend(),
-                     [&](const ServiceWatch *watch) { return watch->name() == service; });
-    return *found;
+    SettingsGroup *group = addGroup(body, tr("Appearance"));
+    const auto add = [&](const QString &name, const QString &title) {
+        auto *row = new ChoiceRow(title);
+        row->setObjectName(name);
+        group->appendItem(row);
+        return row;
+    };
+    const Appearance now = currentAppearance();
+
+    ChoiceRow *theme = add(QStringLiteral("theme"), tr("Theme"));
+    for (const auto choice : {ThemeChoice::Light, ThemeChoice::Dark, ThemeChoice::System})
+        theme->addChoice(ThemeChoice::textOf(choice));
+    const auto showTheme = [this, theme] {
+        theme->setChoice(m_theme->choice());
+    };
+    showTheme();
+    connect(m_theme, &ThemeChoice::changed, theme, showTheme);
+    connect(theme, &ChoiceRow::chosen, m_theme,
+            [this](int choice) { m_theme->choose(ThemeChoice::Choice(choice)); });
+
+    // Whatever is chosen of the others, this window keeps what it has.
+    const auto offer = [&](ChoiceRow *row, int inForce, auto change) {
+        row->setChosenFromList();
+        row->setChoice(inForce);
+        connect(row, &ChoiceRow::chosen, this, [this, row, inForce, now, change](int choice) {
+            row->setChoice(inForce);
+            Appearance wanted = now;
+            change(&wanted, choice);
+            if (choice == inForce)
+                return;
+            row->focusChoice(); // the new window goes on there
+            Q_EMIT appearanceWanted(wanted);
+        });
+    };
+
+    ChoiceRow *language = add(QStringLiteral("language"), tr("Language"));
+    for (const QString &locale : locales())
+        language->addChoice(languageName(locale));
+    language->setSentences({tr("The window restarts in the language that is chosen.")});
+    offer(language, locales().indexOf(now.locale),
+          [](Appearance *wanted, int choice) { wanted->locale = locales().at(choice); });
+
+    const QVector<int> percents{100, 125, 150, 200};
+    ChoiceRow *size = add(QStringLiteral("text-size"), tr("Text size"));
+    for (const int percent : percents)
+        size->addChoice(QLocale().toString(percent) + QLocale().percent());
+    offer(size, percents.indexOf(now.textPercent), [percents](Appearance *wanted, int choice) {
+        wanted->textPercent = percents.at(choice);
+    });
+
+    ChoiceRow *direction = add(QStringLiteral("direction"), tr("Direction"));
+    for (const QString &text : {tr("By language"), tr("Left to right"), tr("Right to left")})
+        direction->addChoice(text);
+    offer(direction, int(now.direction),
+          [](Appearance *wanted, int choice) { wanted->direction = Direction(choice); });
 }
 
 // Of a minimised window, and of its parts that are hidden then, each is told twice.
@@ -210,9 +307,9 @@ void WorldDrawer::setFollowing(bool following)
     if (following == m_following)
         return;
     m_following = following;
-    for (ServiceWatch *watch : qAsConst(m_watches)) {
-        if (!watch)
-            continue;
+    if (!m_watches)
+        return;
+    for (ServiceWatch *watch : m_watches->all()) {
         watch->setFollowing(following);
         if (following)
             watch->refresh(); // nothing tells of a process that stands still

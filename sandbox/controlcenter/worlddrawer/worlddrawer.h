@@ -1,33 +1,49 @@
 #pragma once
 
 #include <QPointer>
-#include <QVector>
 #include <QWidget>
 
+class QBoxLayout;
 class QVBoxLayout;
+
 namespace controlcenter {
 
-class ServiceWatch;
+class CallList;
+class ChoiceRow;
+class ServiceWatches;
+class ThemeChoice;
+struct Appearance;
 
 /**
  * Switches what the module lives in while it runs: how its services fail, what its microphone
- * hears, whether there is a network and an icon in the dock. It waits for none of them.
+ * hears, whether there is a network and an icon in the dock, how the window looks. It waits for
+ * none of them. Below or beside that are the calls that the services receive.
  */
 class WorldDrawer : public QWidget
 {
     Q_OBJECT
 
 public:
-    /** Steers the services of @p watches, which may go before the drawer does. */
-    explicit WorldDrawer(const QVector<ServiceWatch *> &watches, QWidget *parent = nullptr);
+    /** Steers @p theme and the services of @p watches, which may go before the drawer does. */
+    WorldDrawer(ServiceWatches *watches, ThemeChoice *theme, QWidget *parent = nullptr);
 
     /** Whether every fault that was chosen has come about. */
     bool isSettled() const;
 
-    /** As wide as it needs to be; its height is what there is. */
+    /** As wide as it needs to be with its parts above each other; its height is what there is. */
     QSize sizeHint() const override;
 
+    /** Whether its parts stand beside each other, in twice the width. */
+    void setWide(bool wide);
+
+    /** The row with the focus of those for how the window looks, and giving it the focus. */
+    QString focusedRow() const;
+    void focusRow(const QString &name);
+
 Q_SIGNALS:
+    /** The user wants the window to look so. */
+    void appearanceWanted(const controlcenter::Appearance &wanted);
+
     void closeRequested();
 
 protected:
@@ -39,14 +55,17 @@ protected:
 
 private:
     QWidget *buildHead();
-    QWidget *buildBody();
+    QWidget *buildRows();
     void addServices(QVBoxLayout *body);
     void addSurroundings(QVBoxLayout *body);
-    ServiceWatch *watch(const QString &service) const;
+    void addAppearance(QVBoxLayout *body);
     void setFollowing(bool following);
 
-    QVector<QPointer<ServiceWatch>> m_watches;
-    QWidget *m_body = nullptr;
+    QPointer<ServiceWatches> m_watches;
+    ThemeChoice *m_theme;
+    CallList *m_calls;
+    QWidget *m_body = nullptr; ///< with the rows
+    QBoxLayout *m_parts;       ///< rows and calls
     bool m_following = false;
 };
 

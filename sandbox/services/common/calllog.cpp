@@ -4,6 +4,7 @@
 #include <QDBusObjectPath>
 #include <QDBusSignature>
 #include <QDBusVariant>
+#include <QDateTime>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -97,6 +98,7 @@ QJsonObject describe(const QDBusMessage &call, int number)
 {
     return {
         {QStringLiteral("number"), number},
+        {QStringLiteral("time"), QDateTime::currentMSecsSinceEpoch()},
         {QStringLiteral("path"), call.path()},
         {QStringLiteral("interface"), call.interface()},
         {QStringLiteral("member"), call.member()},
