@@ -10,13 +10,13 @@
 #include "tests/support/testprogram.h"
 
 #include <ztk/zapplicationsetup.h>
+#include <ztk/zlistview.h>
 
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QDBusMessage>
-#include <QListView>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QtTest>
@@ -25,6 +25,7 @@
 
 using namespace controlcenter;
 using testsupport::ServiceProcess;
+using Ztk::Widget::ZListView;
 
 /** Calls are shown as they come and are answered, and nothing is followed while nobody looks. */
 class WindowCallsTest : public QObject
@@ -51,7 +52,7 @@ private:
     static QDBusMessage question();
     static void ask();
     static void hide(bool hidden);
-    QListView *list() const { return m_list->findChild<QListView *>(); }
+    ZListView *list() const { return m_list->findChild<ZListView *>(); }
     QString row(int index) const;
     void press(const QString &button) const;
 

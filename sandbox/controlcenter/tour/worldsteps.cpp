@@ -10,11 +10,13 @@
 #include "sandbox/controlcenter/worlddrawer/faulttexts.h"
 #include "sandbox/controlcenter/worlddrawer/worlddrawer.h"
 
+#include <ztk/zlistview.h>
+
 #include <QComboBox>
 #include <QCoreApplication>
-#include <QListView>
 
 using sandbox::Fault;
+using Ztk::Widget::ZListView;
 
 namespace controlcenter {
 namespace {
@@ -79,7 +81,7 @@ TourStep worldCallsStep()
                 driver.openPage(modulepages::speechToText);
                 const auto isAsked = [&] {
                     const auto *calls =
-                        driver.window()->world()->drawer()->findChild<QListView *>();
+                        driver.window()->world()->drawer()->findChild<ZListView *>();
                     const QAbstractItemModel *rows = calls->model();
                     return !rows->match(rows->index(0, 0), Qt::AccessibleTextRole,
                                         question + QStringLiteral("()"))

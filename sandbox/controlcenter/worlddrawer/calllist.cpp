@@ -109,7 +109,8 @@ QWidget *CallList::buildHead()
     auto *clear = new QPushButton(tr("Clear"));
     connect(clear, &QPushButton::clicked, m_calls, &CallModel::clear);
     auto *layout = new QHBoxLayout(head);
-    layout->setContentsMargins(pageMargin, 0, 0, 0);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addSpacing(pageMargin - layout->spacing());
     layout->addWidget(heading, 1);
     layout->addWidget(copy);
     layout->addWidget(clear);

@@ -15,14 +15,26 @@ namespace {
 
 constexpr int updatePauseMs = 100;
 constexpr int longestArguments = 120; // characters
-const QChar leftToRight(0x200e);
+const QChar leftToRightMark(0x200e);
 
-// As JSON writes them, with room to break lines.
+// As JSON writes them, but texts as they are.
 QString argumentText(const QJsonArray &values)
 {
-    QString text = QString::fromUtf8(QJsonDocument(values).toJson(QJsonDocument::Compact));
-    text = text.mid(1, text.size() - 2).replace(QLatin1Char(','), QStringLiteral(", "));
+    QStringList texts;
+    for (const QJsonValue &value : values) {
+        const QString json =
+            QString::fromUtf8(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact));
+        texts += value.isString() ? QLatin1Char('"') + value.toString() + QLatin1Char('"')
+                                  : json.mid(1, json.size() - 2);
+    }
+    const QString text = texts.join(QStringLiteral(", "));
     return text.size() > longestArguments ? text.left(longestArguments) + QChar(0x2026) : text;
+}
+
+// Signs stay in their places in it, also where texts run to the left.
+QString leftToRight(const QString &text)
+{
+    return leftToRightMark + text + leftToRightMark;
 }
 
 // With places at which a line may be broken inside what has no blanks.
@@ -42,10 +54,11 @@ QStringList outcomeOf(const QJsonObject &record)
     if (!record.contains(QLatin1String("answer")))
         outcome += CallModel::tr("no answer yet");
     else if (answer.contains(QLatin1String("error")))
-        outcome += CallModel::tr("error: %1").arg(answer.value(QLatin1String("error")).toString());
+        outcome += CallModel::tr("error: %1")
+                       .arg(leftToRight(answer.value(QLatin1String("error")).toString()));
     else
-        outcome +=
-            values.isEmpty() ? CallModel::tr("answered") : CallModel::tr("answer: %1").arg(values);
+        outcome += values.isEmpty() ? CallModel::tr("answered")
+                                    : CallModel::tr("answer: %1").arg(leftToRight(values));
     return outcome;
 }
 
@@ -92,18 +105,21 @@ QVariant CallModel::data(const QModelIndex &index, int role) const
 {
     const Call &call = m_calls.at(index.row());
     const QString service = ServicesPage::titleOf(call.service);
-    const QString outcome = (QStringList(service) + call.outcome).join(QStringLiteral(", "));
+    const QStringList outcome = QStringList(service) + call.outcome;
+    const QString comma = QStringLiteral(", ");
     switch (role) {
-    case Qt::DisplayRole: // brackets stay in their place also where texts run to the left
-        return breakable(leftToRight + call.text + leftToRight + QLatin1Char('\n') + outcome);
+    case Qt::DisplayRole:
+        return breakable(leftToRight(call.text) + QLatin1Char('\n') +
+                         outcome.join(QStringLiteral(" · ")));
     case Qt::AccessibleTextRole:
-        return QString(call.text + QStringLiteral(", ") + outcome);
+        return QString(call.text + comma + outcome.join(comma)).remove(leftToRightMark);
     case ServiceRole:
         return call.service;
     case LineRole:
         return QStringLiteral("%1 %2: %3.%4: %5")
             .arg(QDateTime::fromMSecsSinceEpoch(call.time).toString(QStringLiteral("HH:mm:ss.zzz")),
-                 service, call.interface, call.text, call.outcome.join(QStringLiteral(", ")));
+                 service, call.interface, call.text, call.outcome.join(comma))
+            .remove(leftToRightMark);
     default:
         return QVariant();
     }
