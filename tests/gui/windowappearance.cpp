@@ -1,5 +1,6 @@
 #include "sandbox/controlcenter/appearance.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/layoutcheck.h"
 #include "sandbox/controlcenter/servicespage/servicespage.h"
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
 #include "sandbox/controlcenter/windowkeeper.h"
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void initTestCase();
     void cleanup();
     void servicesAndDrawerAreBuiltWhenTheyAreOpened();
+    void thereIsRoomForAllThatTheDrawerSaysFromTheStart();
     void theRowAndTheButtonShowOneTheme();
     void anotherTextSizeTakesANewWindow();
     void anotherDirectionTakesANewWindow();
@@ -115,6 +117,25 @@ void WindowAppearanceTest::servicesAndDrawerAreBuiltWhenTheyAreOpened()
     window.world()->openDrawer();
     QCOMPARE(built(), QStringLiteral("watches page drawer"));
     QCOMPARE(window.findChildren<ServiceWatch *>().size(), sandbox::serviceList().size());
+}
+
+/** No service runs here, so that each row says what that leads to. */
+void WindowAppearanceTest::thereIsRoomForAllThatTheDrawerSaysFromTheStart()
+{
+    ControlCenterWindow window(&m_module);
+    window.show();
+    window.openServices();
+    QTRY_VERIFY(window.isComplete());
+    for (int opened = 0; opened < 2; ++opened) {
+        window.world()->openDrawer();
+        QStringList problems;
+        const bool well = QTest::qWaitFor([&] {
+            problems = textsOf(layoutProblems(&window));
+            return problems.isEmpty();
+        });
+        QVERIFY2(well, qPrintable(problems.join('\n')));
+        window.world()->closeDrawer();
+    }
 }
 
 void WindowAppearanceTest::theRowAndTheButtonShowOneTheme()
