@@ -110,7 +110,7 @@ QWidget *CallList::buildHead()
     connect(clear, &QPushButton::clicked, m_calls, &CallModel::clear);
     auto *layout = new QHBoxLayout(head);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addSpacing(pageMargin - layout->spacing());
+    layout->addSpacing(pageMargin);
     layout->addWidget(heading, 1);
     layout->addWidget(copy);
     layout->addWidget(clear);

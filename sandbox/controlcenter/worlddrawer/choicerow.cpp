@@ -136,8 +136,12 @@ QSize ChoiceRow::minimumSizeHint() const
 
 void ChoiceRow::resizeEvent(QResizeEvent *event)
 {
-    m_head->setDirection(width() < besideWidth() ? QBoxLayout::TopToBottom
-                                                 : QBoxLayout::LeftToRight);
+    const auto direction =
+        width() < besideWidth() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight;
+    if (direction != m_head->direction()) {
+        m_head->setDirection(direction);
+        updateGeometry(); // which the layout does not do by itself
+    }
     SettingsItem::resizeEvent(event);
 }
 
