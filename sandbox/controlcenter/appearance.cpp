@@ -123,7 +123,9 @@ void applyAppearance(const Options &options)
 
 Appearance currentAppearance()
 {
-    appearance.locale = QLocale::system().name();
+    const QString locale = QLocale::system().name();
+    // The texts of all others are the sources'.
+    appearance.locale = locales().contains(locale) ? locale : QStringLiteral("en_US");
     return appearance;
 }
 

@@ -17,7 +17,7 @@ enum class Direction {
 /** How the window looks, but for its theme. */
 struct Appearance
 {
-    QString locale;        ///< such as "zh_CN"; of the whole process
+    QString locale;        ///< such as "zh_CN", one of locales(); of the whole process
     int textPercent = 100; ///< of the size that applyAppearance() has given
     Direction direction = Direction::OfLanguage;
 };

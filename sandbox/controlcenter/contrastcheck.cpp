@@ -89,10 +89,11 @@ void ContrastCheck::checkControl(const QWidget *widget)
     } else if (const auto *box = qobject_cast<const QComboBox *>(widget)) {
         QStyleOptionComboBox option;
         option.initFrom(box);
-        checkText(box,
-                  box->style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                               QStyle::SC_ComboBoxEditField, box),
-                  box->currentText());
+        if (!box->currentText().isEmpty())
+            checkText(box,
+                      box->style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                   QStyle::SC_ComboBoxEditField, box),
+                      box->currentText());
         checkOutline(box, box->rect(), box->currentText());
     } else if (const auto *edit = qobject_cast<const QLineEdit *>(widget)) {
         checkText(edit, inside, edit->text());
