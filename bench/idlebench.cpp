@@ -35,13 +35,6 @@ double wakeUpsWith(QWidget &&widget, bool shown = true)
     return wakeUps();
 }
 
-double wakeUpsAfterTest()
-{
-    TestedPage page;
-    page.runTest();
-    return wakeUps();
-}
-
 double wakeUpsOfTimer()
 {
     QTimer timer;
@@ -82,7 +75,7 @@ void benchIdle(const Report &report)
          }},
         {QStringLiteral("idle assistant page"), checked, assistantPage(true)},
         {QStringLiteral("hidden assistant page"), checked, assistantPage(false)},
-        {QStringLiteral("after a voice test"), checked, wakeUpsAfterTest},
+        {QStringLiteral("after a voice test"), checked, nullptr},
     };
     QMap<QString, QVector<double>> baselines;
     QMap<QString, QVector<double>> subjects;
@@ -91,7 +84,14 @@ void benchIdle(const Report &report)
         baselines[window] << wakeUpsWith(QWidget());
         baselines[checked] << wakeUpsOfTimer();
         for (const Case &one : cases)
-            subjects[one.name] << one.measure();
+            if (one.measure)
+                subjects[one.name] << one.measure();
+    }
+    // On one page: a cancelled test's ten seconds go on, and the next one there begins them anew.
+    TestedPage page;
+    for (int round = 0; round < roundsOf(what); ++round) {
+        page.runTest();
+        subjects[cases.last().name] << wakeUps();
     }
     for (const Case &one : cases) {
         what.name = one.name;
