@@ -136,8 +136,7 @@ void sendLines(IatWapper *client, PlainMerge *plain, const QList<QByteArray> &li
     constexpr int most = 4; // more of them do nothing new, and take their time
     Heard heard(client);
     fuzz::takeCriticals();
-    for (const QByteArray &bytes : lines.mid(0, most)) {
-        const QByteArray line = QString::fromUtf8(bytes).toUtf8(); // as texts cross the bus
+    for (const QByteArray &line : lines.mid(0, most)) {
         const char kind = line.isEmpty() ? ' ' : line.at(0);
         QByteArray text = line.mid(1);
         if (kind == 'h' || kind == 'f')
@@ -146,12 +145,13 @@ void sendLines(IatWapper *client, PlainMerge *plain, const QList<QByteArray> &li
             text = resultMessage(plain->session, plainHypothesis(text), false);
         else if (kind == 'o')
             text = resultMessage(plain->session + 'x', text, false);
-        const QVariantMap message = mapOf(text);
+        const QString sent = QString::fromUtf8(text); // a text on the bus
+        const QVariantMap message = mapOf(sent.toUtf8());
         if (kind == 'e') {
-            client->handleError(QString::fromUtf8(text));
+            client->handleError(sent);
             fuzz::expectEqual("error", heard.take(), plain->error(message));
         } else {
-            client->handleResult(QString::fromUtf8(text));
+            client->handleResult(sent);
             fuzz::expectEqual("result", heard.take(), plain->result(message));
         }
         fuzz::expectEqual("critical lines", fuzz::takeCriticals(),
