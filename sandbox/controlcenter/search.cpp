@@ -8,7 +8,7 @@
 namespace controlcenter {
 namespace {
 
-constexpr int gap = 6; // px between field and results
+constexpr int popupGap = 6; // px between field and results
 
 QStringList wordsOf(const QString &query)
 {
@@ -101,10 +101,10 @@ void Search::showResults(const QString &text)
     const QRect field(m_field->mapTo(m_field->window(), QPoint()), m_field->size());
     const QSize window = m_field->window()->size();
     m_popup->resize(m_popup->sizeHint().boundedTo(
-        {window.width() - 2 * gap, window.height() - field.bottom() - 1 - 2 * gap}));
+        {window.width() - 2 * popupGap, window.height() - field.bottom() - 1 - 2 * popupGap}));
     const bool mirrored = m_field->layoutDirection() == Qt::RightToLeft;
     m_popup->move(mirrored ? field.right() + 1 - m_popup->width() : field.left(),
-                  field.bottom() + 1 + gap);
+                  field.bottom() + 1 + popupGap);
     announce();
 }
 

@@ -17,6 +17,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QtTest>
