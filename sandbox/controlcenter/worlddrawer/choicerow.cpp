@@ -63,6 +63,7 @@ ChoiceRow::ChoiceRow(const QString &title, QWidget *parent)
     m_title->setTextFormat(Qt::PlainText);
     m_title->setWordWrap(true);
     m_box->setAccessibleName(title);
+    m_title->setBuddy(m_box); // assistive technologies know it by its label
     m_box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_sentences->setTextFormat(Qt::PlainText);
     m_sentences->setWordWrap(true);
