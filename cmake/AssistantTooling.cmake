@@ -1,5 +1,6 @@
 # Developer targets: "format" writes the layout of all C++, "check" finds what does not keep the style: its
-# parts are format-check, lint (lint-module, lint-doctor and lint-around), shellcheck, flake8 and cmake-lint.
+# parts are format-check, lint (lint-module, lint-doctor and lint-around), clazy, shellcheck, flake8 and
+# cmake-lint.
 # The tools are those of Debian 12.
 
 file(GLOB_RECURSE cpp_files CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
@@ -89,3 +90,13 @@ assistant_add_lint(lint-doctor "doctor" "doctor")
 # Names and modern forms only: the long analyses are for what runs in somebody else's process.
 assistant_add_lint(lint-around "bench|sandbox|tests" "bench|sandbox|tests"
     "-checks=-bugprone-*,-clang-analyzer-*,-performance-*")
+
+# clang-tidy's counterpart for Qt, each source of the module by itself.
+file(GLOB clazy_files CONFIGURE_DEPENDS bus/*.cpp pages/*.cpp plugin/*.cpp proxy/*.cpp voice/*.cpp)
+set(clazy_folders $<TARGET_PROPERTY:assistantcontrol,INCLUDE_DIRECTORIES>)
+set(clazy_definitions $<TARGET_PROPERTY:assistantcontrol,COMPILE_DEFINITIONS>)
+file(GENERATE OUTPUT "${lint_folder}/clazy/compile_flags.txt" CONTENT
+    "-std=c++17\n-fPIC\n-Werror\n-I$<JOIN:${clazy_folders},\n-I>\n-D$<JOIN:${clazy_definitions},\n-D>\n")
+assistant_add_tool(clazy CHECK PACKAGE clazy
+    COMMAND clazy-standalone -p "${lint_folder}/clazy" "--header-filter=${lint_header_filter}"
+            --checks=level1 ${clazy_files})

@@ -3,6 +3,8 @@
 #include <QMap>
 #include <QString>
 
+// clazy:excludeall=non-pod-global-static
+
 /**
  * What a key cap shows for a key that the keybinding daemon names by its X keysym name.
  *

@@ -84,13 +84,13 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     /** The user wants to edit this shortcut. */
-    void shortcutEditChanged(const ShortcutInfo &info);
+    void shortcutEditChanged(const ShortcutItem::ShortcutInfo &info);
 
     /** The user wants to type a new accelerator; the row now awaits it. */
-    void requestUpdateKey(const ShortcutInfo &info);
+    void requestUpdateKey(const ShortcutItem::ShortcutInfo &info);
 
     /** The user wants to remove this shortcut. */
-    void requestRemove(const ShortcutInfo &info);
+    void requestRemove(const ShortcutItem::ShortcutInfo &info);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

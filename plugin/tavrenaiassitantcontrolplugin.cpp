@@ -82,7 +82,7 @@ void TavrenAIAssitantControlPlugin::active()
     auto *list = new ThirdListWidget(nullptr); // the frame's from push() on
     m_listWidget = list;
     for (const PageEntry &page : pageTable())
-        connect(list, page.requested, this, [this, &page] { showNewPage(page); });
+        connect(list, page.requested, this, [this, entry = &page] { showNewPage(*entry); });
     push(list);
 
     showAssistantWidget();
