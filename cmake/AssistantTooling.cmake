@@ -59,8 +59,8 @@ assistant_add_tool(cmake-lint CHECK PACKAGE cmake-format
     COMMAND cmake-lint --suppress-decorations --line-width 115
             --disabled-codes C0103 C0111 C0113 C0307 -- ${cmake_files})
 
-# clang cannot read headers that another compiler has precompiled, so it gets commands without them. The
-# headers that a build generates must be there.
+# clang cannot read headers that another compiler has precompiled, so it gets commands without them. What
+# the sources include of a build is made for it.
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(lint_folder "${PROJECT_BINARY_DIR}/lint")
 file(MAKE_DIRECTORY "${lint_folder}")
@@ -68,6 +68,7 @@ add_custom_target(lint-commands
     COMMAND sed "s/ -Winvalid-pch -include [^ ]*//" "${PROJECT_BINARY_DIR}/compile_commands.json"
             > "${lint_folder}/compile_commands.json"
     VERBATIM)
+add_dependencies(lint-commands autogen)
 add_custom_target(lint)
 add_dependencies(check lint)
 

@@ -2,7 +2,6 @@
 #include "tests/support/modulepages.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/testprogram.h"
-#include "tests/support/virtualmicrophone.h"
 
 #include <QDir>
 #include <QImage>
@@ -53,7 +52,6 @@ private:
     QImage picture(const QString &name) const;
 
     QTemporaryDir m_pictures;
-    testsupport::VirtualMicrophone m_microphone; // no server to ask for sources is a warning
     ServiceProcess m_assistant{QStringLiteral("assistant")};
     ServiceProcess m_dock{QStringLiteral("dock")};
     ServiceProcess m_keybinding{QStringLiteral("keybinding")};
@@ -81,7 +79,6 @@ const QStringList pages = {QStringLiteral("desktop-ai-assistant"), QStringLitera
 
 void WindowTourTest::initTestCase()
 {
-    QVERIFY(m_microphone.start(QStringLiteral("none")));
     for (ServiceProcess *service : {&m_assistant, &m_dock, &m_keybinding, &m_network})
         QVERIFY(service->start());
 }
