@@ -59,16 +59,36 @@ assistant_add_tool(cmake-lint CHECK PACKAGE cmake-format
     COMMAND cmake-lint --suppress-decorations --line-width 115
             --disabled-codes C0103 C0111 C0113 C0307 -- ${cmake_files})
 
-# clang cannot read headers that another compiler has precompiled, so it gets commands without them. What
-# the sources include of a build is made for it.
+# clang cannot read headers that another compiler has precompiled, so it precompiles its own: it finds them
+# beside those. What the sources include of a build is made for it.
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(lint_folder "${PROJECT_BINARY_DIR}/lint")
 file(MAKE_DIRECTORY "${lint_folder}")
 add_custom_target(lint-commands
-    COMMAND sed "s/ -Winvalid-pch -include [^ ]*//" "${PROJECT_BINARY_DIR}/compile_commands.json"
+    COMMAND sed "s/ -Winvalid-pch//" "${PROJECT_BINARY_DIR}/compile_commands.json"
             > "${lint_folder}/compile_commands.json"
     VERBATIM)
 add_dependencies(lint-commands autogen)
+foreach(headers usual-headers test-headers)
+    if(NOT TARGET ${headers})
+        continue()
+    endif()
+    string(TOUPPER "${CMAKE_BUILD_TYPE}" build_type)
+    separate_arguments(flags UNIX_COMMAND
+        "${CMAKE_CXX_FLAGS} ${CMAKE_CXX_FLAGS_${build_type}} -std=c++${CMAKE_CXX_STANDARD}")
+    set(source "${PROJECT_BINARY_DIR}/CMakeFiles/${headers}.dir/cmake_pch.hxx")
+    set(directories $<TARGET_PROPERTY:${headers},INCLUDE_DIRECTORIES>)
+    set(definitions $<TARGET_PROPERTY:${headers},COMPILE_DEFINITIONS>)
+    add_custom_command(OUTPUT "${source}.pch"
+        COMMAND clang++-14 ${flags} -fPIC -fvisibility=hidden -fvisibility-inlines-hidden
+            "$<$<BOOL:${directories}>:-isystem;$<JOIN:${directories},;-isystem;>>"
+            "$<$<BOOL:${definitions}>:-D$<JOIN:${definitions},;-D>>"
+            -Wno-pragma-system-header-outside-header -x c++-header "${source}" -o "${source}.pch"
+        DEPENDS ${headers} # they are written for it
+        COMMAND_EXPAND_LISTS VERBATIM)
+    add_custom_target(lint-${headers} DEPENDS "${source}.pch")
+    add_dependencies(lint-commands lint-${headers})
+endforeach()
 add_custom_target(lint)
 add_dependencies(check lint)
 

@@ -20,7 +20,7 @@ packages_pipewire="
 packages_test="
     binutils iproute2 network-manager procps
     at-spi2-core python3-pyatspi openbox xauth xdotool xvfb
-    clang-format-16 clang-tidy clazy cmake-format flake8 shellcheck"
+    clang-14 clang-format-16 clang-tidy clazy cmake-format flake8 shellcheck"
 
 # A compiler with a fuzzer.
 packages_fuzz="

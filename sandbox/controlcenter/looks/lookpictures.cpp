@@ -19,6 +19,7 @@ namespace {
 
 constexpr QSize lookWindow(1100, 720); // the usual one, and no larger for large texts
 constexpr int longestSettling = 5000;  // ms, on a busy machine
+constexpr int unchangedForGood = 300;  // ms in which nothing got better
 constexpr int problemWidth = 3;        // px
 const QString problemsKey = QStringLiteral("Problems");
 
@@ -26,13 +27,20 @@ const QString problemsKey = QStringLiteral("Problems");
 QVector<LookProblem> problemsOf(const ControlCenterWindow &window, QImage *picture)
 {
     QElapsedTimer waited;
+    QElapsedTimer unchanged;
     waited.start();
+    unchanged.start();
     QVector<LookProblem> problems;
     do {
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QApplication::processEvents();
-        problems = layoutProblems(&window);
-    } while ((!window.isComplete() || !problems.isEmpty()) && waited.elapsed() < longestSettling);
+        const QVector<LookProblem> found = layoutProblems(&window);
+        if (!window.isComplete() || textsOf(found) != textsOf(problems))
+            unchanged.start();
+        problems = found;
+    } while (
+        (!window.isComplete() || (!problems.isEmpty() && unchanged.elapsed() < unchangedForGood)) &&
+        waited.elapsed() < longestSettling);
     *picture = const_cast<ControlCenterWindow &>(window).grab().toImage();
     return problems + contrastProblems(&window, *picture);
 }
