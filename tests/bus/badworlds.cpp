@@ -1,12 +1,10 @@
 #include "tests/bus/badworlds.h"
 
 #include "tests/support/logcapture.h"
+#include "tests/support/turnwatch.h"
 
 #include <QDBusConnectionInterface>
-#include <QElapsedTimer>
-#include <QFile>
 #include <QHash>
-#include <QTimerEvent>
 #include <QtTest>
 
 #include <algorithm>
@@ -26,50 +24,6 @@ constexpr int busyMs = 500;       // no turn of the event loop takes longer
 constexpr int hugeMs = 3000;      // with ten megabytes, which several programs read
 constexpr int answerMs =
     busLimitMs / 2; // but where it waits for services, which others may hold up
-
-/** For how long this thread could have run, and others had the processor, in ns. */
-qint64 heldUpNs()
-{
-    QFile file(QStringLiteral("/proc/thread-self/schedstat"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll().split(' ').value(1).toLongLong() : 0;
-}
-
-/** How long the event loop was without a turn, at most. */
-class TurnWatch : public QObject
-{
-public:
-    TurnWatch()
-    {
-        turn();
-        m_timer.start(5, Qt::PreciseTimer, this);
-    }
-
-    Standstill longest() const
-    {
-        const qint64 ms = m_sinceLast.elapsed();
-        return {std::max(m_longest.ms, ms),
-                std::max(m_longest.ownMs, ms - (heldUpNs() - m_heldUpNs) / 1000000)};
-    }
-
-protected:
-    void timerEvent(QTimerEvent *) override
-    {
-        m_longest = longest();
-        turn();
-    }
-
-private:
-    void turn()
-    {
-        m_sinceLast.start();
-        m_heldUpNs = heldUpNs();
-    }
-
-    QBasicTimer m_timer;
-    QElapsedTimer m_sinceLast;
-    qint64 m_heldUpNs = 0; // before the last turn
-    Standstill m_longest;
-};
 
 bool isSame(const Subject &a, const Subject &b)
 {
@@ -255,7 +209,7 @@ Stage::Outcome Stage::run(const Action &action, const std::function<void()> &bef
 
     Outcome outcome;
     const testsupport::LogCapture log;
-    const TurnWatch turns;
+    testsupport::TurnWatch turns;
     if (action.act)
         action.act(page.get());
     else

@@ -4,19 +4,13 @@
 #include "tests/support/busrecorder.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/sessionbus.h"
+#include "tests/support/turnwatch.h"
 
 #include <functional>
 #include <map>
 #include <memory>
 
 namespace badworlds {
-
-/** How long the event loop made no turn. */
-struct Standstill
-{
-    qint64 ms = 0;
-    qint64 ownMs = 0; ///< But for the time in which other programs had the processor.
-};
 
 /** The buses with their services, and the worlds that they can be. */
 class Stage
@@ -49,7 +43,7 @@ private:
         QStringList complaints; // of the log
         QStringList remarks;    // of the log at lower levels
         QStringList calls;
-        Standstill standstill;
+        testsupport::Standstill standstill;
     };
 
     QStringList usualLines(const Action &action);
