@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QMutex>
 #include <QMutexLocker>
 #include <QSet>
@@ -38,17 +39,36 @@ public:
     TimerTracker(const TimerTracker &) = delete;
     TimerTracker &operator=(const TimerTracker &) = delete;
 
+    /** The objects of class T that are still there. */
+    template <typename T>
+    QList<T *> all() const
+    {
+        const QMutexLocker locker(&mutex());
+        QList<T *> found;
+        for (QObject *object : m_objects)
+            if (auto *one = qobject_cast<T *>(object))
+                found.append(one);
+        return found;
+    }
+
     /** The timers that are still there and whose interval is @p ms now. */
     QList<QTimer *> timers(int ms) const
     {
-        const QMutexLocker locker(&mutex());
         QList<QTimer *> found;
-        for (QObject *object : m_objects) {
-            auto *timer = qobject_cast<QTimer *>(object);
-            if (timer && timer->interval() == ms)
+        for (QTimer *timer : all<QTimer>())
+            if (timer->interval() == ms)
                 found.append(timer);
-        }
         return found;
+    }
+
+    /** How many of each class are still there. */
+    QHash<QByteArray, int> classes() const
+    {
+        const QMutexLocker locker(&mutex());
+        QHash<QByteArray, int> counts;
+        for (const QObject *object : m_objects)
+            ++counts[object->metaObject()->className()];
+        return counts;
     }
 
     /** How many objects of any kind are there that were created while this one lives. */
