@@ -38,6 +38,12 @@ add_library(assistant-control-plugin MODULE)
 assistant_configure_target(assistant-control-plugin)
 target_link_libraries(assistant-control-plugin PRIVATE assistantcontrol)
 target_sources(assistant-control-plugin PRIVATE $<TARGET_OBJECTS:assistantcontrol>)
+if(CMAKE_CXX_FLAGS MATCHES "--coverage")
+    foreach(target shortcutwidgets assistantcontrol) # gcov looks for the sources where they are
+        target_compile_options(${target} PRIVATE
+            "-fprofile-prefix-map=${PROJECT_SOURCE_DIR}/=${PROJECT_SOURCE_DIR}/")
+    endforeach()
+endif()
 set_target_properties(assistant-control-plugin PROPERTIES LINKER_LANGUAGE CXX AUTOMOC OFF)
 target_link_options(assistant-control-plugin PRIVATE
     "-Wl,--version-script=${PROJECT_SOURCE_DIR}/plugin/exports.map")

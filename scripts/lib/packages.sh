@@ -26,6 +26,10 @@ packages_test="
 packages_fuzz="
     clang-14 libclang-rt-14-dev"
 
+# What counts the lines and branches that were run.
+packages_coverage="
+    gcovr"
+
 # A screen reader.
 packages_weekly="
     orca python3-speechd"

@@ -239,6 +239,10 @@ void AccessibilityTreeTest::waveCanBePressed()
     QAccessibleActionInterface *actions = accessible->actionInterface();
     QCOMPARE(actions->actionNames().constFirst(), QAccessibleActionInterface::pressAction());
     QSignalSpy stops(wave, &VoiceAnimationWidget::signalStopPaint);
+    wave->clearFocus();
+    actions->doAction(QAccessibleActionInterface::setFocusAction());
+    QVERIFY(wave->hasFocus());
+    QCOMPARE(stops.count(), 0);
     actions->doAction(QAccessibleActionInterface::pressAction());
     QCOMPARE(stops.count(), 1);
     // It is hidden now, and on its way out.

@@ -83,6 +83,9 @@ void ShortcutRowKeysTest::onlyUnmodifiedKeysAreClicks()
         QCoreApplication::sendEvent(window.row, &press);
         QCOMPARE(window.parts.visible(), visible);
         QCOMPARE(press.isAccepted(), visible == QLatin1String("line")); // else it is someone else's
+        QKeyEvent held(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifier), QString(), true);
+        QCoreApplication::sendEvent(window.row, &held);
+        QCOMPARE(window.parts.visible(), visible);
     }
 }
 

@@ -164,7 +164,7 @@ check_test() {
     mkdir "$work/programs"
     cp -r "$project_dir/scripts" "$work"
     printf '#!/bin/sh\necho installed\n' >"$work/programs/dpkg-query"
-    for program in cmake ctest; do
+    for program in cmake ctest gcovr; do
         printf '#!/bin/sh\necho "%s: ${PWD##*/}, $*" >>"%s/told"\n' "$program" "$work" \
             >"$work/programs/$program"
     done
@@ -176,7 +176,7 @@ check_test() {
         rm -f told
         # shellcheck disable=SC2086 # words
         PATH=$work/programs:$PATH $1 >said 2>&1 || status=$?
-        told=$(cat told)
+        told=$(grep -v ^gcovr told)
         expect "$1 passes" equals "$status" 0
         expect "$1 builds" contains "$told" "--build --preset $2${3:+ --target $3}"$'\n'
         expect "$1 tests" equals "${told##*$'\n'}" \
@@ -190,6 +190,8 @@ check_test() {
         "-L realtime --repeat until-fail:20"
     runs "scripts/test -R voicetestpanel" dev "" "-R voicetestpanel"
     runs "scripts/test --preset asan" asan "" ""
+    runs "scripts/test --coverage" coverage "unit-tests bus-tests gui-tests plugin-tests audio-tests" "-LE e2e -E systemplatform"
+    expect "and is strict" contains "$(tail -n 1 told)" "--fail-under-line 97 --fail-under-branch 90"
 
     fuzzes() { # fuzzes STATUS TEXT COMMAND: the status, and the last thing said
         local status=0
