@@ -103,6 +103,7 @@ private Q_SLOTS:
     void symbolsAreToldFromPictures();
     void wrappedLinesEndAtOneEdge_data();
     void wrappedLinesEndAtOneEdge();
+    void signsKeepTheirPlacesWhereALineIsBroken();
     void tibetanStandsInTheMiddle_data();
     void tibetanStandsInTheMiddle();
 };
@@ -318,10 +319,28 @@ void PlatformPaintingTest::wrappedLinesEndAtOneEdge()
     QCOMPARE(edges, QVector<int>(edges.size(), edges.constFirst()));
 }
 
+/** A hyphen after letters from left to right is right of them, in a line from right to left, too.
+ */
+void PlatformPaintingTest::signsKeepTheirPlacesWhereALineIsBroken()
+{
+    const QString words = QStringLiteral("lll-lll");
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    const std::unique_ptr<QWidget> widget = textWidget(QStringLiteral("label"), words);
+    widget->resize(widget->fontMetrics().horizontalAdvance(QStringLiteral("lll-")) + 4, 60);
+    const QImage picture = pictures::of(widget.get());
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+
+    const QRect ink = pictures::boundsOf(picture, color(QPalette::Text), 90);
+    QVERIFY(ink.height() > widget->fontMetrics().height()); // two lines
+    const QImage rightmost = picture.copy(ink.right(), 0, 1, picture.height());
+    const QRect hyphen = pictures::boundsOf(rightmost, color(QPalette::Text), 90);
+    QVERIFY2(hyphen.height() <= 3, qPrintable(QString::number(hyphen.height())));
+}
+
 void PlatformPaintingTest::tibetanStandsInTheMiddle_data()
 {
     QTest::addColumn<QString>("kind");
-    for (const char *kind : {"label", "list row", "check box", "line edit", "link"})
+    for (const char *kind : {"label", "list row", "check box", "line edit", "link", "key cap"})
         QTest::newRow(kind) << QString::fromLatin1(kind);
 }
 
@@ -334,10 +353,16 @@ void PlatformPaintingTest::tibetanStandsInTheMiddle()
     const std::unique_ptr<QWidget> widget = textWidget(kind, QStringLiteral("སྒྲིག་འགོད"));
     widget->setFont(font);
     widget->resize(300, 80);
-    const QColor text = color(kind == QLatin1String("link") ? QPalette::Link : QPalette::Text);
+    const QFont usual = QApplication::font();
+    QApplication::setFont(font); // a cap's
+    const QImage whole = kind == QLatin1String("key cap") ? keyCapPicture(widget->size())
+                                                          : pictures::of(widget.get());
+    QApplication::setFont(usual);
+    const QColor text = color(kind == QLatin1String("link")      ? QPalette::Link
+                              : kind == QLatin1String("key cap") ? QPalette::Highlight
+                                                                 : QPalette::Text);
     constexpr int box = 40; // px, left out: a check box has its mark there
-    const QImage picture = pictures::of(widget.get()).copy(box, 4, 200, 72);
-    const QRect ink = pictures::boundsOf(picture, text, 120);
+    const QRect ink = pictures::boundsOf(whole.copy(box, 4, 200, 72), text, 120);
     QVERIFY(!ink.isNull());
     const int middle = kind == QLatin1String("list row") ? rowMiddle(widget.get()) - 4 : 36;
     QVERIFY2(qAbs(ink.center().y() - middle) <= 2,

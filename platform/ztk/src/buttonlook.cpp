@@ -73,7 +73,8 @@ void drawKeyCap(QPainter *painter, const QStyleOptionButton *option, const QWidg
                                              keyCapRadius - line),
                       shading);
     painter->setPen(active(QPalette::ButtonText));
-    painter->drawText(face, Qt::AlignCenter, option->text);
+    painter->drawText(face.translated(0, ZPainting::middleShift(painter->fontMetrics())),
+                      Qt::AlignCenter, option->text);
     painter->restore();
 }
 

@@ -1,5 +1,6 @@
 #include "ztk/zpainting.h"
 
+#include <QGlyphRun>
 #include <QIcon>
 #include <QImage>
 #include <QPainter>
@@ -33,28 +34,44 @@ private:
 
 struct Line
 {
-    QString text; ///< Without the blank at which it was wrapped.
+    QString text; ///< Without the blank at which it was wrapped; see wrappedLines().
     qreal height;
 };
 
+// A line is drawn apart from the others: marks keep a sign at its edge in the direction that it has
+// in the whole text.
 QVector<Line> wrappedLines(const QPainter &painter, const QString &text, int width)
 {
+    const QChar leftToRightMark(0x200e);
+    const QChar placeToBreak(0x200b);
     QString paragraphs = text;
     paragraphs.replace(QLatin1Char('\n'), QChar::LineSeparator);
     QTextLayout layout(paragraphs, painter.font());
     QTextOption option;
     option.setTextDirection(Qt::RightToLeft);
     layout.setTextOption(option);
-    QVector<Line> lines;
     layout.beginLayout();
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine())
         line.setLineWidth(width);
+    layout.endLayout();
+
+    QVector<Line> lines;
+    for (int i = 0; i < layout.lineCount(); ++i) {
+        const QTextLine line = layout.lineAt(i);
         QString shown = paragraphs.mid(line.textStart(), line.textLength());
-        while (!shown.isEmpty() && shown.at(shown.size() - 1).isSpace())
+        while (shown.endsWith(placeToBreak) || (!shown.isEmpty() && shown.back().isSpace()))
             shown.chop(1);
+        const auto runsLeftToRight = [&line](int at) {
+            const QList<QGlyphRun> runs = line.glyphRuns(at, 1);
+            return !runs.isEmpty() && !runs.constFirst().isRightToLeft();
+        };
+        const int last = line.textStart() + shown.size() - 1;
+        if (runsLeftToRight(last))
+            shown.append(leftToRightMark);
+        if (runsLeftToRight(line.textStart()))
+            shown.prepend(leftToRightMark);
         lines.append({shown, line.height()});
     }
-    layout.endLayout();
     return lines;
 }
 
