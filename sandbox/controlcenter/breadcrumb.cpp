@@ -6,7 +6,6 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 
 using Ztk::Widget::ZFontSizeManager;
 
@@ -14,9 +13,9 @@ namespace controlcenter {
 
 Breadcrumb::Breadcrumb(QWidget *parent)
     : QWidget(parent)
-    , m_entry(new QLabel(this))
-    , m_arrow(new QLabel(this))
-    , m_page(new QLabel(this))
+    , m_entry(new LeadingLabel)
+    , m_arrow(new LeadingLabel)
+    , m_page(new LeadingLabel)
 {
     const QFont font = ZFontSizeManager::instance()->get(ZFontSizeManager::T5, this->font());
     QFont heading = font;
@@ -30,7 +29,6 @@ Breadcrumb::Breadcrumb(QWidget *parent)
     layout->setSpacing(8);
     layout->addSpacing(pageMargin); // in line with what is on the pages
     for (QLabel *label : {m_entry, m_arrow, m_page}) {
-        label->setTextFormat(Qt::PlainText);
         // Not read out: the whole has a name. Without one of its own, a label tells of each text.
         label->setAccessibleName(QStringLiteral("-"));
         layout->addWidget(label);

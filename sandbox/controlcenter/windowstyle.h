@@ -1,8 +1,7 @@
 #pragma once
 
 #include <QColor>
-
-class QPalette;
+#include <QLabel>
 
 namespace controlcenter {
 
@@ -17,5 +16,24 @@ QColor sideBarColor(const QPalette &palette);
 
 /** Texts that explain, readable in both themes. */
 QColor secondaryTextColor(const QPalette &palette);
+
+/**
+ * A plain text that begins where the layout does. QLabel follows the direction of its text, which
+ * may be another one.
+ */
+class LeadingLabel : public QLabel
+{
+public:
+    explicit LeadingLabel(const QString &text = QString(),
+                          Qt::Alignment vertical = Qt::AlignVCenter, QWidget *parent = nullptr);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void align();
+
+    Qt::Alignment m_vertical;
+};
 
 } // namespace controlcenter

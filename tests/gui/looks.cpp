@@ -4,6 +4,7 @@
 #include "sandbox/controlcenter/worlddrawer/drawerside.h"
 #include "tests/gui/shownwindow.h"
 #include "tests/support/modulepages.h"
+#include "tests/support/pictures.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/widgets.h"
 
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void everythingStandsOut();
     void listsOpenWithAllOfTheirEntries();
     void theVoiceTestKeepsItsHeight();
+    void keysAndValuesOfServicesStandOnOneLine();
 
 private:
     QString paleness(const QString &where) const;
@@ -234,6 +236,22 @@ void LooksTest::theVoiceTestKeepsItsHeight()
     QCOMPARE(height(), 120);
     endVoiceTest("1000");
     QCOMPARE(height(), 120);
+}
+
+/** Also in a font that reserves far more room below its letters than above. */
+void LooksTest::keysAndValuesOfServicesStandOnOneLine()
+{
+    QVERIFY(m_window.useLocale(QStringLiteral("bo_CN")));
+    QVERIFY(m_window.open(usualWindow));
+    m_window->openServices();
+    QTRY_VERIFY(labelWithText(m_window->currentContent(), QStringLiteral("hidden")));
+    ShownWindow::settle();
+    const auto bottom = [this](const char *text) {
+        QLabel *label = labelWithText(m_window->currentContent(), QString::fromLatin1(text));
+        const QColor color = label->palette().color(QPalette::WindowText);
+        return label->y() + pictures::boundsOf(pictures::of(label), color, 90).bottom();
+    };
+    QCOMPARE(bottom("false"), bottom("hidden"));
 }
 
 TEST_CLASS(QApplication, LooksTest)

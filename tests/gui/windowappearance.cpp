@@ -1,4 +1,5 @@
 #include "sandbox/controlcenter/appearance.h"
+#include "sandbox/controlcenter/breadcrumb.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/layoutcheck.h"
 #include "sandbox/controlcenter/servicespage/servicespage.h"
@@ -10,14 +11,19 @@
 #include "tests/gui/scriptedmodule.h"
 #include "tests/support/pictures.h"
 #include "tests/support/testprogram.h"
+#include "tests/support/widgets.h"
 
 #include <QComboBox>
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QtTest>
 
 #include <memory>
 
 using namespace controlcenter;
 using testsupport::ShownRow;
+namespace pictures = testsupport::pictures;
 
 /** What the drawer changes of the window while it runs, and what is built only when it is used. */
 class WindowAppearanceTest : public QObject
@@ -29,6 +35,7 @@ private Q_SLOTS:
     void cleanup();
     void servicesAndDrawerAreBuiltWhenTheyAreOpened();
     void thereIsRoomForAllThatTheDrawerSaysFromTheStart();
+    void whatAChoiceLeadsToComesIntoSight();
     void theRowAndTheButtonShowOneTheme();
     void anotherTextSizeTakesANewWindow();
     void anotherDirectionTakesANewWindow();
@@ -134,8 +141,32 @@ void WindowAppearanceTest::thereIsRoomForAllThatTheDrawerSaysFromTheStart()
             return problems.isEmpty();
         });
         QVERIFY2(well, qPrintable(problems.join('\n')));
+        // Rows and calls are scrolled apart, not both together.
+        const auto *both = window.world()->drawer()->findChild<QScrollArea *>(
+            QString(), Qt::FindDirectChildrenOnly);
+        QCOMPARE(both->verticalScrollBar()->maximum(), 0);
         window.world()->closeDrawer();
     }
+}
+
+void WindowAppearanceTest::whatAChoiceLeadsToComesIntoSight()
+{
+    ControlCenterWindow window(&m_module);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    window.world()->openDrawer();
+    auto *row = window.world()->drawer()->findChild<ChoiceRow *>(QStringLiteral("theme"));
+    const auto isWhole = [row] {
+        return row->visibleRegion().boundingRect() == row->rect();
+    };
+    QVERIFY(!isWhole());
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab); // from outside of what is scrolled
+    QCOMPARE(window.world()->drawer()->focusedRow(), QStringLiteral("theme"));
+    QTRY_VERIFY(isWhole());
+    const int height = row->height();
+    row->setSentences(QVector<QString>(5, QStringLiteral("A line that tells more.")).toList());
+    QTRY_VERIFY(row->height() > 2 * height);
+    QTRY_VERIFY(isWhole());
 }
 
 void WindowAppearanceTest::theRowAndTheButtonShowOneTheme()
@@ -189,6 +220,15 @@ void WindowAppearanceTest::anotherDirectionTakesANewWindow()
     });
     QCOMPARE(m_keeper->exec(), 0);
     QCOMPARE(m_keeper->window()->layoutDirection(), Qt::RightToLeft);
+    const QPair<QWidget *, QString> headings[] = {
+        {m_keeper->window()->findChild<Breadcrumb *>(), QStringLiteral("Services")},
+        {m_keeper->window()->world()->drawer(), QStringLiteral("World")}};
+    for (const auto &[where, heading] : headings) {
+        QLabel *label = testsupport::labelWithText(where, heading);
+        const QRect ink =
+            pictures::boundsOf(pictures::of(label), ShownRow::color(QPalette::WindowText), 90);
+        QVERIFY2(ink.right() >= label->width() - 4, qPrintable(heading));
+    }
     QCOMPARE(box(m_keeper->window(), "direction")->currentText(), QStringLiteral("Right to left"));
     QVERIFY(m_keeper->argumentsOfSuccessor().isEmpty());
 }

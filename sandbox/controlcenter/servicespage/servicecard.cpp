@@ -7,12 +7,9 @@
 #include <ztk/zfontsizemanager.h>
 #include <ztk/zpainting.h>
 
-#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPainter>
-#include <QStyle>
 #include <QVBoxLayout>
 
 using zcc::widgets::SettingsGroup;
@@ -78,16 +75,6 @@ private:
 
 namespace {
 
-QLabel *plainLabel(const QString &text = QString())
-{
-    auto *label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    // Left to itself, it follows the direction of its text.
-    label->setAlignment(QStyle::visualAlignment(QApplication::layoutDirection(), Qt::AlignLeading) |
-                        Qt::AlignAbsolute | Qt::AlignVCenter);
-    return label;
-}
-
 // Qt would tell of a name that is set once more as of a change.
 void setName(QWidget *widget, const QString &name)
 {
@@ -101,12 +88,12 @@ ServiceCard::ServiceCard(const QString &title, ServiceWatch *watch, QWidget *par
     : QWidget(parent)
     , m_watch(watch)
     , m_icon(new StateIcon)
-    , m_state(plainLabel())
-    , m_busName(plainLabel(watch->busName()))
+    , m_state(new LeadingLabel)
+    , m_busName(new LeadingLabel(watch->busName()))
     , m_group(new SettingsGroup)
 {
     setAccessibleName(title);
-    QLabel *heading = plainLabel(title);
+    auto *heading = new LeadingLabel(title);
     QFont bold = heading->font();
     bold.setWeight(QFont::DemiBold);
     heading->setFont(bold);
@@ -188,8 +175,10 @@ void ServiceCard::addRow()
 {
     auto *item = new SettingsItem;
     item->addBackground();
-    const Row row{item, plainLabel(), plainLabel()};
-    row.value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    const Row row{item, new LeadingLabel, new LeadingLabel};
+    // Both: the style puts texts that cannot be selected into the middle, and leaves the others.
+    for (QLabel *label : {row.key, row.value})
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto *layout = new QHBoxLayout(item);
     layout->addWidget(row.key);
     layout->addStretch();

@@ -5,6 +5,7 @@
 #include "sandbox/controlcenter/servicespage/servicewatches.h"
 #include "sandbox/controlcenter/windowstyle.h"
 #include "sandbox/controlcenter/worlddrawer/callmodel.h"
+#include "sandbox/controlcenter/worlddrawer/choicerow.h"
 #include "sandbox/services/control/servicecontrol.h"
 
 #include <zcc/widgets/settingsitem.h>
@@ -12,7 +13,6 @@
 #include <ztk/zlistview.h>
 
 #include <QClipboard>
-#include <QComboBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -37,16 +37,9 @@ CallList::CallList(ServiceWatches *watches, QWidget *parent)
     , m_watches(watches)
     , m_calls(new CallModel(this))
     , m_shown(new QSortFilterProxyModel(this))
-    , m_filter(new QComboBox)
 {
     m_shown->setSourceModel(m_calls);
     m_shown->setFilterRole(CallModel::ServiceRole);
-    m_filter->setAccessibleName(tr("Calls to"));
-    m_filter->addItem(tr("All services"));
-    for (const ServiceWatch *watch : m_watches->all())
-        m_filter->addItem(ServicesPage::titleOf(watch->name()), watch->name());
-    connect(m_filter, QOverload<int>::of(&QComboBox::currentIndexChanged), m_shown,
-            [this] { m_shown->setFilterFixedString(m_filter->currentData().toString()); });
 
     auto *card = new SettingsItem;
     card->addBackground();
@@ -60,7 +53,7 @@ CallList::CallList(ServiceWatches *watches, QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(buildHead());
-    layout->addWidget(m_filter);
+    layout->addWidget(buildFilter());
     layout->addWidget(card, 1);
     const auto showCalls = [this, list, none] {
         list->setVisible(m_shown->rowCount() > 0);
@@ -99,7 +92,7 @@ void CallList::hideEvent(QHideEvent *event)
 QWidget *CallList::buildHead()
 {
     auto *head = new QWidget;
-    auto *heading = new QLabel(tr("Calls"));
+    auto *heading = new LeadingLabel(tr("Calls"));
     QFont bold = heading->font();
     bold.setWeight(QFont::DemiBold);
     heading->setFont(bold);
@@ -115,6 +108,20 @@ QWidget *CallList::buildHead()
     layout->addWidget(copy);
     layout->addWidget(clear);
     return head;
+}
+
+QWidget *CallList::buildFilter()
+{
+    auto *filter = new ChoiceRow(tr("Calls to"));
+    filter->addChoice(tr("All services"));
+    QStringList names{QString()};
+    for (const ServiceWatch *watch : m_watches->all()) {
+        filter->addChoice(ServicesPage::titleOf(watch->name()));
+        names.append(watch->name());
+    }
+    connect(filter, &ChoiceRow::chosen, m_shown,
+            [this, names](int index) { m_shown->setFilterFixedString(names.at(index)); });
+    return filter;
 }
 
 QWidget *CallList::buildList()

@@ -5,7 +5,6 @@
 
 #include <memory>
 
-class QComboBox;
 class QSortFilterProxyModel;
 
 namespace controlcenter {
@@ -29,19 +28,22 @@ public:
     /** The calls that are shown, a line for each. */
     QString text() const;
 
+    /** Its list takes what height there is, though a title above may wrap. */
+    bool hasHeightForWidth() const override { return false; }
+
 protected:
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 
 private:
     QWidget *buildHead();
+    QWidget *buildFilter();
     QWidget *buildList();
     void follow(const ServiceWatch *watch);
 
     QPointer<ServiceWatches> m_watches;
     CallModel *m_calls;
     QSortFilterProxyModel *m_shown;
-    QComboBox *m_filter;
     std::unique_ptr<QObject> m_listener; ///< while it is seen
 };
 

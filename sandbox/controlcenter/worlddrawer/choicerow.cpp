@@ -8,7 +8,6 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
@@ -54,18 +53,16 @@ protected:
 
 ChoiceRow::ChoiceRow(const QString &title, QWidget *parent)
     : SettingsItem(parent)
-    , m_title(new QLabel(title))
+    , m_title(new LeadingLabel(title))
     , m_box(new Box)
-    , m_sentences(new QLabel)
+    , m_sentences(new LeadingLabel(QString(), Qt::AlignTop))
     , m_below(new QWidget)
 {
     addBackground();
-    m_title->setTextFormat(Qt::PlainText);
     m_title->setWordWrap(true);
     m_box->setAccessibleName(title);
     m_title->setBuddy(m_box); // assistive technologies know it by its label
     m_box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    m_sentences->setTextFormat(Qt::PlainText);
     m_sentences->setWordWrap(true);
     m_sentences->setFont(ZFontSizeManager::instance()->get(ZFontSizeManager::T7, font()));
 
@@ -84,7 +81,6 @@ ChoiceRow::ChoiceRow(const QString &title, QWidget *parent)
     layout->addWidget(m_below);
     connect(m_box, QOverload<int>::of(&QComboBox::activated), this, &ChoiceRow::chosen);
     updateColors();
-    alignTexts();
 }
 
 void ChoiceRow::addChoice(const QString &text)
@@ -150,8 +146,6 @@ void ChoiceRow::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::PaletteChange)
         updateColors();
-    else if (event->type() == QEvent::LayoutDirectionChange)
-        alignTexts();
     SettingsItem::changeEvent(event);
 }
 
@@ -165,15 +159,6 @@ void ChoiceRow::updateColors()
     outlined.setColor(QPalette::Disabled, QPalette::Mid,
                       outlined.color(QPalette::Active, QPalette::Mid));
     m_box->setPalette(outlined);
-}
-
-// Left to itself, a label follows the direction of its text.
-void ChoiceRow::alignTexts()
-{
-    const Qt::Alignment leading =
-        QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute;
-    m_title->setAlignment(leading | Qt::AlignVCenter);
-    m_sentences->setAlignment(leading | Qt::AlignTop);
 }
 
 } // namespace controlcenter

@@ -49,7 +49,6 @@ private:
     class Box;
 
     void updateColors();
-    void alignTexts();
 
     QBoxLayout *m_head;
     QLabel *m_title;

@@ -16,9 +16,9 @@
 #include <ztk/zfontsizemanager.h>
 #include <ztk/ziconbutton.h>
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPainter>
 #include <QScrollArea>
 #include <QStyle>
@@ -42,11 +42,10 @@ constexpr int rowSpacing = 1; // px: the rows stand as one block
 
 QLabel *boldLabel(const QString &text)
 {
-    auto *label = new QLabel(text);
+    auto *label = new LeadingLabel(text);
     QFont bold = label->font();
     bold.setWeight(QFont::DemiBold);
     label->setFont(bold);
-    label->setTextFormat(Qt::PlainText);
     return label;
 }
 
@@ -64,10 +63,37 @@ SettingsGroup *addGroup(QVBoxLayout *body, const QString &title)
     return group;
 }
 
+// The row with the focus stays in sight as a whole, with what its choice leads to, whatever heights
+// it and others get. Qt itself does nothing when the focus comes from outside of the area.
+class RowsArea : public QScrollArea
+{
+public:
+    RowsArea() { connect(qApp, &QApplication::focusChanged, this, &RowsArea::showFocused); }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const bool done = QScrollArea::eventFilter(watched, event);
+        if (watched == widget() && event->type() == QEvent::Resize)
+            showFocused();
+        return done;
+    }
+
+private:
+    void showFocused()
+    {
+        QWidget *focus = window()->focusWidget();
+        if (!focus || !widget()->isAncestorOf(focus))
+            return;
+        auto *row = qobject_cast<ChoiceRow *>(focus->parentWidget());
+        ensureWidgetVisible(row ? row : focus, 0, 0);
+    }
+};
+
 // Scrolls @p content, without a frame and a ground of its own.
 QScrollArea *scrolled(QWidget *content)
 {
-    auto *area = new QScrollArea;
+    auto *area = new RowsArea;
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus); // Tab goes from control to control
@@ -107,7 +133,7 @@ WorldDrawer::WorldDrawer(ServiceWatches *watches, ThemeChoice *theme, QWidget *p
 QSize WorldDrawer::sizeHint() const
 {
     int needed = m_calls->minimumSizeHint().width();
-    for (const ChoiceRow *row : m_body->findChildren<ChoiceRow *>())
+    for (const ChoiceRow *row : findChildren<ChoiceRow *>())
         needed = qMax(needed, row->besideWidth());
     needed += 2 * margin + 2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     return {qMax(ZFontSizeManager::instance()->scaled(usualWidth), needed + 1), 0};
@@ -178,7 +204,7 @@ QWidget *WorldDrawer::buildHead()
     auto *close = new ZIconButton;
     close->setIcon(QIcon::fromTheme(QStringLiteral("zcc_clear")));
     close->setAccessibleName(tr("Close"));
-    close->setToolTip(tr("Close"));
+    close->setToolTip(tr("Close") + QStringLiteral(" (F12)"));
     connect(close, &ZIconButton::clicked, this, &WorldDrawer::closeRequested);
     auto *layout = new QHBoxLayout(head);
     layout->setContentsMargins(margin, 0, margin, 0);
@@ -190,15 +216,15 @@ QWidget *WorldDrawer::buildHead()
 
 QWidget *WorldDrawer::buildRows()
 {
-    m_body = new QWidget;
-    auto *layout = new QVBoxLayout(m_body);
+    auto *body = new QWidget;
+    auto *layout = new QVBoxLayout(body);
     layout->setContentsMargins(margin, 0, margin, margin);
     layout->setSpacing(groupSpacing);
     addServices(layout);
     addSurroundings(layout);
     addAppearance(layout);
     layout->addStretch();
-    QScrollArea *rows = scrolled(m_body);
+    QScrollArea *rows = scrolled(body);
     rows->setMinimumHeight(ZFontSizeManager::instance()->scaled(leastRows));
     return rows;
 }

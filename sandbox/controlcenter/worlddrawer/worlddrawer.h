@@ -64,8 +64,7 @@ private:
     QPointer<ServiceWatches> m_watches;
     ThemeChoice *m_theme;
     CallList *m_calls;
-    QWidget *m_body = nullptr; ///< with the rows
-    QBoxLayout *m_parts;       ///< rows and calls
+    QBoxLayout *m_parts; ///< rows and calls
     bool m_following = false;
 };
 
