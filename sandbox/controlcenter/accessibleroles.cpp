@@ -9,6 +9,7 @@
 
 #include <QAccessibleWidget>
 #include <QMenu>
+#include <QScrollArea>
 
 namespace controlcenter {
 namespace {
@@ -75,6 +76,9 @@ QAccessibleInterface *create(const QString &, QObject *object)
         return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Grouping);
     if (auto *button = qobject_cast<ThemeButton *>(object))
         return new ThemeButtonAccessible(button);
+    // Qt's own crashes when it is asked for a scroll bar that has gone meanwhile.
+    if (auto *area = qobject_cast<QScrollArea *>(object))
+        return new QAccessibleWidget(area, QAccessible::Client);
     return nullptr;
 }
 

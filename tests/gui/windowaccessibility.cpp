@@ -1,5 +1,7 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
+#include "sandbox/controlcenter/searchfield.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
+#include "sandbox/controlcenter/worlddrawer/drawerside.h"
 #include "tests/gui/scriptedmodule.h"
 #include "tests/support/pictures.h"
 #include "tests/support/serviceprocess.h"
@@ -7,6 +9,7 @@
 
 #include <QAccessible>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QtTest>
 #include <private/qguiapplication_p.h>
 #include <qpa/qplatformaccessibility.h>
@@ -50,8 +53,11 @@ private Q_SLOTS:
     void whateverHasANameHasARole();
     void noNameIsSaidTwice_data() { places(); }
     void noNameIsSaidTwice();
+    void whoAsksForAPartThatHasGoneGetsNone_data() { places(); }
+    void whoAsksForAPartThatHasGoneGetsNone();
     void aServiceIsAGroupOfItsValues();
     void aShortcutsButtonsSayWhoseTheyAre();
+    void theDrawersListsHaveLabels();
     void nothingIsToldOfWhatIsHidden();
 
 private:
@@ -90,18 +96,26 @@ void WindowAccessibilityTest::cleanup()
 void WindowAccessibilityTest::places()
 {
     QTest::addColumn<QString>("place");
-    for (const char *place : {"module", "shortcuts", "edited shortcuts", "services", "search"})
+    for (const char *place :
+         {"module", "shortcuts", "edited shortcuts", "services", "world", "search"})
         QTest::newRow(place) << QString::fromLatin1(place);
 }
 
 bool WindowAccessibilityTest::open(const QString &place)
 {
-    if (place == QLatin1String("module"))
+    if (place == QLatin1String("module") || place == QLatin1String("world"))
         m_window->openModule();
     else if (place == QLatin1String("services"))
         m_window->openServices();
     else
         m_window->openShortcuts();
+    if (place == QLatin1String("world"))
+        m_window->world()->openDrawer();
+    if (place == QLatin1String("search")) {
+        m_window->searchField()->setFocus();
+        m_window->searchField()->setText(QStringLiteral("e"));
+        return part(QAccessible::List, QStringLiteral("Search results"));
+    }
     if (place == QLatin1String("services"))
         return QTest::qWaitFor(
             [this] { return part(QAccessible::StaticText, QStringLiteral("hidden: false")); });
@@ -170,6 +184,18 @@ void WindowAccessibilityTest::noNameIsSaidTwice()
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
 }
 
+/** Between the questions how many there are and which, a scroll bar may go. */
+void WindowAccessibilityTest::whoAsksForAPartThatHasGoneGetsNone()
+{
+    QFETCH(QString, place);
+    QVERIFY(open(place));
+    for (QScrollArea *area : m_window->findChildren<QScrollArea *>()) {
+        const QAccessibleInterface *asked = QAccessible::queryAccessibleInterface(area);
+        QVERIFY(asked->childCount() > 0);
+        QVERIFY(!asked->child(asked->childCount()));
+    }
+}
+
 void WindowAccessibilityTest::aServiceIsAGroupOfItsValues()
 {
     QVERIFY(open(QStringLiteral("services")));
@@ -186,6 +212,23 @@ void WindowAccessibilityTest::aShortcutsButtonsSayWhoseTheyAre()
     QVERIFY(open(QStringLiteral("edited shortcuts")));
     QVERIFY(part(QAccessible::Button, QStringLiteral("Edit the shortcut for “Translation”")));
     QVERIFY(part(QAccessible::Button, QStringLiteral("Remove the shortcut for “Translation”")));
+}
+
+/** Of a list without one, Qt's bridge on Linux tells the value in place of the name. */
+void WindowAccessibilityTest::theDrawersListsHaveLabels()
+{
+    QVERIFY(open(QStringLiteral("world")));
+    QStringList names;
+    for (const QAccessibleInterface *each : parts()) {
+        if (each->role() != QAccessible::ComboBox)
+            continue;
+        const auto labels = each->relations(QAccessible::Label);
+        QVERIFY2(labels.size() == 1, qPrintable(each->text(QAccessible::Name)));
+        names.append(labels.constFirst().first->text(QAccessible::Name));
+    }
+    QVERIFY(names.contains(QStringLiteral("Dock icon")));
+    QVERIFY(names.contains(QStringLiteral("Theme")));
+    QVERIFY(names.contains(QStringLiteral("Calls to")));
 }
 
 void WindowAccessibilityTest::nothingIsToldOfWhatIsHidden()
