@@ -267,8 +267,9 @@ void WindowSizesTest::clicksGoOnAndBack()
     click(list(), 3);
     QTRY_VERIFY(shown().startsWith(QLatin1String("page")));
     QCOMPARE(m_window->currentTitle(), QStringLiteral("Translation"));
-    back()->click();
-    QVERIFY(shown().startsWith(QLatin1String("list")));
+    back()->setFocus(); // which stays there beside the list
+    QTest::keyClick(back(), Qt::Key_Space);
+    QCOMPARE(shown(), QStringLiteral("list - list"));
     back()->click();
     QCOMPARE(shown(), QStringLiteral("entries - entries"));
     QTest::mouseClick(entries()->viewport(), Qt::LeftButton, Qt::NoModifier,
