@@ -1,5 +1,6 @@
 """The whole module through the accessibility bus alone: no key is pressed, no mouse is moved."""
 
+import contextlib
 import os
 import unittest
 
@@ -16,6 +17,12 @@ from window import (
     name_of,
     press,
 )
+
+
+# The lists of the drawer, in reading order: services, surroundings, appearance, calls.
+WORLD = ["Assistant", "Dock icon", "Shortcuts", "AI service", "Sound", "Network"]
+WORLD += ["Microphone", "Connection", "Icon in the dock"]
+WORLD += ["Theme", "Language", "Text size", "Direction", "Calls to"]
 
 
 class AccessibilityTest(WindowTest):
@@ -47,6 +54,37 @@ class AccessibilityTest(WindowTest):
         press(button, "ShowMenu")
         press(self.tree.control(pyatspi.ROLE_MENU_ITEM, name, button), "Press")
 
+    def choose(self, label, text, within=None):
+        """Opens the list that is called LABEL and chooses TEXT."""
+        box = self.tree.control(pyatspi.ROLE_COMBO_BOX, label, within)
+        press(box, "ShowMenu")
+        press(self.tree.control(pyatspi.ROLE_LIST_ITEM, text, box), "Toggle")
+        self.tree.wait_for(lambda: box.clear_cache() or box.name == text, text)
+        return box
+
+    def open_entry(self, name):
+        """Chooses NAME in the window's own list."""
+        entries = self.tree.control(pyatspi.ROLE_LIST, "Settings")
+        press(self.tree.control(pyatspi.ROLE_LIST_ITEM, name, entries), "Toggle")
+
+    def open_world(self):
+        """Opens the drawer from the page of services."""
+        self.open_entry("Services")
+        press(self.tree.control(pyatspi.ROLE_PUSH_BUTTON, "World"), "Press")
+        self.addCleanup(self.open_entry, "Assistive Tools")
+        self.addCleanup(
+            lambda: press(self.tree.control(pyatspi.ROLE_PUSH_BUTTON, "Close"), "Press")
+        )
+        return self.tree.control(pyatspi.ROLE_PANEL, "World")
+
+    def open_ends(self):
+        """The sockets and pipes of the window's process; each has a number of its own."""
+        links = set()
+        for name in os.listdir(f"/proc/{self.window.pid}/fd"):
+            with contextlib.suppress(FileNotFoundError):  # closed meanwhile
+                links.add(os.readlink(f"/proc/{self.window.pid}/fd/{name}"))
+        return {link for link in links if link.startswith(("socket:", "pipe:"))}
+
     def is_dark(self):
         """Whether the window's background is: below the page, near the lower edge."""
         window = next(part for part in self.tree.parts() if part.getRole() == pyatspi.ROLE_FRAME)
@@ -75,10 +113,9 @@ class AccessibilityTest(WindowTest):
         for page in (*CONTROLS, *reversed(CONTROLS)):
             with self.subTest(page):
                 self.open(page)
-        entries = self.tree.control(pyatspi.ROLE_LIST, "Settings")
-        press(self.tree.control(pyatspi.ROLE_LIST_ITEM, "Shortcuts", entries), "Toggle")
+        self.open_entry("Shortcuts")
         self.tree.control(pyatspi.ROLE_LABEL, "Shortcuts")
-        press(self.tree.control(pyatspi.ROLE_LIST_ITEM, "Assistive Tools", entries), "Toggle")
+        self.open_entry("Assistive Tools")
         self.tree.control(pyatspi.ROLE_LABEL, "Assistive Tools, Desktop AI Assistant")
 
     def test_every_control_has_a_name_and_a_role(self):
@@ -154,12 +191,63 @@ class AccessibilityTest(WindowTest):
             self.open(page)
             for text, value in (*entries[1:], entries[0]):  # the first one is chosen already
                 with self.subTest(page=page, entry=text):
-                    box = self.tree.control(pyatspi.ROLE_COMBO_BOX, label)
-                    press(box, "ShowMenu")
-                    press(self.tree.control(pyatspi.ROLE_LIST_ITEM, text, box), "Toggle")
+                    self.choose(label, text)
                     self.wait_for_value("assistant", key, value)
-                    box.clear_cache()
-                    self.assertEqual(box.name, text)
+
+    def test_world_is_steered_in_the_drawer(self):
+        """Lists are known by their rows' labels; what is chosen comes about, and calls are read."""
+        self.open("Desktop AI Assistant")  # which asks the dock
+        drawer = self.open_world()
+        self.tree.wait_for(
+            lambda: WORLD
+            == [
+                name_of(part)
+                for part in self.tree.parts(drawer)
+                if part.getRole() == pyatspi.ROLE_COMBO_BOX
+            ],
+            f"lists {WORLD}",
+        )
+        for text, value in (("Hidden", "true"), ("Shown", "false")):
+            self.choose("Icon in the dock", text, drawer)
+            self.wait_for_value("dock", "hidden", value)
+        card = self.tree.control(pyatspi.ROLE_PANEL, "Dock icon")
+        for fault, state in (("Stopped", "Not running"), ("Running", "Running")):
+            box = self.choose("Dock icon", fault, drawer)
+            self.tree.wait_for(
+                lambda state=state: card.clear_cache() or card.description == state, state
+            )
+            self.assertEqual("Show in the Dock" in box.description, fault != "Running")
+
+        self.choose("Calls to", "Dock icon", drawer)
+        calls = self.tree.control(pyatspi.ROLE_LIST, "Calls", drawer)
+        rows = [part.name for part in self.tree.parts(calls)][1:]
+        self.assertTrue(rows)
+        self.assertEqual([row for row in rows if ", Dock icon, " not in row], [])
+        self.choose("Calls to", "All services", drawer)
+
+    def test_another_language_begins_the_window_again(self):
+        """In the same process and place, with the drawer open; nothing of the old one is left."""
+        drawer = self.open_world()
+        for label, language, locale, title, drawer_name, focus in (
+            ("Language", "简体中文", "zh_CN", "服务 – 控制中心", "运行环境", "语言"),
+            ("语言", "English (US)", "en_US", "Services – Control Center", "World", "Language"),
+        ):
+            before = self.open_ends()
+            self.tree.focus = None
+            box = self.tree.control(pyatspi.ROLE_COMBO_BOX, label, drawer)
+            press(box, "ShowMenu")
+            press(self.tree.control(pyatspi.ROLE_LIST_ITEM, language, box), "Toggle")
+            self.tree.wait_for(
+                lambda title=title: self.tree.attach()
+                and self.tree.find(pyatspi.ROLE_FRAME, title),
+                title,
+            )
+            drawer = self.tree.control(pyatspi.ROLE_PANEL, drawer_name)
+            self.tree.wait_for(lambda focus=focus: self.tree.focus == focus, f"focus on {focus}")
+            self.assertIsNone(self.window.poll())
+            with open(f"/proc/{self.window.pid}/cmdline", encoding="utf-8") as file:
+                self.assertIn(f"--locale={locale}", file.read().split("\0"))
+            self.assertEqual(before & self.open_ends(), set())
 
     def test_voice_test_announces_words_and_verdict(self):
         """From the link to the verdict; the focus goes along and never leaves the panel."""

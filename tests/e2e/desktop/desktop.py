@@ -264,7 +264,7 @@ class Desktop:
         os.environ["QT_QPA_PLATFORM"] = "xcb"
 
     def _start_microphone(self, kind):
-        folder = f"{self._folder.name}/microphone"
+        folder = os.environ["SANDBOX_MICROPHONE"] = f"{self._folder.name}/microphone"
         self._processes.start(
             "microphone", [os.environ["MICROPHONE_SCRIPT"], kind, folder], ready="ready"
         )

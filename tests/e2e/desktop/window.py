@@ -106,9 +106,9 @@ class Tree:
         for event in EVENTS:
             pyatspi.Registry.registerEventListener(self._keep, event)
         GLib.timeout_add(50, lambda: True)  # how often a condition is looked at without any event
+        self._program = program
         self._application = None
-        self.wait_for(lambda: self._found(program), f"the program {program}")
-        self.wait_for(lambda: self._application.childCount > 0, "a window")
+        self.wait_for(lambda: self.attach() and self._application.childCount > 0, "a window")
 
     def wait_for(self, condition, what, limit=LIMIT):
         """Waits, taking in events, until CONDITION() is true, and returns its value."""
@@ -126,6 +126,17 @@ class Tree:
                     f"the focus came to {self.focus!r}\n{self.picture()}"
                 )
             GLib.MainContext.default().iteration(True)
+
+    def attach(self):
+        """Looks for the program, which may have begun again; whether it is there."""
+        desktop = pyatspi.Registry.getDesktop(0)
+        desktop.clear_cache()
+        for index in range(desktop.childCount):
+            application = desktop.getChildAtIndex(index)
+            if application is not None and application.name == self._program:
+                self._application = application
+                return True
+        return False
 
     def parts(self, within=None):
         """Everything that is showing, in the order of the tree."""
@@ -181,16 +192,6 @@ class Tree:
         except (GLib.Error, LookupError, AttributeError):
             lines.append("(changing)")
         return "\n".join(lines)
-
-    def _found(self, program):
-        desktop = pyatspi.Registry.getDesktop(0)
-        desktop.clear_cache()
-        for index in range(desktop.childCount):
-            application = desktop.getChildAtIndex(index)
-            if application is not None and application.name == program:
-                self._application = application
-                return True
-        return False
 
     def _keep(self, event):
         try:
