@@ -116,9 +116,8 @@ void applyAppearance(const Options &options)
     installTranslator();
     setDirection(options.direction);
     setTextPercent(options.textPercent);
-    const bool dark = ThemeChoice::named(options.theme) == ThemeChoice::Dark;
-    ZGuiApplicationHelper::instance()->setThemeType(dark ? ZGuiApplicationHelper::DarkType
-                                                         : ZGuiApplicationHelper::LightType);
+    ZGuiApplicationHelper::instance()->setThemeType(
+        ThemeChoice::typeOf(ThemeChoice::named(options.theme)));
 }
 
 Appearance currentAppearance()

@@ -25,13 +25,19 @@ namespace {
 constexpr qreal leastText = 4.5;
 constexpr qreal leastLargeText = 3;
 constexpr qreal leastOutline = 3;
-constexpr int largeText = 24;     // px
-constexpr int largeBoldText = 19; // px
-constexpr int frameWidth = 4;     // px, in which a control's frame or its fill begins
-constexpr int switchMargin = 4;   // px, around a switch's track
+constexpr qreal leastHighContrast = 7; // of anything, in the theme that is called so
+constexpr int largeText = 24;          // px
+constexpr int largeBoldText = 19;      // px
+constexpr int frameWidth = 4;          // px, in which a control's frame or its fill begins
+constexpr int switchMargin = 4;        // px, around a switch's track
 
 // What the module's tips are drawn in, by the desktop's rules.
 const QRgb tipColors[] = {0xff8aa1b4, 0xffc0c6d4};
+
+qreal least(qreal usual)
+{
+    return ZPainting::isHighContrast() ? leastHighContrast : usual;
+}
 
 // What a rectangle of the picture shows.
 struct Colors
@@ -148,7 +154,7 @@ void ContrastCheck::checkText(const QWidget *of, const QRect &rect, const QStrin
     const int size = QFontInfo(of->font()).pixelSize();
     const bool large = size >= largeText || (size >= largeBoldText && of->font().bold());
     const qreal contrast = ZPainting::contrast(colors.ground, colors.ink);
-    if (contrast < (large ? leastLargeText : leastText))
+    if (contrast < least(large ? leastLargeText : leastText))
         problems.append(
             {place,
              QStringLiteral("\"%1\" has a contrast of %2 : 1").arg(text).arg(contrast, 0, 'f', 2)});
@@ -174,7 +180,7 @@ void ContrastCheck::checkOutline(const QWidget *of, const QRect &rect, const QSt
                 qMax(best,
                      ZPainting::contrast(ground, m_picture.pixelColor(edge + i * inwards, middle)));
     }
-    if (best < leastOutline)
+    if (best < least(leastOutline))
         problems.append({place, QStringLiteral("the outline of \"%1\" has a contrast of %2 : 1")
                                     .arg(text)
                                     .arg(best, 0, 'f', 2)});

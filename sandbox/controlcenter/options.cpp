@@ -1,5 +1,7 @@
 #include "sandbox/controlcenter/options.h"
 
+#include "sandbox/controlcenter/themechoice.h"
+
 #include <QCommandLineParser>
 
 namespace controlcenter {
@@ -39,8 +41,9 @@ struct CommandLine
         QStringLiteral("name")};
     QCommandLineOption theme{
         QStringLiteral("theme"),
-        QStringLiteral("\"light\", \"dark\", or \"system\" for the desktop's; without it the one "
-                       "that was chosen last in the window."),
+        QStringLiteral(
+            "\"light\", \"dark\", \"contrast\", or \"system\" for the desktop's; without "
+            "it the one that was chosen last in the window."),
         QStringLiteral("name")};
     QCommandLineOption tour{QStringLiteral("tour"),
                             QStringLiteral("Go through every page, check it, and write pictures."),
@@ -135,8 +138,7 @@ Options parseOptions(const QStringList &arguments)
         options.geometry = {sides.at(0).toInt(), sides.at(1).toInt(), sides.at(2).toInt(),
                             sides.at(3).toInt()};
 
-    const QStringList themes = {QStringLiteral("light"), QStringLiteral("dark"),
-                                QStringLiteral("system")};
+    const QStringList &themes = ThemeChoice::names();
     options.theme = parser.value(line.theme);
     if (options.theme.isEmpty() && !options.tour.isEmpty())
         options.theme = themes.constFirst(); // whatever whoever takes the pictures has chosen

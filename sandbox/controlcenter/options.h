@@ -21,7 +21,7 @@ struct Options
     QStringList places;   ///< of the window, for looks; or the one to open first
     double fontSize = 0;  ///< points; 0: the desktop's
     double scale = 1;     ///< picture pixels per window pixel
-    QString theme;        ///< "light", "dark" or "system"; empty: the one chosen last
+    QString theme;        ///< one of ThemeChoice::names(); empty: the one chosen last
     int textPercent = 100;
     Direction direction = Direction::OfLanguage;
     QString world;  ///< the row of the drawer that has the focus; empty: the drawer is closed

@@ -31,8 +31,8 @@ ThemeButton::ThemeButton(QWidget *parent)
 {
     installAccessibleRoles(); // before it has a name: Qt tells of it, and keeps whom it has asked
     setMenu(new QMenu(this));
-    for (const auto choice : {ThemeChoice::Light, ThemeChoice::Dark, ThemeChoice::System})
-        addChoice(choice);
+    for (int choice = 0; choice < ThemeChoice::names().size(); ++choice)
+        addChoice(ThemeChoice::Choice(choice));
     setIcon(QIcon::fromTheme(QStringLiteral("zcc_theme")));
     setAccessibleName(tr("Theme"));
     setAttribute(Qt::WA_Hover);

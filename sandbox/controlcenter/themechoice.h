@@ -9,7 +9,7 @@
 namespace controlcenter {
 
 /**
- * Which theme the window has: one of the two, or the one that the desktop prefers at the time.
+ * Which theme the window has: one of the three, or the one that the desktop prefers at the time.
  *
  * The desktop says so in the way that all have in common, the settings of its portal
  * (org.freedesktop.portal.Settings). Where there is none, or no preference, the theme is light.
@@ -19,7 +19,7 @@ class ThemeChoice : public QObject
     Q_OBJECT
 
 public:
-    enum Choice { Light, Dark, System };
+    enum Choice { Light, Dark, Contrast, System };
 
     /** The choice is the theme that the application has. */
     explicit ThemeChoice(QObject *parent = nullptr);
@@ -27,11 +27,15 @@ public:
     /** What people call it. */
     static QString textOf(Choice choice);
 
-    /** Its name on a command line: "light", "dark" or "system". */
-    static QString nameOf(Choice choice);
+    /** Their names on a command line, in the order of Choice: "light", "dark", "contrast",
+     * "system". */
+    static const QStringList &names();
 
     /** The one with that name; without a name the one that was chosen last, at first Light. */
     static Choice named(const QString &name);
+
+    /** The application's theme for a choice; light for System, until the desktop has answered. */
+    static Ztk::Gui::ZGuiApplicationHelper::ColorType typeOf(Choice choice);
 
     Choice choice() const;
 
@@ -50,13 +54,14 @@ private Q_SLOTS:
 
 private:
     void askDesktop();
-    void takePreference(const QVariant &preference);
+    void takePreference(const QString &key, const QVariant &preference);
     Ztk::Gui::ZGuiApplicationHelper::ColorType type() const;
 
     QDBusConnection m_desktop;
     Choice m_choice;
     bool m_asked = false;
     bool m_desktopIsDark = false;
+    bool m_desktopHasContrast = false;
 };
 
 } // namespace controlcenter

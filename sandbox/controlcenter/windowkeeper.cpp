@@ -74,7 +74,7 @@ void WindowKeeper::openFirst()
 
 void WindowKeeper::change(const Appearance &wanted)
 {
-    m_options.theme = ThemeChoice::nameOf(m_window->theme()->choice());
+    m_options.theme = ThemeChoice::names().at(m_window->theme()->choice());
     m_options.places = QStringList(m_window->currentPlace());
     m_options.geometry = m_window->geometry();
     m_options.world = m_window->world()->drawer()->focusedRow();

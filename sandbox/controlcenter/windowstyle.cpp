@@ -12,8 +12,7 @@ namespace controlcenter {
 
 QColor separatorColor(const QPalette &palette)
 {
-    return ZPainting::blend(palette.color(QPalette::Window), palette.color(QPalette::WindowText),
-                            0.1);
+    return ZPainting::lineColor(palette, palette.color(QPalette::Window), 0.1);
 }
 
 QColor sideBarColor(const QPalette &palette)

@@ -27,7 +27,7 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void everyStepSucceedsAndItsPictureExists();
-    void eachPageLooksDifferentInTheTwoThemes();
+    void eachPageLooksDifferentInEveryTheme();
     void nothingIsMarkedInAnyLook();
     void picturesScale();
     void onlyPicturesOfAnEarlierTourAreRemoved();
@@ -111,12 +111,12 @@ void WindowTourTest::everyStepSucceedsAndItsPictureExists()
     QVERIFY2(problem.isEmpty(), qPrintable(problem));
 }
 
-void WindowTourTest::eachPageLooksDifferentInTheTwoThemes()
+void WindowTourTest::eachPageLooksDifferentInEveryTheme()
 {
     QCOMPARE(tour({QStringLiteral("--section"), QStringLiteral("pages")}).exitCode, 0);
     QVector<QImage> all;
     for (const QString &page : pages) {
-        for (const char *theme : {"light", "dark"}) {
+        for (const char *theme : {"light", "dark", "contrast"}) {
             const QImage image = picture(page + '-' + QLatin1String(theme));
             QCOMPARE(image.size(), QSize(1100, 720));
             QVERIFY2(!all.contains(image), qPrintable(page));
@@ -124,8 +124,9 @@ void WindowTourTest::eachPageLooksDifferentInTheTwoThemes()
         }
         // Lightness of the empty lower end, where the page's background is.
         const QPoint background(700, 700);
-        QVERIFY(all.at(all.size() - 2).pixelColor(background).lightness() > 200);
-        QVERIFY(all.last().pixelColor(background).lightness() < 60);
+        QVERIFY(all.at(all.size() - 3).pixelColor(background).lightness() > 200);
+        QVERIFY(all.at(all.size() - 2).pixelColor(background).lightness() < 60);
+        QCOMPARE(all.last().pixelColor(background), QColor(Qt::black));
     }
 }
 
@@ -254,7 +255,7 @@ void WindowTourTest::wrongUsageIsRefused_data()
         QTest::newRow(row) << arguments << QString::fromLatin1(message);
     };
     refused("unknown theme", {QStringLiteral("--theme"), QStringLiteral("pink")},
-            "There is no theme \"pink\", but light, dark, system.");
+            "There is no theme \"pink\", but light, dark, contrast, system.");
     refused("unknown locale", {QStringLiteral("--locale"), QStringLiteral("xx_YY")},
             "There is no locale \"xx_YY\", but zh_CN, zh_HK, zh_TW, bo_CN, ug_CN, en_US, en_GB.");
     refused("unknown page", {QStringLiteral("--page"), QStringLiteral("Foo")},

@@ -159,6 +159,8 @@ void LooksTest::everythingStandsOut_data()
             << QString::fromLatin1(locale) << ZGuiApplicationHelper::LightType;
         QTest::addRow("%s, dark", locale)
             << QString::fromLatin1(locale) << ZGuiApplicationHelper::DarkType;
+        QTest::addRow("%s, high contrast", locale)
+            << QString::fromLatin1(locale) << ZGuiApplicationHelper::ContrastType;
     }
 }
 

@@ -37,31 +37,33 @@ public:
     }
     ~Portal() override { QDBusConnection::disconnectFromBus(QStringLiteral("portal")); }
 
-    uint preference = 0;
-
-    void prefer(uint changed)
-    {
-        preference = changed;
-        Q_EMIT SettingChanged(QStringLiteral("org.freedesktop.appearance"),
-                              QStringLiteral("color-scheme"), QDBusVariant(changed));
-    }
+    void prefer(uint changed) { set(QStringLiteral("color-scheme"), changed); }
+    void preferContrast(uint changed) { set(QStringLiteral("contrast"), changed); }
 
 public Q_SLOTS:
     QDBusVariant Read(const QString &group, const QString &key)
     {
-        const bool known = group == QLatin1String("org.freedesktop.appearance") &&
-                           key == QLatin1String("color-scheme");
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(known ? preference : 9)));
+        const bool known = group == QLatin1String("org.freedesktop.appearance");
+        return QDBusVariant(QVariant::fromValue(QDBusVariant(known ? m_values.value(key) : 9)));
     }
 
 Q_SIGNALS:
     void SettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
 
 private:
+    void set(const QString &key, uint value)
+    {
+        m_values.insert(key, value);
+        Q_EMIT SettingChanged(QStringLiteral("org.freedesktop.appearance"), key,
+                              QDBusVariant(value));
+    }
+
+    QHash<QString, uint> m_values;
     QDBusConnection m_bus;
 };
 
-/** The window's theme: light, dark, or what the desktop prefers, and the button that chooses it. */
+/** The window's theme: light, dark, of high contrast, or what the desktop prefers, and the button
+ * that chooses it. */
 class ThemeChoiceTest : public QObject
 {
     Q_OBJECT
@@ -73,6 +75,7 @@ private Q_SLOTS:
     void initTestCase();
     void cleanup();
     void itFollowsTheDesktop();
+    void highContrastIsTheDesktopsWishFirst();
     void whatIsChosenStaysWhateverTheDesktopPrefers();
     void withoutAPortalItIsLight();
     void itFollowsWhoeverChangesTheTheme();
@@ -123,7 +126,7 @@ void ThemeChoiceTest::cleanup()
 void ThemeChoiceTest::itFollowsTheDesktop()
 {
     Portal portal;
-    portal.preference = 1;
+    portal.prefer(1);
     ThemeChoice theme;
     theme.choose(ThemeChoice::System);
     QTRY_VERIFY(isDark());
@@ -133,6 +136,25 @@ void ThemeChoiceTest::itFollowsTheDesktop()
     QTRY_VERIFY(isDark());
     portal.prefer(0); // no preference
     QTRY_VERIFY(!isDark());
+    QCOMPARE(theme.choice(), ThemeChoice::System);
+}
+
+/** Rather than light or dark, also from the start. */
+void ThemeChoiceTest::highContrastIsTheDesktopsWishFirst()
+{
+    const auto type = [] {
+        return ZGuiApplicationHelper::instance()->themeType();
+    };
+    Portal portal;
+    portal.prefer(1);
+    portal.preferContrast(1);
+    ThemeChoice theme;
+    theme.choose(ThemeChoice::System);
+    QTRY_COMPARE(type(), ZGuiApplicationHelper::ContrastType);
+    portal.preferContrast(0);
+    QTRY_COMPARE(type(), ZGuiApplicationHelper::DarkType);
+    portal.preferContrast(1);
+    QTRY_COMPARE(type(), ZGuiApplicationHelper::ContrastType);
     QCOMPARE(theme.choice(), ThemeChoice::System);
 }
 
@@ -182,8 +204,9 @@ void ThemeChoiceTest::theButtonListsAllThemes()
         texts.append(action->text());
         QCOMPARE(action->isChecked(), action->text() == QStringLiteral("Light"));
     }
-    QCOMPARE(texts, (QStringList{QStringLiteral("Light"), QStringLiteral("Dark"),
-                                 QStringLiteral("Follow the system")}));
+    QCOMPARE(texts,
+             (QStringList{QStringLiteral("Light"), QStringLiteral("Dark"),
+                          QStringLiteral("High contrast"), QStringLiteral("Follow the system")}));
     for (QAction *action : button()->menu()->actions()) {
         action->trigger();
         QVERIFY(action->isChecked());
@@ -206,7 +229,7 @@ void ThemeChoiceTest::assistiveTechnologiesChooseInTheList()
         QCOMPARE(list->childCount(), 1);
         QAccessibleInterface *menu = list->child(0);
         QCOMPARE(list->indexOfChild(menu), 0);
-        QCOMPARE(menu->childCount(), 3);
+        QCOMPARE(menu->childCount(), 4);
         QCOMPARE(menu->child(1)->text(QAccessible::Name), QStringLiteral("Dark"));
         menu->child(1)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         button()->menu()->close();
@@ -219,7 +242,8 @@ void ThemeChoiceTest::assistiveTechnologiesChooseInTheList()
 void ThemeChoiceTest::whatWasChosenIsKept()
 {
     ThemeChoice theme;
-    for (const auto choice : {ThemeChoice::Light, ThemeChoice::System, ThemeChoice::Dark}) {
+    for (const auto choice :
+         {ThemeChoice::Light, ThemeChoice::System, ThemeChoice::Contrast, ThemeChoice::Dark}) {
         theme.choose(choice);
         QCOMPARE(ThemeChoice::named(QString()), choice);
     }

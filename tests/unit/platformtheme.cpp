@@ -20,7 +20,7 @@
 using Ztk::Gui::ZGuiApplicationHelper;
 using Ztk::Widget::ZPainting;
 
-/** The two themes: their palettes and the signal that tells of a switch. */
+/** The themes: their palettes and the signal that tells of a switch. */
 class PlatformThemeTest : public QObject
 {
     Q_OBJECT
@@ -37,6 +37,17 @@ private Q_SLOTS:
     void changeIsToldOnce();
 
 private:
+    struct Theme
+    {
+        const char *name;
+        ZGuiApplicationHelper::ColorType type;
+        double text, outline; // the least contrast
+    };
+    static constexpr Theme allThemes[] = {
+        {"light", ZGuiApplicationHelper::LightType, 4.5, 3},
+        {"dark", ZGuiApplicationHelper::DarkType, 4.5, 3},
+        {"high contrast", ZGuiApplicationHelper::ContrastType, 7, 7},
+    };
     static void themes();
     static ZGuiApplicationHelper *helper() { return ZGuiApplicationHelper::instance(); }
 };
@@ -50,8 +61,8 @@ void PlatformThemeTest::initTestCase()
 void PlatformThemeTest::themes()
 {
     QTest::addColumn<ZGuiApplicationHelper::ColorType>("theme");
-    QTest::newRow("light") << ZGuiApplicationHelper::LightType;
-    QTest::newRow("dark") << ZGuiApplicationHelper::DarkType;
+    for (const Theme &theme : allThemes)
+        QTest::newRow(theme.name) << theme.type;
 }
 
 void PlatformThemeTest::brightTextTellsTheThemesApart()
@@ -61,10 +72,12 @@ void PlatformThemeTest::brightTextTellsTheThemesApart()
     for (const QPalette::ColorGroup group : groups)
         QCOMPARE(QWidget().palette().color(group, QPalette::BrightText).name(),
                  QStringLiteral("#000000"));
-    helper()->setThemeType(ZGuiApplicationHelper::DarkType);
-    for (const QPalette::ColorGroup group : groups)
-        QCOMPARE(QWidget().palette().color(group, QPalette::BrightText).name(),
-                 QStringLiteral("#ffffff"));
+    for (const auto type : {ZGuiApplicationHelper::DarkType, ZGuiApplicationHelper::ContrastType}) {
+        helper()->setThemeType(type);
+        for (const QPalette::ColorGroup group : groups)
+            QCOMPARE(QWidget().palette().color(group, QPalette::BrightText).name(),
+                     QStringLiteral("#ffffff"));
+    }
 }
 
 void PlatformThemeTest::everyRoleOfEveryGroupIsSet()
@@ -87,6 +100,7 @@ void PlatformThemeTest::textsAreReadable_data()
     QTest::addColumn<ZGuiApplicationHelper::ColorType>("theme");
     QTest::addColumn<QPalette::ColorRole>("text");
     QTest::addColumn<QPalette::ColorRole>("ground");
+    QTest::addColumn<double>("least");
     const QList<QPair<QPalette::ColorRole, QPalette::ColorRole>> pairs = {
         {QPalette::WindowText, QPalette::Window},
         {QPalette::WindowText, QPalette::Base},
@@ -104,14 +118,11 @@ void PlatformThemeTest::textsAreReadable_data()
 #endif
     };
     const QMetaEnum names = QMetaEnum::fromType<QPalette::ColorRole>();
-    for (const auto theme : {ZGuiApplicationHelper::LightType, ZGuiApplicationHelper::DarkType}) {
-        for (const auto &pair : pairs) {
-            const QByteArray name =
-                QByteArray(theme == ZGuiApplicationHelper::LightType ? "light, " : "dark, ") +
-                names.valueToKey(pair.first) + " on " + names.valueToKey(pair.second);
-            QTest::newRow(name.constData()) << theme << pair.first << pair.second;
-        }
-    }
+    for (const Theme &theme : allThemes)
+        for (const auto &pair : pairs)
+            QTest::addRow("%s, %s on %s", theme.name, names.valueToKey(pair.first),
+                          names.valueToKey(pair.second))
+                << theme.type << pair.first << pair.second << theme.text;
 }
 
 void PlatformThemeTest::textsAreReadable()
@@ -119,10 +130,11 @@ void PlatformThemeTest::textsAreReadable()
     QFETCH(ZGuiApplicationHelper::ColorType, theme);
     QFETCH(QPalette::ColorRole, text);
     QFETCH(QPalette::ColorRole, ground);
+    QFETCH(double, least);
     helper()->setThemeType(theme);
     const QPalette palette = QApplication::palette();
     const double contrast = ZPainting::contrast(palette.color(text), palette.color(ground));
-    QVERIFY2(contrast >= 4.5, qPrintable(QString::number(contrast)));
+    QVERIFY2(contrast >= least, qPrintable(QString::number(contrast)));
 }
 
 void PlatformThemeTest::outlinesAreVisible_data()
@@ -131,6 +143,7 @@ void PlatformThemeTest::outlinesAreVisible_data()
     QTest::addColumn<QPalette::ColorGroup>("group");
     QTest::addColumn<QPalette::ColorRole>("outline");
     QTest::addColumn<QPalette::ColorRole>("ground");
+    QTest::addColumn<double>("least");
     const struct
     {
         QPalette::ColorGroup group;
@@ -147,14 +160,13 @@ void PlatformThemeTest::outlinesAreVisible_data()
         {QPalette::Disabled, QPalette::WindowText, {QPalette::Base, QPalette::Window}},
     };
     const QMetaEnum names = QMetaEnum::fromType<QPalette::ColorRole>();
-    for (const auto theme : {ZGuiApplicationHelper::LightType, ZGuiApplicationHelper::DarkType})
+    for (const Theme &theme : allThemes)
         for (const auto &row : rows)
             for (const QPalette::ColorRole ground : row.grounds)
-                QTest::addRow("%s, %s%s on %s",
-                              theme == ZGuiApplicationHelper::LightType ? "light" : "dark",
+                QTest::addRow("%s, %s%s on %s", theme.name,
                               row.group == QPalette::Disabled ? "disabled " : "",
                               names.valueToKey(row.outline), names.valueToKey(ground))
-                    << theme << row.group << row.outline << ground;
+                    << theme.type << row.group << row.outline << ground << theme.outline;
 }
 
 void PlatformThemeTest::outlinesAreVisible()
@@ -163,11 +175,12 @@ void PlatformThemeTest::outlinesAreVisible()
     QFETCH(QPalette::ColorGroup, group);
     QFETCH(QPalette::ColorRole, outline);
     QFETCH(QPalette::ColorRole, ground);
+    QFETCH(double, least);
     helper()->setThemeType(theme);
     const QPalette palette = QApplication::palette();
     const double contrast =
         ZPainting::contrast(palette.color(group, outline), palette.color(group, ground));
-    QVERIFY2(contrast >= 3, qPrintable(QString::number(contrast)));
+    QVERIFY2(contrast >= least, qPrintable(QString::number(contrast)));
 }
 
 void PlatformThemeTest::changeIsToldOnce()

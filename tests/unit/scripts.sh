@@ -271,7 +271,7 @@ check_usage() {
     refuses 'There is no microphone "banjo"' --microphone=banjo
     refuses 'There is no sound server "jack", but pulseaudio, pipewire.' --sound jack
     refuses 'There is no locale "xx_YY", but zh_CN, zh_HK, zh_TW, bo_CN, ug_CN, en_US, en_GB.' --locale xx_YY
-    refuses 'There is no theme "blue", but light, dark, system.' --theme blue
+    refuses 'There is no theme "blue", but light, dark, contrast, system.' --theme blue
     refuses 'There is no page "Foo", but Desktop AI Assistant, Text to Speech, Speech to Text, Translation.' \
         --page Foo
     refuses 'There is no section "foo", but pages, icons, search, switches, choices, shortcuts, services,' \

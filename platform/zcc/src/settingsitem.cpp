@@ -44,13 +44,20 @@ void SettingsItem::paintEvent(QPaintEvent *event)
         const QRectF card = ZPainting::snapped(&painter, rect());
         const QColor fill = palette().color(QPalette::Active, QPalette::Base);
         // What moves in a row asks often for what lies behind it, which is seldom a corner.
-        if (rect().adjusted(0, radius, 0, -radius).contains(event->rect())) {
+        const bool framed = ZPainting::isHighContrast();
+        if (!framed && rect().adjusted(0, radius, 0, -radius).contains(event->rect())) {
             painter.fillRect(card, fill);
         } else {
+            const auto fillCard = [&](qreal inset, const QColor &color) {
+                painter.fillPath(ZPainting::roundedPath(card.adjusted(inset, inset, -inset, -inset),
+                                                        joinsAbove ? 0 : radius - inset,
+                                                        joinsBelow ? 0 : radius - inset),
+                                 color);
+            };
             painter.setRenderHint(QPainter::Antialiasing);
-            painter.fillPath(
-                ZPainting::roundedPath(card, joinsAbove ? 0 : radius, joinsBelow ? 0 : radius),
-                fill);
+            if (framed)
+                fillCard(0, palette().color(QPalette::Active, QPalette::Mid));
+            fillCard(framed ? ZPainting::hairline(&painter) : 0, fill);
         }
     }
     QFrame::paintEvent(event);

@@ -56,8 +56,7 @@ void drawKeyCap(QPainter *painter, const QStyleOptionButton *option, const QWidg
         cap.setHeight(height);
     }
     const qreal line = ZPainting::hairline(painter);
-    const QColor edge =
-        ZPainting::blend(active(QPalette::Light), active(QPalette::WindowText), keyCapEdgeAmount);
+    const QColor edge = ZPainting::lineColor(palette, active(QPalette::Light), keyCapEdgeAmount);
     ZPainting::fillRounded(painter, cap, keyCapRadius, edge);
 
     const QRectF face = cap.adjusted(line, line, -line, -keyCapEdge);

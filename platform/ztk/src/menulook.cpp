@@ -47,8 +47,7 @@ QColor surface()
 
 void drawPanel(QPainter *painter, const QStyleOption *option, const QColor &fill, qreal radius)
 {
-    const QColor frame =
-        ZPainting::blend(fill, option->palette.color(QPalette::WindowText), frameAmount);
+    const QColor frame = ZPainting::lineColor(option->palette, fill, frameAmount);
     painter->fillRect(option->rect, frame); // also what the shape's steps leave of the corners
     const qreal line = ZPainting::hairline(painter);
     ZPainting::fillRounded(painter, QRectF(option->rect).adjusted(line, line, -line, -line),

@@ -26,7 +26,8 @@ void draw(QPainter *painter, const QStyleOptionSlider *option)
     const QRectF handle =
         QRectF(partRect(option, QStyle::SC_ScrollBarSlider)).adjusted(inset, inset, -inset, -inset);
     QColor fill = controllook::color(option, QPalette::WindowText);
-    fill.setAlphaF(pressed ? 0.72 : over ? 0.62 : 0.52);
+    if (!ZPainting::isHighContrast())
+        fill.setAlphaF(pressed ? 0.72 : over ? 0.62 : 0.52);
     ZPainting::fillRounded(painter, handle, qMin(handle.width(), handle.height()) / 2, fill);
 }
 

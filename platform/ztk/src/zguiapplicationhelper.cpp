@@ -25,7 +25,7 @@ void ZGuiApplicationHelper::setThemeType(ColorType type)
 {
     const bool changed = type != m_type;
     m_type = type;
-    const QPalette palette = type == DarkType ? darkPalette() : lightPalette();
+    const QPalette palette = themePalette(type);
     ZIconTheme::setTextColor(palette.color(QPalette::WindowText));
     QApplication::setPalette(palette);
     // Menus, and the lists that combo boxes open, lie on a surface of their own like cards.

@@ -143,7 +143,7 @@ ZIconTheme::ZIconTheme(QObject *parent)
     : QObject(parent)
     , m_folder(themesFolder())
     , m_fallbackTheme(QIcon::themeName())
-    , m_textColor(lightPalette().color(QPalette::WindowText))
+    , m_textColor(themePalette(ZGuiApplicationHelper::LightType).color(QPalette::WindowText))
 {
     if (m_folder.isEmpty()) {
         qWarning() << "ztk: no folder for the icon theme; built-in icons stay empty";

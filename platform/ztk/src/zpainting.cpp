@@ -1,5 +1,7 @@
 #include "ztk/zpainting.h"
 
+#include "ztk/zguiapplicationhelper.h"
+
 #include <QGlyphRun>
 #include <QIcon>
 #include <QImage>
@@ -107,6 +109,18 @@ qreal ZPainting::contrast(const QColor &a, const QColor &b)
     const qreal first = luminance(a);
     const qreal second = luminance(b);
     return (qMax(first, second) + 0.05) / (qMin(first, second) + 0.05);
+}
+
+QColor ZPainting::lineColor(const QPalette &palette, const QColor &ground, qreal amount)
+{
+    return isHighContrast() ? palette.color(QPalette::Active, QPalette::Mid)
+                            : blend(ground, palette.color(QPalette::WindowText), amount);
+}
+
+bool ZPainting::isHighContrast()
+{
+    using Gui::ZGuiApplicationHelper;
+    return ZGuiApplicationHelper::instance()->themeType() == ZGuiApplicationHelper::ContrastType;
 }
 
 qreal ZPainting::hairline(const QPainter *painter)

@@ -67,6 +67,32 @@ const RoleColor darkColors[] = {
 #endif
 };
 
+// Everything has a contrast of at least 7:1, what is disabled included.
+const RoleColor contrastColors[] = {
+    {QPalette::Window, "#000000", "#000000"},
+    {QPalette::WindowText, "#ffffff", "#a8a8a8"},
+    {QPalette::Base, "#000000", "#000000"},
+    {QPalette::AlternateBase, "#1a1a1a", "#1a1a1a"},
+    {QPalette::Text, "#ffffff", "#a8a8a8"},
+    {QPalette::Button, "#000000", "#000000"},
+    {QPalette::ButtonText, "#ffffff", "#a8a8a8"},
+    {QPalette::BrightText, "#ffffff", "#ffffff"},
+    {QPalette::Light, "#ffffff", "#a8a8a8"},
+    {QPalette::Midlight, "#d0d0d0", "#a8a8a8"},
+    {QPalette::Mid, "#ffffff", "#a8a8a8"},
+    {QPalette::Dark, "#ffffff", "#a8a8a8"},
+    {QPalette::Shadow, "#000000", "#000000"},
+    {QPalette::Highlight, "#ffe600", "#a8a8a8"},
+    {QPalette::HighlightedText, "#000000", "#000000"},
+    {QPalette::Link, "#80dfff", "#a8a8a8"},
+    {QPalette::LinkVisited, "#e6b8ff", "#a8a8a8"},
+    {QPalette::ToolTipBase, "#000000", "#000000"},
+    {QPalette::ToolTipText, "#ffffff", "#ffffff"},
+#if QT_VERSION >= QT_VERSION_CHECK(5, 12, 0)
+    {QPalette::PlaceholderText, "#d0d0d0", "#a8a8a8"},
+#endif
+};
+
 template <std::size_t count>
 QPalette toPalette(const RoleColor (&colors)[count])
 {
@@ -81,14 +107,16 @@ QPalette toPalette(const RoleColor (&colors)[count])
 
 } // namespace
 
-QPalette lightPalette()
+QPalette themePalette(ZGuiApplicationHelper::ColorType type)
 {
-    return toPalette(lightColors);
-}
-
-QPalette darkPalette()
-{
-    return toPalette(darkColors);
+    switch (type) {
+    case ZGuiApplicationHelper::DarkType:
+        return toPalette(darkColors);
+    case ZGuiApplicationHelper::ContrastType:
+        return toPalette(contrastColors);
+    default:
+        return toPalette(lightColors);
+    }
 }
 
 } // namespace Gui

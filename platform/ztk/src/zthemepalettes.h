@@ -1,15 +1,14 @@
 #pragma once
 
+#include "ztk/zguiapplicationhelper.h"
+
 #include <QPalette>
 
 namespace Ztk {
 namespace Gui {
 
-/** The colours of the light theme; every role of every group is set. */
-QPalette lightPalette();
-
-/** The colours of the dark theme; every role of every group is set. */
-QPalette darkPalette();
+/** The colours of a theme; every role of every group is set. */
+QPalette themePalette(ZGuiApplicationHelper::ColorType type);
 
 } // namespace Gui
 } // namespace Ztk

@@ -52,15 +52,15 @@ QVector<Look> allLooks()
     QVector<Look> looks;
     for (const int percent : {100, 150})
         for (const bool mirrored : {false, true})
-            for (const bool dark : {false, true})
-                looks.append({dark, mirrored, percent});
+            for (const auto theme : {ThemeChoice::Light, ThemeChoice::Dark, ThemeChoice::Contrast})
+                looks.append({theme, mirrored, percent});
     return looks;
 }
 
 QString nameOf(const Look &look)
 {
     return QStringLiteral("%1-%2-%3")
-        .arg(look.dark ? QStringLiteral("dark") : QStringLiteral("light"),
+        .arg(ThemeChoice::names().at(look.theme),
              look.mirrored ? QStringLiteral("rtl") : QStringLiteral("ltr"))
         .arg(look.textPercent);
 }
@@ -96,8 +96,7 @@ bool drawLooks(zccV20::ModuleInterface *module, const QStringList &places, const
     for (const Look &look : allLooks()) {
         setTextPercent(look.textPercent);
         setDirection(look.mirrored ? Direction::RightToLeft : Direction::LeftToRight);
-        ZGuiApplicationHelper::instance()->setThemeType(
-            look.dark ? ZGuiApplicationHelper::DarkType : ZGuiApplicationHelper::LightType);
+        ZGuiApplicationHelper::instance()->setThemeType(ThemeChoice::typeOf(look.theme));
 
         ControlCenterWindow window(module);
         window.resize(lookWindow);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sandbox/controlcenter/layoutcheck.h"
+#include "sandbox/controlcenter/themechoice.h"
 
 #include <QImage>
 #include <QStringList>
@@ -14,12 +15,12 @@ namespace controlcenter {
 /** One of the ways in which the window can look in one language. */
 struct Look
 {
-    bool dark;
+    ThemeChoice::Choice theme;
     bool mirrored;   ///< right to left
     int textPercent; ///< of the usual size
 };
 
-/** Light and dark, left to right and right to left, with usual and with large texts. */
+/** Every theme, left to right and right to left, with usual and with large texts. */
 QVector<Look> allLooks();
 
 /** "dark-rtl-150", for instance. */

@@ -14,15 +14,15 @@ QString fileName(const QString &page)
     return page.toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
 }
 
-TourStep openPageStep(const QString &page, bool dark)
+TourStep openPageStep(const QString &page, ThemeChoice::Choice theme)
 {
-    const QString theme = dark ? QStringLiteral("dark") : QStringLiteral("light");
-    return {QStringLiteral("open '%1' (%2)").arg(page, theme),
-            [page, dark](TourDriver &driver) {
-                driver.setDark(dark);
+    const QString &name = ThemeChoice::names().at(theme);
+    return {QStringLiteral("open '%1' (%2)").arg(page, name),
+            [page, theme](TourDriver &driver) {
+                driver.setTheme(theme);
                 return driver.openPage(page);
             },
-            fileName(page) + '-' + theme};
+            fileName(page) + '-' + name};
 }
 
 // What does not fit must be reachable by scrolling, never cut off.
@@ -80,9 +80,9 @@ TourStep usualWindowStep(const QSize &size)
 TourSteps pageSteps(const ControlCenterWindow *window)
 {
     TourSteps steps;
-    for (const bool dark : {false, true})
+    for (const auto theme : {ThemeChoice::Light, ThemeChoice::Dark, ThemeChoice::Contrast})
         for (const QString &page : window->pageNames())
-            steps.append(openPageStep(page, dark));
+            steps.append(openPageStep(page, theme));
     const QString first = window->pageNames().value(0);
     steps.append(sizeStep(first, QStringLiteral("small"), QSize()));
     steps.append(backStep(QStringLiteral("list"),

@@ -104,11 +104,15 @@ QString TourDriver::openPage(const QString &name)
     return QString();
 }
 
+void TourDriver::setTheme(ThemeChoice::Choice theme)
+{
+    ZGuiApplicationHelper::instance()->setThemeType(ThemeChoice::typeOf(theme));
+    settle();
+}
+
 void TourDriver::setDark(bool dark)
 {
-    ZGuiApplicationHelper::instance()->setThemeType(dark ? ZGuiApplicationHelper::DarkType
-                                                         : ZGuiApplicationHelper::LightType);
-    settle();
+    setTheme(dark ? ThemeChoice::Dark : ThemeChoice::Light);
 }
 
 QWidget *TourDriver::control(const QString &name) const

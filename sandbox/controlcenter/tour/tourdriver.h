@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sandbox/controlcenter/themechoice.h"
+
 #include <QAccessible>
 #include <QImage>
 #include <QString>
@@ -52,6 +54,7 @@ public:
     /** Opens page @p name (untranslated) and waits until the heading shows it. */
     QString openPage(const QString &name);
 
+    void setTheme(ThemeChoice::Choice theme);
     void setDark(bool dark);
 
     /** The shown page's control called @p name, or null. */

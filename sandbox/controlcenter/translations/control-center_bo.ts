@@ -293,6 +293,10 @@
         <translation>མདོག་ནག་པོ</translation>
     </message>
     <message>
+        <source>High contrast</source>
+        <translation>བསྡུར་ཚད་མཐོ་བ</translation>
+    </message>
+    <message>
         <source>Follow the system</source>
         <translation>མ་ལག་དང་བསྟུན་པ</translation>
     </message>

@@ -293,6 +293,10 @@
         <translation>قاراڭغۇ</translation>
     </message>
     <message>
+        <source>High contrast</source>
+        <translation>يۇقىرى سېلىشتۇرما</translation>
+    </message>
+    <message>
         <source>Follow the system</source>
         <translation>سىستېمىغا ئەگىشىش</translation>
     </message>

@@ -293,6 +293,10 @@
         <translation>深色</translation>
     </message>
     <message>
+        <source>High contrast</source>
+        <translation>高对比度</translation>
+    </message>
+    <message>
         <source>Follow the system</source>
         <translation>跟随系统</translation>
     </message>

@@ -293,6 +293,10 @@
         <translation>深色</translation>
     </message>
     <message>
+        <source>High contrast</source>
+        <translation>高對比</translation>
+    </message>
+    <message>
         <source>Follow the system</source>
         <translation>跟隨系統</translation>
     </message>

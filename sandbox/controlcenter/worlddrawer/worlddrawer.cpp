@@ -280,8 +280,8 @@ void WorldDrawer::addAppearance(QVBoxLayout *body)
     const Appearance now = currentAppearance();
 
     ChoiceRow *theme = add(QStringLiteral("theme"), tr("Theme"));
-    for (const auto choice : {ThemeChoice::Light, ThemeChoice::Dark, ThemeChoice::System})
-        theme->addChoice(ThemeChoice::textOf(choice));
+    for (int choice = 0; choice < ThemeChoice::names().size(); ++choice)
+        theme->addChoice(ThemeChoice::textOf(ThemeChoice::Choice(choice)));
     const auto showTheme = [this, theme] {
         theme->setChoice(m_theme->choice());
     };

@@ -8,7 +8,7 @@ namespace Ztk {
 namespace Gui {
 
 /**
- * The application's theme: whether it is light or dark, and the palette that goes with it.
+ * The application's theme, light, dark or of high contrast, and the palette that goes with it.
  *
  * One per process, made on first use after the application object; GUI thread only.
  */
@@ -17,7 +17,12 @@ class ZTK_EXPORT ZGuiApplicationHelper : public QObject
     Q_OBJECT
 
 public:
-    enum ColorType { UnknownType = 0, LightType = 1, DarkType = 2 };
+    enum ColorType {
+        UnknownType = 0,
+        LightType = 1,
+        DarkType = 2,
+        ContrastType = 3, ///< on a black ground, so for modules what is not light
+    };
     Q_ENUM(ColorType)
 
     static ZGuiApplicationHelper *instance();

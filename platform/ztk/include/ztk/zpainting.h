@@ -37,6 +37,15 @@ public:
     /** Contrast of two opaque colours, 1.0 to 21.0, as WCAG 2.1 measures it. */
     static qreal contrast(const QColor &a, const QColor &b);
 
+    /**
+     * Colour of a line that sets things apart on @p ground: @p amount of the palette's text in it,
+     * and as strong as a control's frame in the theme of high contrast.
+     */
+    static QColor lineColor(const QPalette &palette, const QColor &ground, qreal amount);
+
+    /** Whether the theme is that of high contrast, in which nothing is told by its ground alone. */
+    static bool isHighContrast();
+
     /** Width of the thinnest line that is still a whole number of device pixels, near 1. */
     static qreal hairline(const QPainter *painter);
 
