@@ -30,9 +30,9 @@ packages_fuzz="
 packages_coverage="
     gcovr"
 
-# A screen reader.
+# A screen reader, and what watches memory.
 packages_weekly="
-    orca python3-speechd"
+    orca python3-speechd valgrind"
 
 # Windows like the sandbox's, to compare it with, and what sees them appear.
 packages_bench="
