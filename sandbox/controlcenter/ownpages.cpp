@@ -6,7 +6,7 @@
 #include "sandbox/controlcenter/servicespage/servicespage.h"
 #include "sandbox/controlcenter/servicespage/servicewatches.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
-#include "sandbox/services/keybinding/systemshortcuts.h"
+#include "sandbox/services/keybinding/keybindings.h"
 
 #include <QStackedWidget>
 

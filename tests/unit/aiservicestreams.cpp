@@ -1,6 +1,4 @@
-#include "sandbox/services/aiservice/hypothesis.h"
-#include "sandbox/services/aiservice/pcmreader.h"
-#include "sandbox/services/aiservice/phrasefilter.h"
+#include "sandbox/services/aiservice/phraselistener.h"
 #include "sandbox/services/aiservice/phrasemodel.h"
 #include "sandbox/services/aiservice/wavfile.h"
 #include "tests/support/testprogram.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sandbox/services/control/fault.h"
+#include "sandbox/services/control/servicecontrol.h"
 #include "sandbox/services/control/servicelist.h"
 
 #include <QDBusConnection>

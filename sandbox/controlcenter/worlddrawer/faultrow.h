@@ -1,7 +1,7 @@
 #pragma once
 
 #include "sandbox/controlcenter/worlddrawer/choicerow.h"
-#include "sandbox/services/control/fault.h"
+#include "sandbox/services/control/servicecontrol.h"
 
 #include <QPointer>
 #include <QVector>

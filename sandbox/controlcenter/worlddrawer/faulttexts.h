@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sandbox/services/control/fault.h"
+#include "sandbox/services/control/servicecontrol.h"
 
 #include <QString>
 #include <QStringList>

@@ -2,7 +2,6 @@
 
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
 #include "sandbox/services/control/servicecontrol.h"
-#include "sandbox/services/control/textvalue.h"
 
 #include <algorithm>
 

@@ -1,6 +1,5 @@
 #include "sandbox/services/aiservice/phrasedecoder.h"
 
-#include "sandbox/services/aiservice/phrasefilter.h"
 #include "sandbox/services/aiservice/phrasemodel.h"
 
 #include <QFile>

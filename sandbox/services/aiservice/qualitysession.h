@@ -1,8 +1,8 @@
 #pragma once
 
-#include "sandbox/services/aiservice/pcmreader.h"
-#include "sandbox/services/aiservice/qualitymeter.h"
-#include "sandbox/services/aiservice/session.h"
+#include "sandbox/services/aiservice/qualityverdict.h"
+#include "sandbox/services/aiservice/sessionmanager.h"
+#include "sandbox/services/aiservice/wavfile.h"
 
 namespace sandbox {
 

@@ -1,6 +1,6 @@
 #include "sandbox/services/aiservice/recognition.h"
 
-#include "sandbox/services/aiservice/pcmreader.h"
+#include "sandbox/services/aiservice/wavfile.h"
 
 #include <QThread>
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "sandbox/services/aiservice/hypothesis.h"
 #include "sandbox/services/aiservice/phraselistener.h"
 
 #include <QByteArray>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sandbox/services/aiservice/hypothesis.h"
-#include "sandbox/services/aiservice/session.h"
+#include "sandbox/services/aiservice/phraselistener.h"
+#include "sandbox/services/aiservice/sessionmanager.h"
 
 #include <QVariantMap>
 

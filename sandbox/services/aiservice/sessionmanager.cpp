@@ -2,7 +2,8 @@
 
 #include "sandbox/services/aiservice/qualitysession.h"
 #include "sandbox/services/aiservice/recognitionsession.h"
-#include "sandbox/services/common/adaptordispatch.h"
+#include "sandbox/services/aiservice/wavfile.h"
+#include "sandbox/services/common/publishedobject.h"
 #include "sandbox/services/common/service.h"
 #include "sandbox/services/common/statestore.h"
 #include "sessionmanageradaptor.h"
@@ -11,6 +12,29 @@
 #include <QThread>
 
 namespace sandbox {
+
+Session::Session(QObject *parent)
+    : QObject(parent)
+{
+}
+
+Session::~Session() = default;
+
+void Session::recordTo(const QString &file)
+{
+    m_recording = std::make_unique<WavWriter>(file);
+}
+
+void Session::close()
+{
+    deleteLater();
+}
+
+void Session::record(const QByteArray &audio)
+{
+    if (m_recording)
+        m_recording->append(audio);
+}
 
 namespace {
 

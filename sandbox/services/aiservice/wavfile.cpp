@@ -3,6 +3,7 @@
 #include <QDataStream>
 #include <QDir>
 #include <QFileInfo>
+#include <QtEndian>
 
 namespace sandbox {
 
@@ -48,6 +49,15 @@ void WavWriter::append(const QByteArray &block)
     m_file.seek(0);
     m_file.write(header(m_bytes));
     m_file.flush();
+}
+
+QVector<qint16> PcmReader::read(const QByteArray &block)
+{
+    const QByteArray bytes = m_half + block;
+    QVector<qint16> samples(bytes.size() / int(sizeof(qint16)));
+    qFromLittleEndian<qint16>(bytes.constData(), samples.size(), samples.data());
+    m_half = bytes.mid(samples.size() * int(sizeof(qint16)));
+    return samples;
 }
 
 } // namespace sandbox

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QByteArray>
 #include <QFile>
 #include <QString>
+#include <QVector>
 
 namespace sandbox {
 
@@ -37,6 +39,20 @@ public:
 private:
     QFile m_file;
     quint32 m_bytes = 0; ///< audio written so far
+};
+
+/**
+ * Turns the byte blocks of a session into samples: mono, 16 bits, signed, little-endian. A block
+ * may end in the middle of a sample; its first half waits for the next block.
+ */
+class PcmReader
+{
+public:
+    /** The samples that are complete once @p block has arrived. */
+    QVector<qint16> read(const QByteArray &block);
+
+private:
+    QByteArray m_half; ///< empty, or the first byte of a sample
 };
 
 } // namespace sandbox

@@ -5,16 +5,61 @@
 #include "sandbox/services/common/publishedobject.h"
 #include "sandbox/services/common/scriptedreplies.h"
 #include "sandbox/services/common/statestore.h"
-#include "sandbox/services/common/terminationsignals.h"
-#include "sandbox/services/control/textvalue.h"
+#include "sandbox/services/control/servicecontrol.h"
 
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>
 #include <QDBusError>
+#include <QSocketNotifier>
 #include <QStandardPaths>
 #include <QTextStream>
 
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+#include <csignal>
+
 namespace sandbox {
+
+// Turns SIGTERM and SIGINT into a Qt signal, so that a service can end in order. One per process.
+class TerminationSignals : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit TerminationSignals(QObject *parent = nullptr);
+    ~TerminationSignals() override;
+
+Q_SIGNALS:
+    // Somebody asked the process to end.
+    void received();
+
+private:
+    int m_descriptor; // a signalfd
+};
+
+TerminationSignals::TerminationSignals(QObject *parent)
+    : QObject(parent)
+{
+    sigset_t signalSet;
+    sigemptyset(&signalSet);
+    sigaddset(&signalSet, SIGTERM);
+    sigaddset(&signalSet, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &signalSet, nullptr);
+    m_descriptor = signalfd(-1, &signalSet, SFD_CLOEXEC);
+
+    auto *notifier = new QSocketNotifier(m_descriptor, QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, [this] {
+        signalfd_siginfo info;
+        if (read(m_descriptor, &info, sizeof info) == sizeof info)
+            Q_EMIT received();
+    });
+}
+
+TerminationSignals::~TerminationSignals()
+{
+    close(m_descriptor);
+}
 
 Service::Service(const ServiceIdentity &identity, const QList<QCommandLineOption> &options)
     : m_identity(identity)
@@ -121,3 +166,5 @@ QDBusConnection Service::connection() const
 }
 
 } // namespace sandbox
+
+#include "service.moc"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sandbox/services/common/storedmethods.h"
+#include "sandbox/services/common/statestore.h"
 #include "sandbox/services/control/servicelist.h"
 
 #include <QCommandLineOption>

@@ -4,10 +4,101 @@
 
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
+#include <QHash>
 
 #include <csignal>
 
 namespace sandbox {
+
+const QStringList &Fault::names()
+{
+    static const QStringList all{
+        QStringLiteral("none"),        QStringLiteral("slow"), QStringLiteral("refusing"),
+        QStringLiteral("wrong-types"), QStringLiteral("hung"), QStringLiteral("stopped"),
+    };
+    return all;
+}
+
+Fault Fault::ofBehaviour(const QString &behaviour, const QVariant &argument)
+{
+    if (behaviour == QLatin1String("delay"))
+        return {Slow, argument.toInt()};
+    for (const Kind kind : {Refusing, WrongTypes})
+        if (behaviour == Fault{kind}.behaviour())
+            return {kind};
+    return {};
+}
+
+QString Fault::behaviour() const
+{
+    switch (kind) {
+    case Slow:
+        return QStringLiteral("delay");
+    case Refusing:
+        return QStringLiteral("error");
+    case WrongTypes:
+        return QStringLiteral("reply");
+    case None:
+    case Hung:
+    case Stopped:
+        break;
+    }
+    return QStringLiteral("answer");
+}
+
+QVariant Fault::argument() const
+{
+    switch (kind) {
+    case Slow:
+        return delayMs;
+    case WrongTypes:
+        return 0.5; // no contract has a double
+    default:
+        return QStringLiteral("refused by request");
+    }
+}
+
+namespace {
+
+QVariant converted(const QString &text, int type)
+{
+    if (type == QMetaType::Bool) {
+        return text == QLatin1String("true")    ? QVariant(true)
+               : text == QLatin1String("false") ? QVariant(false)
+                                                : QVariant();
+    }
+    QVariant value(text);
+    return value.convert(type) ? value : QVariant();
+}
+
+} // namespace
+
+QVariant valueLike(const QVariant &like, const QStringList &words)
+{
+    if (like.userType() == QMetaType::QStringList)
+        return words;
+    return words.size() == 1 ? converted(words.constFirst(), like.userType()) : QVariant();
+}
+
+QVariant typedValue(const QString &word)
+{
+    static const QHash<QString, int> types{{QStringLiteral("bool"), QMetaType::Bool},
+                                           {QStringLiteral("int"), QMetaType::Int},
+                                           {QStringLiteral("uint"), QMetaType::UInt},
+                                           {QStringLiteral("double"), QMetaType::Double},
+                                           {QStringLiteral("string"), QMetaType::QString}};
+    const int colon = word.indexOf(QLatin1Char(':'));
+    const auto type = types.constFind(word.left(colon));
+    if (colon < 0 || type == types.constEnd())
+        return word;
+    return converted(word.mid(colon + 1), *type);
+}
+
+QString shownText(const QVariant &value, const QString &separator)
+{
+    return value.userType() == QMetaType::QStringList ? value.toStringList().join(separator)
+                                                      : value.toString();
+}
 
 ServiceControl::ServiceControl(const QString &service, const QDBusConnection &bus, QObject *parent)
     : ComCorvaneSandboxControlInterface(controlBusName(service), controlPath(), bus, parent)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "comcorvanesandboxcontrolinterface.h"
-#include "sandbox/services/control/fault.h"
 
 #include <QDBusPendingCallWatcher>
 #include <QString>
@@ -9,6 +8,57 @@
 #include <QVariant>
 
 namespace sandbox {
+
+/** How a service fails, in all of its methods at once. */
+struct Fault
+{
+    enum Kind {
+        None,
+        Slow,       ///< The true answer, delayMs late.
+        Refusing,   ///< An error for an answer.
+        WrongTypes, ///< An answer of a type that no method of the contracts has.
+        Hung,       ///< The process stands still.
+        Stopped,    ///< The service is not on its bus.
+    };
+
+    Kind kind = None;
+    int delayMs = 0;
+
+    /** What the tool calls the kinds, in their order. */
+    static const QStringList &names();
+
+    /** The fault of a service whose methods were all scripted so, see ServiceControl::script(). */
+    static Fault ofBehaviour(const QString &behaviour, const QVariant &argument);
+
+    /** How the methods are scripted for it. */
+    QString behaviour() const;
+    QVariant argument() const;
+};
+
+inline bool operator==(const Fault &a, const Fault &b)
+{
+    return a.kind == b.kind && a.delayMs == b.delayMs;
+}
+
+inline bool operator!=(const Fault &a, const Fault &b)
+{
+    return !(a == b);
+}
+
+/**
+ * The value that @p words mean to somebody who wants a value of the type of @p like: "true" and
+ * "false", a number, one word, or any number of words for a list. Invalid when they mean none.
+ */
+QVariant valueLike(const QVariant &like, const QStringList &words);
+
+/**
+ * The value of a word "TYPE:VALUE", where TYPE is bool, int, uint, double or string; without a TYPE
+ * it is a string. Invalid when VALUE is none of that type.
+ */
+QVariant typedValue(const QString &word);
+
+/** A value as people read it; @p separator stands between the words of a list. */
+QString shownText(const QVariant &value, const QString &separator = QStringLiteral(", "));
 
 /**
  * Reads and steers a running service over its control interface, which

@@ -1,7 +1,11 @@
 #include "sandbox/services/dock/dockicon.h"
 
+#include "contracts/contract.h"
 #include "dockiconadaptor.h"
+#include "sandbox/services/common/service.h"
 #include "sandbox/services/common/statestore.h"
+
+#include <QCoreApplication>
 
 namespace sandbox {
 
@@ -34,3 +38,12 @@ bool DockIcon::setDockHideStatus(bool hide)
 }
 
 } // namespace sandbox
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    sandbox::Service service(sandbox::serviceNamed(QStringLiteral("dock")));
+    sandbox::DockIcon icon(service.state());
+    service.publish(Contract::DockIcon::object().path, &icon);
+    return service.run();
+}

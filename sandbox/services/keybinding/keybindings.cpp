@@ -1,9 +1,11 @@
 #include "sandbox/services/keybinding/keybindings.h"
 
+#include "contracts/contract.h"
 #include "keybindingsadaptor.h"
+#include "sandbox/services/common/service.h"
 #include "sandbox/services/common/statestore.h"
-#include "sandbox/services/keybinding/systemshortcuts.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -45,3 +47,12 @@ QString Keybindings::GetShortcut(const QString &id, int type) const
 }
 
 } // namespace sandbox
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    sandbox::Service service(sandbox::serviceNamed(QStringLiteral("keybinding")));
+    sandbox::Keybindings keybindings(service.state());
+    service.publish(Contract::Keybinding::object().path, &keybindings);
+    return service.run();
+}
