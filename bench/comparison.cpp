@@ -8,8 +8,6 @@
 #include <QFile>
 #include <QTimer>
 
-#include <malloc.h>
-
 #include <algorithm>
 #include <ctime>
 
@@ -61,12 +59,6 @@ double processorMs(qint64 process)
             ns += file.readAll().split(' ').first().toDouble();
     }
     return ns / 1e6;
-}
-
-double heapBytes()
-{
-    const struct mallinfo2 info = mallinfo2();
-    return double(info.uordblks) + double(info.hblkhd);
 }
 
 void setRounds(int rounds)

@@ -46,9 +46,6 @@ void runEvents(int ms);
  * together. What a thread took that has ended is not in it. */
 double processorMs(qint64 process);
 
-/** Memory that the heap has handed out and not got back, in bytes. */
-double heapBytes();
-
 /** Makes all comparisons take @p rounds rounds, whatever they ask for. */
 void setRounds(int rounds);
 

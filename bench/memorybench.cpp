@@ -4,22 +4,16 @@
 #include "pages/voiceiatsettingwidget.h"
 #include "pages/voicettssettingwidget.h"
 #include "tests/support/median.h"
+#include "tests/support/processusage.h"
 #include "tests/support/sessionbus.h"
 #include "voice/aqcwrapper.h"
 #include "voice/voicetestregistry.h"
-
-#include <QDir>
 
 #include <cmath>
 
 namespace {
 
 constexpr int warmUp = 10; // in which caches fill
-
-int entries(const char *folder)
-{
-    return int(QDir(QLatin1String(folder)).entryList(QDir::AllEntries | QDir::System).size());
-}
 
 /** What somebody has done again and again leaves each time. */
 struct Left
@@ -31,7 +25,8 @@ struct Left
 Left leftBy(int times, const std::function<void()> &once)
 {
     const auto handles = [] {
-        return entries("/proc/self/fd") + entries("/proc/self/task") + testsupport::matchRules();
+        return testsupport::processEntries("fd") + testsupport::processEntries("task") +
+               testsupport::matchRules();
     };
     const auto run = [&once] {
         once();
@@ -45,7 +40,7 @@ Left leftBy(int times, const std::function<void()> &once)
     QVector<double> heap;
     for (int i = 0; i < times; ++i) {
         run();
-        heap << heapBytes();
+        heap << testsupport::heapBytes();
     }
     // Between the middles of the first and the last fifth: caches come and go in between.
     const int fifth = times / 5;

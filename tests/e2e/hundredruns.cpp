@@ -2,6 +2,7 @@
 #include "sandbox/services/aiservice/wavfile.h"
 #include "tests/support/busrecorder.h"
 #include "tests/support/median.h"
+#include "tests/support/processusage.h"
 #include "tests/support/serviceprocess.h"
 #include "tests/support/sessionbus.h"
 #include "tests/support/testprogram.h"
@@ -17,9 +18,8 @@
 #include <QDir>
 #include <QtTest>
 
-#include <malloc.h>
-
 using testsupport::BusRecorder;
+using testsupport::heapBytes;
 using testsupport::median;
 using testsupport::ServiceProcess;
 using testsupport::VirtualMicrophone;
@@ -30,12 +30,6 @@ namespace {
 constexpr int runs = 100;
 constexpr int warmUp = 20;     // runs in which caches fill: backend, bus, styles
 constexpr int runBytes = 3200; // 0.1 s of audio
-
-double heapBytes()
-{
-    const struct mallinfo2 info = mallinfo2();
-    return double(info.uordblks) + double(info.hblkhd);
-}
 
 /** What the sessions of one ability heard, in the order in which they were opened. */
 QVector<QByteArray> heardBy(const QString &ability, const QString &folder)

@@ -6,6 +6,8 @@
 
 #include <pulse/pulseaudio.h>
 
+#include <csignal>
+
 namespace testsupport {
 
 namespace {
@@ -63,6 +65,31 @@ bool VirtualMicrophone::stop()
     m_process.terminate();
     return m_process.waitForFinished(endLimitMs) &&
            m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
+}
+
+void VirtualMicrophone::kill()
+{
+    for (const qint64 process : serverProcesses())
+        ::kill(pid_t(process), SIGKILL);
+    m_process.waitForFinished(endLimitMs);
+}
+
+QVector<qint64> VirtualMicrophone::serverProcesses() const
+{
+    const auto contents = [](qint64 process, const char *name) {
+        QFile file(QStringLiteral("/proc/%1/").arg(process) + QLatin1String(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    const qint64 script = m_process.processId();
+    const QByteArray children =
+        contents(script, qPrintable(QStringLiteral("task/%1/children").arg(script)));
+    QVector<qint64> servers;
+    for (const QByteArray &child : children.split(' ')) {
+        const QByteArray program = contents(child.toLongLong(), "comm");
+        if (program.startsWith("pulseaudio") || program.startsWith("pipewire"))
+            servers.append(child.toLongLong());
+    }
+    return servers;
 }
 
 bool VirtualMicrophone::changeKind(const QString &kind)

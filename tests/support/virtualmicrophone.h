@@ -26,6 +26,12 @@ public:
     /** Ends it and its sound server; true when both ended in order. */
     bool stop();
 
+    /** Kills the sound server (SIGKILL), and waits for the end of what was around it. */
+    void kill();
+
+    /** The sound server's programs: one, or those of PipeWire. */
+    QVector<qint64> serverProcesses() const;
+
     /** What the next program that records will hear. */
     bool changeKind(const QString &kind);
 
