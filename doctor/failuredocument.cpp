@@ -123,6 +123,20 @@ QString failuresOf(const ObjectUse &object)
     return text;
 }
 
+QString failuresOfSound()
+{
+    QString text = QStringLiteral("\n## The sound server\n\n") +
+                   markdown::head({QStringLiteral("the server"), QStringLiteral("people see"),
+                                   QStringLiteral("the window stands still"),
+                                   QStringLiteral("log line begins with")});
+    for (const SoundFailure &failure : soundFailures())
+        text += markdown::row(
+            {failure.when, failure.seen,
+             failure.standsStill ? QStringLiteral("until it goes on") : QStringLiteral("no"),
+             logText(failure.log)});
+    return text;
+}
+
 } // namespace
 
 QString failureDocument()
@@ -140,7 +154,7 @@ QString failureDocument()
         "each call. The module takes up a service that comes back with the next call.\n");
     for (const ObjectUse &object : contractUses())
         text += failuresOf(object);
-    return text;
+    return text + failuresOfSound();
 }
 
 } // namespace doctor

@@ -158,4 +158,27 @@ Failure failureOf(const MemberUse &member, World world)
             seen.isEmpty() ? nothingText() : seen.join(QLatin1Char(' '))};
 }
 
+const QVector<SoundFailure> &soundFailures()
+{
+    const QString silent = QStringLiteral("A voice test ends with \"No sound recorded\".");
+    const QString stands =
+        QStringLiteral("The window stands still until it goes on: Qt waits, without a time-out.");
+    static const QVector<SoundFailure> all{
+        {QStringLiteral("is not there, or has no microphone"), false,
+         QStringLiteral("warning|audio recorder device may not be valid"),
+         silent + QStringLiteral(" Where there is none at the first look, Qt never looks again.")},
+        {QStringLiteral("ends during a voice test"), false, QString(),
+         silent + QStringLiteral(" When it comes back, Qt takes some seconds to find it.")},
+        {QStringLiteral("hangs half a second after \"Desktop AI Assistant\" was opened for the "
+                        "first time, when the devices are looked at"),
+         true, QString(), stands},
+        {QStringLiteral("hangs when a voice test begins"), true, QString(), stands},
+        {QStringLiteral("hangs when a voice test ends, or its page goes"), false, QString(),
+         nothingText()},
+        {QStringLiteral("hangs during a voice test, or while none runs"), false, QString(),
+         QStringLiteral("A voice test hears nothing meanwhile.")},
+    };
+    return all;
+}
+
 } // namespace doctor

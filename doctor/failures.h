@@ -49,6 +49,28 @@ struct Failure
 
 Failure failureOf(const MemberUse &member, World world);
 
+/** A way in which the sound server can be bad, which the module reaches through Qt alone. */
+enum class SoundWorld {
+    Absent, ///< Or without a microphone.
+    Ends,   ///< During a voice test.
+    HangsAtFirst,
+    HangsAtStart,
+    HangsAtEnd,
+    HangsAlong, ///< During a voice test, or while none runs.
+};
+
+/** What the module does then. */
+struct SoundFailure
+{
+    QString when;     ///< What the server does, and at which moment.
+    bool standsStill; ///< The window, for as long as it hangs.
+    QString log;      ///< As above.
+    QString seen;
+};
+
+/** In the order of SoundWorld. */
+const QVector<SoundFailure> &soundFailures();
+
 /** What every member does in every world, as a document in Markdown. */
 QString failureDocument();
 
