@@ -30,6 +30,10 @@ packages_fuzz="
 packages_coverage="
     gcovr"
 
+# What reads the sources that are to be changed.
+packages_mutants="
+    python3-clang-14"
+
 # A screen reader, and what watches memory.
 packages_weekly="
     orca python3-speechd valgrind"

@@ -30,6 +30,7 @@ runs = {
     "scripts/test -L weekly": ("tests/unit/scripts.sh", 'runs "scripts/test -L weekly" dev'),
     "scripts/test -L realtime --repeat until-fail:20": ("tests/unit/scripts.sh",),
     "scripts/test --coverage": ("tests/unit/scripts.sh",),
+    "scripts/test --mutants --sample 300 --seed 2": ("tests/unit/scripts.sh",),
     "scripts/test --fuzz 20s": ("tests/unit/scripts.sh",),
     "scripts/test --fuzz 10000000 recogniser level": ("tests/unit/scripts.sh",),
     "cmake -S . -B build/module -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_BUILD_TYPE=Release -DBUILD_SANDBOX=OFF "

@@ -219,6 +219,10 @@ END
     expect "all targets are fuzzed" contains "$(cat told)" "settings -max_total_time=20"
     fuzzes 2 "no time" "scripts/test --fuzz 20m"
     fuzzes 2 "no target" "scripts/test --fuzz 20s nothing"
+    mkdir tests/mutants
+    printf '#!/bin/sh\necho "$@"\n' >tests/mutants/run
+    chmod +x tests/mutants/run
+    fuzzes 0 "--sample 300 --seed 2 $PWD $PWD/build/mutants" "scripts/test --mutants --sample 300 --seed 2"
     rm -r build tests
 
     printf '#!/bin/sh\nexit 8\n' >"$work/programs/ctest"
