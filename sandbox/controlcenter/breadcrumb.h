@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ztk/ziconbutton.h>
+
 #include <QWidget>
 
 class QLabel;
@@ -40,6 +42,18 @@ private:
     QLabel *m_entry;
     QLabel *m_arrow;
     QLabel *m_page;
+};
+
+/** Leads back to the column before: an arrow that points to the leading side. */
+class BackButton : public Ztk::Widget::ZIconButton
+{
+    Q_OBJECT
+
+public:
+    explicit BackButton(QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 };
 
 } // namespace controlcenter

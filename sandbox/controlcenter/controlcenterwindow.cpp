@@ -1,7 +1,6 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
 
 #include "sandbox/controlcenter/accessibleroles.h"
-#include "sandbox/controlcenter/backbutton.h"
 #include "sandbox/controlcenter/breadcrumb.h"
 #include "sandbox/controlcenter/columns.h"
 #include "sandbox/controlcenter/frame.h"
@@ -12,9 +11,7 @@
 #include "sandbox/controlcenter/pagearea.h"
 #include "sandbox/controlcenter/pagecontrols.h"
 #include "sandbox/controlcenter/search.h"
-#include "sandbox/controlcenter/searchfield.h"
 #include "sandbox/controlcenter/searchpopup.h"
-#include "sandbox/controlcenter/sidebar.h"
 #include "sandbox/controlcenter/themebutton.h"
 #include "sandbox/controlcenter/windowstyle.h"
 #include "sandbox/controlcenter/worlddrawer/drawerside.h"

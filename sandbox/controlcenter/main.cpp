@@ -4,7 +4,6 @@
 #include "sandbox/controlcenter/moduleloader.h"
 #include "sandbox/controlcenter/options.h"
 #include "sandbox/controlcenter/tour/tour.h"
-#include "sandbox/controlcenter/tour/toursections.h"
 #include "sandbox/controlcenter/windowkeeper.h"
 
 #include <QApplication>

@@ -1,5 +1,7 @@
 #include "sandbox/controlcenter/navigationcolumn.h"
 
+#include "sandbox/controlcenter/windowstyle.h"
+
 #include <ztk/zfontsizemanager.h>
 #include <ztk/zpainting.h>
 #include <ztk/zstandarditem.h>
@@ -9,6 +11,7 @@
 #include <QMargins>
 #include <QPainter>
 #include <QStandardItemModel>
+#include <QVBoxLayout>
 
 Q_DECLARE_METATYPE(QMargins)
 
@@ -116,6 +119,36 @@ int NavigationColumn::rowOf(const QString &name) const
     const QModelIndexList found =
         m_model->match(m_model->index(0, 0), nameRole, name, 1, Qt::MatchExactly);
     return found.isEmpty() ? -1 : found.first().row();
+}
+
+namespace {
+
+constexpr int leastWidth = 228; // px
+constexpr int sideMargin = 12;  // px
+
+} // namespace
+
+SideBar::SideBar(QWidget *search, QWidget *entries, QWidget *parent)
+    : QWidget(parent)
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(sideMargin, sideMargin, sideMargin, sideMargin);
+    layout->setSpacing(sideMargin);
+    layout->addWidget(search);
+    layout->addWidget(entries, 1);
+}
+
+QSize SideBar::sizeHint() const
+{
+    return QWidget::sizeHint().expandedTo(QSize(leastWidth, 0));
+}
+
+void SideBar::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), sideBarColor(palette()));
+    const int edge = layoutDirection() == Qt::RightToLeft ? 0 : width() - 1;
+    painter.fillRect(edge, 0, 1, height(), separatorColor(palette()));
 }
 
 } // namespace controlcenter

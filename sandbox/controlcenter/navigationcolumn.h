@@ -3,6 +3,7 @@
 #include <ztk/zlistview.h>
 
 #include <QIcon>
+#include <QWidget>
 
 class QStandardItemModel;
 
@@ -45,6 +46,19 @@ private:
     int rowOf(const QString &name) const;
 
     QStandardItemModel *m_model;
+};
+
+/** The window's leading column, a shade away from the page and as wide as its contents need. */
+class SideBar : public QWidget
+{
+public:
+    /** @p search stands above @p entries; both become its own. */
+    SideBar(QWidget *search, QWidget *entries, QWidget *parent);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 };
 
 } // namespace controlcenter

@@ -1,10 +1,9 @@
 #include "sandbox/controlcenter/ownpages.h"
 
-#include "sandbox/controlcenter/modulepages.h"
 #include "sandbox/controlcenter/moduleregistry.h"
 #include "sandbox/controlcenter/pagearea.h"
 #include "sandbox/controlcenter/servicespage/servicespage.h"
-#include "sandbox/controlcenter/servicespage/servicewatches.h"
+#include "sandbox/controlcenter/servicespage/servicewatch.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 #include "sandbox/services/keybinding/keybindings.h"
 

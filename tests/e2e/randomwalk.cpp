@@ -1,6 +1,6 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/moduleloader.h"
-#include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/search.h"
 #include "sandbox/controlcenter/themechoice.h"
 #include "tests/e2e/walkworld.h"
 #include "tests/support/processusage.h"

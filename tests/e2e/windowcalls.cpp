@@ -2,7 +2,6 @@
 
 #include "contracts/contract.h"
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
-#include "sandbox/controlcenter/servicespage/servicewatches.h"
 #include "sandbox/controlcenter/worlddrawer/calllist.h"
 #include "sandbox/controlcenter/worlddrawer/callmodel.h"
 #include "tests/support/serviceprocess.h"

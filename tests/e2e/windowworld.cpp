@@ -4,7 +4,7 @@
 #include "doctor/contractuse.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/moduleloader.h"
-#include "sandbox/controlcenter/modulepages.h"
+#include "sandbox/controlcenter/moduleregistry.h"
 #include "sandbox/controlcenter/pagecontrols.h"
 #include "sandbox/controlcenter/worlddrawer/drawerside.h"
 #include "sandbox/controlcenter/worlddrawer/worlddrawer.h"

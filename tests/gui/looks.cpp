@@ -1,5 +1,5 @@
 #include "sandbox/controlcenter/contrastcheck.h"
-#include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/search.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 #include "sandbox/controlcenter/worlddrawer/drawerside.h"
 #include "tests/gui/shownwindow.h"

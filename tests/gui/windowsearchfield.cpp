@@ -1,5 +1,5 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
-#include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/search.h"
 #include "sandbox/controlcenter/searchpopup.h"
 #include "tests/gui/scriptedmodule.h"
 #include "tests/support/pictures.h"

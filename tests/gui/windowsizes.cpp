@@ -1,7 +1,6 @@
-#include "sandbox/controlcenter/backbutton.h"
 #include "sandbox/controlcenter/breadcrumb.h"
 #include "sandbox/controlcenter/navigationcolumn.h"
-#include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/search.h"
 #include "sandbox/controlcenter/searchpopup.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 #include "sandbox/controlcenter/worlddrawer/drawerside.h"

@@ -2,7 +2,7 @@
 #include "pages/keylabel.h"
 #include "pages/shortcutitem.h"
 #include "pages/showntext.h"
-#include "sandbox/controlcenter/shortcutspage/accelerator.h"
+#include "sandbox/controlcenter/shortcutspage/keygrabber.h"
 #include "tests/support/testprogram.h"
 
 #include <QtTest>

@@ -2,7 +2,6 @@
 
 #include "sandbox/controlcenter/servicespage/servicecard.h"
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
-#include "sandbox/controlcenter/servicespage/servicewatches.h"
 #include "sandbox/controlcenter/windowstyle.h"
 
 #include <ztk/zfocustracker.h>

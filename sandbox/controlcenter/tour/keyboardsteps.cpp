@@ -1,8 +1,8 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/pagecontrols.h"
-#include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/search.h"
+#include "sandbox/controlcenter/tour/tour.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
-#include "sandbox/controlcenter/tour/toursections.h"
 
 #include <QApplication>
 

@@ -1,10 +1,10 @@
 #include "pages/shortcutitem.h"
 #include "sandbox/controlcenter/controlcenterwindow.h"
-#include "sandbox/controlcenter/modulepages.h"
+#include "sandbox/controlcenter/moduleregistry.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutstore.h"
+#include "sandbox/controlcenter/tour/tour.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
-#include "sandbox/controlcenter/tour/toursections.h"
 #include "sandbox/services/control/servicecontrol.h"
 
 #include <zcc/widgets/tipslabel.h>

@@ -173,4 +173,48 @@ QString Tour::savePicture(const QImage &image, const QString &file)
     return written ? QString() : QStringLiteral("%1 cannot be written").arg(target.fileName());
 }
 
+namespace {
+
+struct Section
+{
+    QString name;
+    TourSteps (*steps)(const ControlCenterWindow *);
+};
+
+const QVector<Section> &sections()
+{
+    static const QVector<Section> all = {
+        {QStringLiteral("pages"), pageSteps},         //
+        {QStringLiteral("icons"), iconSteps},         //
+        {QStringLiteral("search"), searchSteps},      //
+        {QStringLiteral("switches"), switchSteps},    //
+        {QStringLiteral("choices"), choiceSteps},     //
+        {QStringLiteral("shortcuts"), shortcutSteps}, //
+        {QStringLiteral("services"), serviceSteps},   //
+        {QStringLiteral("world"), worldSteps},        //
+        {QStringLiteral("keyboard"), keyboardSteps},  //
+        {QStringLiteral("looks"), lookSteps},         //
+        {QStringLiteral("voice"), voiceSteps},
+    };
+    return all;
+}
+
+} // namespace
+
+QStringList tourSections()
+{
+    QStringList names;
+    for (const Section &section : sections())
+        names.append(section.name);
+    return names;
+}
+
+TourSteps tourSection(const QString &name, const ControlCenterWindow *window)
+{
+    for (const Section &section : sections())
+        if (section.name == name)
+            return section.steps(window);
+    return {};
+}
+
 } // namespace controlcenter

@@ -2,7 +2,7 @@
 
 #include "sandbox/controlcenter/controlcenterwindow.h"
 #include "sandbox/controlcenter/pagecontrols.h"
-#include "sandbox/controlcenter/searchfield.h"
+#include "sandbox/controlcenter/search.h"
 
 #include <ztk/zguiapplicationhelper.h>
 

@@ -1,7 +1,7 @@
 #include "sandbox/controlcenter/controlcenterwindow.h"
-#include "sandbox/controlcenter/modulepages.h"
+#include "sandbox/controlcenter/moduleregistry.h"
+#include "sandbox/controlcenter/tour/tour.h"
 #include "sandbox/controlcenter/tour/tourdriver.h"
-#include "sandbox/controlcenter/tour/toursections.h"
 #include "sandbox/services/control/servicecontrol.h"
 
 #include <QCoreApplication>

@@ -2,7 +2,6 @@
 
 #include "sandbox/controlcenter/servicespage/servicespage.h"
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
-#include "sandbox/controlcenter/servicespage/servicewatches.h"
 #include "sandbox/controlcenter/windowstyle.h"
 #include "sandbox/controlcenter/worlddrawer/callmodel.h"
 #include "sandbox/controlcenter/worlddrawer/choicerow.h"

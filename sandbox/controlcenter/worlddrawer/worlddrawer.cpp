@@ -4,7 +4,6 @@
 #include "sandbox/controlcenter/options.h"
 #include "sandbox/controlcenter/servicespage/servicespage.h"
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
-#include "sandbox/controlcenter/servicespage/servicewatches.h"
 #include "sandbox/controlcenter/themechoice.h"
 #include "sandbox/controlcenter/windowstyle.h"
 #include "sandbox/controlcenter/worlddrawer/calllist.h"

@@ -1,5 +1,6 @@
 #include "sandbox/services/aiservice/sessionmanager.h"
 
+#include "contracts/contract.h"
 #include "sandbox/services/aiservice/qualitysession.h"
 #include "sandbox/services/aiservice/recognitionsession.h"
 #include "sandbox/services/aiservice/wavfile.h"
@@ -8,6 +9,7 @@
 #include "sandbox/services/common/statestore.h"
 #include "sessionmanageradaptor.h"
 
+#include <QCoreApplication>
 #include <QDBusConnectionInterface>
 #include <QThread>
 
@@ -159,3 +161,16 @@ QStringList SessionManager::paths() const
 }
 
 } // namespace sandbox
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    const QCommandLineOption record(
+        QStringLiteral("record"),
+        QStringLiteral("Write what every session hears to a WAV file in DIR."),
+        QStringLiteral("DIR"));
+    sandbox::Service service(sandbox::serviceNamed(QStringLiteral("aiservice")), {record});
+    sandbox::SessionManager sessions(&service, service.arguments().value(record));
+    service.publish(Contract::SessionManager::object().path, &sessions);
+    return service.run();
+}

@@ -40,7 +40,6 @@ private:
 };
 
 class Service;
-class Session;
 
 /** What the session manager answers as errorcode and as the result of freeSession. */
 enum SessionError {

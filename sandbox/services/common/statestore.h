@@ -90,8 +90,6 @@ private:
     QHash<QString, Entry> m_entries;
 };
 
-class StateStore;
-
 /** A method that does nothing but read or write the state. */
 struct StoredMethod
 {
