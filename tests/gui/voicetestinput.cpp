@@ -1,6 +1,7 @@
 #include "tests/support/testprogram.h"
 #include "tests/support/voicepage.h"
 #include "tests/support/widgets.h"
+#include "voice/audiorecorder.h"
 
 #include <QPainter>
 #include <QtTest>
@@ -77,8 +78,11 @@ QStringList wordProblems(const VoicePage &page)
 
 } // namespace
 
-/** The recognised words in the voice test panel: all can be read, whatever they are. */
-class VoiceTestWordsTest : public QObject
+/**
+ * What reaches the voice test panel: recognised words, which can all be read, whatever they are;
+ * clicks and keys that start a test and end it, and where the focus goes.
+ */
+class VoiceTestInputTest : public QObject
 {
     Q_OBJECT
 
@@ -95,29 +99,35 @@ private Q_SLOTS:
     void aMegabyteOfWordsIsShownInPart_data();
     void aMegabyteOfWordsIsShownInPart();
     void textsFromServicesArePlain();
+    void clickOnTheWaveGoesBackAndForgetsTheWords();
+    void keyOnTheWaveGoesBack();
+    void theWaveLooksAsIfItCouldBeClicked();
+    void aDoubleClickOnALinkStartsATest();
+    void aDoubleClickOnTheWaveEndsTheTest();
+    void focusGoesToTheControlThatReplacesTheOneThatHadIt();
 
 private:
     VoiceTestServices m_services;
 };
 
-void VoiceTestWordsTest::initTestCase()
+void VoiceTestInputTest::initTestCase()
 {
     QVERIFY(m_services.start());
 }
 
-void VoiceTestWordsTest::init()
+void VoiceTestInputTest::init()
 {
     m_services.reset();
 }
 
-void VoiceTestWordsTest::cleanup()
+void VoiceTestInputTest::cleanup()
 {
     flushDeferredDeletes();
     QCOMPARE(testsupport::topLevelWidgetsLeft(), QStringList());
     QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
-void VoiceTestWordsTest::partialResultsReplaceEachOther()
+void VoiceTestInputTest::partialResultsReplaceEachOther()
 {
     VoicePage page;
     QVERIFY(page.clickLink());
@@ -127,7 +137,7 @@ void VoiceTestWordsTest::partialResultsReplaceEachOther()
     }
 }
 
-void VoiceTestWordsTest::allWordsAreReadable_data()
+void VoiceTestInputTest::allWordsAreReadable_data()
 {
     QTest::addColumn<QString>("words");
     QTest::addColumn<Qt::LayoutDirection>("direction");
@@ -152,7 +162,7 @@ void VoiceTestWordsTest::allWordsAreReadable_data()
                 << text.second << direction;
 }
 
-void VoiceTestWordsTest::allWordsAreReadable()
+void VoiceTestInputTest::allWordsAreReadable()
 {
     QFETCH(QString, words);
     QFETCH(Qt::LayoutDirection, direction);
@@ -188,14 +198,14 @@ void VoiceTestWordsTest::allWordsAreReadable()
     }
 }
 
-void VoiceTestWordsTest::wordsReadTheSameInEveryLanguageOfTheInterface_data()
+void VoiceTestInputTest::wordsReadTheSameInEveryLanguageOfTheInterface_data()
 {
     QTest::addColumn<QString>("words");
     QTest::newRow("English") << QStringLiteral("Hello, world.");
     QTest::newRow("Arabic") << QStringLiteral("مرحبا بالعالم.");
 }
 
-void VoiceTestWordsTest::wordsReadTheSameInEveryLanguageOfTheInterface()
+void VoiceTestInputTest::wordsReadTheSameInEveryLanguageOfTheInterface()
 {
     QFETCH(QString, words);
     const auto drawn = [&words](Qt::LayoutDirection direction) {
@@ -215,7 +225,7 @@ void VoiceTestWordsTest::wordsReadTheSameInEveryLanguageOfTheInterface()
     QCOMPARE(drawn(Qt::RightToLeft), leftToRight);
 }
 
-void VoiceTestWordsTest::aMegabyteOfWordsIsShownInPart_data()
+void VoiceTestInputTest::aMegabyteOfWordsIsShownInPart_data()
 {
     QTest::addColumn<QString>("part");
     QTest::newRow("letters") << QStringLiteral("w");
@@ -226,7 +236,7 @@ void VoiceTestWordsTest::aMegabyteOfWordsIsShownInPart_data()
     QTest::newRow("combining marks") << QStringLiteral("e\u0301\u0308\u0323");
 }
 
-void VoiceTestWordsTest::aMegabyteOfWordsIsShownInPart()
+void VoiceTestInputTest::aMegabyteOfWordsIsShownInPart()
 {
     QFETCH(QString, part);
     const QString words = part.repeated((1 << 20) / part.size());
@@ -256,7 +266,7 @@ void VoiceTestWordsTest::aMegabyteOfWordsIsShownInPart()
     QCOMPARE(page.texts().at(2), QStringLiteral("It sounds good"));
 }
 
-void VoiceTestWordsTest::textsFromServicesArePlain()
+void VoiceTestInputTest::textsFromServicesArePlain()
 {
     VoicePage page;
     QVERIFY(page.clickLink());
@@ -268,5 +278,117 @@ void VoiceTestWordsTest::textsFromServicesArePlain()
              Qt::PlainText);
 }
 
-TEST_CLASS(QApplication, VoiceTestWordsTest)
-#include "voicetestwords.moc"
+void VoiceTestInputTest::clickOnTheWaveGoesBackAndForgetsTheWords()
+{
+    VoicePage page;
+    QVERIFY(page.clickLink());
+    page.hear(QStringLiteral("明天"));
+    QVERIFY(AudioRecorder::getInstance()->isRecording());
+    QTRY_VERIFY(page.wave()->isVisible());
+    QTest::mouseClick(page.wave(), Qt::LeftButton);
+
+    QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), VoicePage::runLink()}));
+    QVERIFY(!AudioRecorder::getInstance()->isRecording());
+    QVERIFY(m_services.aiService.waitForCalls(QStringLiteral("stopAqc")));
+    QVERIFY(m_services.aiService.waitForCalls(QStringLiteral("stopIat")));
+    flushDeferredDeletes();
+    QVERIFY(!page.label(QStringLiteral("明天")));
+    QVERIFY(page.clickLink());
+    QCOMPARE(page.texts().at(1), QString());
+}
+
+void VoiceTestInputTest::keyOnTheWaveGoesBack()
+{
+    for (int key : {Qt::Key_Escape, Qt::Key_Space}) {
+        VoicePage page;
+        QVERIFY(page.clickLink());
+        page.wave()->setFocus();
+        QTRY_VERIFY(page.wave()->hasFocus());
+        QTest::keyClick(page.wave(), static_cast<Qt::Key>(key));
+        QCOMPARE(page.texts(), QStringList({QStringLiteral("Voice Test"), VoicePage::runLink()}));
+    }
+}
+
+// The second click of a double click reaches whatever the first one has put under the pointer.
+void VoiceTestInputTest::theWaveLooksAsIfItCouldBeClicked()
+{
+    VoicePage page;
+    QVERIFY(page.clickLink());
+    QTRY_VERIFY(page.wave()->isVisible());
+    QCOMPARE(page.wave()->cursor().shape(), Qt::PointingHandCursor);
+    QCOMPARE(page.wave()->toolTip(), QStringLiteral("Click to cancel the test"));
+}
+
+void VoiceTestInputTest::aDoubleClickOnALinkStartsATest()
+{
+    VoicePage page;
+    for (const bool again : {false, true}) {
+        flushDeferredDeletes();
+        QTRY_VERIFY(page.link()->isVisible());
+        const QRect link = page.link()->rect();
+        const QPoint place =
+            page.link()->mapTo(page.get(), QPoint(link.center().x(), link.bottom() - 2));
+        QWindow *window = page->windowHandle();
+        QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, place);
+        flushDeferredDeletes();
+        QVERIFY(page.wave());
+        QTRY_COMPARE(page->childAt(place), page.wave());
+        QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval; // soon after the first click
+        QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, place);
+        QVERIFY2(page.texts().contains(QStringLiteral("(wave)")), again ? "again" : "first");
+
+        // A click of its own ends it.
+        if (again) {
+            QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, place);
+            QCOMPARE(page.texts().last(), VoicePage::runLink());
+        } else {
+            page.finish(QStringLiteral("1000"));
+        }
+    }
+}
+
+void VoiceTestInputTest::aDoubleClickOnTheWaveEndsTheTest()
+{
+    VoicePage page;
+    QTRY_VERIFY(page.link()->isVisible());
+    const QRect link = page.link()->rect();
+    const QPoint place =
+        page.link()->mapTo(page.get(), QPoint(link.center().x(), link.bottom() - 2));
+    QWindow *window = page->windowHandle();
+    QVERIFY(page.clickLink());
+    flushDeferredDeletes();
+    QTRY_COMPARE(page->childAt(place), page.wave());
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, place);
+    flushDeferredDeletes();
+    QVERIFY(page.link());
+    QTRY_COMPARE(page->childAt(place), page.link());
+    QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval; // soon after the first click
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, place);
+    QCOMPARE(page.texts().last(), VoicePage::runLink());
+    QVERIFY(!AudioRecorder::getInstance()->isRecording());
+
+    // A click of its own starts the next one.
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, place);
+    QVERIFY(page.texts().contains(QStringLiteral("(wave)")));
+}
+
+void VoiceTestInputTest::focusGoesToTheControlThatReplacesTheOneThatHadIt()
+{
+    VoicePage page;
+    page.link()->setFocus();
+    QTRY_VERIFY(page.link()->hasFocus());
+    QTest::keyClick(page.link(), Qt::Key_Space);
+    QTRY_VERIFY(page.wave() && page.wave()->hasFocus());
+    page.finish(QStringLiteral("1008"));
+    QTRY_VERIFY(page.link() && page.link()->hasFocus());
+
+    // A focus elsewhere stays there.
+    auto *other = page->findChild<QAbstractButton *>();
+    other->setFocus();
+    page.finish(QStringLiteral("1003"));
+    QVERIFY(other->hasFocus());
+}
+
+TEST_CLASS(QApplication, VoiceTestInputTest)
+
+#include "voicetestinput.moc"
