@@ -58,9 +58,9 @@ ServiceWatches *OwnPages::watches()
     return m_watches;
 }
 
-bool OwnPages::isComplete() const
+bool OwnPages::isComplete()
 {
-    return !m_watches || m_watches->isKnown();
+    return shortcuts()->isComplete() && (!m_watches || m_watches->isKnown());
 }
 
 // Titled as the module's pages of the same features are.

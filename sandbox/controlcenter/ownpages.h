@@ -44,7 +44,7 @@ public:
     ServiceWatches *watches();
 
     /** Whether nothing that was asked for is still to be filled in. */
-    bool isComplete() const;
+    bool isComplete();
 
 Q_SIGNALS:
     /** The drawer that steers the services is asked for. */

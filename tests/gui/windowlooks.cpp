@@ -93,7 +93,8 @@ void WindowLooksTest::init()
 void WindowLooksTest::everyLookIsDrawn()
 {
     const QTemporaryDir folder;
-    const QStringList places{QStringLiteral("Translation"), QStringLiteral("Services")};
+    const QStringList places{QStringLiteral("Translation"), QStringLiteral("Shortcuts"),
+                             QStringLiteral("Services")};
     QVERIFY(drawLooks(m_window.module(), places, folder.path()));
 
     QVector<QImage> all;
@@ -115,9 +116,16 @@ void WindowLooksTest::everyLookIsDrawn()
             const int right = picture.pixelColor(picture.width() - 20, lower).lightness();
             if (look.textPercent == 100) // else there is no side bar beside the page
                 QCOMPARE(left == right || (left < right) != dark, !look.mirrored);
+            const QColor accent(look.theme == ThemeChoice::Light  ? "#1769e0"
+                                : look.theme == ThemeChoice::Dark ? "#5b9dff"
+                                                                  : "#ffe600");
+            const QRect rows(0, 110, picture.width(), 200); // of shortcuts: their keys are there
+            if (place == QLatin1String("Shortcuts"))
+                QVERIFY2(pictures::count(picture, accent, rows, 60) > 100,
+                         qPrintable(lookFile(place, look)));
         }
     }
-    QCOMPARE(all.size(), 2 * 2 * 2 * 3);
+    QCOMPARE(all.size(), 3 * 2 * 2 * 3);
 }
 
 void WindowLooksTest::whatIsWrongIsMarked()

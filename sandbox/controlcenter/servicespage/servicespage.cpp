@@ -1,5 +1,6 @@
 #include "sandbox/controlcenter/servicespage/servicespage.h"
 
+#include "sandbox/controlcenter/layoutcheck.h"
 #include "sandbox/controlcenter/servicespage/servicecard.h"
 #include "sandbox/controlcenter/servicespage/servicewatch.h"
 #include "sandbox/controlcenter/windowstyle.h"
@@ -20,12 +21,35 @@ namespace controlcenter {
 namespace {
 
 constexpr int cardSpacing = 18; // px
+constexpr int ringRoom = 4;     // px, above the first control
+
+// Above the cards, which are scrolled below it.
+class FocusRing : public QWidget
+{
+public:
+    explicit FocusRing(QWidget *page)
+        : QWidget(page)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setOverlay(this);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        if (!ZFocusTracker::showsFocus(parentWidget()))
+            return;
+        QPainter painter(this);
+        ZPainting::drawFocusRing(&painter, rect(), ZPainting::cardRadius, palette());
+    }
+};
 
 } // namespace
 
 ServicesPage::ServicesPage(ServiceWatches *watches, QWidget *parent)
     : PageArea(parent)
     , m_watches(watches)
+    , m_focusRing(new FocusRing(this))
 {
     setFocusPolicy(Qt::StrongFocus);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // cards keep their place when rows come
@@ -33,7 +57,7 @@ ServicesPage::ServicesPage(ServiceWatches *watches, QWidget *parent)
 
     auto *page = new QWidget;
     auto *layout = new QVBoxLayout(page);
-    layout->setContentsMargins(pageMargin, 0, pageMargin, pageMargin);
+    layout->setContentsMargins(pageMargin, ringRoom, pageMargin, pageMargin);
     layout->setSpacing(cardSpacing);
     auto *world = new QPushButton(tr("World"));
     world->setToolTip(tr("Steer the services and whatever else the settings depend on (F12)"));
@@ -64,18 +88,15 @@ QString ServicesPage::titleOf(const QString &name)
 bool ServicesPage::event(QEvent *event)
 {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
-        viewport()->update(); // it draws the focus ring
+        m_focusRing->update();
     return PageArea::event(event);
 }
 
-void ServicesPage::paintEvent(QPaintEvent *event)
+void ServicesPage::resizeEvent(QResizeEvent *event)
 {
-    PageArea::paintEvent(event);
-    if (!ZFocusTracker::showsFocus(this))
-        return;
-    QPainter painter(viewport());
-    ZPainting::drawFocusRing(&painter, viewport()->rect().adjusted(2, 2, -2, -2),
-                             ZPainting::cardRadius, palette());
+    PageArea::resizeEvent(event);
+    m_focusRing->setGeometry(viewport()->geometry());
+    m_focusRing->raise();
 }
 
 void ServicesPage::showEvent(QShowEvent *event)

@@ -27,7 +27,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 
@@ -35,6 +35,7 @@ private:
     void setFollowing(bool following);
 
     ServiceWatches *m_watches;
+    QWidget *m_focusRing;
     bool m_following = false;
 };
 

@@ -115,6 +115,12 @@ QString ShortcutsPage::message() const
     return m_message->text();
 }
 
+bool ShortcutsPage::isComplete() const
+{
+    return !isVisible() || std::all_of(m_lines.cbegin(), m_lines.cend(),
+                                       [](const Line &line) { return line.isAnswered; });
+}
+
 void ShortcutsPage::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
@@ -293,6 +299,7 @@ void ShortcutsPage::onKnown(const QString &id, const QString &accelerator)
 {
     Line &known = *line(id);
     known.accelerator = accelerator;
+    known.isAnswered = true;
     m_failed.remove(id);
     setOperable(m_failed.isEmpty());
     if (id != m_awaited)
@@ -308,6 +315,7 @@ void ShortcutsPage::onFailed(const QString &id, const QString &reason)
     if (!m_failed.contains(id))
         qInfo() << "shortcut" << id << showntext::cut(reason, longestReason);
     m_failed.insert(id);
+    line(id)->isAnswered = true;
     m_changing.clear();
     if (isVisible())
         m_retry->start();

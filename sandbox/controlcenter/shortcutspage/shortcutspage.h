@@ -54,6 +54,9 @@ public:
     /** What the page says about what it is doing or what went wrong; may be empty. */
     QString message() const;
 
+    /** Whether every shortcut that is shown has been answered for, if only by a failure. */
+    bool isComplete() const;
+
 protected:
     void showEvent(QShowEvent *event) override;
 
@@ -63,6 +66,7 @@ private:
         Shortcut shortcut;
         QString accelerator; // as the daemon said last
         ShortcutItem *row;
+        bool isAnswered = false;
     };
 
     void addLine(const Shortcut &shortcut);
