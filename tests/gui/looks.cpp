@@ -56,11 +56,14 @@ void LooksTest::cleanup()
 
 QString LooksTest::paleness(const QString &where) const
 {
-    ShownWindow::settle();
-    const QStringList found = textsOf(contrastProblems(m_window.get(), m_window->grab().toImage()));
-    return found.isEmpty()
-               ? QString()
-               : where + QStringLiteral(":\n  ") + found.join(QStringLiteral("\n  ")) + '\n';
+    QStringList found;
+    const bool well = QTest::qWaitFor([&] {
+        ShownWindow::settle();
+        found = textsOf(contrastProblems(m_window.get(), m_window->grab().toImage()));
+        return m_window->isComplete() && found.isEmpty();
+    });
+    return well ? QString()
+                : where + QStringLiteral(":\n  ") + found.join(QStringLiteral("\n  ")) + '\n';
 }
 
 QAbstractButton *LooksTest::link() const
