@@ -4,9 +4,28 @@
 #include "zthemepalettes.h"
 
 #include <QApplication>
+#include <QWindow>
 
 namespace Ztk {
 namespace Gui {
+
+namespace {
+
+// Where Qt draws the frames of windows itself, on Wayland, a frame keeps the colours that it was
+// made with. Without a frame for a moment, a window gets another one.
+void renewFrames()
+{
+    if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
+        return;
+    for (QWindow *window : QGuiApplication::topLevelWindows()) {
+        if (window->frameMargins().isNull())
+            continue;
+        window->setFlag(Qt::FramelessWindowHint, true);
+        window->setFlag(Qt::FramelessWindowHint, false);
+    }
+}
+
+} // namespace
 
 ZGuiApplicationHelper::ZGuiApplicationHelper() = default;
 
@@ -32,8 +51,10 @@ void ZGuiApplicationHelper::setThemeType(ColorType type)
     QPalette menuPalette = palette;
     menuPalette.setColor(QPalette::Window, palette.color(QPalette::ToolTipBase));
     QApplication::setPalette(menuPalette, "QMenu");
-    if (changed)
-        Q_EMIT themeTypeChanged(type);
+    if (!changed)
+        return;
+    renewFrames();
+    Q_EMIT themeTypeChanged(type);
 }
 
 } // namespace Gui

@@ -14,6 +14,7 @@
 #include <QIcon>
 #include <QLineEdit>
 #include <QListView>
+#include <QMenu>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
@@ -30,6 +31,21 @@ constexpr int rowSpacing = 10;
 bool isComboBoxList(const QObject *object)
 {
     return object->inherits("QComboBoxPrivateContainer");
+}
+
+/**
+ * On Wayland a program does not know where on the screen its windows are, so Qt cannot keep on it
+ * what opens beside a window's edge. On the window, it is seen wherever that is.
+ */
+void keepOnWindow(QWidget *popup)
+{
+    const QWidget *owner = popup->parentWidget();
+    if (!owner || !QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
+        return;
+    const QRect room = owner->window()->geometry();
+    const QPoint most = room.bottomRight() - popup->rect().bottomRight();
+    popup->move(qMax(room.left(), qMin(popup->x(), most.x())),
+                qMax(room.top(), qMin(popup->y(), most.y())));
 }
 
 /** On these platforms nobody watches, and pictures are to be the same every time. */
@@ -60,7 +76,9 @@ void ZStyle::polish(QWidget *widget)
         widget->setContentsMargins(menulook::listMargins);
         widget->installEventFilter(this);
     }
-    if (qobject_cast<QLineEdit *>(widget))
+    if (qobject_cast<QMenu *>(widget))
+        widget->installEventFilter(this);
+    else if (qobject_cast<QLineEdit *>(widget))
         widget->setAttribute(Qt::WA_Hover);
     else if (auto *list = qobject_cast<QListView *>(widget))
         AccessibleSelection::install(list);
@@ -68,6 +86,8 @@ void ZStyle::polish(QWidget *widget)
 
 bool ZStyle::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::Show)
+        keepOnWindow(static_cast<QWidget *>(watched));
     // A list that has a shape draws no panel of its own.
     if (event->type() == QEvent::Paint && isComboBoxList(watched)) {
         auto *list = static_cast<QWidget *>(watched);
