@@ -18,13 +18,6 @@ Breadcrumb::Breadcrumb(QWidget *parent)
     , m_arrow(new LeadingLabel)
     , m_page(new LeadingLabel)
 {
-    const QFont font = ZFontSizeManager::instance()->get(ZFontSizeManager::T5, this->font());
-    QFont heading = font;
-    heading.setWeight(QFont::DemiBold);
-    m_entry->setFont(font);
-    m_arrow->setFont(font);
-    m_page->setFont(heading);
-
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
@@ -35,6 +28,7 @@ Breadcrumb::Breadcrumb(QWidget *parent)
         layout->addWidget(label);
     }
     layout->addStretch();
+    updateFonts();
     updateColors();
 }
 
@@ -69,6 +63,8 @@ void Breadcrumb::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::PaletteChange)
         updateColors();
+    else if (event->type() == QEvent::FontChange)
+        updateFonts();
     QWidget::changeEvent(event);
 }
 
@@ -84,6 +80,16 @@ void Breadcrumb::showPath()
     m_page->setWordWrap(!both);
     static_cast<QHBoxLayout *>(layout())->setStretchFactor(m_page, both ? 0 : 1);
     setMinimumWidth(both ? m_reservedWidth : 0);
+}
+
+void Breadcrumb::updateFonts()
+{
+    const QFont font = ZFontSizeManager::instance()->get(ZFontSizeManager::T5, this->font());
+    QFont heading = font;
+    heading.setWeight(QFont::DemiBold);
+    m_entry->setFont(font);
+    m_arrow->setFont(font);
+    m_page->setFont(heading);
 }
 
 void Breadcrumb::updateColors()

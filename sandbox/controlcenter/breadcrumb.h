@@ -31,6 +31,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    void updateFonts();
     void updateColors();
     void showPath();
 

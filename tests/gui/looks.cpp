@@ -1,3 +1,4 @@
+#include "sandbox/controlcenter/breadcrumb.h"
 #include "sandbox/controlcenter/contrastcheck.h"
 #include "sandbox/controlcenter/search.h"
 #include "sandbox/controlcenter/shortcutspage/shortcutspage.h"
@@ -19,6 +20,7 @@
 #include <QtTest>
 
 using namespace testsupport;
+using controlcenter::Breadcrumb;
 using controlcenter::contrastProblems;
 using controlcenter::textsOf;
 using Ztk::Gui::ZGuiApplicationHelper;
@@ -37,6 +39,7 @@ private Q_SLOTS:
     void everythingStandsOut();
     void listsOpenWithAllOfTheirEntries();
     void theVoiceTestKeepsItsHeight();
+    void theHeadingIsNeverSmallerThanTheTexts();
     void keysAndValuesOfServicesStandOnOneLine();
 
 private:
@@ -257,6 +260,22 @@ void LooksTest::keysAndValuesOfServicesStandOnOneLine()
         return label->y() + pictures::boundsOf(pictures::of(label), color, 90).bottom();
     };
     QCOMPARE(bottom("false"), bottom("hidden"));
+}
+
+/** Not even where a font comes when the window is there already, as themes for Qt set theirs. */
+void LooksTest::theHeadingIsNeverSmallerThanTheTexts()
+{
+    QVERIFY(m_window.useLocale(QStringLiteral("en")));
+    QVERIFY(m_window.open(usualWindow));
+    QFont font = QApplication::font();
+    font.setPointSizeF(hugeText);
+    QApplication::setFont(font);
+    ShownWindow::settle();
+    const int texts = QFontInfo(QApplication::font()).pixelSize();
+    const auto parts = m_window->findChild<Breadcrumb *>()->findChildren<QLabel *>();
+    QCOMPARE(parts.size(), 3);
+    for (const QLabel *part : parts)
+        QVERIFY2(QFontInfo(part->font()).pixelSize() > texts, qPrintable(part->text()));
 }
 
 TEST_CLASS(QApplication, LooksTest)
