@@ -20,11 +20,12 @@ namespace {
 // The size that the toolkit's measures are made for: 14 px on a usual display.
 constexpr double usualFontSize = 10.5; // points
 
-// Whether there is a desktop whose settings name a font.
+// Whether there is a desktop, or a theme for Qt in place of one, whose settings name a font.
 bool desktopHasFont()
 {
     return QGuiApplication::platformName() != QLatin1String("offscreen") &&
-           !qEnvironmentVariableIsEmpty("XDG_CURRENT_DESKTOP");
+           !(qEnvironmentVariableIsEmpty("XDG_CURRENT_DESKTOP") &&
+             qEnvironmentVariableIsEmpty("QT_QPA_PLATFORMTHEME"));
 }
 
 void installTranslator()
@@ -99,6 +100,13 @@ void prepareEnvironment(const Options &options)
     if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
         qputenv("QT_XCB_GL_INTEGRATION", "none");
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+#if QT_VERSION >= QT_VERSION_CHECK(5, 14, 0)
+    // Or 144 dpi would be taken for 192. Pictures are taken without a display, and so without its
+    // dpi.
+    if (qgetenv("QT_QPA_PLATFORM") != "offscreen")
+        QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+            Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+#endif
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 

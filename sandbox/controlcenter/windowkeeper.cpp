@@ -7,6 +7,7 @@
 #include "sandbox/controlcenter/worlddrawer/worlddrawer.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QTimer>
 
 namespace controlcenter {
@@ -52,8 +53,12 @@ void WindowKeeper::build()
 {
     m_window = std::make_unique<ControlCenterWindow>(m_module);
     m_window->theme()->use(ThemeChoice::named(m_options.theme));
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    const QSize usual = ControlCenterWindow::usualSize();
     if (m_options.geometry.isValid())
         m_window->setGeometry(m_options.geometry);
+    else if (m_options.tour.isEmpty() && usual.boundedTo(screen) != usual)
+        m_window->setWindowState(Qt::WindowMaximized); // with its frame on the screen, too
     connect(m_window.get(), &ControlCenterWindow::appearanceWanted, this, &WindowKeeper::change);
 }
 
