@@ -10,6 +10,7 @@
 #include <QAccessibleWidget>
 #include <QMenu>
 #include <QScrollArea>
+#include <QStackedWidget>
 
 namespace controlcenter {
 namespace {
@@ -74,6 +75,9 @@ QAccessibleInterface *create(const QString &, QObject *object)
     if (qobject_cast<ServicesPage *>(object) || qobject_cast<ServiceCard *>(object) ||
         qobject_cast<WorldDrawer *>(object))
         return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Grouping);
+    // Qt's own role for it, a layered pane, is said with whatever on a page gets the focus.
+    if (auto *stack = qobject_cast<QStackedWidget *>(object))
+        return new QAccessibleWidget(stack, QAccessible::Client);
     if (auto *button = qobject_cast<ThemeButton *>(object))
         return new ThemeButtonAccessible(button);
     // Qt's own crashes when it is asked for a scroll bar that has gone meanwhile.

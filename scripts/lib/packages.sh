@@ -34,9 +34,11 @@ packages_coverage="
 packages_mutants="
     python3-clang-14"
 
-# A screen reader, and what watches memory.
+# A screen reader, Wayland with frames by the compositor and by Qt, and what watches memory.
 packages_weekly="
-    orca python3-speechd valgrind"
+    orca python3-speechd
+    sway weston
+    valgrind"
 
 # Windows like the sandbox's, to compare it with, and what sees them appear.
 packages_bench="

@@ -301,7 +301,7 @@ class AccessibilityTest(WindowTest):
 
     def test_theme_is_switched_while_a_voice_test_runs(self):
         """The window changes its colours, and the test goes on."""
-        self.assertFalse(self.is_dark())
+        self.tree.wait_for(lambda: not self.is_dark(), "light window")
         self.start_voice_test()
         wave = self.tree.control(pyatspi.ROLE_ANIMATION, "Microphone level")
         self.choose_theme("Dark")

@@ -1,9 +1,9 @@
-"""A desktop session for tests: display, window manager, accessibility bus, services, microphone.
+"""A desktop session for tests: display, accessibility bus, services, microphone.
 
 It needs a session bus and a system bus, see tests/support/with-buses, and is told by the environment
-where the built programs are:
+where the built programs are, and which of the displays it has:
 
-  CONTROL_CENTER, MODULE_FILE, SERVICES_DIR, MICROPHONE_SCRIPT
+  CONTROL_CENTER, MODULE_FILE, SERVICES_DIR, MICROPHONE_SCRIPT, DESKTOP_DISPLAY, WITH_TRANSLATIONS
 """
 
 import json
@@ -14,13 +14,14 @@ import subprocess
 import tempfile
 import time
 
+import displays
+
 from gi.repository import Gio, GLib
 
 START_LIMIT = 60  # seconds, on a loaded machine
 END_LIMIT = 15
 
 SERVICES = ("assistant", "dock", "keybinding", "networkmanager", "audio", "aiservice")
-SCREEN = "1400x900x24"
 
 
 class Processes:
@@ -124,8 +125,9 @@ class Desktop:
     def __init__(self, microphone):
         self._folder = tempfile.TemporaryDirectory(prefix="desktop.")
         self._processes = Processes(self._folder.name)
+        self.display = displays.DISPLAYS[os.environ.get("DESKTOP_DISPLAY", "x11")]()
         try:
-            self._start_display()
+            self.display.start(self._processes)
             self._start_accessibility_bus()
             self._start_microphone(microphone)
             for service in SERVICES:
@@ -139,15 +141,20 @@ class Desktop:
     def end(self):
         """Ends all of it; raises when something had ended too early or did not end in order."""
         problems = self._processes.end()
+        self.display.clean_up()
         self._folder.cleanup()
         if problems:
             raise RuntimeError("; ".join(problems))
 
-    def open_window(self, *arguments, warnings_are_fatal=True):
-        """Starts the control center with the built module."""
+    def open_window(self, *arguments, locale=None, warnings_are_fatal=True, environment=None):
+        """Starts the control center with the built module, in the language of LOCALE."""
         command = [os.environ["CONTROL_CENTER"], "--plugin", os.environ["MODULE_FILE"], *arguments]
+        if locale:
+            command = [os.environ["WITH_TRANSLATIONS"], *command, f"--locale={locale}"]
+        environment = dict(environment or {})
         # Whatever Qt or the module warns of is a defect.
-        environment = {"QT_FATAL_WARNINGS": "1"} if warnings_are_fatal else {}
+        if warnings_are_fatal:
+            environment["QT_FATAL_WARNINGS"] = "1"
         return self._processes.start("control-center", command, environment=environment)
 
     def speech_socket(self):
@@ -176,18 +183,8 @@ class Desktop:
         subprocess.run(["xdotool", "type", "--clearmodifiers", text], check=True)
 
     def picture(self, left, top, width, height):
-        """What an area of the screen shows: its rows of pixels."""
-        with open(f"{self._folder.name}/Xvfb_screen0", "rb") as file:
-            # The format of xwd: a header of numbers, a table of colours of 12 bytes, the pixels.
-            header = file.read(100)
-            size, stride, colours = (
-                int.from_bytes(header[at : at + 4], "big") for at in (0, 48, 76)
-            )
-            rows = []
-            for row in range(top, top + height):
-                file.seek(size + 12 * colours + row * stride + 4 * left)
-                rows.append(file.read(4 * width))
-        return rows
+        """What is shown of an area, in the coordinates of the accessibility bus: its rows of pixels."""
+        return self.display.picture(left, top, width, height)
 
     def window_log(self):
         """What the control center has written to standard error."""
@@ -220,17 +217,6 @@ class Desktop:
         with open(f"{self._folder.name}/microphone/kind", "w", encoding="ascii") as file:
             file.write(kind + "\n")
 
-    def _start_display(self):
-        display = self._processes.start(
-            "display",
-            ["Xvfb", "-displayfd", "1", "-screen", "0", SCREEN, "-nolisten", "tcp", "-noreset"]
-            + ["-fbdir", self._folder.name],
-            ready="",
-        )
-        os.environ["DISPLAY"] = ":" + display
-        # openbox says nothing when it is ready; a window that comes earlier is managed all the same.
-        self._processes.start("window-manager", ["openbox", "--sm-disable"])
-
     def _start_accessibility_bus(self):
         """The buses of tests start no services by themselves, so the launcher is started here."""
         os.environ["XDG_RUNTIME_DIR"] = self._folder.name
@@ -261,7 +247,6 @@ class Desktop:
         bus.close_sync()
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         os.environ["QT_XCB_GL_INTEGRATION"] = "none"
-        os.environ["QT_QPA_PLATFORM"] = "xcb"
 
     def _start_microphone(self, kind):
         folder = os.environ["SANDBOX_MICROPHONE"] = f"{self._folder.name}/microphone"

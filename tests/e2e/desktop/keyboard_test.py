@@ -25,7 +25,7 @@ class KeyboardTest(WindowTest):
 
     @classmethod
     def tearDownClass(cls):
-        cls.desktop.press("alt+F4")
+        cls.desktop.press(cls.desktop.display.closing_key)
         code = cls.desktop.wait_for_end(cls.window)
         if code != 0:
             raise AssertionError(f"closed, the window ends with {code}: {cls.desktop.window_log()}")
