@@ -68,6 +68,10 @@ class RowsArea : public QScrollArea
 {
 public:
     RowsArea() { connect(qApp, &QApplication::focusChanged, this, &RowsArea::showFocused); }
+    ~RowsArea() override
+    {
+        disconnect(qApp, nullptr, this, nullptr);
+    } // its rows lose the focus next
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override
