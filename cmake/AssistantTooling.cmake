@@ -1,7 +1,6 @@
 # Developer targets: "format" writes the layout of all C++, "check" finds what does not keep the style: its
 # parts are format-check, lint (lint-module, lint-doctor and lint-around), clazy, shellcheck, flake8 and
-# cmake-lint.
-# The tools are those of Debian 12.
+# cmake-lint. The tools are those of Debian 12.
 
 file(GLOB_RECURSE cpp_files CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
     bench/*.h bench/*.cpp bus/*.h bus/*.cpp doctor/*.h doctor/*.cpp pages/*.h pages/*.cpp
